@@ -1,0 +1,34 @@
+# One static library for each room. The include path is the top of the tree, so an include names
+# the room it reaches into ("store/AppDB.h") and tests/includes.py can hold the direction.
+
+add_library(suisui_flags INTERFACE)
+target_compile_options(suisui_flags INTERFACE -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wno-sign-conversion)
+target_compile_definitions(suisui_flags INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_include_directories(suisui_flags INTERFACE ${PROJECT_SOURCE_DIR})
+if(SUISUI_SANITIZE)
+    target_compile_options(suisui_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(suisui_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# suisui_room(NAME SOURCES a.cpp b.cpp LINKS below... ): the static library of a room.
+function(suisui_room name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(${name} STATIC ${ROOM_SOURCES})
+    target_link_libraries(${name} PUBLIC suisui_flags ${ROOM_LINKS})
+endfunction()
+
+# suisui_test(NAME SOURCES t.cpp LINKS room [LABELS l] [TIMEOUT s]): a GoogleTest program run by CTest.
+# Programs that need widgets link suisui_test_gui, the others suisui_test_core (tests/support).
+function(suisui_test name)
+    cmake_parse_arguments(T "" "TIMEOUT" "SOURCES;LINKS;LABELS" ${ARGN})
+    add_executable(${name} ${T_SOURCES})
+    target_link_libraries(${name} PRIVATE ${T_LINKS})
+    add_test(NAME ${name} COMMAND ${name})
+    if(NOT T_TIMEOUT)
+        set(T_TIMEOUT 300)
+    endif()
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT} LABELS "${T_LABELS}"
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/run;LC_ALL=C.UTF-8")
+endfunction()

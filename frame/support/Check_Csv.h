@@ -1,0 +1,56 @@
+// The shared manner of keyboard entry: which keys a field lets through, how long it may grow, and
+// whether a date that stands in three boxes is a date.
+#pragma once
+
+#include <QString>
+
+class QLineEdit;
+
+namespace suisui {
+
+class Frame;
+class MsgBox;
+
+// Key filters. Each sets the key to 0 when it is refused, and returns it.
+int NumKeyCheck(int& keyAscii);    ///< digits; Ctrl-C, Backspace, Enter
+int CodeKeyCheck(int& keyAscii);   ///< digits, letters, "-"; Ctrl-C, Backspace, Enter, Ctrl-V, Ctrl-X
+int SearchKeyCheck(int& keyAscii); ///< as CodeKeyCheck, and "*" "?"
+
+using KeyFilter = int (*)(int&);
+
+/// Drops \a keyAscii when \a field has reached \a limit characters, nothing in it is selected and the key
+/// is not Backspace (nor Enter, where \a enterPasses).
+void limitLength(const QLineEdit& field, int limit, bool enterPasses, int& keyAscii);
+
+/// Three boxes that hold one date.
+struct DateBoxes
+{
+    QLineEdit* year = nullptr;
+    QLineEdit* month = nullptr;
+    QLineEdit* day = nullptr;
+
+    /// Fills the boxes from "YYYYMMDD".
+    void setDate(QStringView stored) const;
+    /// "YYYYMMDD" by the formats "0000", "00", "00".
+    [[nodiscard]] QString stored() const;
+};
+
+/// Year, month and day of both ends of a period.
+struct PeriodBoxes
+{
+    DateBoxes from;
+    DateBoxes to;
+};
+
+/// True if the boxes hold a date; they are zero-padded then. Otherwise the operator has been told, \a form
+/// is enabled and the focus stands on the box concerned.
+[[nodiscard]] bool DateCheck(const DateBoxes& date, Frame& form, MsgBox& msgBox);
+
+/// True if both dates are good and in order.
+[[nodiscard]] bool PeriodCheck(const PeriodBoxes& period, Frame& form, MsgBox& msgBox);
+
+/// Gives the six boxes of \a period their key filter, lengths, input-method setting and Enter chain; Enter
+/// in the last box goes to \a last.
+void wirePeriod(const PeriodBoxes& period, QWidget* last);
+
+} // namespace suisui

@@ -1,0 +1,34 @@
+// A text field whose keys pass a KeyPress routine first, as every entry field of the program does. The
+// routine sees the key's character code (Enter 13, Backspace 8, Ctrl-C 3, Ctrl-V 22, Ctrl-X 24) and may
+// set it to 0, which drops the key without a sound. Keys without a character (arrows, Delete) pass by.
+//
+// The input method is off: a reader that types must not have its letters turned into kana.
+#pragma once
+
+#include <functional>
+
+#include <QLineEdit>
+
+namespace suisui {
+
+class KeyField : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit KeyField(QWidget* parent = nullptr);
+
+    using KeyPressHandler = std::function<void(int& keyAscii)>;
+    void setKeyPressHandler(KeyPressHandler handler) { m_keyPress = std::move(handler); }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    KeyPressHandler m_keyPress;
+};
+
+/// The character code that a KeyPress routine sees for \a event, 0 for a key without one.
+[[nodiscard]] int keyAsciiOf(const QKeyEvent& event);
+
+} // namespace suisui

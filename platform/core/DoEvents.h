@@ -1,0 +1,16 @@
+// Letting pending events run.
+#pragma once
+
+namespace suisui {
+
+/// Works everything that is pending now and returns: repaints, keys, timers, deleted objects.
+void DoEvents();
+
+/// As DoEvents, but when nothing at all is pending it sleeps in the event dispatcher until something is:
+/// a byte on the port, a key, a timer, or wakeEvents(). An idle program uses no processor.
+void DoEventsOrWait();
+
+/// Ends a sleep of DoEventsOrWait.
+void wakeEvents();
+
+} // namespace suisui

@@ -1,0 +1,12 @@
+// Looking for another program's window by its title.
+#pragma once
+
+#include <QString>
+
+namespace suisui {
+
+/// True when a mapped window of any program on this X display has exactly the title \a title
+/// (_NET_WM_NAME, else WM_NAME). False too where there is no X display.
+[[nodiscard]] bool FindWindow(const QString& title);
+
+} // namespace suisui

@@ -1,0 +1,26 @@
+// One copy of the program for a program folder.
+#pragma once
+
+#include <memory>
+
+#include <QString>
+
+class QLockFile;
+
+namespace suisui {
+
+class SingleInstance
+{
+public:
+    explicit SingleInstance(const QString& baseFolder);
+    ~SingleInstance();
+
+    /// True when another living process holds \a baseFolder. Otherwise this object holds it until it
+    /// is destroyed; a kill frees it as well. A folder that cannot be written counts as not held.
+    [[nodiscard]] bool prevInstance();
+
+private:
+    std::unique_ptr<QLockFile> m_lock;
+};
+
+} // namespace suisui

@@ -1,0 +1,48 @@
+// Every message box of the program goes through here: title, text, icon, buttons, default button.
+// Texts are plain, "\r\n" is one line break, and full-width blanks stand as they are, because the texts
+// lay themselves out with them. Tests hand in a box that answers by script.
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace suisui {
+
+enum class BoxIcon { Stop, Question, Exclamation, Information };
+enum class BoxButtons { Ok, YesNo, YesNoCancel };
+enum class BoxAnswer { None = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+struct Box
+{
+    QString title;
+    QString text;
+    BoxIcon icon = BoxIcon::Stop;
+    BoxButtons buttons = BoxButtons::Ok;
+    BoxAnswer defaultButton = BoxAnswer::None; ///< None: the first button
+};
+
+class MsgBox
+{
+public:
+    virtual ~MsgBox() = default;
+
+    /// Shows \a box and waits for the answer. A Yes/No box closed by its window answers No, one with
+    /// Cancel answers Cancel.
+    virtual BoxAnswer show(const Box& box) = 0;
+};
+
+/// Boxes on the screen.
+class ScreenMsgBox final : public MsgBox
+{
+public:
+    /// \a parent may be null, or set later when the main window comes into being.
+    explicit ScreenMsgBox(QWidget* parent = nullptr) : m_parent(parent) {}
+    void setParent(QWidget* parent) { m_parent = parent; }
+    BoxAnswer show(const Box& box) override;
+
+private:
+    QWidget* m_parent;
+};
+
+} // namespace suisui

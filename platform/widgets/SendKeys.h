@@ -1,0 +1,15 @@
+// Typing a key expression into whatever has the focus.
+#pragma once
+
+#include <QString>
+
+namespace suisui {
+
+/// Types \a expression: plain characters as they stand, "{ENTER}", "{TAB}", "{F5}", "{LEFT 3}" and the
+/// other key names in braces (case-blind, with an optional repeat count), "+" "^" "%" before a key or a
+/// "(group)" for Shift, Ctrl, Alt, "~" for Enter, "{+}" and the like for the signs themselves. Keys are
+/// posted and run when events next run; each goes to the widget that has the focus at that moment.
+/// Throws RunTimeError::InvalidCall for an expression that has no meaning, and types nothing of it.
+void SendKeys(const QString& expression);
+
+} // namespace suisui

@@ -1,0 +1,138 @@
+// The grid of all five tabs: rows and columns of text, each column with a kind that says what its cells
+// may hold. Rows and columns count from 1; row 0 is the heading row. Cells keep their text as UTF-8 and
+// turn into QString only when they are shown, so that a hundred thousand rows load in a blink.
+//
+// What the program writes raises no event. Change, LeaveCell, KeyPress and HeadingClick are what the
+// operator does.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <QColor>
+#include <QTableView>
+
+#include "platform/core/PackedRow.h"
+
+namespace suisui {
+
+class SpreadModel;
+
+/// What the cells of a column hold and how they are edited.
+enum class CellType : std::uint8_t {
+    Locked,   ///< text that the operator cannot change
+    Text,     ///< free text; the input method is on
+    Number,   ///< whole number with an optional minus; "0000012" is held as "12", shown grouped
+    Date,     ///< "YYYY/MM/DD", only days of the calendar
+    Time,     ///< "HH:MM:SS"
+    CheckBox, ///< "1" or anything else; toggled by click or space
+    Figure,   ///< locked, right-aligned: a figure that the program computed and formatted
+};
+
+struct SpreadColumn
+{
+    std::string_view heading;
+    CellType type = CellType::Locked;
+    int width = 100;     ///< pixels at 96 dpi
+    int digits = 0;      ///< Number: digits that may be typed; Text: characters, 0 for no limit
+    bool hidden = false; ///< holds data of the program, never seen
+};
+
+class vaSpread : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit vaSpread(QWidget* parent = nullptr);
+    ~vaSpread() override;
+
+    /// Defines the columns and empties the grid.
+    void setColumns(std::span<const SpreadColumn> columns);
+
+    [[nodiscard]] int MaxCols() const;
+    [[nodiscard]] int MaxRows() const;
+    /// Cuts rows off the bottom or adds empty ones there.
+    void setMaxRows(int rows);
+
+    /// Cell text; row 0 is the heading. Empty outside the grid. The view lives until the grid is written.
+    [[nodiscard]] std::string_view text(int col, int row) const;
+    [[nodiscard]] QString qtext(int col, int row) const;
+    /// Outside the grid nothing happens.
+    void SetText(int col, int row, std::string_view text);
+    void SetText(int col, int row, const QString& text);
+    /// A whole row at once, the fast way of filling: \a texts has one entry a column, in order.
+    void setRowTexts(int row, std::span<const std::string_view> texts);
+
+    /// Puts \a count empty rows in front of \a row; the rows below move down and keep their colours.
+    void InsertRows(int row, int count = 1);
+    void DeleteRows(int row, int count = 1);
+
+    /// While redraw is off nothing is painted and no view is updated; switching it on shows everything
+    /// at once.
+    void setReDraw(bool on);
+    [[nodiscard]] bool ReDraw() const;
+
+    // Colours. An invalid colour means the grid's own.
+    void setRowBackColor(int row, const QColor& color);
+    [[nodiscard]] QColor rowBackColor(int row) const;
+    void setCellForeColor(int col, int row, const QColor& color);
+    void setCellBold(int col, int row, bool bold);
+    [[nodiscard]] QColor cellForeColor(int col, int row) const;
+    [[nodiscard]] bool cellBold(int col, int row) const;
+
+    /// The cell with the cursor; 0 when there is none.
+    [[nodiscard]] int ActiveCol() const;
+    [[nodiscard]] int ActiveRow() const;
+    /// Moves the cursor without a LeaveCell event and scrolls it into view.
+    void SetActiveCell(int col, int row);
+
+    struct SortKey
+    {
+        int col = 1;
+        bool ascending = true;
+    };
+    /// Sorts all rows by \a keys, first key first; equal rows keep their order. Number and Figure columns
+    /// compare as numbers (grouping commas ignored, texts that are no numbers below all numbers), the
+    /// others as text without regard to letter case. Colours go with their rows.
+    void Sort(std::span<const SortKey> keys);
+
+    /// Ends an open editor: the typed text becomes the cell's, with a Change event, if the column can
+    /// hold it; otherwise the old text comes back.
+    void endEdit();
+    [[nodiscard]] bool isEditing() const;
+
+    /// Called with every Enter (13), Backspace (8) or printable key that reaches the grid or its editor.
+    /// Setting the key to 0 swallows it.
+    using KeyPressHandler = std::function<void(int& keyAscii)>;
+    void setKeyPressHandler(KeyPressHandler handler);
+
+Q_SIGNALS:
+    /// The operator has changed a cell.
+    void Change(int col, int row);
+    /// The cursor has left (col, row) for (newCol, newRow); newCol is -1 when there is no new cell.
+    void LeaveCell(int col, int row, int newCol, int newRow);
+    void GotFocus();
+    void LostFocus();
+    /// A click on the heading of \a col.
+    void HeadingClick(int col);
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+
+private:
+    void copySelection() const;
+
+    SpreadModel* m_model;
+    KeyPressHandler m_keyPress;
+    bool m_quietCursor = false;
+};
+
+} // namespace suisui

@@ -1,0 +1,117 @@
+// The connection to a database and the row sets that it owns. The program holds one for the working
+// database, for the whole run; a second one lives only while a history file is saved or loaded.
+//
+// The connection is always inside a unit of work: what is written is pending until Commit and gone after
+// Rollback. The unit takes the file's write lock at its first write, so reading, and a screen that waits
+// for its operator, hold no lock.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "store/RowSet.h"
+#include "store/Sqlite.h"
+
+namespace suisui {
+
+class AppDB
+{
+public:
+    /// Shows a failure to the operator: cause and advice, ready to be read.
+    using ErrorSink = std::function<void(const std::string& text)>;
+
+    /// \a databaseFolder holds the working database, "{base}/DB".
+    explicit AppDB(std::string databaseFolder, ErrorSink showError = {});
+    ~AppDB();
+    AppDB(const AppDB&) = delete;
+    AppDB& operator=(const AppDB&) = delete;
+
+    // The row sets, each with its own buffer.
+    [[nodiscard]] Recordset& recordset() { return m_recordset; }
+    [[nodiscard]] InpRec& InpTbl() { return m_inpTbl; }
+    [[nodiscard]] OutRec& OutTbl() { return m_outTbl; }
+    [[nodiscard]] MasterRec& MasterTbl() { return m_masterTbl; }
+    [[nodiscard]] KokyakuRec& KokyakuAll() { return m_kokyakuAll; }
+    [[nodiscard]] KokyakuRec& KokyakuNyu() { return m_kokyakuNyu; }
+    [[nodiscard]] KokyakuRec& KokyakuSyu() { return m_kokyakuSyu; }
+    [[nodiscard]] TantouRec& TantouTbl() { return m_tantouTbl; }
+    // NyuSumTbl, SyuSumTbl, ZaikoViewTbl, NyuViewTbl, SyuViewTbl: query row sets, here when their
+    // screens come.
+    [[nodiscard]] InpRec& InpList() { return m_inpList; }
+    [[nodiscard]] OutRec& OutList() { return m_outList; }
+    [[nodiscard]] ZaikoRec& ZaikoTbl() { return m_zaikoTbl; }
+    [[nodiscard]] MasterRec& MasterSyu() { return m_masterSyu; }
+    [[nodiscard]] MasterRec& MasterPost() { return m_masterPost; }
+    [[nodiscard]] HSeihinRec& HSeihinTbl() { return m_hseihinTbl; }
+    [[nodiscard]] KokyakuRec& KokyakuSlip() { return m_kokyakuSlip; }
+    [[nodiscard]] RirekiRec& RirekiTbl() { return m_rirekiTbl; }
+
+    /// 0 when the last Execute, Commit or write through a row set succeeded.
+    [[nodiscard]] int LastStatus() const { return m_lastStatus; }
+    /// The store's number of the last failure as text; "3022" is a duplicate key, "" none so far.
+    [[nodiscard]] const std::string& LastErrNo() const { return m_lastErrNo; }
+    /// The store's own words for the last failure, for a report.
+    [[nodiscard]] const std::string& LastErrText() const { return m_lastErrText; }
+    void ShowErrors(bool show) { m_showErrors = show; }
+
+    /// Opens \a file: a bare name stands in the database folder. Nonzero when the file is missing,
+    /// unreadable, read-only, damaged, foreign, newer than this program, or held by another process; the
+    /// file is then as it was. An older layout is upgraded.
+    [[nodiscard]] int Open(std::string_view file);
+    void Commit();
+    void Rollback();
+    int CloseAfterSave();
+    void CloseFile();
+    [[nodiscard]] int OpenRecordset(std::string_view sql);
+    void CloseRecordset();
+    /// One INSERT, UPDATE or DELETE; the outcome stands in LastStatus and LastErrNo.
+    void Execute(std::string_view sql);
+    void Release();
+
+    /// True while writes are pending.
+    [[nodiscard]] bool inUnit() const { return m_inUnit; }
+
+    /// Makes a new, empty database with all tables at \a path, which must not exist. The file counts as
+    /// stored when this returns 0.
+    [[nodiscard]] static int Create(const std::string& path, std::string* error = nullptr);
+
+private:
+    friend class RowSet;
+
+    /// Opens the unit of work if none is open. Nonzero when another process holds the file.
+    int beginWrite();
+    int fail(int engineCode);
+    int succeed();
+    [[nodiscard]] std::string adviceFor(int engineCode) const;
+    template <typename Visit> void eachRowSet(Visit visit);
+
+    Sqlite m_engine;
+    std::string m_databaseFolder;
+    ErrorSink m_showError;
+    bool m_showErrors = true;
+    bool m_inUnit = false;
+    int m_lastStatus = 0;
+    std::string m_lastErrNo;
+    std::string m_lastErrText;
+
+    Recordset m_recordset;
+    InpRec m_inpTbl;
+    OutRec m_outTbl;
+    MasterRec m_masterTbl;
+    KokyakuRec m_kokyakuAll;
+    KokyakuRec m_kokyakuNyu;
+    KokyakuRec m_kokyakuSyu;
+    TantouRec m_tantouTbl;
+    InpRec m_inpList;
+    OutRec m_outList;
+    ZaikoRec m_zaikoTbl;
+    MasterRec m_masterSyu;
+    MasterRec m_masterPost;
+    HSeihinRec m_hseihinTbl;
+    KokyakuRec m_kokyakuSlip;
+    RirekiRec m_rirekiTbl;
+};
+
+} // namespace suisui

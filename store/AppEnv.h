@@ -1,0 +1,48 @@
+// The program's view of its surroundings: the program folder, the user's folders, the date of last use
+// and the reader's settings. Kept in Ini/AppEnv.ini under the program folder, shared with the
+// master-data program.
+#pragma once
+
+#include <QString>
+
+namespace suisui {
+
+struct ReaderSettings
+{
+    QString commKind;
+    QString commPortNo;
+    QString commBaud;
+    QString commParity;
+    QString commDataBit;
+    QString commStopBit;
+};
+
+class AppEnv
+{
+public:
+    /// \a baseFolder: see programFolder.
+    explicit AppEnv(QString baseFolder);
+
+    /// The program folder, no trailing separator.
+    [[nodiscard]] QString BaseFolder() const { return m_baseFolder; }
+    [[nodiscard]] QString MyDocFolder() const;
+    [[nodiscard]] QString DeskTopFolder() const;
+
+    /// "YYYYMMDD", or empty when the program was never used.
+    [[nodiscard]] QString LastUseDate() const;
+    /// False when the settings could not be written.
+    bool setLastUseDate(const QString& date);
+
+    [[nodiscard]] ReaderSettings readerSettings() const;
+    /// Device of port \a number: from section Ports, else "/dev/ttyS{number-1}".
+    [[nodiscard]] QString portDevice(int number) const;
+
+    /// The folder that holds \a executable when that folder also holds DB or Ini; otherwise the user's own
+    /// application-data folder.
+    [[nodiscard]] static QString programFolder(const QString& executable);
+
+private:
+    QString m_baseFolder;
+};
+
+} // namespace suisui

@@ -1,0 +1,49 @@
+// The words of the screens, the remembered folders and the label settings. Kept in AppIni.ini under the
+// folder Ini; a customer's wording there replaces the shipped one, text by text.
+#pragma once
+
+#include <optional>
+
+#include <QString>
+#include <QStringList>
+
+#include "store/IniFile.h"
+
+namespace suisui {
+
+class AppIni
+{
+public:
+    AppIni();
+
+    /// Names the folder that holds AppIni.ini and reads it.
+    void setIniFolder(const QString& folder);
+
+    [[nodiscard]] QString MasterTerm(int index) const;
+    [[nodiscard]] QString TabTitle(int tab) const;
+    [[nodiscard]] QString Term(int index) const;
+    // Headings of the grids by column, from 1. Empty outside the columns.
+    [[nodiscard]] QString InpHeading(int column) const;
+    [[nodiscard]] QString OutHeading(int column) const;
+    [[nodiscard]] QString StockHeading(int column) const;
+    [[nodiscard]] QString ReceiptListHeading(int column) const;
+    [[nodiscard]] QString ShipmentListHeading(int column) const;
+
+    [[nodiscard]] QString LastHistoryFolder() const;
+    bool setLastHistoryFolder(const QString& folder);
+    [[nodiscard]] QString LastBackupFolder() const;
+    bool setLastHistoryTo(const QString& date);
+
+    /// Names of the label settings, in the order in which the label dialog reads and writes them.
+    [[nodiscard]] static const QStringList& labelSettingNames();
+    /// A setting of the label dialog for the source \a mode; empty when nothing is stored.
+    [[nodiscard]] QString labelSetting(int mode, const QString& name) const;
+    bool setLabelSetting(int mode, const QString& name, const QString& value);
+
+private:
+    [[nodiscard]] QString word(const char* section, int index) const;
+
+    IniFile m_file;
+};
+
+} // namespace suisui

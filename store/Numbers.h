@@ -1,0 +1,46 @@
+// Numbers as texts. Every column is text and every calculation converts at the point of use; these are
+// the conversions, with the rounding and the errors that the rules count on.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace suisui {
+
+/// A number in text: blanks around it, a sign, digits with grouping commas, a decimal point, an exponent
+/// (E or D). Throws RunTimeError::TypeMismatch for any other text, the empty one included, and Overflow
+/// beyond the range of a double.
+[[nodiscard]] double CDbl(std::string_view text);
+
+/// As CDbl, but a blank reads as 0: an empty column of the master data is no quantity.
+[[nodiscard]] double numberOf(std::string_view text);
+
+/// Plain decimal text of \a number, the shortest that reads back as the same number: "0", "125", "-3",
+/// "0.1". Never an exponent, never "-0".
+[[nodiscard]] std::string CStr(double number);
+
+/// 16- and 32-bit integers: halves round to the even neighbour; throws RunTimeError::Overflow outside
+/// the range.
+[[nodiscard]] std::int16_t CInt(double number);
+[[nodiscard]] std::int32_t CLng(double number);
+
+/// 32-bit product; throws RunTimeError::Overflow.
+[[nodiscard]] std::int32_t multiply(std::int32_t a, std::int32_t b);
+
+// Masks: "0" is a digit that always stands, "#" one that stands when it is there, "," groups by threes.
+inline constexpr std::string_view maskMovement = "0000000";           ///< movement numbers as stored
+inline constexpr std::string_view maskA = "##,###,###,###,##0";       ///< amounts
+inline constexpr std::string_view maskB = "#,###,###,##0";            ///< quantities and prices in lists
+inline constexpr std::string_view maskStock = "#,###,###,###,##0";    ///< stock figures
+inline constexpr std::string_view maskSmall = "##,###,##0";
+inline constexpr std::string_view maskPrice = "#,###,##0";
+
+/// \a number through a whole-number mask. Rounds at 15 significant digits, halves away from zero; a
+/// negative keeps its sign in front; digits that the mask has no place for stand in front as well.
+[[nodiscard]] std::string Format(double number, std::string_view mask);
+
+/// Format(numberOf(text), maskMovement).
+[[nodiscard]] std::string movementNumber(std::string_view text);
+
+} // namespace suisui

@@ -1,0 +1,59 @@
+// Receipts and shipments are mirrors of each other. This is the data half of what tells them apart: table,
+// columns, the direction of the stock.
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "store/Schema.h"
+
+namespace suisui {
+
+class AppDB;
+class RowSet;
+
+enum class Side { Receipt, Shipment };
+
+inline constexpr int noColumn = -1;
+
+/// Columns of a movement table under the names that both sides share; indexes into the table's columns.
+struct MovementColumns
+{
+    int code;
+    int name;
+    int quantity;
+    int price;
+    int partnerCode;
+    int partnerName;
+    int date;
+    int time;
+    int unit;
+    int discount;
+    std::array<int, 2> returned; ///< a receipt has one, the second is noColumn
+    int staffCode;
+    int staffName;
+    int remark;
+    int inpDate;
+    int updDate;
+};
+
+struct MovementTable
+{
+    const TableDef& table;
+    MovementColumns columns;
+    MasterCol defaultQuantity; ///< quantity of one scan
+    MasterCol defaultPrice;
+    int stockSign;             ///< +1: the movement raises the stock of its goods
+    bool movesComponents;      ///< components go the other way, by Suuryou for each unit
+    bool returnsMoveStock;     ///< returned quantities weaken the stock effect
+    RowSet& (*rows)(AppDB&);   ///< rows of the entry tab
+    RowSet& (*master)(AppDB&); ///< goods look-up of the entry tab
+};
+
+[[nodiscard]] const MovementTable& movementTable(Side side);
+
+/// (quantity minus returned) times price, minus discount, of row \a row, in double precision. Throws
+/// RunTimeError::TypeMismatch when a column holds no number.
+[[nodiscard]] double rowTotal(const MovementColumns& columns, const RowSet& rows, int row);
+
+} // namespace suisui

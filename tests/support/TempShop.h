@@ -1,0 +1,52 @@
+// A program folder of its own for a test, with an empty working database and room for rows.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include "store/AppDB.h"
+
+namespace suisui::test {
+
+class TempShop
+{
+public:
+    TempShop()
+    {
+        QDir(m_dir.path()).mkpath(QStringLiteral("DB"));
+        QDir(m_dir.path()).mkpath(QStringLiteral("Ini"));
+        if (AppDB::Create(databaseFile()) != 0)
+            std::abort();
+    }
+
+    [[nodiscard]] QString base() const { return m_dir.path(); }
+    [[nodiscard]] std::string databaseFolder() const { return (m_dir.path() + QStringLiteral("/DB")).toStdString(); }
+    [[nodiscard]] std::string databaseFile() const { return databaseFolder() + "/trnvik.mdb"; }
+
+    /// Puts a row of \a table into the database through a connection of its own; missing texts are empty.
+    void add(const TableDef& table, const std::vector<std::string>& texts) const
+    {
+        AppDB db(databaseFolder());
+        if (db.Open("trnvik.mdb") != 0)
+            std::abort();
+        RowSet rows(db, table);
+        rows.NewRows(1);
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            rows.set(1, static_cast<int>(i), texts[i]);
+        if (rows.InsertRow(1) != 0)
+            std::abort();
+        db.Commit();
+    }
+
+    /// Rows of "SELECT ..." as a second connection sees them, columns joined by "|".
+    [[nodiscard]] std::vector<std::string> query(const std::string& sql) const;
+
+private:
+    QTemporaryDir m_dir;
+};
+
+} // namespace suisui::test
