@@ -10,7 +10,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "store/Recordset.h"
 #include "store/RowSet.h"
 #include "store/Sqlite.h"
 
@@ -80,13 +82,24 @@ public:
 private:
     friend class RowSet;
 
-    /// Opens the unit of work if none is open. Nonzero when another process holds the file.
-    int beginWrite();
+    /// Opens the unit of work if none is open. Nonzero when another process holds the file, or when the
+    /// engine has given up the unit: then nothing more goes in before it has been rolled back.
+    [[nodiscard]] int beginWrite();
+    /// Records a failed or a good write.
     int fail(int engineCode);
     int succeed();
+    /// Records a write that found its row changed or gone.
+    int refuse();
+    /// Records a failed selection.
+    void failRead(int engineCode);
+    void report(int engineCode);
     [[nodiscard]] std::string adviceFor(int engineCode) const;
-    template <typename Visit> void eachRowSet(Visit visit);
+    [[nodiscard]] bool isOurs();
+    // Row sets made over this connection, the accessors' own among them.
+    void enter(RowSet* rows) { m_rowSets.push_back(rows); }
+    void leave(RowSet* rows) { std::erase(m_rowSets, rows); }
 
+    std::vector<RowSet*> m_rowSets; // before the row sets, which enter themselves
     Sqlite m_engine;
     std::string m_databaseFolder;
     ErrorSink m_showError;

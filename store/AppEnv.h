@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include "store/IniFile.h"
+
 namespace suisui {
 
 struct ReaderSettings
@@ -42,6 +44,9 @@ public:
     [[nodiscard]] static QString programFolder(const QString& executable);
 
 private:
+    /// Read at each use: the master-data program shares the file.
+    [[nodiscard]] IniFile file() const;
+
     QString m_baseFolder;
 };
 

@@ -2,8 +2,6 @@
 // folder Ini; a customer's wording there replaces the shipped one, text by text.
 #pragma once
 
-#include <optional>
-
 #include <QString>
 #include <QStringList>
 
@@ -41,8 +39,9 @@ public:
     bool setLabelSetting(int mode, const QString& name, const QString& value);
 
 private:
-    [[nodiscard]] QString word(const char* section, int index) const;
+    [[nodiscard]] QString word(QStringView section, int index) const;
 
+    IniFile m_shipped;
     IniFile m_file;
 };
 

@@ -79,6 +79,7 @@ private:
     Row& rowAt(int row);
     [[nodiscard]] const Row& rowAt(int row) const;
     void remember(int row);
+    int refuseRow(Row& row);
 
     AppDB& m_db;
     const TableDef& m_table;

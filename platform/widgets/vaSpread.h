@@ -20,6 +20,7 @@
 
 namespace suisui {
 
+class SpreadDelegate;
 class SpreadModel;
 
 /// What the cells of a column hold and how they are edited.
@@ -67,7 +68,8 @@ public:
     /// A whole row at once, the fast way of filling: \a texts has one entry a column, in order.
     void setRowTexts(int row, std::span<const std::string_view> texts);
 
-    /// Puts \a count empty rows in front of \a row; the rows below move down and keep their colours.
+    /// Puts \a count empty rows in front of \a row; the rows below move down and keep their colours, and the
+    /// cursor stays with its row.
     void InsertRows(int row, int count = 1);
     void DeleteRows(int row, int count = 1);
 
@@ -123,16 +125,26 @@ Q_SIGNALS:
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
+    friend class SpreadDelegate;
+
+    /// Offers a key to the handler; true when it was swallowed.
+    bool swallowed(const QKeyEvent& event);
+    /// What an editor holds becomes the cell's text, if the column can hold it.
+    void commitText(const QModelIndex& index, const QString& typed);
+    void toggleCheck(const QModelIndex& index);
     void copySelection() const;
+    void showCursor();
+    void focusMoved(const QWidget* now);
 
     SpreadModel* m_model;
+    SpreadDelegate* m_delegate;
     KeyPressHandler m_keyPress;
+    int m_activeCol = 0;
+    int m_activeRow = 0;
     bool m_quietCursor = false;
+    bool m_hasFocus = false;
 };
 
 } // namespace suisui

@@ -1,0 +1,214 @@
+#include "frame/shell/Main.h"
+
+#include <cstdlib>
+
+#include <QDir>
+
+#include "frame/shell/frm_End.h"
+#include "platform/core/DoEvents.h"
+#include "platform/core/FillIn.h"
+#include "platform/core/FindWindow.h"
+#include "platform/core/RunTimeError.h"
+#include "platform/core/Shell.h"
+#include "store/Stamps.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace suisui {
+
+namespace {
+
+constexpr int rowsThatCallForHistory = 25001;
+constexpr int pausesBeforeMaster = 30;
+
+const auto masterTitle = u" 基本情報 登録  　【 マスタ管理 】　　Tarnvik Works Co.,Ltd."_s;
+
+} // namespace
+
+Main_Module::Main_Module(const QString& baseFolder, Clock& clock, ScreenMsgBox& msgBox)
+    : m_base(baseFolder), m_clock(clock), m_msgBox(msgBox), m_instance(baseFolder)
+{
+}
+
+Main_Module::~Main_Module() = default;
+
+int Main_Module::Main()
+{
+    if (m_instance.prevInstance())
+        return EXIT_SUCCESS;
+    if (FindWindow(masterTitle)) {
+        m_msgBox.show({u" 【基本情報 登録】が起動中です"_s, u"【すいすいＴＡＧ】の起動はできません。　　　　\r\n\r\n【基本情報 登録】が起動しています。"_s,
+                       BoxIcon::Stop});
+        return EXIT_SUCCESS;
+    }
+    m_appEnv = std::make_unique<AppEnv>(m_base);
+    QDir::setCurrent(m_appEnv->BaseFolder());
+    const QString iniFolder = m_appEnv->BaseFolder() + u"/Ini"_s;
+    m_appIni = std::make_unique<AppIni>();
+    m_appIni->setIniFolder(iniFolder);
+    m_slipIni = std::make_unique<SlipIni>();
+    m_slipIni->setIniFolder(iniFolder);
+
+    m_shortWait = std::make_unique<frm_ShortWait>();
+    m_wait = std::make_unique<frm_Wait>();
+    m_shortWait->load();
+    DoEvents();
+    m_endFlag = false;
+    m_masterStartFlag = false;
+    if (!openDatabase())
+        return EXIT_SUCCESS;
+    volumeCheck(m_appDB->InpList().CountRows({}), u"入荷の情報が多くなってきました。\r\n　（入荷の履歴情報： {count} 件）\r\n\r\n履歴が多くなると 処理が遅くなります。　　　　\r\n\r\n 　「履歴の保存」 を行ってください。"_s);
+    volumeCheck(m_appDB->OutList().CountRows({}), u"出荷の情報が多くなってきました。\r\n　（出荷の履歴情報： {count} 件）\r\n\r\n履歴が多くなると 処理が遅くなります。　　　　\r\n\r\n 　「履歴の保存」 を行ってください。"_s);
+    m_lastDate = LastDateGet();
+    if (loadWindow())
+        mainLoop();
+    stop();
+    return EXIT_SUCCESS;
+}
+
+bool Main_Module::openDatabase()
+{
+    const auto showError = [this](const std::string& text) {
+        m_msgBox.show({u"データベースエラー"_s, QString::fromStdString(text), BoxIcon::Stop});
+    };
+    m_appDB = std::make_unique<AppDB>((m_base + u"/DB"_s).toStdString(), showError);
+    m_appDB->ShowErrors(false);
+    if (m_appDB->Open("trnvik.mdb") == 0) {
+        m_appDB->ShowErrors(true);
+        return true;
+    }
+    m_shortWait->unload();
+    m_msgBox.show({u"データベースがありません"_s,
+                   fillIn(u"データファイル｢{base}\\DB\\trnvik.mdb｣が見つかりません。",
+                          {{u"base", QDir::toNativeSeparators(m_appEnv->BaseFolder())}}),
+                   BoxIcon::Stop});
+    m_appDB->Release();
+    m_shortWait.reset();
+    m_wait.reset();
+    m_appDB.reset();
+    m_appEnv.reset();
+    m_appIni.reset();
+    m_slipIni.reset();
+    return false;
+}
+
+/// A warning only: the operator is told to move old movements out.
+void Main_Module::volumeCheck(int count, const QString& text)
+{
+    if (count < rowsThatCallForHistory)
+        return;
+    m_shortWait->unload();
+    m_msgBox.show({u" 履歴を保存して下さい"_s, fillIn(text, {{u"count", QString::number(count)}}),
+                   BoxIcon::Exclamation});
+    m_shortWait->load();
+    DoEvents();
+}
+
+QString Main_Module::LastDateGet() const
+{
+    const QString stored = m_appEnv->LastUseDate();
+    return stored.isEmpty() ? QString::fromStdString(dateOf(m_clock.now())) : stored;
+}
+
+/// False when the master data calls for the master-data program instead.
+bool Main_Module::loadWindow()
+{
+    m_frmMain = std::make_unique<frmMain>(
+        Surroundings{*m_appDB, *m_appIni, m_clock, m_msgBox, *m_shortWait, *m_wait, m_lastDate});
+    m_frmMain->askEnd = [this] { return askEnd(); };
+    m_frmMain->setMasterStartFlag = [this] { m_masterStartFlag = true; };
+    m_frmMain->clearMasterStartFlag = [this] { m_masterStartFlag = false; };
+    m_frmMain->masterStartFlag = [this] { return m_masterStartFlag; };
+    m_frmMain->unloaded = [this] { windowUnloaded(); };
+    m_frmMain->load();
+    m_shortWait->setEndMark();
+    DoEvents();
+    if (m_frmMain->MasterMissing()) {
+        m_frmMain->cmdMaster_Click();
+        return false;
+    }
+    m_frmMain->setFormEnabled(false);
+    m_msgBox.setParent(m_frmMain.get());
+    m_frmMain->show();
+    m_frmMain->showTab(Tab::Receipt);
+    m_frmMain->setFormEnabled(true);
+
+    m_msComm1 = std::make_unique<MSComm>([this](int port) { return m_appEnv->portDevice(port); });
+    m_barcode = std::make_unique<Barcode>([this] { return m_appEnv->readerSettings(); }, m_msgBox,
+                                          [this] { m_shortWait->unload(); });
+    m_barcode->BarCodeInit(m_msComm1.get());
+    return true;
+}
+
+/// Runs until the window has agreed to close. A disabled window stops the reading; scans then wait in the
+/// reader's buffers. It sleeps only when nothing at all is pending.
+void Main_Module::mainLoop()
+{
+    while (true) {
+        const bool lineWaits = m_barcode && m_frmMain->formEnabled() && m_barcode->hasLine();
+        if (lineWaits || m_endFlag)
+            DoEvents();
+        else
+            DoEventsOrWait();
+        if (m_endFlag)
+            return;
+        if (!m_frmMain->formEnabled())
+            continue;
+        MainBarCodeChk(m_barcode->line(), *m_frmMain);
+    }
+}
+
+bool Main_Module::askEnd()
+{
+    frm_End dialog([this] { return m_barcode ? m_barcode->line() : QString(); }, m_frmMain.get());
+    dialog.exec();
+    return dialog.result();
+}
+
+void Main_Module::windowUnloaded()
+{
+    m_appEnv->setLastUseDate(QString::fromStdString(dateOf(m_clock.now())));
+    m_barcode.reset();
+    m_endFlag = true;
+    wakeEvents();
+}
+
+void Main_Module::stop()
+{
+    if (m_appDB) {
+        m_appDB->CloseFile();
+        m_appDB->Release();
+    }
+    m_barcode.reset();
+    m_msComm1.reset();
+    m_msgBox.setParent(nullptr);
+    m_frmMain.reset();
+    m_shortWait.reset();
+    m_wait.reset();
+    m_appDB.reset(); // the pages refer to it until they are gone
+    if (m_masterStartFlag) {
+        for (int i = 0; i < pausesBeforeMaster; ++i)
+            m_clock.letPass(10ms);
+        Shell(m_appEnv->BaseFolder() + u"/exe/Master.exe"_s, m_appEnv->BaseFolder());
+    }
+    m_appEnv.reset();
+    m_appIni.reset();
+    m_slipIni.reset();
+}
+
+void Main_Module::endOnError(const QString& what)
+{
+    if (m_appDB) {
+        m_appDB->Rollback();
+        m_appDB->CloseFile();
+    }
+    m_barcode.reset();
+    m_msgBox.show({u"実行時エラー"_s,
+                   u"予期しないエラーが発生したため、プログラムを終了します。　　　\r\n\r\n　　"_s + what
+                       + u"\r\n\r\n登録の途中だった情報は 取り消されました。\r\n再度、起動して 確認して下さい。"_s,
+                   BoxIcon::Stop});
+    std::_Exit(EXIT_FAILURE);
+}
+
+} // namespace suisui

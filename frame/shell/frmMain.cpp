@@ -1,0 +1,315 @@
+#include "frame/shell/frmMain.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QGuiApplication>
+
+#include "frame/shell/TitleBar.h"
+#include "frame/support/FocusPaint.h"
+#include "frame/support/PageTools.h"
+#include "frame/support/frm_ShortWait.h"
+#include "frame/support/frm_Wait.h"
+#include "lists/MovementListPage.h"
+#include "lists/StockPage.h"
+#include "movement/MovementPage.h"
+#include "platform/core/Clock.h"
+#include "platform/core/DoEvents.h"
+#include "platform/widgets/EnterButton.h"
+#include "store/AppDB.h"
+#include "store/AppIni.h"
+#include "store/Stamps.h"
+#include "ui_frmMain.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui {
+
+namespace {
+
+constexpr int enterKey = 13;
+
+QColor baseColor(const QWidget& form) { return form.palette().color(QPalette::Button); }
+
+} // namespace
+
+frmMain::frmMain(const Surroundings& surroundings, QWidget* parent)
+    : QMainWindow(parent), m_around(surroundings), m_ui(std::make_unique<Ui::frmMain>()), m_gate(this)
+{
+    m_ui->setupUi(this);
+    m_ui->lblBCReference->hide();
+    buildPages();
+    m_focusPaint = std::make_unique<FocusPaint>(this, baseColor(*m_ui->lblBCReference));
+    connect(m_ui->cmdMaster, &QPushButton::clicked, this, &frmMain::cmdMaster_Click);
+    connect(m_ui->CmdEnd, &QPushButton::clicked, this, [this] { close(); });
+    connect(m_ui->SSTab, &QTabWidget::currentChanged, this, [this](int tab) {
+        const int previous = m_currentTab;
+        m_currentTab = tab;
+        SSTab_Click(previous);
+    });
+    resize(1180, 740);
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::buildPages()
+{
+    const Services services{m_around.db, m_around.ini, m_around.clock, m_around.msgBox, *this};
+    for (const Side side : {Side::Receipt, Side::Shipment}) {
+        const auto at = static_cast<std::size_t>(side);
+        m_entry[at] = new MovementPage(side, services, this);
+        m_lists[at] = new MovementListPage(side, services, this);
+    }
+    m_stock = new StockPage(services, this);
+    m_pages = {m_entry[0], m_entry[1], m_stock, m_lists[0], m_lists[1]};
+
+    const std::array frames{m_ui->tabfram_0, m_ui->tabfram_1, m_ui->tabfram_2, m_ui->tabfram_3, m_ui->tabfram_4};
+    const std::array bars{m_ui->lbltlfram_0, m_ui->lbltlfram_1, m_ui->lbltlfram_2, m_ui->lbltlfram_3,
+                          m_ui->lbltlfram_4};
+    const std::array pictures{m_ui->imgTitle_0, m_ui->imgTitle_1, m_ui->imgTitle_2, m_ui->imgTitle_3,
+                              m_ui->imgTitle_4};
+    for (int tab = 0; tab < static_cast<int>(Tab::Count); ++tab) {
+        const auto at = static_cast<std::size_t>(tab);
+        frames[at]->layout()->addWidget(m_pages[at]);
+        dressTitleBar(static_cast<Tab>(tab), *bars[at], *pictures[at]);
+        m_pages[at]->grid()->setKeyPressHandler(
+            [this, tab](int& key) { gridKeyPress(static_cast<Tab>(tab), key); });
+    }
+}
+
+QComboBox* frmMain::staffChoice() { return m_ui->cmbTantou; }
+
+MovementPage* frmMain::entryPage(Tab tab)
+{
+    return tab == Tab::Receipt || tab == Tab::Shipment ? m_entry[static_cast<std::size_t>(tab)] : nullptr;
+}
+
+// ---- load
+
+void frmMain::load()
+{
+    if (!loadPartners(Side::Receipt) || !loadPartners(Side::Shipment) || !loadStaff() || !loadGoods())
+        return;
+    m_around.db.MasterTbl().Clear();
+    DateBoxInit();
+    if (m_around.ini.InpHeading(1).isEmpty())
+        return; // a shop without wording of its own: everything stays as designed
+    loadCaptions();
+}
+
+void frmMain::masterDataMissing(const QString& title, const QString& text)
+{
+    m_masterMissing = true;
+    m_around.shortWait.unload();
+    m_around.msgBox.show({title, text, BoxIcon::Stop});
+}
+
+bool frmMain::loadPartners(Side side)
+{
+    const bool receipt = side == Side::Receipt;
+    AppDB& db = m_around.db;
+    KokyakuRec& partners = receipt ? db.KokyakuNyu() : db.KokyakuSyu();
+    const int count = partners.Select(receipt ? "Where NyuKyk = '1' ORDER BY Code" : "Where SyuKyk = '1' ORDER BY Code");
+    if (count < 1) {
+        masterDataMissing(receipt ? u"入荷先の未登録エラー"_s : u"出荷先の未登録エラー"_s,
+                          (receipt ? u"入荷先の顧客情報が登録されていません。　　　"_s : u"出荷先の顧客情報が登録されていません。　　　"_s)
+                              + u"\r\n\r\n　　最低でも１件は 登録して下さい。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動します。"_s);
+        return false;
+    }
+    ChoiceList& choices = m_partners[static_cast<std::size_t>(side)];
+    choices.clear();
+    for (int row = 1; row <= count; ++row)
+        choices.push_back({std::string(partners.get(row, KokyakuCol::Code)),
+                           QString::fromUtf8(partners.get(row, KokyakuCol::Name))});
+    partners.Clear();
+    m_entry[static_cast<std::size_t>(side)]->setPartners(choices);
+    m_lists[static_cast<std::size_t>(side)]->setPartners(choices);
+    return true;
+}
+
+bool frmMain::loadStaff()
+{
+    TantouRec& staff = m_around.db.TantouTbl();
+    const int count = staff.Select("ORDER BY Code");
+    if (count < 1) {
+        masterDataMissing(u"担当者の未登録エラー"_s, u"担当者が登録されていません。　　　\r\n\r\n　　最低でも１件は 登録して下さい。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動します。　　　"_s);
+        return false;
+    }
+    m_staff.clear();
+    for (int row = 1; row <= count; ++row)
+        m_staff.push_back({std::string(staff.get(row, TantouCol::Code)),
+                           QString::fromUtf8(staff.get(row, TantouCol::Name))});
+    staff.Clear();
+    fillCombo(*m_ui->cmbTantou, m_staff, false);
+    for (MovementListPage* list : m_lists)
+        list->setStaff(m_staff);
+    return true;
+}
+
+/// A shop without goods may go on: every code is then unregistered.
+bool frmMain::loadGoods()
+{
+    if (m_around.db.MasterTbl().Select("ORDER BY Code") > 0)
+        return true;
+    m_around.shortWait.unload();
+    const BoxAnswer answer = m_around.msgBox.show({u"商品の未登録"_s, u"商品が登録されていません。\r\n\r\n　　最低でも１件は 登録しないと\r\n　　入出荷できません。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動しますか？　　　　"_s,
+                                                   BoxIcon::Exclamation, BoxButtons::YesNo});
+    if (answer == BoxAnswer::Yes) {
+        m_masterMissing = true;
+        return false;
+    }
+    m_around.shortWait.load();
+    return true;
+}
+
+void frmMain::DateBoxInit()
+{
+    const std::string today = dateOf(m_around.clock.now());
+    const QString spoken = QString::fromStdString(spokenDate(today));
+    for (Page* page : m_pages) {
+        page->setDefaultDates(m_around.lastDate, QString::fromStdString(today));
+        page->setToday(spoken);
+    }
+}
+
+/// The settings' words, tab by tab. Each tab is selected on the way, so that those behind have had their
+/// first search before the window is seen.
+void frmMain::loadCaptions()
+{
+    const AppIni& ini = m_around.ini;
+    const std::array titles{m_ui->lblTitle_0, m_ui->lblTitle_1, m_ui->lblTitle_2, m_ui->lblTitle_3,
+                            m_ui->lblTitle_4};
+    for (int tab = 0; tab < static_cast<int>(Tab::Count); ++tab)
+        titles[static_cast<std::size_t>(tab)]->setText(ini.TabTitle(tab));
+    for (int tab = 0; tab < static_cast<int>(Tab::Count); ++tab) {
+        const QString work = entryPage(static_cast<Tab>(tab)) != nullptr ? u"登録"_s : u"一覧"_s;
+        m_ui->SSTab->setCurrentIndex(tab);
+        m_ui->SSTab->setTabText(tab, u" %1 %2 "_s.arg(ini.Term(tab), work));
+        m_pages[static_cast<std::size_t>(tab)]->setCaptions(ini);
+    }
+}
+
+// ---- Frame
+
+void frmMain::setPointer(bool hourglass)
+{
+    if (hourglass == m_hourglass)
+        return;
+    m_hourglass = hourglass;
+    if (hourglass)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
+void frmMain::BusyOn()
+{
+    m_gate.setEnabled(false);
+    setPointer(true);
+    DoEvents();
+}
+
+void frmMain::BusyOff()
+{
+    // Held keys wait for the main loop: worked here they would nest inside the handler that is ending.
+    m_gate.setEnabled(false);
+    DoEvents();
+    m_around.shortWait.setEndMark();
+    m_around.wait.setEndMark();
+    setFormEnabled(true);
+}
+
+void frmMain::setFormEnabled(bool enabled)
+{
+    m_gate.setEnabled(enabled);
+    if (enabled)
+        setPointer(false);
+}
+
+Tab frmMain::currentTab() const { return static_cast<Tab>(m_currentTab); }
+
+std::string frmMain::tantouCode() const { return choiceAt(m_staff, m_ui->cmbTantou->currentIndex()).code; }
+
+QString frmMain::tantouName() const { return m_ui->cmbTantou->currentText(); }
+
+void frmMain::showWait(const QString& waitTag, int maximum)
+{
+    m_around.wait.load(waitTag, maximum);
+    DoEvents();
+}
+
+bool frmMain::waitVisible() const { return m_around.wait.isVisible(); }
+
+void frmMain::setWaitProgress(int value) { m_around.wait.setProgress(value); }
+
+// ---- Enter in a grid
+
+/// Enter in a grid goes back to the code field, so that the next code overwrites the last one. An Enter that
+/// came while the grid was not the active control has stayed with the grid; the one after it is spent on that.
+void frmMain::gridKeyPress(Tab tab, int& keyAscii)
+{
+    if (keyAscii != enterKey)
+        return;
+    const QWidget* active = QApplication::focusWidget();
+    const vaSpread* grid = page(tab).grid();
+    if (m_gridEnterFlag) {
+        m_gridEnterFlag = false;
+    } else if (active == grid || grid->isAncestorOf(active)) {
+        page(tab).barCodeField()->setFocus();
+        keyAscii = 0;
+    } else {
+        m_gridEnterFlag = true;
+    }
+}
+
+// ---- unload
+
+void frmMain::cmdMaster_Click()
+{
+    m_focusPaint->setNormal(m_ui->cmdMaster);
+    m_gate.setEnabled(false);
+    if (EditGuard(currentTab()) == BoxAnswer::Cancel) {
+        setFormEnabled(true);
+        return;
+    }
+    setMasterStartFlag();
+    close();
+}
+
+/// False refuses.
+bool frmMain::Form_Unload()
+{
+    BusyOn();
+    m_focusPaint->setNormal(m_ui->CmdEnd);
+    const BoxAnswer guard = EditGuard(currentTab());
+    if (guard == BoxAnswer::Cancel) {
+        setFormEnabled(true);
+        clearMasterStartFlag();
+        m_ui->CmdEnd->setFocus();
+        BusyOff();
+        return false;
+    }
+    if (!masterStartFlag() && !askEnd()) {
+        setFormEnabled(true);
+        if (guard == BoxAnswer::No)
+            SSTab_Click(m_currentTab); // the discarded edits disappear from the grid
+        m_ui->CmdEnd->setFocus();
+        BusyOff();
+        return false;
+    }
+    unloaded();
+    BusyOff();
+    return true;
+}
+
+void frmMain::closeEvent(QCloseEvent* event)
+{
+    if (m_unloadAgreed) {
+        event->accept();
+        return;
+    }
+    m_unloadAgreed = Form_Unload();
+    event->setAccepted(m_unloadAgreed);
+}
+
+} // namespace suisui

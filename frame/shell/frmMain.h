@@ -1,0 +1,143 @@
+// The only working window: five tabs, the person in charge, and the buttons that concern the whole program.
+// It puts the pages together, owns the flags of all tabs, guards unsaved edits, and is what a scanned value
+// acts on.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include <QMainWindow>
+
+#include "barcode/ScanDispatch.h"
+#include "frame/support/FormGate.h"
+#include "frame/support/Frame.h"
+#include "frame/support/Page.h"
+
+class QComboBox;
+
+namespace Ui {
+class frmMain;
+}
+
+namespace suisui {
+
+class FocusPaint;
+class MovementListPage;
+class MovementPage;
+class StockPage;
+class frm_ShortWait;
+class frm_Wait;
+
+/// What the window is given by the run that owns it.
+struct Surroundings
+{
+    AppDB& db;
+    AppIni& ini;
+    Clock& clock;
+    MsgBox& msgBox;
+    frm_ShortWait& shortWait;
+    frm_Wait& wait;
+    QString lastDate; ///< "YYYYMMDD", default from-date of the searches
+};
+
+class frmMain final : public QMainWindow, public Frame, public ScanTarget
+{
+    Q_OBJECT
+
+public:
+    explicit frmMain(const Surroundings& surroundings, QWidget* parent = nullptr);
+    ~frmMain() override;
+
+    /// Form_Load: lists, dates, captions, first searches of the tabs behind. May set MasterMissing.
+    void load();
+    /// Master data is so incomplete that the program must hand over to the master-data program.
+    [[nodiscard]] bool MasterMissing() const { return m_masterMissing; }
+    /// Brings tab \a tab to the front with everything that a change of tab does, even if it is there.
+    void showTab(Tab tab);
+    void cmdMaster_Click();
+
+    /// The window's Enabled property; the main loop reads no scans while it is off.
+    [[nodiscard]] bool formEnabled() const { return m_gate.enabled(); }
+    /// The pages and the shared choice of staff, for whoever drives the window.
+    [[nodiscard]] Page& page(Tab tab) { return *m_pages.at(static_cast<std::size_t>(tab)); }
+    [[nodiscard]] QComboBox* staffChoice();
+
+    // What the window asks of the run. All must be set before it is shown.
+    std::function<bool()> askEnd;             ///< frm_End: true to end
+    std::function<void()> setMasterStartFlag; ///< the run hands over when it has stopped
+    std::function<void()> clearMasterStartFlag;
+    std::function<bool()> masterStartFlag;
+    std::function<void()> unloaded; ///< writes the last-use date, releases the reader, sets EndFlag
+
+    // Frame
+    void BusyOn() override;
+    void BusyOff() override;
+    void setFormEnabled(bool enabled) override;
+    [[nodiscard]] Tab currentTab() const override;
+    [[nodiscard]] bool TabLoaded(Tab tab) const override { return m_tabLoaded.at(static_cast<std::size_t>(tab)); }
+    void setTabLoaded(Tab tab, bool loaded) override { m_tabLoaded.at(static_cast<std::size_t>(tab)) = loaded; }
+    [[nodiscard]] bool dirty(Side side) const override { return m_dirty.at(static_cast<std::size_t>(side)); }
+    void setDirty(Side side, bool dirty) override { m_dirty.at(static_cast<std::size_t>(side)) = dirty; }
+    BoxAnswer EditGuard(Tab tab) override;
+    [[nodiscard]] bool GuardActive() const override { return m_guardActive; }
+    [[nodiscard]] std::string tantouCode() const override;
+    [[nodiscard]] QString tantouName() const override;
+    void showWait(const QString& waitTag, int maximum) override;
+    [[nodiscard]] bool waitVisible() const override;
+    void setWaitProgress(int value) override;
+
+    // ScanTarget
+    [[nodiscard]] int scanTab() const override { return static_cast<int>(currentTab()); }
+    void selectTab(int tab) override;
+    void GoodsCodeSet(const QString& code) override;
+    void TantouCodeSet(const QString& code) override;
+    void SakiCodeSet(const QString& code) override;
+    void sendKeys(const QString& expression) override;
+    void MainBarEtc(const QString& function) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildPages();
+    [[nodiscard]] bool loadPartners(Side side);
+    [[nodiscard]] bool loadStaff();
+    [[nodiscard]] bool loadGoods();
+    void DateBoxInit();
+    void loadCaptions();
+    void masterDataMissing(const QString& title, const QString& text);
+
+    void SSTab_Click(int previousTab);
+    void showTitle(int tab);
+    void firstShow(Tab tab);
+    void backToGuardedTab(Tab tab);
+    [[nodiscard]] bool Form_Unload();
+    void gridKeyPress(Tab tab, int& keyAscii);
+    void setPointer(bool hourglass);
+    [[nodiscard]] MovementPage* entryPage(Tab tab);
+
+    Surroundings m_around;
+    std::unique_ptr<Ui::frmMain> m_ui;
+    FormGate m_gate;
+    std::unique_ptr<FocusPaint> m_focusPaint;
+
+    std::array<Page*, static_cast<std::size_t>(Tab::Count)> m_pages{};
+    std::array<MovementPage*, 2> m_entry{};
+    StockPage* m_stock = nullptr;
+    std::array<MovementListPage*, 2> m_lists{};
+
+    ChoiceList m_staff;                   // TantouCodes
+    std::array<ChoiceList, 2> m_partners; // NSakiCodes, SSakiCodes
+
+    // The two list tabs start blank on purpose, so they count as loaded.
+    std::array<bool, static_cast<std::size_t>(Tab::Count)> m_tabLoaded{false, false, false, true, true};
+    std::array<bool, 2> m_dirty{};
+    int m_currentTab = 0;
+    bool m_guardActive = false;
+    bool m_gridEnterFlag = false;
+    bool m_masterMissing = false;
+    bool m_hourglass = false;
+    bool m_unloadAgreed = false;
+};
+
+} // namespace suisui

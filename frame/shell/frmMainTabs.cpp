@@ -1,0 +1,168 @@
+// Changing tabs, and the guard of unsaved edits that a change of tab has to pass.
+#include "frame/shell/frmMain.h"
+
+#include <QComboBox>
+
+#include "frame/support/PageTools.h"
+#include "lists/MovementListPage.h"
+#include "lists/StockPage.h"
+#include "movement/MovementPage.h"
+#include "platform/core/DoEvents.h"
+#include "platform/core/FillIn.h"
+#include "platform/core/RunTimeError.h"
+#include "platform/widgets/SendKeys.h"
+#include "store/AppIni.h"
+#include "ui_frmMain.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui {
+
+namespace {
+
+constexpr int enterKey = 13;
+
+} // namespace
+
+void frmMain::showTab(Tab tab)
+{
+    if (currentTab() == tab)
+        SSTab_Click(m_currentTab);
+    else
+        m_ui->SSTab->setCurrentIndex(static_cast<int>(tab));
+}
+
+void frmMain::SSTab_Click(int previousTab)
+{
+    m_gate.setEnabled(false);
+    setPointer(true);
+    DoEvents();
+    EditGuard(static_cast<Tab>(previousTab));
+    DoEvents();
+    const Tab tab = currentTab();
+    showTitle(m_currentTab);
+    firstShow(tab);
+    setFormEnabled(true);
+    QLineEdit& field = *page(tab).barCodeField();
+    if (entryPage(tab) != nullptr && !field.isEnabled())
+        field.setEnabled(true); // the guard has put the focus into the grid; it stays there
+    else if (isVisible())
+        field.setFocus();
+}
+
+void frmMain::showTitle(int tab)
+{
+    const std::array bars{m_ui->lbltlfram_0, m_ui->lbltlfram_1, m_ui->lbltlfram_2, m_ui->lbltlfram_3,
+                          m_ui->lbltlfram_4};
+    const std::array frames{m_ui->tabfram_0, m_ui->tabfram_1, m_ui->tabfram_2, m_ui->tabfram_3, m_ui->tabfram_4};
+    for (int i = 0; i < static_cast<int>(Tab::Count); ++i) {
+        bars[static_cast<std::size_t>(i)]->setVisible(i == tab); // picture and text stand in the bar
+        frames[static_cast<std::size_t>(i)]->setEnabled(i == tab);
+    }
+    repaint();
+}
+
+/// Fills a tab that was not filled yet or has become stale.
+void frmMain::firstShow(Tab tab)
+{
+    if (TabLoaded(tab))
+        return;
+    const bool movesTables = entryPage(tab) != nullptr;
+    if (!movesTables)
+        m_gate.setEnabled(true);
+    page(tab).firstShow();
+    if (tab != Tab::Stock) // the stock search says itself that it has filled its tab
+        setTabLoaded(tab, true);
+}
+
+BoxAnswer frmMain::EditGuard(Tab tab)
+{
+    MovementPage* entry = entryPage(tab);
+    if (entry == nullptr || !dirty(static_cast<Side>(tab)))
+        return BoxAnswer::None;
+    m_guardActive = true;
+    const BoxAnswer answer = m_around.msgBox.show(
+        {u"すいすいＴＡＧ"_s,
+         fillIn(u"　　「 {TabTitle(tab)} 」が変更されています。\r\n\r\n　　　更新を行いますか？　　　（ 戻る ： キャンセル ）　　",
+                {{u"TabTitle(tab)", m_around.ini.TabTitle(static_cast<int>(tab))}}),
+         BoxIcon::Question, BoxButtons::YesNoCancel});
+    switch (answer) {
+    case BoxAnswer::Yes:
+        entry->cmdKousin_Click();
+        m_stock->grid()->setMaxRows(0);
+        break;
+    case BoxAnswer::No:
+        setDirty(static_cast<Side>(tab), false);
+        setTabLoaded(tab, false);
+        break;
+    default:
+        backToGuardedTab(tab);
+        break;
+    }
+    m_guardActive = false;
+    return answer;
+}
+
+/// The disabled code field tells the tab change that runs for this selection, and the one that is under
+/// way, not to take the focus from the grid.
+void frmMain::backToGuardedTab(Tab tab)
+{
+    m_ui->SSTab->setCurrentIndex(static_cast<int>(tab));
+    setFormEnabled(true);
+    page(tab).grid()->setFocus();
+    page(tab).barCodeField()->setEnabled(false);
+    m_gate.setEnabled(false);
+}
+
+// ---- what a scanned value does
+
+void frmMain::selectTab(int tab)
+{
+    if (tab < 0 || tab >= m_ui->SSTab->count())
+        throw RunTimeError(RunTimeError::SubscriptOutOfRange, "no such tab");
+    m_ui->SSTab->setCurrentIndex(tab);
+}
+
+void frmMain::GoodsCodeSet(const QString& code)
+{
+    const Tab tab = currentTab();
+    page(tab).barCodeField()->setText(code);
+    int key = enterKey;
+    page(tab).barCode_KeyPress(key);
+    if (entryPage(tab) != nullptr)
+        page(tab).grid()->setFocus(); // the cursor stays on the new row
+}
+
+void frmMain::TantouCodeSet(const QString& code)
+{
+    MovementListPage* list = nullptr;
+    if (currentTab() == Tab::ReceiptList || currentTab() == Tab::ShipmentList)
+        list = m_lists[currentTab() == Tab::ReceiptList ? 0 : 1];
+    if (chooseCode(list != nullptr ? *list->staffChoice() : *m_ui->cmbTantou, m_staff, code) && list != nullptr)
+        list->searchButton()->setFocus();
+}
+
+void frmMain::SakiCodeSet(const QString& code)
+{
+    switch (currentTab()) {
+    case Tab::Receipt:
+    case Tab::Shipment: {
+        const auto side = static_cast<std::size_t>(m_currentTab);
+        (void)chooseCode(*m_entry[side]->partnerChoice(), m_partners[side], code);
+        break;
+    }
+    case Tab::ReceiptList:
+    case Tab::ShipmentList: {
+        const std::size_t side = currentTab() == Tab::ReceiptList ? 0 : 1;
+        if (chooseCode(*m_lists[side]->partnerChoice(), m_partners[side], code))
+            m_lists[side]->searchButton()->setFocus();
+        break;
+    }
+    default:
+        break; // the stock tab knows no partners
+    }
+}
+
+void frmMain::sendKeys(const QString& expression) { SendKeys(expression); }
+
+} // namespace suisui

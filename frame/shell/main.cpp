@@ -1,0 +1,17 @@
+#include "frame/shell/Application.h"
+#include "frame/shell/Main.h"
+#include "store/AppEnv.h"
+
+int main(int argc, char** argv)
+{
+    suisui::Application application(argc, argv);
+    suisui::SystemClock clock;
+    suisui::ScreenMsgBox msgBox;
+    suisui::Main_Module run(suisui::AppEnv::programFolder(QCoreApplication::applicationFilePath()), clock, msgBox);
+    application.setErrorEnd([&run](const QString& what) { run.endOnError(what); });
+    try {
+        return run.Main();
+    } catch (const std::exception& error) {
+        run.endOnError(suisui::Application::describe(error));
+    }
+}

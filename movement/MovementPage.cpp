@@ -1,0 +1,130 @@
+#include "movement/MovementPage.h"
+
+#include "movement/Deltas.h"
+#include "platform/widgets/EnterButton.h"
+#include "store/AppDB.h"
+#include "store/AppIni.h"
+#include "store/Numbers.h"
+#include "ui_MovementPage.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui {
+
+MovementPage::MovementPage(Side side, const Services& services, QWidget* parent)
+    : Page(parent), m_side(movementSide(side)), m_table(movementTable(side)), m_services(services),
+      m_rows(m_table.rows(services.db)), m_ui(std::make_unique<Ui::MovementPage>())
+{
+    m_ui->setupUi(this);
+    m_period = {{m_ui->txtXyyyy_F, m_ui->txtXmm_F, m_ui->txtXdd_F},
+                {m_ui->txtXyyyy_T, m_ui->txtXmm_T, m_ui->txtXdd_T}};
+    m_ui->Sprd_X->setColumns(m_side.columns);
+    m_bar = new GridBar(*m_ui->Sprd_X);
+    nameControls();
+    wire();
+}
+
+MovementPage::~MovementPage() = default;
+
+/// The form is drawn once; its controls carry the letter of their side in their names.
+void MovementPage::nameControls()
+{
+    m_ui->Sprd_X->setObjectName(QString::fromUtf16(m_side.gridName));
+    m_ui->fraXData->setObjectName(QString::fromUtf16(m_side.dataFrameName));
+    const QList<QWidget*> controls = findChildren<QWidget*>();
+    for (QWidget* control : controls) {
+        QString name = control->objectName();
+        const qsizetype place = name.indexOf(u'X');
+        if (place > 0 && !name.startsWith("qt_"_L1)) {
+            name[place] = QChar(m_side.letter);
+            control->setObjectName(name);
+        }
+    }
+    m_ui->fraXData->setTitle(QString::fromUtf16(m_side.dataFrameCaption));
+    m_ui->fraXSaki->setTitle(QString::fromUtf16(m_side.partnerFrameCaption));
+    m_ui->cmbXSaki->setToolTip(QString::fromUtf16(m_side.partnerTip));
+    m_ui->txtXBarCode->setToolTip(QString::fromUtf16(m_side.codeTip));
+}
+
+void MovementPage::wire()
+{
+    m_ui->txtXBarCode->setKeyPressHandler([this](int& key) { barCode_KeyPress(key); });
+    wirePeriod(m_period, m_ui->cmdXKensaku);
+    connect(m_ui->cmdXKensaku, &QPushButton::clicked, this, &MovementPage::cmdKensaku_Click);
+    connect(m_ui->cmdXKousin, &QPushButton::clicked, this, &MovementPage::cmdKousin_Click);
+    connect(m_ui->cmdXDelete, &QPushButton::clicked, this, &MovementPage::cmdDelete_Click);
+    connect(m_ui->Sprd_X, &vaSpread::Change, this, &MovementPage::cellChange);
+}
+
+QLineEdit* MovementPage::barCodeField() { return m_ui->txtXBarCode; }
+
+vaSpread* MovementPage::grid() { return m_ui->Sprd_X; }
+
+QComboBox* MovementPage::partnerChoice() { return m_ui->cmbXSaki; }
+
+void MovementPage::setCaptions(const AppIni& ini)
+{
+    const MovementCells& cells = m_side.cells;
+    m_ui->fraXSaki->setTitle(u" %1 名称 "_s.arg((ini.*m_side.heading)(cells.partner)));
+    m_ui->fraXData->setTitle(u" 【 %1 】 情報 "_s.arg(ini.Term(m_side.termIndex)));
+    for (int column = 1; column <= grid()->MaxCols(); ++column)
+        grid()->SetText(column, 0, (ini.*m_side.heading)(column));
+}
+
+void MovementPage::setDefaultDates(const QString& from, const QString& to)
+{
+    m_period.from.setDate(from);
+    m_period.to.setDate(to);
+}
+
+void MovementPage::setToday(const QString& text) { m_ui->lblXToday->setText(text); }
+
+void MovementPage::setPartners(const ChoiceList& partners)
+{
+    m_partners = partners;
+    fillCombo(*m_ui->cmbXSaki, partners, false);
+}
+
+void MovementPage::firstShow()
+{
+    grid()->SetActiveCell(1, 1);
+    cmdKensaku_Click();
+}
+
+Figures MovementPage::postedFigures(int row) const
+{
+    const MovementCells& cells = m_side.cells;
+    const vaSpread& grid = *m_ui->Sprd_X;
+    return {.quantity = numberOf(grid.text(cells.postedQuantity, row)),
+            .returned = cells.postedReturned == noCell ? 0 : numberOf(grid.text(cells.postedReturned, row))};
+}
+
+Figures MovementPage::shownFigures(int row) const
+{
+    const MovementCells& cells = m_side.cells;
+    const vaSpread& grid = *m_ui->Sprd_X;
+    return {.quantity = numberOf(grid.text(cells.quantity, row)),
+            .returned = m_table.returnsMoveStock ? numberOf(grid.text(cells.returned[0], row)) : 0};
+}
+
+int MovementPage::bufferIndex(int row) const
+{
+    return static_cast<int>(numberOf(m_ui->Sprd_X->text(m_side.cells.index, row)));
+}
+
+QString MovementPage::term() const { return m_services.ini.Term(m_side.termIndex); }
+
+void MovementPage::markStale()
+{
+    m_services.frame.setTabLoaded(Tab::Stock, false);
+    m_services.frame.setTabLoaded(m_side.listTab, false);
+}
+
+/// The number columns jump by way of the price, so that quantity and price are both in view.
+void MovementPage::cursorToQuantity()
+{
+    grid()->SetActiveCell(m_side.cells.price, 1);
+    grid()->SetActiveCell(m_side.cells.quantity, 1);
+}
+
+} // namespace suisui

@@ -1,0 +1,104 @@
+// Tabs 0 and 1: goods coming in and goods going out. One page class over a side. A code that is scanned or
+// typed stores a row, moves the stock and puts the row on top of the grid, all at once; corrections made in
+// the grid stay in memory until the update button.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "frame/support/Check_Csv.h"
+#include "frame/support/Frame.h"
+#include "frame/support/GridBar.h"
+#include "frame/support/Page.h"
+#include "movement/MovementSide.h"
+
+namespace Ui {
+class MovementPage;
+}
+
+namespace suisui {
+
+class EnterButton;
+class KeyField;
+class RowSet;
+struct Figures;
+
+class MovementPage final : public Page
+{
+    Q_OBJECT
+
+public:
+    MovementPage(Side side, const Services& services, QWidget* parent = nullptr);
+    ~MovementPage() override;
+
+    [[nodiscard]] QLineEdit* barCodeField() override;
+    [[nodiscard]] vaSpread* grid() override;
+    void setCaptions(const AppIni& ini) override;
+    void setDefaultDates(const QString& from, const QString& to) override;
+    void setToday(const QString& text) override;
+    /// First sight of the tab, or the first after it was marked stale: the search of its period.
+    void firstShow() override;
+
+    /// Partners that this side offers; item i of the choice is entry i.
+    void setPartners(const ChoiceList& partners);
+    [[nodiscard]] QComboBox* partnerChoice();
+
+    /// txtNBarCode_KeyPress, txtSBarCode_KeyPress: every key of the code field; Enter books the code.
+    void barCode_KeyPress(int& keyAscii) override;
+    /// cmdNKensaku_Click, cmdSKensaku_Click: loads the movements of the period.
+    void cmdKensaku_Click();
+    /// cmdNKousin_Click, cmdSKousin_Click: writes all changed rows, posting only the differences.
+    void cmdKousin_Click();
+    /// cmdNDelete_Click, cmdSDelete_Click: removes the row under the cursor and undoes its stock effect.
+    void cmdDelete_Click();
+    /// InpCellChange, OutCellChange: takes a changed cell into the row buffer.
+    void cellChange(int column, int row);
+    /// InpGridLoad, OutGridLoad: fills the grid from the buffer, newest row first.
+    void gridLoad();
+
+private:
+    struct Scan;
+
+    void nameControls();
+    void wire();
+
+    // Booking a code (MovementScan.cpp).
+    void book(const std::string& code);
+    void unregistered(const std::string& code);
+    [[nodiscard]] bool postScan(const Scan& scan);
+    void putOnTop(const Scan& scan);
+    [[nodiscard]] int rowAdd(const std::string& stamp);
+    void waitForNextSecond(const Scan& scan);
+
+    // Searching and correcting (MovementEdit.cpp).
+    [[nodiscard]] bool agreesToShow(int count);
+    [[nodiscard]] bool changeNumber(int column, int row, int rowIndex);
+    [[nodiscard]] bool changeText(int column, int row, int rowIndex);
+    [[nodiscard]] bool updateRow(int row, const std::string& stamp);
+    [[nodiscard]] bool postUpdate(int row, int rowIndex, const Figures& posted, const Figures& now,
+                                  const std::string& stamp);
+    void restorePosted(int row, int rowIndex, const Figures& posted);
+    [[nodiscard]] bool postDelete(int rowIndex, double delta, const std::string& stamp);
+    void takeOutOfGrid(int row, int rowIndex);
+    void concurrentChange(bool deleting);
+
+    [[nodiscard]] Figures postedFigures(int row) const;
+    [[nodiscard]] Figures shownFigures(int row) const;
+    [[nodiscard]] int bufferIndex(int row) const;
+    [[nodiscard]] QString term() const;
+    /// The stock tab and this side's list have to read the database again.
+    void markStale();
+    void cursorToQuantity();
+
+    const MovementSide& m_side;
+    const MovementTable& m_table;
+    Services m_services;
+    RowSet& m_rows;
+    std::unique_ptr<Ui::MovementPage> m_ui;
+    GridBar* m_bar = nullptr;
+    PeriodBoxes m_period;
+    ChoiceList m_partners;
+};
+
+} // namespace suisui

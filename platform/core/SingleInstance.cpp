@@ -1,0 +1,20 @@
+#include "platform/core/SingleInstance.h"
+
+#include <QLockFile>
+
+namespace suisui {
+
+SingleInstance::SingleInstance(const QString& baseFolder)
+    : m_lock(std::make_unique<QLockFile>(baseFolder + QStringLiteral("/.suisuitag.lock")))
+{
+    m_lock->setStaleLockTime(0); // never stale by age: the program runs all day
+}
+
+SingleInstance::~SingleInstance() = default;
+
+bool SingleInstance::prevInstance()
+{
+    return !m_lock->tryLock(0) && m_lock->error() == QLockFile::LockFailedError;
+}
+
+} // namespace suisui

@@ -1,0 +1,344 @@
+#include "platform/widgets/SpreadModel.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
+#include <QFont>
+
+#include "store/Numbers.h"
+
+namespace suisui {
+
+namespace {
+
+/// Digits of a whole number with an optional minus; empty when \a text is none.
+std::string_view wholeNumber(std::string_view text)
+{
+    const std::string_view digits = text.substr(text.starts_with('-') ? 1 : 0);
+    const bool whole = !digits.empty() && std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return whole ? digits : std::string_view();
+}
+
+QString grouped(std::string_view text)
+{
+    QString shown = QString::fromUtf8(text);
+    if (wholeNumber(text).empty())
+        return shown;
+    const qsizetype first = text.starts_with('-') ? 1 : 0;
+    for (qsizetype at = shown.size() - 3; at > first; at -= 3)
+        shown.insert(at, u',');
+    return shown;
+}
+
+char folded(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+int compareFolded(std::string_view a, std::string_view b)
+{
+    const std::size_t common = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < common; ++i)
+        if (folded(a[i]) != folded(b[i]))
+            return static_cast<unsigned char>(folded(a[i])) < static_cast<unsigned char>(folded(b[i])) ? -1 : 1;
+    return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
+}
+
+/// Order of a figure; texts that are no numbers come before all numbers.
+double sortValue(std::string_view text)
+{
+    try {
+        return CDbl(text);
+    } catch (const std::exception&) {
+        return -std::numeric_limits<double>::infinity();
+    }
+}
+
+bool comparesAsNumber(CellType type) { return type == CellType::Number || type == CellType::Figure; }
+
+bool alignsRight(CellType type) { return comparesAsNumber(type); }
+
+} // namespace
+
+void SpreadModel::setColumns(std::span<const SpreadColumn> columns)
+{
+    beginResetModel();
+    m_columns.assign(columns.begin(), columns.end());
+    m_headings.clear();
+    for (const SpreadColumn& each : columns)
+        m_headings.emplace_back(each.heading);
+    m_scratch.assign(columns.size(), {});
+    m_scratchViews.assign(columns.size(), {});
+    m_rows.clear();
+    m_shown = 0;
+    endResetModel();
+}
+
+std::string_view SpreadModel::text(int col, int row) const
+{
+    if (row == 0 && col >= 1 && col <= cols())
+        return m_headings[static_cast<std::size_t>(col - 1)];
+    return holds(col, row) ? m_rows[static_cast<std::size_t>(row - 1)].texts.text(col - 1) : std::string_view();
+}
+
+/// Number cells hold "12" for "0000012"; what is no whole number stays as it is.
+std::string_view SpreadModel::normalised(int col, std::string_view text)
+{
+    if (column(col).type != CellType::Number)
+        return text;
+    const std::string_view digits = wholeNumber(text);
+    if (digits.empty())
+        return text;
+    const std::string_view plain = digits.substr(std::min(digits.find_first_not_of('0'), digits.size() - 1));
+    if (!text.starts_with('-') || plain == "0")
+        return plain;
+    std::string& kept = m_scratch[static_cast<std::size_t>(col - 1)];
+    kept = '-';
+    kept += plain;
+    return kept;
+}
+
+void SpreadModel::setText(int col, int row, std::string_view text)
+{
+    if (row == 0 && col >= 1 && col <= cols()) {
+        m_headings[static_cast<std::size_t>(col - 1)] = text;
+        Q_EMIT headerDataChanged(Qt::Horizontal, col - 1, col - 1);
+        return;
+    }
+    if (!holds(col, row))
+        return;
+    m_rows[static_cast<std::size_t>(row - 1)].texts.setText(col - 1, normalised(col, text));
+    cellChanged(col, row, {Qt::DisplayRole});
+}
+
+void SpreadModel::setRowTexts(int row, std::span<const std::string_view> texts)
+{
+    if (row < 1 || row > rows())
+        return;
+    for (int col = 1; col <= cols(); ++col) {
+        const auto at = static_cast<std::size_t>(col - 1);
+        m_scratchViews[at] = at < texts.size() ? normalised(col, texts[at]) : std::string_view();
+    }
+    m_rows[static_cast<std::size_t>(row - 1)].texts = PackedRow(m_scratchViews);
+    if (m_redraw)
+        Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, cols() - 1));
+}
+
+void SpreadModel::setRows(int count)
+{
+    const int target = std::max(count, 0);
+    if (target < rows())
+        remove(target + 1, rows() - target);
+    else if (target > rows())
+        insert(rows() + 1, target - rows());
+}
+
+void SpreadModel::insert(int row, int count)
+{
+    if (row < 1 || row > rows() + 1 || count < 1)
+        return;
+    if (m_redraw)
+        beginInsertRows({}, row - 1, row + count - 2);
+    std::vector<Row> fresh(static_cast<std::size_t>(count));
+    m_rows.insert(m_rows.begin() + (row - 1), std::make_move_iterator(fresh.begin()),
+                  std::make_move_iterator(fresh.end()));
+    if (m_redraw) {
+        m_shown = rows();
+        endInsertRows();
+    }
+}
+
+void SpreadModel::remove(int row, int count)
+{
+    if (row < 1 || row > rows() || count < 1)
+        return;
+    const int last = std::min(row + count - 1, rows());
+    if (m_redraw)
+        beginRemoveRows({}, row - 1, last - 1);
+    m_rows.erase(m_rows.begin() + (row - 1), m_rows.begin() + last);
+    if (m_redraw) {
+        m_shown = rows();
+        endRemoveRows();
+    }
+}
+
+void SpreadModel::sort(std::span<const vaSpread::SortKey> keys)
+{
+    // Figures are read once, not at each comparison.
+    std::vector<std::vector<double>> figures(keys.size());
+    for (std::size_t k = 0; k < keys.size(); ++k) {
+        if (keys[k].col < 1 || keys[k].col > cols() || !comparesAsNumber(column(keys[k].col).type))
+            continue;
+        for (int row = 1; row <= rows(); ++row)
+            figures[k].push_back(sortValue(text(keys[k].col, row)));
+    }
+    const auto before = [&](std::size_t a, std::size_t b) {
+        for (std::size_t k = 0; k < keys.size(); ++k) {
+            int order = 0;
+            if (!figures[k].empty())
+                order = figures[k][a] < figures[k][b] ? -1 : (figures[k][b] < figures[k][a] ? 1 : 0);
+            else
+                order = compareFolded(m_rows[a].texts.text(keys[k].col - 1), m_rows[b].texts.text(keys[k].col - 1));
+            if (order != 0)
+                return keys[k].ascending ? order < 0 : order > 0;
+        }
+        return false;
+    };
+    std::vector<std::size_t> order(m_rows.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(), before);
+    std::vector<Row> sorted;
+    sorted.reserve(m_rows.size());
+    for (const std::size_t from : order)
+        sorted.push_back(std::move(m_rows[from]));
+    m_rows = std::move(sorted);
+    if (m_redraw && rows() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rows() - 1, cols() - 1));
+}
+
+void SpreadModel::setRedraw(bool on)
+{
+    if (on == m_redraw)
+        return;
+    if (on)
+        beginResetModel();
+    m_redraw = on;
+    if (on) {
+        m_shown = rows();
+        endResetModel();
+    }
+}
+
+// ---- colours
+
+void SpreadModel::setBackColor(int row, const QColor& color)
+{
+    if (row < 1 || row > rows())
+        return;
+    QRgb& back = m_rows[static_cast<std::size_t>(row - 1)].back;
+    const QRgb wanted = color.isValid() ? color.rgb() : 0;
+    if (back == wanted)
+        return;
+    back = wanted;
+    if (m_redraw)
+        Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, cols() - 1), {Qt::BackgroundRole});
+}
+
+QColor SpreadModel::backColor(int row) const
+{
+    const QRgb back = row >= 1 && row <= rows() ? m_rows[static_cast<std::size_t>(row - 1)].back : 0;
+    return back == 0 ? QColor() : QColor(back);
+}
+
+const SpreadModel::Mark* SpreadModel::mark(int col, int row) const
+{
+    if (!holds(col, row))
+        return nullptr;
+    const auto& marks = m_rows[static_cast<std::size_t>(row - 1)].marks;
+    if (!marks)
+        return nullptr;
+    const auto found = marks->find(col);
+    return found == marks->end() ? nullptr : &found->second;
+}
+
+SpreadModel::Mark& SpreadModel::markFor(int col, int row)
+{
+    auto& marks = m_rows[static_cast<std::size_t>(row - 1)].marks;
+    if (!marks)
+        marks = std::make_unique<std::map<int, Mark>>();
+    return (*marks)[col];
+}
+
+void SpreadModel::setForeColor(int col, int row, const QColor& color)
+{
+    if (!holds(col, row) || foreColor(col, row) == color)
+        return;
+    markFor(col, row).fore = color;
+    cellChanged(col, row, {Qt::ForegroundRole});
+}
+
+QColor SpreadModel::foreColor(int col, int row) const
+{
+    const Mark* found = mark(col, row);
+    return found == nullptr ? QColor() : found->fore;
+}
+
+void SpreadModel::setBold(int col, int row, bool bold)
+{
+    if (!holds(col, row) || this->bold(col, row) == bold)
+        return;
+    markFor(col, row).bold = bold;
+    cellChanged(col, row, {Qt::FontRole});
+}
+
+bool SpreadModel::bold(int col, int row) const
+{
+    const Mark* found = mark(col, row);
+    return found != nullptr && found->bold;
+}
+
+void SpreadModel::cellChanged(int col, int row, const QList<int>& roles)
+{
+    if (m_redraw)
+        Q_EMIT dataChanged(index(row - 1, col - 1), index(row - 1, col - 1), roles);
+}
+
+// ---- the view's side
+
+int SpreadModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_shown; }
+
+int SpreadModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : cols(); }
+
+QVariant SpreadModel::data(const QModelIndex& index, int role) const
+{
+    const int col = index.column() + 1;
+    const int row = index.row() + 1;
+    if (!holds(col, row))
+        return {};
+    const CellType type = column(col).type;
+    switch (role) {
+    case Qt::DisplayRole:
+        if (type == CellType::CheckBox)
+            return {};
+        return type == CellType::Number ? grouped(text(col, row)) : QString::fromUtf8(text(col, row));
+    case Qt::EditRole:
+        return QString::fromUtf8(text(col, row));
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue(Qt::AlignVCenter | (alignsRight(type) ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::BackgroundRole: {
+        const QColor back = backColor(row);
+        return back.isValid() ? QVariant(back) : QVariant();
+    }
+    case Qt::ForegroundRole: {
+        const QColor fore = foreColor(col, row);
+        return fore.isValid() ? QVariant(fore) : QVariant();
+    }
+    case Qt::FontRole: {
+        if (!bold(col, row))
+            return {};
+        QFont font = static_cast<const QWidget*>(QObject::parent())->font();
+        font.setBold(true);
+        return font;
+    }
+    default:
+        return {};
+    }
+}
+
+QVariant SpreadModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= cols())
+        return {};
+    if (role == Qt::DisplayRole)
+        return QString::fromUtf8(m_headings[static_cast<std::size_t>(section)]);
+    return {};
+}
+
+Qt::ItemFlags SpreadModel::flags(const QModelIndex& index) const
+{
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    const CellType type = index.isValid() ? column(index.column() + 1).type : CellType::Locked;
+    if (type == CellType::Text || type == CellType::Number || type == CellType::Date || type == CellType::Time)
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+} // namespace suisui

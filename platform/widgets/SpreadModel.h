@@ -1,0 +1,85 @@
+// The rows behind a vaSpread: one packed block of text a row, a colour, and marks for the few cells that have
+// any. While redraw is off the view is told nothing; switching it on tells it everything at once.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <QAbstractTableModel>
+#include <QColor>
+
+#include "platform/core/PackedRow.h"
+#include "platform/widgets/vaSpread.h"
+
+namespace suisui {
+
+class SpreadModel final : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void setColumns(std::span<const SpreadColumn> columns);
+    [[nodiscard]] const SpreadColumn& column(int col) const { return m_columns[static_cast<std::size_t>(col - 1)]; }
+    [[nodiscard]] int cols() const { return static_cast<int>(m_columns.size()); }
+    [[nodiscard]] int rows() const { return static_cast<int>(m_rows.size()); }
+    [[nodiscard]] bool holds(int col, int row) const { return col >= 1 && col <= cols() && row >= 1 && row <= rows(); }
+
+    [[nodiscard]] std::string_view text(int col, int row) const;
+    void setText(int col, int row, std::string_view text);
+    void setRowTexts(int row, std::span<const std::string_view> texts);
+    void setRows(int count);
+    void insert(int row, int count);
+    void remove(int row, int count);
+    void sort(std::span<const vaSpread::SortKey> keys);
+
+    void setRedraw(bool on);
+    [[nodiscard]] bool redraw() const { return m_redraw; }
+
+    void setBackColor(int row, const QColor& color);
+    [[nodiscard]] QColor backColor(int row) const;
+    void setForeColor(int col, int row, const QColor& color);
+    [[nodiscard]] QColor foreColor(int col, int row) const;
+    void setBold(int col, int row, bool bold);
+    [[nodiscard]] bool bold(int col, int row) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    struct Mark
+    {
+        QColor fore;
+        bool bold = false;
+    };
+    struct Row
+    {
+        PackedRow texts;
+        QRgb back = 0; ///< 0: the grid's own
+        std::unique_ptr<std::map<int, Mark>> marks;
+    };
+
+    [[nodiscard]] std::string_view normalised(int col, std::string_view text);
+    [[nodiscard]] const Mark* mark(int col, int row) const;
+    Mark& markFor(int col, int row);
+    void cellChanged(int col, int row, const QList<int>& roles);
+
+    std::vector<SpreadColumn> m_columns;
+    std::vector<std::string> m_headings;
+    std::vector<Row> m_rows;
+    std::vector<std::string_view> m_scratchViews;
+    std::vector<std::string> m_scratch; ///< negative numbers without their zeros, one place a column
+    int m_shown = 0;                    ///< rows that the view knows of
+    bool m_redraw = true;
+};
+
+} // namespace suisui

@@ -1,0 +1,313 @@
+"""A desk for the program with nobody sitting at it: a screen, a bar-code reader on a serial line, a program
+folder, and hands for the keyboard. The sample day and the whole-program tests work at it.
+
+Nothing here waits for a fixed time: every wait is for a condition and ends in DeskError at its deadline.
+"""
+
+import os
+import pathlib
+import select
+import shutil
+import sqlite3
+import subprocess
+import tempfile
+import time
+import tty
+import urllib.parse
+
+MAIN_WINDOW = " すいすいＴＡＧ　　【 入出荷在庫管理 】　　Tarnvik Works Co.,Ltd."
+END_DIALOG = " システムを終了します"
+NO_PORT_BOX = "通信ポート(COM) 未設定"
+UNREGISTERED_BOX = "商品 未登録エラー"
+SHORTAGE_BOXES = (" 在庫不足", " 最低在庫数 未満")
+
+DEADLINE = 20.0  # seconds; generous, since nothing waits longer than it must
+LOOK_AGAIN = 0.02
+STANDS_STILL = 0.3
+
+
+class DeskError(AssertionError):
+    """Something expected did not happen."""
+
+
+def wait_for(what, condition, seconds=DEADLINE):
+    """Returns the first true value of condition(); DeskError names what when it stays false."""
+    deadline = time.monotonic() + seconds
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise DeskError(f"not within {seconds:g} seconds: {what}")
+        time.sleep(LOOK_AGAIN)
+
+
+class Screen:
+    """An X server and a window manager of its own, closed with the object."""
+
+    def __init__(self, width=1280, height=960):
+        self._home = tempfile.TemporaryDirectory(prefix="suisui-screen-")
+        os.chmod(self._home.name, 0o700)
+        number, told = os.pipe()
+        self._server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(told), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
+             "-noreset"],
+            pass_fds=(told,), stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(told)
+        ready, _, _ = select.select([number], [], [], DEADLINE)
+        name = os.read(number, 32).decode().strip() if ready else ""
+        os.close(number)
+        if not name:
+            self._server.kill()
+            raise DeskError("the X server does not start")
+        self.environment = {key: value for key, value in os.environ.items()
+                            if not key.startswith("QT_") and key != "WAYLAND_DISPLAY"}
+        # The window manager's and the user's own settings must not colour what happens here.
+        self.environment.update(DISPLAY=f":{name}", LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
+                                XDG_RUNTIME_DIR=self._home.name, XDG_CONFIG_HOME=self._home.name)
+        self._manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
+                                         stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                         stderr=subprocess.DEVNULL)
+        wait_for("the window manager is up", lambda: self._xdotool("get_num_desktops").returncode == 0)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def close(self):
+        for process in (self._manager, self._server):
+            process.terminate()
+            process.wait()
+        self._home.cleanup()
+
+    def _xdotool(self, *arguments):
+        return subprocess.run(["xdotool", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
+                              capture_output=True, encoding="utf-8", check=False)
+
+    def titles(self):
+        """Titles of the windows that can be seen."""
+        windows = self._xdotool("search", "--onlyvisible", "--name", ".").stdout.split()
+        commands = [word for window in windows for word in ("getwindowname", window)]
+        # A window may close between the two looks; what is left of the list is still right.
+        return self._xdotool(*commands).stdout.splitlines() if commands else []
+
+    def active_title(self):
+        return self._xdotool("getactivewindow", "getwindowname").stdout.rstrip("\n")
+
+    def wait_active(self, title, seconds=DEADLINE):
+        """Waits until the window with this title is there and takes the keys."""
+        try:
+            wait_for(f"window {title!r}", lambda: self.active_title() == title, seconds)
+        except DeskError as error:
+            raise DeskError(f"{error}; to be seen: {self.titles()}") from None
+
+    def wait_gone(self, title, seconds=DEADLINE):
+        wait_for(f"window {title!r} is gone", lambda: title not in self.titles(), seconds)
+
+    def press(self, *keys):
+        done = self._xdotool("key", *keys)
+        if done.returncode != 0:
+            raise DeskError(f"keys {keys}: {done.stderr}")
+
+    def type(self, text):
+        """Types as fast as the server takes it, as a keyboard-style reader does."""
+        done = self._xdotool("type", "--delay", "0", text)
+        if done.returncode != 0:
+            raise DeskError(f"typing {text!r}: {done.stderr}")
+
+    def answer(self, title, *keys, picture=None):
+        """Waits for the box, answers it with keys (Enter unless told) and waits until it is gone."""
+        self.wait_active(title)
+        if picture:
+            self.settled_picture(picture)
+        self.press(*(keys or ("Return",)))
+        self.wait_gone(title)
+
+    def picture(self, path):
+        subprocess.run(["scrot", "--overwrite", str(path)], env=self.environment, check=False,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def settled_picture(self, path):
+        """A picture of the screen once it has stopped changing."""
+        path = pathlib.Path(path)
+
+        def same_twice():
+            self.picture(path)
+            before = path.read_bytes() if path.exists() else b""
+            time.sleep(LOOK_AGAIN)
+            self.picture(path)
+            return before and path.read_bytes() == before
+
+        wait_for(f"a steady screen for {path.name}", same_twice)
+
+
+class Reader:
+    """A bar-code reader on a pseudo-terminal."""
+
+    def __init__(self):
+        self._reader, self._line = os.openpty()
+        tty.setraw(self._line)
+        self.device = os.ttyname(self._line)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.unplug()
+
+    def send(self, data):
+        while data:
+            data = data[os.write(self._reader, data):]
+
+    def scan(self, text):
+        self.send(text.encode("cp932") + b"\r\n")
+
+    def unplug(self):
+        for end in (self._line, self._reader):
+            if end >= 0:
+                os.close(end)
+        self._reader = self._line = -1
+
+
+class Shop:
+    """A program folder, and a look into its database that changes nothing."""
+
+    def __init__(self, folder):
+        self.folder = pathlib.Path(folder).resolve()
+        self.database = self.folder / "DB" / "trnvik.mdb"
+
+    @staticmethod
+    def install(build, folder):
+        """The program folder as an installation leaves it, without a database."""
+        subprocess.run(["cmake", "--install", str(build), "--prefix", str(pathlib.Path(folder).resolve())],
+                       check=True, stdout=subprocess.DEVNULL)
+        return Shop(folder)
+
+    def fill(self):
+        """A database with the sample shop."""
+        for command in ("create", "sample"):
+            self.tagdb(command, check=True)
+
+    def copy_to(self, folder):
+        """A shop of the same contents. The programs are linked, not copied: each still sees its own folder."""
+        programs = {"suisuitag", "tagdb"}
+
+        def take(source, target):
+            if pathlib.Path(source).name in programs:
+                try:
+                    return os.link(source, target)
+                except OSError:  # another file system
+                    pass
+            return shutil.copy2(source, target)
+
+        shutil.copytree(self.folder, folder, copy_function=take)
+        return Shop(folder)
+
+    def tagdb(self, *arguments, check=False):
+        return subprocess.run([str(self.folder / "tagdb"), *arguments, "--base", str(self.folder)], check=check,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                              encoding="utf-8", env={**os.environ, "QT_QPA_PLATFORM": "offscreen"})
+
+    def rows(self, sql, *values):
+        """Rows of a SELECT as a second, reading connection sees them."""
+        link = sqlite3.connect(f"file:{urllib.parse.quote(str(self.database))}?mode=ro", uri=True, timeout=10)
+        try:
+            return link.execute(sql, values).fetchall()
+        finally:
+            link.close()
+
+    def count(self, table):
+        return self.rows(f"SELECT count(*) FROM {table}")[0][0]
+
+    def stock(self):
+        return dict(self.rows("SELECT Code, ZaikoSuu FROM ZaikoTB"))
+
+    def change(self, sql, rows):
+        """Prepares the shop before the program starts: one statement for each of rows, in one unit."""
+        link = sqlite3.connect(self.database)
+        with link:
+            link.executemany(sql, rows)
+        link.close()
+
+    def add(self, table, rows):
+        """Adds rows given as {column: text}; the columns not named stay empty."""
+        rows = [rows] if isinstance(rows, dict) else list(rows)
+        names = list(rows[0])
+        self.change(f"INSERT INTO {table} ({', '.join(names)}) VALUES ({', '.join('?' * len(names))})",
+                    [[row[name] for name in names] for row in rows])
+
+    def use_reader(self, device, port=9):
+        """Sets the reader up as the settings screen does: 9600,N,8,1 on the numbered port."""
+        (self.folder / "Ini" / "AppEnv.ini").write_text(
+            "[Use]\nLastUseDate=\n\n"
+            f"[Reader]\nCommKind=1\nCommPortNo={port}\nCommBaud=9600\nCommParity=N\nCommDataBit=8\n"
+            f"CommStopBit=1\n\n[Ports]\n{port}={device}\n", encoding="utf-8")
+
+    def settings(self, name):
+        """A settings file as {(section, key): value}."""
+        found, section = {}, ""
+        for line in (self.folder / "Ini" / name).read_text(encoding="utf-8").splitlines():
+            line = line.strip()
+            if line.startswith("["):
+                section = line.strip("[]")
+            elif "=" in line and not line.startswith(";"):
+                key, value = line.split("=", 1)
+                found[section, key] = value
+        return found
+
+
+class Program:
+    """One run of the program in a shop's folder."""
+
+    def __init__(self, shop, screen):
+        self._said = tempfile.TemporaryFile()
+        self._process = subprocess.Popen([str(shop.folder / "suisuitag")], cwd="/", env=screen.environment,
+                                         stdin=subprocess.DEVNULL, stdout=self._said, stderr=self._said)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.running():
+            self._process.kill()
+        self._process.wait()
+        self._said.close()
+
+    @property
+    def pid(self):
+        return self._process.pid
+
+    def running(self):
+        return self._process.poll() is None
+
+    def ended(self, seconds=DEADLINE):
+        """Waits for the end; the exit status, negative for a signal."""
+        wait_for("the program has ended", lambda: not self.running(), seconds)
+        return self._process.returncode
+
+    def said(self):
+        """What it wrote to its outputs; a healthy run writes nothing."""
+        self._said.seek(0)
+        return self._said.read().decode("utf-8", "replace")
+
+    def _processor_ticks(self):
+        try:
+            fields = pathlib.Path(f"/proc/{self.pid}/stat").read_text().rsplit(")", 1)[1].split()
+        except OSError:
+            return None
+        return int(fields[11]) + int(fields[12])
+
+    def wait_idle(self):
+        """Waits until the program has done all there is to do: it used no processor time for a while."""
+        last, since = self._processor_ticks(), time.monotonic()
+
+        def still():
+            nonlocal last, since
+            ticks = self._processor_ticks()
+            if ticks != last:
+                last, since = ticks, time.monotonic()
+            return time.monotonic() - since > STANDS_STILL
+
+        wait_for("the program is at rest", still)

@@ -1,0 +1,49 @@
+# The packages of Debian 12 that the commands need, and how they come onto the machine.
+# To be sourced; README.md says what each package is for.
+
+build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev libsqlite3-dev libxcb1-dev)
+program_packages=(qt6-translations-l10n fonts-morisawa-bizud-gothic)
+no_display_packages=(python3 xvfb xdotool openbox scrot)
+test_packages=(libgtest-dev libbenchmark-dev clang-format clang-tidy "${no_display_packages[@]}")
+bench_packages=(libbenchmark-dev "${no_display_packages[@]}")
+
+say() { printf '\n== %s\n' "$*"; }
+
+# Prints those of the named packages that are not installed.
+missing_packages() {
+    local package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || echo "$package"
+    done
+}
+
+# Installs those of the named packages that are missing; asks for nothing when all are there.
+install_packages() {
+    if ! command -v dpkg-query >/dev/null; then
+        echo "This is no Debian system. Needed are the equivalents of: $*"
+        return 0
+    fi
+    local missing as_root=()
+    mapfile -t missing < <(missing_packages "$@")
+    [ "${#missing[@]}" -gt 0 ] || return 0
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "Missing, and neither root nor sudo is here to install them: ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    say "Installing: ${missing[*]}"
+    "${as_root[@]}" apt-get update -q
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "${missing[@]}"
+}
+
+# A runtime folder of our own where the session gives none.
+runtime_folder() {
+    if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
+        export XDG_RUNTIME_DIR="$PWD/build/runtime"
+        mkdir -p "$XDG_RUNTIME_DIR"
+        chmod 700 "$XDG_RUNTIME_DIR"
+    fi
+}

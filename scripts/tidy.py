@@ -1,0 +1,99 @@
+#!/usr/bin/env python3
+"""Runs clang-tidy over the program's sources, and only over those that changed since they were last clean.
+
+A source counts as changed when its own text, a header or form of the house that it includes at any depth, its
+compile command or the settings of clang-tidy changed.
+"""
+
+import argparse
+import concurrent.futures
+import hashlib
+import json
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import time
+
+import includes
+
+PRODUCT = [room for room in includes.ROOMS if room not in ("tests", "benchmarks")]
+
+
+class Sources:
+    """Fingerprints of files of the house together with all that they include."""
+
+    def __init__(self, root):
+        self._root = root
+        self._forms = {f"ui_{form.stem}.h": form.relative_to(root).as_posix()
+                       for room in PRODUCT for form in (root / room).rglob("*.ui")}
+
+    def _included(self, text):
+        for _, kind, name in includes.includes(text):
+            if kind == '"':
+                yield self._forms.get(name, name)
+
+    def fingerprint(self, path):
+        seen, waiting, digest = set(), [path], hashlib.sha256()
+        while waiting:
+            name = waiting.pop()
+            if name in seen or not (self._root / name).is_file():
+                continue
+            seen.add(name)
+            text = (self._root / name).read_text(encoding="utf-8")
+            digest.update(f"{name}\0{text}\0".encode())
+            waiting += sorted(self._included(text))
+        return digest.hexdigest()
+
+
+def main():
+    options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    options.add_argument("--build", required=True, help="folder with compile_commands.json")
+    options.add_argument("--jobs", type=int, default=os.cpu_count() or 2)
+    options.add_argument("root", help="top of the source tree")
+    chosen = options.parse_args()
+    root, build = pathlib.Path(chosen.root).resolve(), pathlib.Path(chosen.build).resolve()
+    tidy = shutil.which("clang-tidy")
+    if tidy is None:
+        sys.exit("clang-tidy is not installed")
+    settings = subprocess.run([tidy, "--version"], capture_output=True, check=True).stdout
+    settings += (root / ".clang-tidy").read_bytes()
+    clean = build / "tidy"
+    clean.mkdir(exist_ok=True)
+
+    files = Sources(root)
+    work = {}
+    for entry in json.loads((build / "compile_commands.json").read_text(encoding="utf-8")):
+        path = pathlib.Path(entry["file"])
+        name = path.relative_to(root).as_posix() if path.is_relative_to(root) else ""
+        if includes.room_of(name) in PRODUCT:
+            key = hashlib.sha256(settings + entry["command"].encode() + files.fingerprint(name).encode())
+            work[name] = clean / key.hexdigest()
+    if not work:
+        sys.exit("no sources found")
+    waiting = [name for name, mark in work.items() if not mark.exists()]
+    headers = f"^{re.escape(str(root))}/({'|'.join(PRODUCT)})/"
+    started = time.monotonic()
+
+    def check(name):
+        return name, subprocess.run([tidy, "-p", str(build), "--quiet", f"--header-filter={headers}", str(root / name)],
+                                    capture_output=True, encoding="utf-8", check=False)
+
+    wrong = 0
+    with concurrent.futures.ThreadPoolExecutor(chosen.jobs) as workers:
+        for name, result in workers.map(check, waiting):
+            if result.returncode == 0:
+                work[name].touch()
+            else:
+                wrong += 1
+                print(f"{name}:\n{result.stdout}{result.stderr}", flush=True)
+    for mark in set(clean.iterdir()) - set(work.values()):
+        mark.unlink()
+    print(f"{len(work)} files, {len(waiting)} of them looked at in {time.monotonic() - started:.0f} s, {wrong} with faults")
+    sys.exit(1 if wrong else 0)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,304 @@
+#include "store/AppDB.h"
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace suisui {
+
+namespace {
+
+constexpr int noError = 0;
+constexpr int failure = 1;
+constexpr std::string_view duplicateKey = "3022";
+
+/// Statements that bring a file of an older layout up by one version; step i leads from version i + 1 on.
+constexpr std::array<std::span<const std::string_view>, schemaVersion - 1> upgradeSteps{};
+
+struct Advice
+{
+    EngineError kind;
+    const char* text;
+};
+
+constexpr Advice advices[] = {
+    {EngineError::Busy, "他のプログラムが データベースを使用中です。　　　\r\n\r\n他のプログラムを終了してから、再度、操作して下さい。"},
+    {EngineError::Full, "ディスクの空き容量が足りません。　　　\r\n\r\n不要なファイルを削除してから、再度、操作して下さい。"},
+    {EngineError::ReadOnly, "データベースに書き込めません。　　　\r\n\r\nファイルとフォルダの 書き込み許可を確認して下さい。"},
+    {EngineError::Damaged, "データベースが壊れています。　　　\r\n\r\nバックアップから 復元して下さい。"},
+    {EngineError::NoDatabase, "データベースを開けません。　　　\r\n\r\nデータファイルを確認して下さい。"},
+};
+
+/// Flushes a file or folder to the disk.
+bool synced(const std::filesystem::path& path)
+{
+    const int handle = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (handle < 0)
+        return false;
+    const bool good = ::fsync(handle) == 0;
+    ::close(handle);
+    return good;
+}
+
+} // namespace
+
+AppDB::AppDB(std::string databaseFolder, ErrorSink showError)
+    : m_databaseFolder(std::move(databaseFolder)), m_showError(std::move(showError)), m_inpTbl(*this, inpTable),
+      m_outTbl(*this, outTable), m_masterTbl(*this, masterTable), m_kokyakuAll(*this, kokyakuTable),
+      m_kokyakuNyu(*this, kokyakuTable), m_kokyakuSyu(*this, kokyakuTable), m_tantouTbl(*this, tantouTable),
+      m_inpList(*this, inpTable), m_outList(*this, outTable), m_zaikoTbl(*this, zaikoTable),
+      m_masterSyu(*this, masterTable), m_masterPost(*this, masterTable), m_hseihinTbl(*this, hseihinTable),
+      m_kokyakuSlip(*this, kokyakuTable), m_rirekiTbl(*this, rirekiTable)
+{
+}
+
+AppDB::~AppDB() { CloseFile(); }
+
+int AppDB::Open(std::string_view file)
+{
+    CloseFile();
+    const std::string path =
+        file.find('/') == std::string_view::npos ? m_databaseFolder + "/" + std::string(file) : std::string(file);
+    int code = m_engine.open(path);
+    // A file that takes no write, now or ever, is no use to a shop: better to hear it at the start than at
+    // the first scan.
+    if (code == noError && m_engine.isReadOnly())
+        code = failure;
+    if (code == noError)
+        code = m_engine.execute("BEGIN IMMEDIATE");
+    if (code == noError) {
+        const bool ours = isOurs();
+        code = m_engine.execute(ours ? "COMMIT" : "ROLLBACK");
+        if (!ours)
+            code = failure;
+    }
+    if (code != noError) {
+        m_lastErrNo = std::to_string(code);
+        m_lastErrText = m_engine.errorText();
+        report(code);
+        m_engine.close();
+        m_lastStatus = failure;
+        return failure;
+    }
+    m_lastStatus = noError;
+    return noError;
+}
+
+/// Whether the open file is a database of this program, brought up to the present layout where it is older.
+/// Runs inside a transaction.
+bool AppDB::isOurs()
+{
+    std::int64_t version = 0;
+    if (m_engine.selectNumber("PRAGMA user_version", version) != noError || version < 1 || version > schemaVersion)
+        return false;
+    for (auto step = static_cast<std::size_t>(version) - 1; step < upgradeSteps.size(); ++step)
+        for (const std::string_view statement : upgradeSteps[step])
+            if (m_engine.execute(statement) != noError)
+                return false;
+    for (const TableDef* table : allTables()) {
+        std::string columns;
+        const int code = m_engine.select("SELECT cid, name FROM pragma_table_info('" + std::string(table->name) + "')",
+                                         [&columns](std::int64_t, std::span<const std::string_view> texts) {
+                                             columns += texts[0];
+                                             columns += ',';
+                                         });
+        std::string expected;
+        for (const std::string_view column : table->columns) {
+            expected += column;
+            expected += ',';
+        }
+        if (code != noError || columns != expected)
+            return false;
+    }
+    return version == schemaVersion
+           || m_engine.execute("PRAGMA user_version=" + std::to_string(schemaVersion)) == noError;
+}
+
+int AppDB::beginWrite()
+{
+    if (m_inUnit) {
+        if (m_engine.inTransaction())
+            return noError;
+        // The engine has given up the unit by itself, as it does on a full disk. What came before is gone, so
+        // what comes after must not be stored alone.
+        m_lastStatus = failure;
+        return failure;
+    }
+    const int code = m_engine.execute("BEGIN IMMEDIATE");
+    if (code != noError)
+        return fail(code);
+    m_inUnit = true;
+    return noError;
+}
+
+int AppDB::fail(int engineCode)
+{
+    m_lastErrNo = m_engine.errorKind(engineCode) == EngineError::DuplicateKey ? std::string(duplicateKey)
+                                                                            : std::to_string(engineCode);
+    m_lastErrText = m_engine.errorText();
+    m_lastStatus = failure;
+    report(engineCode);
+    return failure;
+}
+
+int AppDB::succeed()
+{
+    m_lastStatus = noError;
+    return noError;
+}
+
+int AppDB::refuse()
+{
+    m_lastErrNo.clear();
+    m_lastErrText = "the row was changed or deleted meanwhile";
+    m_lastStatus = failure;
+    return failure;
+}
+
+void AppDB::failRead(int engineCode)
+{
+    m_lastErrNo = std::to_string(engineCode);
+    m_lastErrText = m_engine.errorText();
+    report(engineCode);
+}
+
+/// A duplicate key is the caller's to speak of; everything else the operator learns from here.
+void AppDB::report(int engineCode)
+{
+    if (m_showErrors && m_showError && m_engine.errorKind(engineCode) != EngineError::DuplicateKey)
+        m_showError(adviceFor(engineCode));
+}
+
+std::string AppDB::adviceFor(int engineCode) const
+{
+    const EngineError kind = m_engine.errorKind(engineCode);
+    for (const Advice& advice : advices)
+        if (advice.kind == kind)
+            return advice.text;
+    return "データベースの処理に失敗しました。　　　\r\n\r\n　（ " + m_lastErrNo + " : " + m_lastErrText + " ）";
+}
+
+void AppDB::Commit()
+{
+    m_lastStatus = noError;
+    if (!m_inUnit)
+        return;
+    if (!m_engine.inTransaction()) {
+        m_lastStatus = failure;
+        return; // given up by the engine; the caller rolls back
+    }
+    const int code = m_engine.execute("COMMIT");
+    if (code != noError) {
+        fail(code);
+        return;
+    }
+    m_inUnit = false;
+    for (RowSet* rows : m_rowSets)
+        rows->unitCommitted();
+}
+
+void AppDB::Rollback()
+{
+    if (!m_inUnit)
+        return;
+    if (m_engine.inTransaction())
+        (void)m_engine.execute("ROLLBACK");
+    m_inUnit = false;
+    for (RowSet* rows : m_rowSets)
+        rows->unitRolledBack();
+}
+
+int AppDB::CloseAfterSave() { return noError; }
+
+void AppDB::CloseFile()
+{
+    CloseRecordset();
+    Rollback();
+    m_engine.close();
+}
+
+int AppDB::OpenRecordset(std::string_view sql)
+{
+    CloseRecordset();
+    Sqlite::Cursor cursor;
+    const int code = m_engine.openCursor(sql, cursor);
+    if (code != noError) {
+        failRead(code);
+        return failure;
+    }
+    m_recordset.start(std::move(cursor));
+    return noError;
+}
+
+void AppDB::CloseRecordset() { m_recordset.close(); }
+
+void AppDB::Execute(std::string_view sql)
+{
+    if (beginWrite() != noError)
+        return;
+    const int code = m_engine.execute(sql);
+    if (code != noError)
+        fail(code);
+    else
+        succeed();
+}
+
+void AppDB::Release()
+{
+    CloseFile();
+    for (RowSet* rows : m_rowSets)
+        rows->Clear();
+}
+
+int AppDB::Create(const std::string& path, std::string* error)
+{
+    namespace fs = std::filesystem;
+    const fs::path target(path);
+    const fs::path aside = target.string() + ".new";
+    std::error_code code;
+    const auto give = [error](const std::string& why) {
+        if (error != nullptr)
+            *error = why;
+        return failure;
+    };
+    if (fs::exists(target, code))
+        return give("already there: " + path);
+    fs::remove(aside, code);
+    // The engine opens existing files only; an empty file is a database without tables.
+    const int handle = ::open(aside.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0664);
+    if (handle < 0)
+        return give("cannot write " + aside.string());
+    ::close(handle);
+    {
+        Sqlite engine;
+        int status = engine.open(aside.string());
+        const auto run = [&](std::string_view sql) {
+            if (status == noError)
+                status = engine.execute(sql);
+        };
+        run("BEGIN IMMEDIATE");
+        for (const TableDef* table : allTables())
+            for (const std::string& statement : createStatements(*table))
+                run(statement);
+        run("PRAGMA user_version=" + std::to_string(schemaVersion));
+        run("COMMIT");
+        if (status != noError) {
+            const std::string why = engine.errorText();
+            engine.close();
+            fs::remove(aside, code);
+            return give(why);
+        }
+    }
+    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    if (!synced(aside) || ::renameat2(AT_FDCWD, aside.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) != 0
+        || !synced(folder)) {
+        fs::remove(aside, code);
+        return give("cannot write " + path);
+    }
+    return noError;
+}
+
+} // namespace suisui

@@ -1,0 +1,18 @@
+// The ways of the store's SQL that the rules rely on: Like with "*" and "?", CDbl, CStr, Format. Trim and iif
+// are the engine's own.
+#pragma once
+
+#include <string_view>
+
+struct sqlite3;
+
+namespace suisui {
+
+/// Whether \a text matches \a pattern: "*" any characters, "?" exactly one, everything else itself, letters
+/// a to z without regard to case. Linear in the product of the lengths at worst.
+[[nodiscard]] bool like(std::string_view text, std::string_view pattern);
+
+/// Registers the functions on a connection. Returns an engine code.
+[[nodiscard]] int registerDialect(sqlite3* db);
+
+} // namespace suisui

@@ -1,0 +1,163 @@
+#include "store/IniFile.h"
+
+#include <algorithm>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStringDecoder>
+
+#include "platform/core/CodePage.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui {
+
+namespace {
+
+/// Without the blanks around it; full-width blanks are part of a text.
+QStringView stripped(QStringView text)
+{
+    const auto blank = [](QChar c) { return c == u' ' || c == u'\t' || c == u'\r'; };
+    while (!text.isEmpty() && blank(text.front()))
+        text = text.sliced(1);
+    while (!text.isEmpty() && blank(text.back()))
+        text.chop(1);
+    return text;
+}
+
+QString unquoted(QStringView value)
+{
+    if (value.size() >= 2 && value.front() == u'"' && value.back() == u'"')
+        value = value.sliced(1, value.size() - 2);
+    return value.toString();
+}
+
+QString quotedIfNeeded(const QString& value)
+{
+    const bool looksQuoted = value.size() >= 2 && value.front() == u'"' && value.back() == u'"';
+    return looksQuoted || stripped(value) != value ? u'"' + value + u'"' : value;
+}
+
+QString decoded(QByteArray bytes)
+{
+    if (bytes.startsWith("\xEF\xBB\xBF"))
+        bytes.remove(0, 3);
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    QString text = utf8(bytes);
+    return utf8.hasError() ? QString::fromStdString(fromCp932(bytes.toStdString())) : text;
+}
+
+/// A rename is on the disk only when its folder is.
+void syncFolder(const QString& folder)
+{
+    const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    ::fsync(handle);
+    ::close(handle);
+}
+
+bool same(QStringView a, QStringView b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+
+} // namespace
+
+void IniFile::load(const QString& path)
+{
+    m_path = path;
+    m_lines.clear();
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly))
+        parse(decoded(file.readAll()));
+}
+
+void IniFile::parse(QStringView text)
+{
+    m_lines.clear();
+    QString section;
+    for (const QStringView each : text.tokenize(u'\n')) {
+        QStringView line = each;
+        if (line.endsWith(u'\r'))
+            line.chop(1);
+        const QStringView content = stripped(line);
+        const qsizetype equals = content.indexOf(u'=');
+        if (content.startsWith(u'[') && content.endsWith(u']'))
+            section = stripped(content.sliced(1, content.size() - 2)).toString();
+        Line parsed{line.toString(), section, {}, {}};
+        if (!content.startsWith(u';') && !content.startsWith(u'[') && equals > 0) {
+            parsed.key = stripped(content.first(equals)).toString();
+            parsed.value = unquoted(stripped(content.sliced(equals + 1)));
+        }
+        m_lines.push_back(std::move(parsed));
+    }
+    while (!m_lines.empty() && m_lines.back().text.isEmpty())
+        m_lines.pop_back();
+}
+
+std::optional<QString> IniFile::value(QStringView section, QStringView key) const
+{
+    for (const Line& line : m_lines)
+        if (!line.key.isEmpty() && same(line.section, section) && same(line.key, key))
+            return line.value;
+    return std::nullopt;
+}
+
+bool IniFile::setValue(const QString& section, const QString& key, const QString& value)
+{
+    return setValues(section, {{key, value}});
+}
+
+bool IniFile::setValues(const QString& section, const std::vector<std::pair<QString, QString>>& values)
+{
+    if (m_path.isEmpty())
+        return false;
+    IniFile now; // the master-data program may have written since this was read
+    now.load(m_path);
+    for (const auto& [key, value] : values)
+        now.put(section, key, value);
+    if (!save(now.m_lines))
+        return false;
+    m_lines = std::move(now.m_lines);
+    return true;
+}
+
+void IniFile::put(const QString& section, const QString& key, const QString& value)
+{
+    QString oneLine = value;
+    oneLine.remove(u'\n').remove(u'\r');
+    const Line line{key + u'=' + quotedIfNeeded(oneLine), section, key, oneLine};
+    const auto at = std::find_if(m_lines.begin(), m_lines.end(), [&](const Line& each) {
+        return same(each.section, section) && same(each.key, key);
+    });
+    if (at != m_lines.end()) {
+        *at = line;
+        return;
+    }
+    const auto last = std::find_if(m_lines.rbegin(), m_lines.rend(), [&](const Line& each) {
+        return same(each.section, section) && !each.text.isEmpty();
+    });
+    if (last != m_lines.rend()) {
+        m_lines.insert(last.base(), line);
+        return;
+    }
+    m_lines.push_back({u'[' + section + u']', section, {}, {}});
+    m_lines.push_back(line);
+}
+
+bool IniFile::save(const std::vector<Line>& lines) const
+{
+    QSaveFile file(m_path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    for (const Line& line : lines)
+        file.write((line.text + u"\r\n"_s).toUtf8());
+    if (!file.commit())
+        return false;
+    syncFolder(QFileInfo(m_path).absolutePath());
+    return true;
+}
+
+} // namespace suisui

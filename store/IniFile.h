@@ -1,0 +1,47 @@
+// A plain initialisation file: sections, keys, values, comments. Read tolerantly (UTF-8, else code page 932;
+// a damaged line is skipped), written atomically: a power cut leaves the old file or the new one.
+#pragma once
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include <QString>
+
+namespace suisui {
+
+class IniFile
+{
+public:
+    /// Reads \a path; a file that is missing or cannot be read is empty.
+    void load(const QString& path);
+    /// Takes \a text as the content, with no file behind it.
+    void parse(QStringView text);
+
+    /// Value of \a key in \a section, names without regard to case; nothing when it is not there. Blanks
+    /// around a value are dropped unless it stands in double quotes; full-width blanks stay.
+    [[nodiscard]] std::optional<QString> value(QStringView section, QStringView key) const;
+
+    /// Sets a value and replaces the file. False when it could not be written; the file is then as it was.
+    /// What another program has written meanwhile is kept.
+    bool setValue(const QString& section, const QString& key, const QString& value);
+    /// Several values of one section in one replacement of the file.
+    bool setValues(const QString& section, const std::vector<std::pair<QString, QString>>& values);
+
+private:
+    struct Line
+    {
+        QString text;    ///< as it stands in the file
+        QString section; ///< the section that the line belongs to
+        QString key;     ///< empty: a comment, a heading or a damaged line
+        QString value;
+    };
+
+    void put(const QString& section, const QString& key, const QString& value);
+    [[nodiscard]] bool save(const std::vector<Line>& lines) const;
+
+    QString m_path;
+    std::vector<Line> m_lines;
+};
+
+} // namespace suisui

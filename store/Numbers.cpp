@@ -1,0 +1,199 @@
+#include "store/Numbers.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "platform/core/RunTimeError.h"
+
+namespace suisui {
+
+namespace {
+
+constexpr int significantDigits = 15; // what a double carries of any decimal text
+
+std::string_view trimmed(std::string_view text)
+{
+    const auto first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+[[noreturn]] void noNumber(std::string_view text)
+{
+    throw RunTimeError(RunTimeError::TypeMismatch, "no number: " + std::string(text.substr(0, 40)));
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// Text without grouping commas and with "E" for "D"; empty when it has not the shape of a number.
+std::string plainForm(std::string_view text)
+{
+    std::string plain;
+    bool digits = false;
+    bool point = false;
+    std::size_t i = 0;
+    if (text[0] == '+' || text[0] == '-') {
+        if (text[0] == '-')
+            plain += '-';
+        ++i;
+    }
+    for (; i < text.size(); ++i) {
+        const char c = text[i];
+        if (isDigit(c)) {
+            plain += c;
+            digits = true;
+        } else if (c == '.' && !point) {
+            plain += c;
+            point = true;
+        } else if (c == ',' && digits && !point) {
+            continue;
+        } else {
+            break;
+        }
+    }
+    if (!digits)
+        return {};
+    if (i == text.size())
+        return plain;
+    if (text[i] != 'E' && text[i] != 'e' && text[i] != 'D' && text[i] != 'd')
+        return {};
+    plain += 'e';
+    if (++i < text.size() && (text[i] == '+' || text[i] == '-'))
+        plain += text[i++];
+    if (i == text.size())
+        return {};
+    for (; i < text.size(); ++i) {
+        if (!isDigit(text[i]))
+            return {};
+        plain += text[i];
+    }
+    return plain;
+}
+
+double parse(std::string_view text)
+{
+    double value = 0;
+    // The usual case first: plain digits, as the tables hold them.
+    const auto quick = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+    if (quick.ec == std::errc() && quick.ptr == text.data() + text.size() && std::isfinite(value))
+        return value;
+    const std::string plain = plainForm(text);
+    if (plain.empty())
+        noNumber(text);
+    const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        const auto exponent = plain.find('e');
+        if (exponent != std::string::npos && plain.at(exponent + 1) == '-')
+            return 0;
+        throw RunTimeError(RunTimeError::Overflow, "number too large");
+    }
+    return value;
+}
+
+template <typename Integer> Integer toInteger(double number)
+{
+    const double rounded = std::nearbyint(number); // halves to the even neighbour
+    if (!(rounded >= std::numeric_limits<Integer>::min() && rounded <= std::numeric_limits<Integer>::max()))
+        throw RunTimeError(RunTimeError::Overflow, "outside the range of an integer");
+    return static_cast<Integer>(rounded);
+}
+
+/// Digits of the whole number nearest to \a number, halves away from zero, decided on its decimal text of 15
+/// significant digits: 2.4999999999999996 is a 2.5 that lost a bit on the way, and reads as one.
+std::string wholeDigits(double number)
+{
+    std::array<char, 64> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::scientific,
+                                   significantDigits - 1);
+    const std::string_view scientific(text.data(), static_cast<std::size_t>(end.ptr - text.data()));
+    const auto e = scientific.find('e');
+    int exponent = 0;
+    const std::string_view exponentText = scientific.substr(e + (scientific[e + 1] == '+' ? 2 : 1));
+    std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
+    std::string digits(1, scientific[0]);
+    digits += scientific.substr(2, e - 2);
+    if (exponent < -1)
+        return "0";
+    const int whole = exponent + 1;
+    if (whole >= static_cast<int>(digits.size()))
+        return digits + std::string(static_cast<std::size_t>(whole) - digits.size(), '0');
+    const bool up = digits[static_cast<std::size_t>(whole)] >= '5';
+    digits.resize(static_cast<std::size_t>(whole));
+    if (!up)
+        return digits.empty() ? "0" : digits;
+    std::size_t i = digits.size();
+    while (i > 0 && digits[i - 1] == '9')
+        digits[--i] = '0';
+    if (i == 0)
+        return "1" + digits;
+    ++digits[i - 1];
+    return digits;
+}
+
+int digitsOf(std::string_view mask, char kind)
+{
+    int count = 0;
+    for (const char c : mask)
+        count += c == kind ? 1 : 0;
+    return count;
+}
+
+} // namespace
+
+double CDbl(std::string_view text)
+{
+    const std::string_view number = trimmed(text);
+    if (number.empty())
+        noNumber(text);
+    return parse(number);
+}
+
+double numberOf(std::string_view text)
+{
+    const std::string_view number = trimmed(text);
+    return number.empty() ? 0 : parse(number);
+}
+
+std::string CStr(double number)
+{
+    if (number == 0)
+        return "0";
+    std::array<char, 400> text{}; // the longest double has 309 digits before the point
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
+    return {text.data(), end.ptr};
+}
+
+std::int16_t CInt(double number) { return toInteger<std::int16_t>(number); }
+
+std::int32_t CLng(double number) { return toInteger<std::int32_t>(number); }
+
+std::int32_t multiply(std::int32_t a, std::int32_t b)
+{
+    std::int32_t product = 0;
+    if (__builtin_mul_overflow(a, b, &product))
+        throw RunTimeError(RunTimeError::Overflow, "product outside 32 bits");
+    return product;
+}
+
+std::string Format(double number, std::string_view mask)
+{
+    if (!std::isfinite(number))
+        throw RunTimeError(RunTimeError::Overflow, "number too large");
+    std::string digits = wholeDigits(std::abs(number));
+    digits.erase(0, std::min(digits.find_first_not_of('0'), digits.size()));
+    const auto least = static_cast<std::size_t>(digitsOf(mask, '0'));
+    const bool zero = digits.empty();
+    if (digits.size() < least)
+        digits.insert(0, least - digits.size(), '0');
+    if (mask.find(',') != std::string_view::npos)
+        for (std::size_t i = digits.size(); i > 3;)
+            digits.insert(i -= 3, 1, ',');
+    return number < 0 && !zero ? "-" + digits : digits;
+}
+
+std::string movementNumber(std::string_view text) { return Format(numberOf(text), maskMovement); }
+
+} // namespace suisui

@@ -1,0 +1,51 @@
+#include "store/Recordset.h"
+
+#include "platform/core/RunTimeError.h"
+
+namespace suisui {
+
+namespace {
+
+bool sameName(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size())
+        return false;
+    const auto fold = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; };
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (fold(a[i]) != fold(b[i]))
+            return false;
+    return true;
+}
+
+} // namespace
+
+std::string Recordset::Fields(std::string_view name) const
+{
+    if (m_eof)
+        throw RunTimeError(RunTimeError::InvalidCall, "no current row");
+    for (int column = 0; column < m_cursor.columnCount(); ++column)
+        if (sameName(m_cursor.columnName(column), name))
+            return std::string(m_cursor.text(column));
+    throw RunTimeError(RunTimeError::SubscriptOutOfRange, "no column " + std::string(name));
+}
+
+void Recordset::MoveNext()
+{
+    if (m_eof)
+        throw RunTimeError(RunTimeError::InvalidCall, "no current row");
+    m_eof = m_cursor.next() != 0;
+}
+
+void Recordset::start(Sqlite::Cursor cursor)
+{
+    m_cursor = std::move(cursor);
+    m_eof = m_cursor.next() != 0;
+}
+
+void Recordset::close()
+{
+    m_cursor.close();
+    m_eof = true;
+}
+
+} // namespace suisui

@@ -1,0 +1,268 @@
+#include "store/Sqlite.h"
+
+#include <array>
+#include <vector>
+
+#include <sqlite3.h>
+
+#include "store/Dialect.h"
+
+namespace suisui {
+
+namespace {
+
+constexpr int busyMilliseconds = 500; // another program's write is short; a longer one is a lock to report
+constexpr int widestTable = 32;       // columns of a row that are handed over without a heap block
+
+std::string_view columnText(sqlite3_stmt* statement, int column)
+{
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    if (text == nullptr)
+        return {};
+    return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+/// Statements of the connection that make it what the rules count on.
+constexpr const char* setUp[] = {
+    "PRAGMA synchronous=FULL", // a commit is on the disk when it returns
+    "PRAGMA trusted_schema=OFF",
+};
+
+} // namespace
+
+void Sqlite::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+
+Sqlite::Sqlite() = default;
+
+Sqlite::~Sqlite() { close(); }
+
+int Sqlite::open(const std::string& path)
+{
+    close();
+    int code = sqlite3_open_v2(path.c_str(), &m_db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+    if (code == SQLITE_OK)
+        code = registerDialect(m_db);
+    if (code == SQLITE_OK) {
+        sqlite3_busy_timeout(m_db, busyMilliseconds);
+        // A misspelt column must be an error, never a text; and no statement reaches another file.
+        sqlite3_db_config(m_db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+        sqlite3_db_config(m_db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+        sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+        sqlite3_limit(m_db, SQLITE_LIMIT_ATTACHED, 0);
+        for (const char* statement : setUp)
+            if (code == SQLITE_OK)
+                code = execute(statement);
+    }
+    if (code != SQLITE_OK)
+        close();
+    return code;
+}
+
+void Sqlite::close()
+{
+    m_kept.clear();
+    if (m_db != nullptr)
+        sqlite3_close_v2(m_db);
+    m_db = nullptr;
+}
+
+bool Sqlite::isReadOnly() const { return m_db == nullptr || sqlite3_db_readonly(m_db, "main") != 0; }
+
+int Sqlite::prepare(std::string_view sql, unsigned flags, sqlite3_stmt** statement)
+{
+    m_ownError.clear();
+    *statement = nullptr;
+    if (m_db == nullptr) {
+        m_ownError = "no database is open";
+        return SQLITE_MISUSE;
+    }
+    if (sql.find('\0') != std::string_view::npos) {
+        m_ownError = "the statement holds a NUL character";
+        return SQLITE_ERROR;
+    }
+    const char* tail = nullptr;
+    int code = sqlite3_prepare_v3(m_db, sql.data(), static_cast<int>(sql.size()), flags, statement, &tail);
+    if (code != SQLITE_OK)
+        return code;
+    const std::string_view rest(tail, static_cast<std::size_t>(sql.data() + sql.size() - tail));
+    if (*statement == nullptr || rest.find_first_not_of(" \t\r\n") != std::string_view::npos) {
+        sqlite3_finalize(*statement);
+        *statement = nullptr;
+        m_ownError = "not exactly one statement";
+        code = SQLITE_ERROR;
+    }
+    return code;
+}
+
+int Sqlite::kept(const std::string& sql, sqlite3_stmt** statement)
+{
+    const auto found = m_kept.find(sql);
+    if (found != m_kept.end()) {
+        *statement = found->second.get();
+        return SQLITE_OK;
+    }
+    const int code = prepare(sql, SQLITE_PREPARE_PERSISTENT, statement);
+    if (code == SQLITE_OK)
+        m_kept.emplace(sql, Statement(*statement));
+    return code;
+}
+
+int Sqlite::execute(std::string_view sql)
+{
+    sqlite3_stmt* raw = nullptr;
+    int code = prepare(sql, 0, &raw);
+    if (code != SQLITE_OK)
+        return code;
+    const Statement statement(raw);
+    while ((code = sqlite3_step(raw)) == SQLITE_ROW) {
+    }
+    return code == SQLITE_DONE ? SQLITE_OK : code;
+}
+
+int Sqlite::executeBound(const std::string& sql, std::span<const std::string_view> values, std::int64_t rowId)
+{
+    sqlite3_stmt* statement = nullptr;
+    int code = kept(sql, &statement);
+    if (code != SQLITE_OK)
+        return code;
+    int parameter = 0;
+    for (const std::string_view value : values) {
+        // An empty view may have no address, which would bind a Null.
+        const char* text = value.data() == nullptr ? "" : value.data();
+        code = sqlite3_bind_text64(statement, ++parameter, text, value.size(), SQLITE_STATIC, SQLITE_UTF8);
+        if (code != SQLITE_OK)
+            break;
+    }
+    if (code == SQLITE_OK && parameter < sqlite3_bind_parameter_count(statement))
+        code = sqlite3_bind_int64(statement, ++parameter, rowId);
+    if (code == SQLITE_OK) {
+        code = sqlite3_step(statement);
+        if (code == SQLITE_DONE || code == SQLITE_ROW)
+            code = SQLITE_OK;
+    }
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    return code;
+}
+
+int Sqlite::select(std::string_view sql, const RowHandler& handler)
+{
+    sqlite3_stmt* raw = nullptr;
+    int code = prepare(sql, 0, &raw);
+    if (code != SQLITE_OK)
+        return code;
+    const Statement statement(raw);
+    const int count = sqlite3_column_count(raw) - 1;
+    std::array<std::string_view, widestTable> few;
+    std::vector<std::string_view> many(count > widestTable ? static_cast<std::size_t>(count) : 0);
+    const std::span<std::string_view> texts =
+        many.empty() ? std::span(few).first(static_cast<std::size_t>(count)) : std::span(many);
+    while ((code = sqlite3_step(raw)) == SQLITE_ROW) {
+        for (int i = 0; i < count; ++i)
+            texts[static_cast<std::size_t>(i)] = columnText(raw, i + 1);
+        handler(sqlite3_column_int64(raw, 0), texts);
+    }
+    return code == SQLITE_DONE ? SQLITE_OK : code;
+}
+
+int Sqlite::selectNumber(std::string_view sql, std::int64_t& number)
+{
+    sqlite3_stmt* raw = nullptr;
+    int code = prepare(sql, 0, &raw);
+    if (code != SQLITE_OK)
+        return code;
+    const Statement statement(raw);
+    number = 0;
+    code = sqlite3_step(raw);
+    if (code == SQLITE_ROW) {
+        number = sqlite3_column_int64(raw, 0);
+        return SQLITE_OK;
+    }
+    return code == SQLITE_DONE ? SQLITE_OK : code;
+}
+
+int Sqlite::selectNumberBound(const std::string& sql, std::int64_t rowId, std::int64_t& number)
+{
+    sqlite3_stmt* statement = nullptr;
+    int code = kept(sql, &statement);
+    if (code != SQLITE_OK)
+        return code;
+    number = 0;
+    code = sqlite3_bind_int64(statement, 1, rowId);
+    if (code == SQLITE_OK)
+        code = sqlite3_step(statement);
+    if (code == SQLITE_ROW)
+        number = sqlite3_column_int64(statement, 0);
+    sqlite3_reset(statement);
+    return code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_OK : code;
+}
+
+int Sqlite::changes() const { return m_db == nullptr ? 0 : sqlite3_changes(m_db); }
+
+std::int64_t Sqlite::lastRowId() const { return m_db == nullptr ? 0 : sqlite3_last_insert_rowid(m_db); }
+
+bool Sqlite::inTransaction() const { return m_db != nullptr && sqlite3_get_autocommit(m_db) == 0; }
+
+EngineError Sqlite::errorKind(int code) const
+{
+    if (code == SQLITE_OK)
+        return EngineError::None;
+    if (code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY)
+        return EngineError::DuplicateKey;
+    switch (code & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return EngineError::Busy;
+    case SQLITE_FULL:
+        return EngineError::Full;
+    case SQLITE_IOERR: // a quota or a limit on the file's size shows itself as a write that failed
+        return code == SQLITE_IOERR_WRITE ? EngineError::Full : EngineError::Other;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+        return EngineError::ReadOnly;
+    case SQLITE_CORRUPT:
+        return EngineError::Damaged;
+    case SQLITE_NOTADB:
+    case SQLITE_CANTOPEN:
+        return EngineError::NoDatabase;
+    default:
+        return EngineError::Other;
+    }
+}
+
+std::string Sqlite::errorText() const
+{
+    if (!m_ownError.empty())
+        return m_ownError;
+    return m_db == nullptr ? "no database is open" : sqlite3_errmsg(m_db);
+}
+
+Sqlite::Cursor::Cursor(sqlite3_stmt* statement) : m_statement(statement) {}
+
+int Sqlite::Cursor::next()
+{
+    const int code = sqlite3_step(m_statement.get());
+    if (code == SQLITE_ROW)
+        return SQLITE_OK;
+    return code == SQLITE_DONE ? endOfRows : code;
+}
+
+int Sqlite::Cursor::columnCount() const { return sqlite3_column_count(m_statement.get()); }
+
+std::string_view Sqlite::Cursor::columnName(int column) const
+{
+    return sqlite3_column_name(m_statement.get(), column);
+}
+
+std::string_view Sqlite::Cursor::text(int column) const { return columnText(m_statement.get(), column); }
+
+int Sqlite::openCursor(std::string_view sql, Cursor& cursor)
+{
+    sqlite3_stmt* statement = nullptr;
+    const int code = prepare(sql, 0, &statement);
+    if (code == SQLITE_OK)
+        cursor = Cursor(statement);
+    return code;
+}
+
+} // namespace suisui

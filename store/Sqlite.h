@@ -1,0 +1,95 @@
+// The engine under AppDB, and the only place that speaks to SQLite. Another engine would take the place of
+// this class. Results are engine codes: 0 is success.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace suisui {
+
+/// What a failure means to the layer above.
+enum class EngineError { None, DuplicateKey, Busy, Full, ReadOnly, Damaged, NoDatabase, Other };
+
+class Sqlite
+{
+    struct Finalize
+    {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
+
+public:
+    /// Columns of one row as the engine has them; the views live until the next row.
+    using RowHandler = std::function<void(std::int64_t rowId, std::span<const std::string_view> columns)>;
+
+    Sqlite();
+    ~Sqlite();
+    Sqlite(const Sqlite&) = delete;
+    Sqlite& operator=(const Sqlite&) = delete;
+
+    /// Opens an existing file for reading and writing. Never creates one.
+    [[nodiscard]] int open(const std::string& path);
+    void close();
+    [[nodiscard]] bool isOpen() const { return m_db != nullptr; }
+    [[nodiscard]] bool isReadOnly() const;
+
+    /// Runs one statement without a result. Trailing text and NUL bytes are errors.
+    [[nodiscard]] int execute(std::string_view sql);
+    /// Runs a statement with \a values bound as texts in order; the statement is prepared once and kept.
+    [[nodiscard]] int executeBound(const std::string& sql, std::span<const std::string_view> values,
+                                   std::int64_t rowId = 0);
+    /// Runs a SELECT whose first column is the row id and hands each row's other columns to \a handler.
+    [[nodiscard]] int select(std::string_view sql, const RowHandler& handler);
+    /// First column of the first row as a number.
+    [[nodiscard]] int selectNumber(std::string_view sql, std::int64_t& number);
+    /// As selectNumber, for a kept statement with \a rowId bound.
+    [[nodiscard]] int selectNumberBound(const std::string& sql, std::int64_t rowId, std::int64_t& number);
+
+    /// Rows that the last executeBound changed.
+    [[nodiscard]] int changes() const;
+    [[nodiscard]] std::int64_t lastRowId() const;
+    /// True while a transaction is open in the engine. A full disk may have ended it on its own.
+    [[nodiscard]] bool inTransaction() const;
+
+    [[nodiscard]] EngineError errorKind(int code) const;
+    [[nodiscard]] std::string errorText() const;
+
+    /// A forward cursor over a SELECT.
+    class Cursor
+    {
+    public:
+        Cursor() = default;
+        explicit Cursor(sqlite3_stmt* statement);
+        /// Steps to the next row: 0 when there is one, endOfRows when there is none, else an engine code.
+        [[nodiscard]] int next();
+        [[nodiscard]] int columnCount() const;
+        [[nodiscard]] std::string_view columnName(int column) const;
+        [[nodiscard]] std::string_view text(int column) const;
+        [[nodiscard]] bool isOpen() const { return m_statement != nullptr; }
+        void close() { m_statement.reset(); }
+        static constexpr int endOfRows = -1;
+
+    private:
+        Statement m_statement;
+    };
+    [[nodiscard]] int openCursor(std::string_view sql, Cursor& cursor);
+
+private:
+    /// Prepares exactly one statement.
+    [[nodiscard]] int prepare(std::string_view sql, unsigned flags, sqlite3_stmt** statement);
+    [[nodiscard]] int kept(const std::string& sql, sqlite3_stmt** statement);
+
+    sqlite3* m_db = nullptr;
+    std::unordered_map<std::string, Statement> m_kept;
+    std::string m_ownError; ///< set when the fault was found before the engine saw the statement
+};
+
+} // namespace suisui

@@ -1,0 +1,74 @@
+"""The check of the includes finds what it is there to find, shown on made-up lines."""
+
+import unittest
+
+import includes
+
+WIDGET_HEADERS = {"QWidget", "QMessageBox"}
+
+
+def faults(path, *lines):
+    return list(includes.faults(path, "\n".join(lines), WIDGET_HEADERS))
+
+
+class Includes(unittest.TestCase):
+    def test_own_room_and_rooms_below_are_allowed(self):
+        self.assertEqual([], faults("movement/Page.cpp", '#include "movement/Page.h"', "#include <vector>",
+                                    '#include "frame/support/Frame.h"', '#include "platform/widgets/Grid.h"',
+                                    '#include "store/AppDB.h"', '#include "platform/core/Clock.h"'))
+
+    def test_room_above_is_found_with_file_and_line(self):
+        for path, name in [("platform/core/Clock.h", "store/AppDB.h"), ("store/AppDB.h", "platform/widgets/Grid.h"),
+                           ("platform/widgets/Grid.h", "frame/support/Frame.h"),
+                           ("frame/support/Frame.h", "movement/Page.h"), ("barcode/Label.h", "frame/shell/Main.h")]:
+            with self.subTest(path=path):
+                found = faults(path, "", f'#include "{name}"')
+                self.assertEqual(1, len(found))
+                self.assertTrue(found[0].startswith(f"{path}:2: "), found)
+
+    def test_neighbours_of_one_floor_do_not_include_each_other(self):
+        neighbours = ["movement", "lists", "history", "barcode"]
+        for room in neighbours:
+            for other in neighbours:
+                with self.subTest(room=room, other=other):
+                    found = faults(f"{room}/A.cpp", f'#include "{other}/B.h"')
+                    self.assertEqual(room != other, bool(found))
+
+    def test_the_house_does_not_include_what_stands_beside_it(self):
+        for other in ["tools", "tests", "benchmarks"]:
+            with self.subTest(other=other):
+                self.assertEqual(1, len(faults("frame/shell/Main.cpp", f'#include "{other}/A.h"')))
+
+    def test_tools_see_core_and_store_only(self):
+        self.assertEqual([], faults("tools/Csv.cpp", '#include "store/Schema.h"', '#include "platform/core/Clock.h"'))
+        self.assertEqual(1, len(faults("tools/Csv.cpp", '#include "platform/widgets/Grid.h"')))
+
+    def test_tests_and_benchmarks_see_everything(self):
+        for room in ["tests", "benchmarks"]:
+            self.assertEqual([], faults(f"{room}/a/A.cpp", '#include "frame/shell/Main.h"', "#include <sqlite3.h>"))
+
+    def test_store_and_core_know_no_widgets(self):
+        for path in ["store/AppDB.cpp", "platform/core/Clock.cpp"]:
+            with self.subTest(path=path):
+                self.assertEqual(2, len(faults(path, "#include <QWidget>", "#include <QtWidgets/QMessageBox>",
+                                               "#include <QString>")))
+        self.assertEqual([], faults("platform/widgets/MsgBox.cpp", "#include <QMessageBox>"))
+
+    def test_only_two_files_speak_to_the_engine(self):
+        for name in ["Sqlite.h", "Sqlite.cpp", "Dialect.h", "Dialect.cpp"]:
+            self.assertEqual([], faults(f"store/{name}", "#include <sqlite3.h>"))
+        for path in ["store/AppDB.cpp", "store/SqliteOther.cpp", "movement/Page.cpp", "tools/Csv.cpp"]:
+            with self.subTest(path=path):
+                self.assertEqual(1, len(faults(path, "#include <sqlite3.h>")))
+
+    def test_an_include_without_its_path_is_found_but_a_generated_form_is_not(self):
+        self.assertEqual(1, len(faults("store/AppDB.cpp", '#include "AppDB.h"')))
+        self.assertEqual(1, len(faults("store/AppDB.cpp", '#include "../platform/core/Clock.h"')))
+        self.assertEqual([], faults("frame/shell/frmMain.cpp", '#include "ui_frmMain.h"'))
+
+    def test_odd_spacing_does_not_hide_an_include(self):
+        self.assertEqual(1, len(faults("store/A.cpp", '  #  include   "frame/shell/Main.h"')))
+
+
+if __name__ == "__main__":
+    unittest.main()
