@@ -1,6 +1,7 @@
 #include "lists/MovementListPage.h"
 
 #include "frame/support/KeyField.h"
+#include "frame/support/PageTools.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppIni.h"
 #include "ui_MovementListPage.h"

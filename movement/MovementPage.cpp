@@ -1,5 +1,6 @@
 #include "movement/MovementPage.h"
 
+#include "frame/support/PageTools.h"
 #include "movement/Deltas.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppDB.h"
@@ -31,15 +32,7 @@ void MovementPage::nameControls()
 {
     m_ui->Sprd_X->setObjectName(QString::fromUtf16(m_side.gridName));
     m_ui->fraXData->setObjectName(QString::fromUtf16(m_side.dataFrameName));
-    const QList<QWidget*> controls = findChildren<QWidget*>();
-    for (QWidget* control : controls) {
-        QString name = control->objectName();
-        const qsizetype place = name.indexOf(u'X');
-        if (place > 0 && !name.startsWith("qt_"_L1)) {
-            name[place] = QChar(m_side.letter);
-            control->setObjectName(name);
-        }
-    }
+    letterNames(*this, QChar(m_side.letter));
     m_ui->fraXData->setTitle(QString::fromUtf16(m_side.dataFrameCaption));
     m_ui->fraXSaki->setTitle(QString::fromUtf16(m_side.partnerFrameCaption));
     m_ui->cmbXSaki->setToolTip(QString::fromUtf16(m_side.partnerTip));

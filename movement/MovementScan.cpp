@@ -7,6 +7,7 @@
 #include <QComboBox>
 
 #include "frame/support/KeyField.h"
+#include "frame/support/PageTools.h"
 #include "movement/Components.h"
 #include "movement/Deltas.h"
 #include "movement/ZaikoPost.h"

@@ -149,6 +149,7 @@ class Reader:
     def __init__(self):
         self._reader, self._line = os.openpty()
         tty.setraw(self._line)
+        os.set_blocking(self._reader, False)
         self.device = os.ttyname(self._line)
 
     def __enter__(self):
@@ -159,6 +160,9 @@ class Reader:
 
     def send(self, data):
         while data:
+            _, taken, _ = select.select([], [self._reader], [], DEADLINE)
+            if not taken:
+                raise DeskError(f"nobody reads the line; {len(data)} bytes are left")
             data = data[os.write(self._reader, data):]
 
     def scan(self, text):

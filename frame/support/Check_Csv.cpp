@@ -1,0 +1,170 @@
+#include "frame/support/Check_Csv.h"
+
+#include <array>
+
+#include <QLineEdit>
+
+#include "frame/support/Frame.h"
+#include "frame/support/KeyField.h"
+#include "platform/core/DoEvents.h"
+#include "platform/core/FillIn.h"
+#include "platform/widgets/MsgBox.h"
+#include "store/Stamps.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui {
+
+namespace {
+
+constexpr int ctrlC = 3;
+constexpr int backspace = 8;
+constexpr int enter = 13;
+constexpr int ctrlV = 22;
+constexpr int ctrlX = 24;
+
+constexpr int yearLength = 4;
+constexpr int monthLength = 2;
+
+const auto dateErrorTitle = u"日付エラー"_s;
+
+bool isDigit(int key) { return key >= '0' && key <= '9'; }
+
+bool isLetter(int key) { return (key >= 'A' && key <= 'Z') || (key >= 'a' && key <= 'z'); }
+
+bool passesNum(int key) { return isDigit(key) || key == ctrlC || key == backspace || key == enter; }
+
+bool passesCode(int key)
+{
+    return passesNum(key) || isLetter(key) || key == '-' || key == ctrlV || key == ctrlX;
+}
+
+/// \a text by the format "00" or "0000"; what is no number stays as it is, for the checks to refuse.
+QString padded(const QString& text, int width)
+{
+    bool isNumber = false;
+    const int number = text.toInt(&isNumber);
+    return isNumber && number >= 0 ? u"%1"_s.arg(number, width, 10, QChar(u'0')) : text;
+}
+
+void pad(const DateBoxes& date)
+{
+    date.year->setText(padded(date.year->text(), yearLength));
+    date.month->setText(padded(date.month->text(), monthLength));
+    date.day->setText(padded(date.day->text(), monthLength));
+}
+
+QString withSlashes(const DateBoxes& date)
+{
+    return date.year->text() + u'/' + date.month->text() + u'/' + date.day->text();
+}
+
+/// Tells the operator and puts the focus on \a field. Always false.
+bool refuse(const QString& text, QLineEdit* field, Frame& form, MsgBox& msgBox)
+{
+    msgBox.show({dateErrorTitle, text, BoxIcon::Stop});
+    form.setFormEnabled(true); // brings the pointer back as well
+    field->setFocus();
+    DoEvents();
+    return false;
+}
+
+bool outside(const QString& text, QLatin1StringView lowest, QLatin1StringView highest)
+{
+    return text < lowest || text > highest; // compared as text
+}
+
+} // namespace
+
+int NumKeyCheck(int& keyAscii)
+{
+    if (!passesNum(keyAscii))
+        keyAscii = 0;
+    return keyAscii;
+}
+
+int CodeKeyCheck(int& keyAscii)
+{
+    if (!passesCode(keyAscii))
+        keyAscii = 0;
+    return keyAscii;
+}
+
+int SearchKeyCheck(int& keyAscii)
+{
+    if (!passesCode(keyAscii) && keyAscii != '*' && keyAscii != '?')
+        keyAscii = 0;
+    return keyAscii;
+}
+
+void limitLength(const QLineEdit& field, int limit, bool enterPasses, int& keyAscii)
+{
+    const bool full = field.text().size() >= limit && !field.hasSelectedText();
+    if (full && keyAscii != backspace && !(enterPasses && keyAscii == enter))
+        keyAscii = 0;
+}
+
+void DateBoxes::setDate(QStringView stored) const
+{
+    year->setText(stored.left(yearLength).toString());
+    month->setText(stored.mid(yearLength, monthLength).toString());
+    day->setText(stored.right(monthLength).toString());
+}
+
+QString DateBoxes::stored() const
+{
+    return padded(year->text(), yearLength) + padded(month->text(), monthLength) + padded(day->text(), monthLength);
+}
+
+bool DateCheck(const DateBoxes& date, Frame& form, MsgBox& msgBox)
+{
+    if (date.year->text().isEmpty())
+        return refuse(u"「年」 を入力して下さい。　　　"_s, date.year, form, msgBox);
+    if (date.month->text().isEmpty())
+        return refuse(u"「月」 を入力して下さい。　　　"_s, date.month, form, msgBox);
+    if (date.day->text().isEmpty())
+        return refuse(u"「日」 を入力して下さい。　　　"_s, date.day, form, msgBox);
+    pad(date);
+    if (outside(date.month->text(), "01"_L1, "12"_L1))
+        return refuse(u"「月」 が 正しく入力されていません。　　　"_s, date.month, form, msgBox);
+    if (outside(date.day->text(), "01"_L1, "31"_L1))
+        return refuse(u"「日」 が 正しく入力されていません。　　　"_s, date.day, form, msgBox);
+    if (isCalendarDay(date.year->text().toInt(), date.month->text().toInt(), date.day->text().toInt()))
+        return true;
+    return refuse(fillIn(u"存在しない 「日付」 です。　( {yyyy}/{mm}/{dd} )　　　\r\n\r\n正しい 「日付」 を入力して下さい。",
+                         {{u"yyyy", date.year->text()}, {u"mm", date.month->text()}, {u"dd", date.day->text()}}),
+                  date.day, form, msgBox);
+}
+
+bool PeriodCheck(const PeriodBoxes& period, Frame& form, MsgBox& msgBox)
+{
+    if (!DateCheck(period.from, form, msgBox) || !DateCheck(period.to, form, msgBox))
+        return false;
+    pad(period.from);
+    pad(period.to);
+    const QString from = withSlashes(period.from);
+    const QString to = withSlashes(period.to);
+    if (from <= to)
+        return true;
+    return refuse(fillIn(u"「開始年月日」 が 「終了年月日」 より未来日です。　　　\r\n\r\n　{from}   >   {to}\r\n\r\n\r\n　　　 正しい 「日付」 を入力して下さい。", {{u"from", from}, {u"to", to}}), period.from.year, form, msgBox);
+}
+
+void wirePeriod(const PeriodBoxes& period, QWidget* last)
+{
+    const std::array boxes{period.from.year, period.from.month, period.from.day,
+                           period.to.year,   period.to.month,   period.to.day};
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        auto* box = qobject_cast<KeyField*>(boxes[i]);
+        QWidget* next = i + 1 < boxes.size() ? boxes[i + 1] : last;
+        const int limit = i % 3 == 0 ? yearLength : monthLength;
+        box->setKeyPressHandler([box, next, limit](int& key) {
+            NumKeyCheck(key);
+            if (key == enter)
+                next->setFocus();
+            else
+                limitLength(*box, limit, false, key);
+        });
+    }
+}
+
+} // namespace suisui

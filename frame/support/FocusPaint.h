@@ -1,0 +1,35 @@
+// Marks the control that has the focus: cyan; white, or the form's base colour, when it has left.
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QSet>
+
+class QWidget;
+
+namespace suisui {
+
+class FocusPaint : public QObject
+{
+public:
+    /// Watches the fields, buttons, option buttons, check boxes and choices that \a form has now. \a base is
+    /// the colour that buttons go back to.
+    FocusPaint(QWidget* form, const QColor& base);
+
+    /// \a widget paints itself on leaving.
+    void exempt(QWidget* widget) { m_exempt.insert(widget); }
+    /// A field that takes the cyan and does not select its text.
+    void keepSelection(QWidget* widget) { m_keepSelection.insert(widget); }
+    /// Gives \a widget its normal colour, whether it has the focus or not.
+    void setNormal(QWidget* widget) const;
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    QColor m_base;
+    QSet<QObject*> m_exempt;
+    QSet<QObject*> m_keepSelection;
+};
+
+} // namespace suisui

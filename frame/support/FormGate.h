@@ -1,0 +1,48 @@
+// The main window's Enabled property as the rules mean it. While it is off the window takes no input, but
+// nothing turns grey and the focus stays where it is, which a widget's own enabled property would not grant.
+//
+// Keys are not lost: they are held in order and worked, one at a time and each by the widget that has the focus
+// then, when the window is enabled again. A bar-code reader that types at full speed needs just that, for every
+// key of a code field disables the window for a moment.
+#pragma once
+
+#include <deque>
+#include <memory>
+
+#include <QKeyEvent>
+#include <QObject>
+
+class QWidget;
+
+namespace suisui {
+
+class FormGate : public QObject
+{
+public:
+    /// Keys beyond this many are dropped; nobody types so far ahead.
+    static constexpr std::size_t mostHeldKeys = 4096;
+
+    explicit FormGate(QWidget* form);
+    ~FormGate() override;
+
+    void setEnabled(bool enabled);
+    [[nodiscard]] bool enabled() const { return m_enabled; }
+    [[nodiscard]] std::size_t heldKeys() const { return m_held.size(); }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    [[nodiscard]] bool filterKey(QKeyEvent* event);
+    [[nodiscard]] bool filterPointer(QObject* object, QEvent* event) const;
+    void schedule();
+    void deliverNext();
+
+    QWidget* m_form;
+    std::deque<std::unique_ptr<QKeyEvent>> m_held;
+    const QEvent* m_delivering = nullptr;
+    bool m_enabled = true;
+    bool m_scheduled = false;
+};
+
+} // namespace suisui

@@ -1,0 +1,74 @@
+#include "frame/support/KeyField.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMimeData>
+
+namespace suisui {
+
+namespace {
+
+enum Code { CtrlC = 3, Backspace = 8, Enter = 13, CtrlV = 22, CtrlX = 24 };
+
+/// What a paste brings, without the line breaks and control characters that a one-line field cannot show.
+QString pasteText()
+{
+    QString text = QGuiApplication::clipboard()->text();
+    text.removeIf([](QChar c) {
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+    });
+    return text;
+}
+
+} // namespace
+
+int keyAsciiOf(const QKeyEvent& event)
+{
+    const int key = event.key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        return Enter;
+    if (key == Qt::Key_Backspace)
+        return Backspace;
+    if ((event.modifiers() & Qt::ControlModifier) != 0 && key >= Qt::Key_A && key <= Qt::Key_Z)
+        return key - Qt::Key_A + 1;
+    const QString text = event.text();
+    return text.size() == 1 && text[0].isPrint() ? text[0].unicode() : 0;
+}
+
+KeyField::KeyField(QWidget* parent) : QLineEdit(parent)
+{
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+    setInputMethodHints(Qt::ImhLatinOnly | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
+}
+
+void KeyField::keyPressEvent(QKeyEvent* event)
+{
+    int keyAscii = keyAsciiOf(*event);
+    if (keyAscii == 0) {
+        QLineEdit::keyPressEvent(event); // arrows, Delete and the like
+        return;
+    }
+    if (m_keyPress)
+        m_keyPress(keyAscii);
+    event->accept();
+    switch (keyAscii) {
+    case 0:
+    case Enter: // what Enter does is the handler's business alone; no dialog's button hears of it
+        break;
+    case CtrlC:
+        copy();
+        break;
+    case CtrlV:
+        insert(pasteText());
+        break;
+    case CtrlX:
+        cut();
+        break;
+    default:
+        QLineEdit::keyPressEvent(event);
+        event->accept();
+    }
+}
+
+} // namespace suisui

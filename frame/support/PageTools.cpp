@@ -1,0 +1,81 @@
+#include "frame/support/PageTools.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+
+#include "platform/core/RunTimeError.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui {
+
+namespace {
+
+class EnterFilter final : public QObject
+{
+public:
+    EnterFilter(QComboBox* combo, QWidget* next) : QObject(combo), m_next(next) {}
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter)
+            return false;
+        m_next->setFocus();
+        return true;
+    }
+
+private:
+    QWidget* m_next;
+};
+
+} // namespace
+
+const QString allChoices = u"（すべて）"_s;
+
+void fillCombo(QComboBox& combo, const ChoiceList& choices, bool withAll)
+{
+    combo.clear();
+    for (const Choice& choice : choices)
+        combo.addItem(choice.name);
+    if (withAll)
+        combo.addItem(allChoices);
+    combo.setCurrentIndex(withAll ? combo.count() - 1 : 0);
+}
+
+const Choice& choiceAt(const ChoiceList& choices, int index)
+{
+    if (index < 0 || index >= static_cast<int>(choices.size()))
+        throw RunTimeError(RunTimeError::SubscriptOutOfRange, "nothing is chosen");
+    return choices[static_cast<std::size_t>(index)];
+}
+
+bool chooseCode(QComboBox& combo, const ChoiceList& choices, const QString& code)
+{
+    const std::string wanted = code.toStdString();
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        if (choices[i].code == wanted) {
+            combo.setCurrentIndex(static_cast<int>(i));
+            return true;
+        }
+    }
+    return false;
+}
+
+void enterMovesOn(QComboBox& combo, QWidget& next) { combo.installEventFilter(new EnterFilter(&combo, &next)); }
+
+void letterNames(QWidget& form, QChar letter)
+{
+    for (QWidget* control : form.findChildren<QWidget*>()) {
+        QString name = control->objectName();
+        const qsizetype place = name.indexOf(u'X');
+        if (place <= 0 || name.startsWith("qt_"_L1))
+            continue;
+        name[place] = letter;
+        control->setObjectName(name);
+    }
+}
+
+} // namespace suisui

@@ -1,0 +1,60 @@
+#include "frame/support/WaitWindow.h"
+
+#include <QApplication>
+#include <QScreen>
+
+namespace suisui {
+
+namespace {
+
+constexpr int tickMs = 300;
+
+} // namespace
+
+WaitWindow::WaitWindow()
+    : QWidget(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowStaysOnTopHint
+                           | Qt::WindowDoesNotAcceptFocus)
+{
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    m_timer1.setInterval(tickMs);
+    connect(&m_timer1, &QTimer::timeout, this, [this] {
+        if (m_endMark)
+            unload();
+        else
+            tick();
+    });
+}
+
+WaitWindow::~WaitWindow()
+{
+    if (m_hourglass)
+        QGuiApplication::restoreOverrideCursor();
+}
+
+void WaitWindow::open()
+{
+    m_endMark = false;
+    if (!m_hourglass)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    m_hourglass = true;
+    adjustSize();
+    const QWidget* main = QApplication::activeWindow();
+    const QRect around = main != nullptr ? main->frameGeometry() : QGuiApplication::primaryScreen()->availableGeometry();
+    move(around.center() - rect().center());
+    show();
+    m_timer1.start();
+}
+
+void WaitWindow::unload()
+{
+    m_timer1.stop();
+    if (m_hourglass)
+        QGuiApplication::restoreOverrideCursor();
+    m_hourglass = false;
+    if (isVisible()) {
+        hide();
+        closed();
+    }
+}
+
+} // namespace suisui

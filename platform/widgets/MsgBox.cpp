@@ -1,0 +1,163 @@
+#include "platform/widgets/MsgBox.h"
+
+#include <vector>
+
+#include <QApplication>
+#include <QDialog>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QStyle>
+
+#include "platform/widgets/AppFont.h"
+#include "platform/widgets/EnterButton.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui {
+
+namespace {
+
+struct BoxButton
+{
+    BoxAnswer answer;
+    const char16_t* caption;
+    const char16_t* name;
+};
+
+constexpr BoxButton okButton{BoxAnswer::Ok, u"OK", u"msgBoxOk"};
+constexpr BoxButton yesButton{BoxAnswer::Yes, u"はい(&Y)", u"msgBoxYes"};
+constexpr BoxButton noButton{BoxAnswer::No, u"いいえ(&N)", u"msgBoxNo"};
+constexpr BoxButton cancelButton{BoxAnswer::Cancel, u"キャンセル", u"msgBoxCancel"};
+
+std::vector<BoxButton> buttonsOf(BoxButtons buttons)
+{
+    switch (buttons) {
+    case BoxButtons::YesNo:
+        return {yesButton, noButton};
+    case BoxButtons::YesNoCancel:
+        return {yesButton, noButton, cancelButton};
+    case BoxButtons::Ok:
+        break;
+    }
+    return {okButton};
+}
+
+/// What the box answers when its window is closed: the answer that changes least.
+BoxAnswer answerOfClosing(BoxButtons buttons)
+{
+    switch (buttons) {
+    case BoxButtons::YesNo:
+        return BoxAnswer::No;
+    case BoxButtons::YesNoCancel:
+        return BoxAnswer::Cancel;
+    case BoxButtons::Ok:
+        break;
+    }
+    return BoxAnswer::Ok;
+}
+
+QStyle::StandardPixmap pictureOf(BoxIcon icon)
+{
+    switch (icon) {
+    case BoxIcon::Question:
+        return QStyle::SP_MessageBoxQuestion;
+    case BoxIcon::Exclamation:
+        return QStyle::SP_MessageBoxWarning;
+    case BoxIcon::Information:
+        return QStyle::SP_MessageBoxInformation;
+    case BoxIcon::Stop:
+        break;
+    }
+    return QStyle::SP_MessageBoxCritical;
+}
+
+class BoxDialog final : public QDialog
+{
+public:
+    BoxDialog(const Box& box, QWidget* parent) : QDialog(parent), m_answer(answerOfClosing(box.buttons))
+    {
+        setObjectName(u"msgBox"_s);
+        setWindowTitle(box.title);
+        setFont(screenFont());
+        auto* picture = new QLabel(this);
+        constexpr int pictureSize = 36;
+        picture->setPixmap(style()->standardIcon(pictureOf(box.icon), nullptr, this).pixmap(pictureSize, pictureSize));
+        auto* text = new QLabel(this);
+        text->setObjectName(u"msgBoxText"_s);
+        text->setTextFormat(Qt::PlainText);
+        text->setWordWrap(false); // the texts break their lines themselves
+        text->setText(box.text);
+
+        auto* top = new QHBoxLayout;
+        top->setSpacing(16);
+        top->addWidget(picture, 0, Qt::AlignTop);
+        top->addWidget(text, 1);
+        auto* bottom = new QHBoxLayout;
+        bottom->addStretch();
+        for (const BoxButton& button : buttonsOf(box.buttons))
+            addButton(button, box, *bottom);
+        bottom->addStretch();
+        auto* all = new QVBoxLayout(this);
+        all->setContentsMargins(20, 20, 20, 14);
+        all->setSpacing(18);
+        all->addLayout(top);
+        all->addLayout(bottom);
+        all->setSizeConstraint(QLayout::SetFixedSize);
+    }
+
+    [[nodiscard]] BoxAnswer answer() const { return m_answer; }
+
+private:
+    void addButton(const BoxButton& button, const Box& box, QHBoxLayout& row)
+    {
+        auto* widget = new EnterButton(this);
+        widget->setObjectName(QString::fromUtf16(button.name));
+        widget->setText(QString::fromUtf16(button.caption));
+        widget->setMinimumSize(100, 30);
+        connect(widget, &QPushButton::clicked, this, [this, answer = button.answer] {
+            m_answer = answer;
+            accept();
+        });
+        row.addWidget(widget);
+        const bool first = row.count() == 2; // behind the stretch
+        if (button.answer == box.defaultButton || (box.defaultButton == BoxAnswer::None && first)) {
+            widget->setDefault(true);
+            widget->setFocus();
+        }
+    }
+
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        // A letter alone presses, as on every system's own boxes: the mnemonics need no Alt here.
+        for (QPushButton* button : findChildren<QPushButton*>()) {
+            const qsizetype mark = button->text().indexOf(u'&');
+            if (mark >= 0 && event->text().compare(button->text().mid(mark + 1, 1), Qt::CaseInsensitive) == 0) {
+                button->click();
+                return;
+            }
+        }
+        QDialog::keyPressEvent(event);
+    }
+
+    BoxAnswer m_answer;
+};
+
+} // namespace
+
+BoxAnswer ScreenMsgBox::show(const Box& box)
+{
+    QWidget* owner = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : m_parent;
+    BoxDialog dialog(box, owner);
+    QGuiApplication::setOverrideCursor(Qt::ArrowCursor); // the operator is asked, not kept waiting
+    dialog.show();
+    dialog.activateWindow();
+    dialog.raise();
+    dialog.exec();
+    QGuiApplication::restoreOverrideCursor();
+    if (owner != nullptr)
+        owner->activateWindow(); // without a window manager nothing else does
+    return dialog.answer();
+}
+
+} // namespace suisui

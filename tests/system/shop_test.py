@@ -1,0 +1,107 @@
+"""What the whole-program tests stand on: a test case with a screen, a shop and a reader of its own.
+
+The folder of the shop that each test starts from is named on the command line (--shop); pictures of the screen
+go into the working folder whenever a test fails.
+"""
+
+import hashlib
+import os
+import pathlib
+import sys
+import tempfile
+import time
+import unittest
+
+import desk
+from desk import DeskError, wait_for  # what the tests use of it directly
+
+__all__ = ["DeskError", "ShopTest", "main", "wait_for"]
+
+
+class ShopTest(unittest.TestCase):
+    """Before each test: a screen, a copy of the sample shop, a reader that the shop's settings name."""
+
+    shop_folder = None
+
+    def run(self, result=None):
+        with desk.Screen() as self.screen, desk.Reader() as self.reader, \
+                tempfile.TemporaryDirectory(prefix="suisui-shop-") as folder:
+            self.shop = desk.Shop(self.shop_folder).copy_to(pathlib.Path(folder) / "app")
+            self.shop.use_reader(self.reader.device)
+            self._programs = []
+            faults = len(result.failures) + len(result.errors)
+            super().run(result)
+            if len(result.failures) + len(result.errors) > faults:
+                picture = pathlib.Path.cwd() / f"{self.id()}.png"
+                self.screen.picture(picture)
+                print(f"{self.id()}: screen in {picture}", file=sys.stderr)
+                for program in self._programs:
+                    print(f"the program said: {program.said()}", file=sys.stderr)
+            for program in self._programs:
+                program.__exit__()
+        return result
+
+    def start(self):
+        """Starts the program and returns at once."""
+        program = desk.Program(self.shop, self.screen)
+        self._programs.append(program)
+        return program
+
+    def open(self):
+        """Starts the program and waits until it is ready for work."""
+        program = self.start()
+        self.wait_ready(program)
+        return program
+
+    def wait_ready(self, program):
+        self.screen.wait_active(desk.MAIN_WINDOW)
+        program.wait_idle()
+
+    def close_window(self):
+        """The window manager's close, as a click on the window's close box gives it."""
+        self.screen.wait_active(desk.MAIN_WINDOW)
+        self.screen.press("alt+F4")
+
+    def end(self, program):
+        """Closes the window and agrees to end; the run must have been a healthy one."""
+        self.close_window()
+        self.screen.answer(desk.END_DIALOG)
+        self.assertEqual(0, program.ended())
+        self.assertEqual("", program.said())
+
+    def assertWhole(self):
+        """The database holds together: integrity, encodings and the stock of every code."""
+        verdict = self.shop.tagdb("check")
+        self.assertEqual(0, verdict.returncode, verdict.stdout)
+
+    def receipts(self, *columns):
+        """Receipts in the order in which they were stored."""
+        return self.shop.rows(f"SELECT {', '.join(columns)} FROM InpTB ORDER BY InpDate")
+
+    def wait_receipts(self, count, seconds=desk.DEADLINE):
+        wait_for(f"{count} receipts in the database", lambda: self.shop.count("InpTB") >= count, seconds)
+        self.assertEqual(count, self.shop.count("InpTB"))
+
+    def plain_codes(self, count):
+        """Codes of goods that are not made of others."""
+        codes = [code for code, in self.shop.rows(
+            "SELECT Code FROM Master WHERE Code NOT IN (SELECT Code FROM HSeihinTB) ORDER BY Code LIMIT ?", count)]
+        self.assertEqual(count, len(codes))
+        return codes
+
+    def data_files(self):
+        """Fingerprints of all that lies in the folders of the databases."""
+        return {file.name: hashlib.sha256(file.read_bytes()).hexdigest()
+                for folder in ("DB", "db") for file in (self.shop.folder / folder).iterdir() if file.is_file()}
+
+    @staticmethod
+    def today():
+        return time.strftime("%Y%m%d")
+
+
+def main():
+    """Takes --shop FOLDER off the command line and runs the tests of the calling module."""
+    place = sys.argv.index("--shop")
+    ShopTest.shop_folder = pathlib.Path(os.path.abspath(sys.argv[place + 1]))
+    del sys.argv[place:place + 2]
+    unittest.main(verbosity=2)

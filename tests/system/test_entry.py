@@ -1,0 +1,128 @@
+"""Receipts entered into the whole program, by a reader that types and by one on the serial line."""
+
+import desk
+from shop_test import ShopTest, main, wait_for
+
+
+class TypingReader(ShopTest):
+    def test_codes_typed_at_full_speed_are_each_stored_once_in_order(self):
+        # Letters too: with an input method in the way, "a" would not stay "a".
+        codes = ["abc-XYZ-01", "4512345678905", "a", "Q-7", "zz-000-zz"]
+        self.shop.add("Master", [{"Code": code, "Name": f"品 {code}", "NyuSuu": "3", "NyuPrice": "120",
+                                  "SyuSuu": "1", "SyuPrice": "200", "Unit": "個", "Stock": "0"} for code in codes])
+        program = self.open()
+        # Two Enters a code: one stores it, one brings the cursor back from the new row to the code field.
+        self.screen.type("".join(f"{code}\n\n" for code in codes))
+        self.wait_receipts(len(codes))
+        self.assertEqual([(code, "0000003") for code in codes], self.receipts("Code", "NyuSuu"))
+        for code in codes:
+            self.assertEqual("3", self.shop.stock()[code])
+        program.wait_idle()
+        self.end(program)
+        self.assertWhole()
+
+    def test_an_unknown_code_shows_the_box_and_the_next_one_is_stored(self):
+        known = self.plain_codes(1)[0]
+        program = self.open()
+        self.screen.type("0000000000000\n")
+        self.screen.answer(desk.UNREGISTERED_BOX)
+        program.wait_idle()
+        self.assertEqual(0, self.shop.count("InpTB"))
+        self.screen.press("ctrl+a")
+        self.screen.type(f"{known}\n\n")
+        self.wait_receipts(1)
+        self.assertEqual([(known,)], self.receipts("Code"))
+        program.wait_idle()
+        self.end(program)
+
+
+class SerialReader(ShopTest):
+    def test_scans_made_while_one_is_under_way_all_arrive_in_order(self):
+        codes = self.plain_codes(4)
+        program = self.open()
+        self.reader.send("".join(f"{code}\r\n" for code in codes).encode())
+        self.wait_receipts(len(codes))
+        rows = self.receipts("Code", "InpDate")
+        self.assertEqual(codes, [code for code, _ in rows])
+        self.assertEqual(len(codes), len({stamp for _, stamp in rows}), "each scan has a second of its own")
+        program.wait_idle()
+        self.end(program)
+        self.assertWhole()
+
+    def test_scans_that_are_no_codes_change_nothing_and_the_next_code_is_stored(self):
+        known = self.plain_codes(1)[0]
+        before = self.shop.stock()
+        program = self.open()
+        for frame in (b"\r\n", b"[\r\n", b"{Q\r\n", b"#101\r\n", b"@02\r\n", b"12345678901234567\r\n", b"@99@\r\n"):
+            self.reader.send(frame)
+        self.reader.scan(known)
+        self.wait_receipts(1)
+        self.assertEqual([(known,)], self.receipts("Code"))
+        self.assertEqual({known}, {code for code, suu in self.shop.stock().items() if before.get(code) != suu})
+        program.wait_idle()
+        self.end(program)
+
+    def test_quotes_and_bytes_that_are_no_text_are_unregistered_codes(self):
+        program = self.open()
+        for frame in (b"'; DELETE --\r\n", b"a' OR '1'='1\r\n", b"\xff\xfe\x80\r\n", b"\x00\x01\x02\r\n"):
+            with self.subTest(frame=frame):
+                self.reader.send(frame)
+                self.screen.answer(desk.UNREGISTERED_BOX)
+        program.wait_idle()
+        self.assertEqual(0, self.shop.count("InpTB"))
+        self.end(program)
+        self.assertWhole()
+
+    def test_a_million_characters_without_an_end_leave_the_program_at_work(self):
+        known = self.plain_codes(1)[0]
+        program = self.open()
+        self.reader.send(b"7" * 1_000_000 + b"\r\n")
+        self.reader.scan(known)
+        self.wait_receipts(1)
+        self.assertEqual([(known,)], self.receipts("Code"))
+        program.wait_idle()
+        self.end(program)
+
+    def test_a_reader_unplugged_at_work_leaves_the_keyboard(self):
+        first, second = self.plain_codes(2)
+        program = self.open()
+        self.reader.scan(first)
+        self.wait_receipts(1)
+        program.wait_idle()
+        self.reader.unplug()
+        # A port that has died must not keep the processor busy either.
+        program.wait_idle()
+        self.assertTrue(program.running())
+        self.screen.press("Return")  # from the new row back to the code field
+        self.screen.type(f"{second}\n\n")
+        self.wait_receipts(2)
+        self.assertEqual([(first,), (second,)], self.receipts("Code"))
+        program.wait_idle()
+        self.end(program)
+
+    def test_without_a_port_the_box_appears_once_and_the_keyboard_works(self):
+        known = self.plain_codes(1)[0]
+        self.shop.use_reader("/dev/no-such-reader")
+        program = self.start()
+        self.screen.answer(desk.NO_PORT_BOX)
+        self.wait_ready(program)
+        self.screen.type(f"{known}\n\n")
+        self.wait_receipts(1)
+        program.wait_idle()
+        self.end(program)
+
+    def test_two_programs_cannot_share_a_port(self):
+        program = self.open()
+        other = self.shop.copy_to(self.shop.folder.parent / "other")
+        with desk.Program(other, self.screen) as second:
+            self.screen.answer(desk.NO_PORT_BOX)
+            wait_for("the second shop's window",
+                     lambda: self.screen.titles().count(desk.MAIN_WINDOW) == 2)
+            second.wait_idle()
+            self.end(second)
+        self.wait_ready(program)
+        self.end(program)
+
+
+if __name__ == "__main__":
+    main()
