@@ -28,6 +28,7 @@ constexpr int rowsWithoutAsking = 1000;
 
 void MovementPage::cmdKensaku_Click()
 {
+    grid()->endEdit(); // a button pressed by the reader takes no focus from the cell
     Frame& frame = m_services.frame;
     if (frame.EditGuard(frame.currentTab()) != BoxAnswer::Cancel) {
         frame.BusyOn();
@@ -153,7 +154,7 @@ bool MovementPage::changeNumber(int column, int row, int rowIndex)
         if (number.cell != column || number.cell == noCell)
             continue;
         if (grid()->text(column, row).empty())
-            grid()->SetText(column, row, "0");
+            grid()->SetText(column, row, std::string_view("0"));
         const std::string_view shown = grid()->text(column, row);
         if (shown == m_rows.get(rowIndex, number.stored))
             return false;
@@ -195,6 +196,7 @@ bool MovementPage::changeText(int column, int row, int rowIndex)
 
 void MovementPage::cmdKousin_Click()
 {
+    grid()->endEdit();
     Frame& frame = m_services.frame;
     if (!frame.dirty(m_side.side))
         return;
@@ -280,6 +282,7 @@ void MovementPage::restorePosted(int row, int rowIndex, const Figures& posted)
 
 void MovementPage::cmdDelete_Click()
 {
+    grid()->endEdit();
     const int row = grid()->ActiveRow();
     if (m_rows.Count() == 0 || row < 1)
         return;

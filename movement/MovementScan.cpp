@@ -61,6 +61,7 @@ void MovementPage::barCode_KeyPress(int& keyAscii)
 
 void MovementPage::book(const std::string& code)
 {
+    grid()->endEdit(); // a scan by the serial reader may find the operator in a cell
     Scan scan;
     scan.moment = m_services.clock.now();
     scan.stamp = stampOf(scan.moment);

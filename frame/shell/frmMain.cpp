@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QLineEdit>
 
 #include "frame/shell/TitleBar.h"
 #include "frame/support/FocusPaint.h"

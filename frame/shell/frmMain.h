@@ -87,7 +87,6 @@ public:
     void setWaitProgress(int value) override;
 
     // ScanTarget
-    [[nodiscard]] int scanTab() const override { return static_cast<int>(currentTab()); }
     void selectTab(int tab) override;
     void GoodsCodeSet(const QString& code) override;
     void TantouCodeSet(const QString& code) override;

@@ -1,8 +1,11 @@
 // Changing tabs, and the guard of unsaved edits that a change of tab has to pass.
 #include "frame/shell/frmMain.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
+#include <QLineEdit>
 
+#include "barcode/FunctionCodes.h"
 #include "frame/support/PageTools.h"
 #include "lists/MovementListPage.h"
 #include "lists/StockPage.h"
@@ -78,6 +81,8 @@ void frmMain::firstShow(Tab tab)
 BoxAnswer frmMain::EditGuard(Tab tab)
 {
     MovementPage* entry = entryPage(tab);
+    if (entry != nullptr)
+        entry->grid()->endEdit();
     if (entry == nullptr || !dirty(static_cast<Side>(tab)))
         return BoxAnswer::None;
     m_guardActive = true;
@@ -164,5 +169,12 @@ void frmMain::SakiCodeSet(const QString& code)
 }
 
 void frmMain::sendKeys(const QString& expression) { SendKeys(expression); }
+
+void frmMain::MainBarEtc(const QString& function)
+{
+    const QStringView name = buttonOf(function, m_currentTab);
+    if (auto* button = name.isEmpty() ? nullptr : findChild<QAbstractButton*>(name.toString()))
+        button->click();
+}
 
 } // namespace suisui

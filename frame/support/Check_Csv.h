@@ -5,6 +5,7 @@
 #include <QString>
 
 class QLineEdit;
+class QWidget;
 
 namespace suisui {
 

@@ -4,8 +4,7 @@
 #include <QColor>
 #include <QObject>
 #include <QSet>
-
-class QWidget;
+#include <QWidget>
 
 namespace suisui {
 
