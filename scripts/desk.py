@@ -11,6 +11,7 @@ import shutil
 import sqlite3
 import subprocess
 import tempfile
+import termios
 import time
 import tty
 import urllib.parse
@@ -167,6 +168,10 @@ class Reader:
 
     def scan(self, text):
         self.send(text.encode("cp932") + b"\r\n")
+
+    def forget(self):
+        """Drops what was sent and never read."""
+        termios.tcflush(self._line, termios.TCIFLUSH)
 
     def unplug(self):
         for end in (self._line, self._reader):

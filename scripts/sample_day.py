@@ -12,6 +12,7 @@ import shutil
 import sys
 import time
 
+sys.dont_write_bytecode = True  # the source tree stays as it is
 import desk
 
 STAFF, PARTNER = "02", "102"

@@ -1,0 +1,39 @@
+// Comma-separated values as RFC 4180 has them: quoted fields, doubled quotes, CR LF or LF.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace suisui {
+
+/// Reads records one after the other.
+class CsvReader
+{
+public:
+    explicit CsvReader(std::string_view text) : m_text(text) {}
+
+    /// Next record; nothing at the end or at a fault (see error()).
+    [[nodiscard]] std::optional<std::vector<std::string>> next();
+    /// Line, counted from 1, on which the last record began.
+    [[nodiscard]] int line() const { return m_recordLine; }
+    /// What is wrong with the text, with line and column; empty when nothing is.
+    [[nodiscard]] const std::string& error() const { return m_error; }
+
+private:
+    [[nodiscard]] std::optional<std::string> quotedField();
+    void fault(const std::string& what);
+
+    std::string_view m_text;
+    std::size_t m_at = 0;
+    std::size_t m_lineStart = 0;
+    int m_line = 1;
+    int m_recordLine = 1;
+    std::string m_error;
+};
+
+/// One record with its CR LF; fields are quoted where they need it.
+[[nodiscard]] std::string csvRecord(const std::vector<std::string_view>& fields);
+
+} // namespace suisui

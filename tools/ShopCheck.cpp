@@ -1,0 +1,184 @@
+#include "tools/ShopCheck.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include <QString>
+#include <QStringDecoder>
+
+#include "platform/core/RunTimeError.h"
+#include "store/AppDB.h"
+#include "store/Numbers.h"
+
+namespace suisui {
+
+namespace {
+
+using Problems = std::vector<std::string>;
+
+constexpr double tolerance = 1e-6; // quantities of a tenth do not add up to the last bit
+
+bool allDigits(std::string_view text, std::size_t length)
+{
+    return text.size() == length
+           && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+bool isDate(std::string_view text) { return allDigits(text, 8); }
+bool isTime(std::string_view text) { return allDigits(text, 6); }
+bool isStamp(std::string_view text) { return allDigits(text, 14); }
+
+bool isMovementNumber(std::string_view text)
+{
+    const std::string_view digits = text.substr(text.starts_with('-') ? 1 : 0);
+    return digits.size() >= 7 && allDigits(digits, digits.size());
+}
+
+bool isNumber(std::string_view text)
+{
+    try {
+        (void)CDbl(text);
+        return true;
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+struct Encoding
+{
+    std::string_view column;
+    bool (*holds)(std::string_view);
+    std::string_view meaning;
+};
+
+constexpr Encoding movementEncodings[] = {
+    {"NyuSuu", isMovementNumber, "movement number"},    {"NyuPrice", isMovementNumber, "movement number"},
+    {"NyuNebiki", isMovementNumber, "movement number"}, {"Henkyaku", isMovementNumber, "movement number"},
+    {"SyuSuu", isMovementNumber, "movement number"},    {"SyuPrice", isMovementNumber, "movement number"},
+    {"SyuNebiki", isMovementNumber, "movement number"}, {"RHenkyaku", isMovementNumber, "movement number"},
+    {"FHenkyaku", isMovementNumber, "movement number"}, {"NyuDate", isDate, "date"},
+    {"SyuDate", isDate, "date"},                        {"NyuTime", isTime, "time"},
+    {"SyuTime", isTime, "time"},                        {"InpDate", isStamp, "time stamp"},
+    {"UpdDate", isStamp, "time stamp"},
+};
+constexpr Encoding stockEncodings[] = {
+    {"ZaikoSuu", isNumber, "stock number"},
+    {"KuriSuu", isNumber, "stock number"},
+    {"InpDate", isStamp, "time stamp"},
+    {"UpdDate", isStamp, "time stamp"},
+};
+
+bool isUtf8(std::string_view text)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString decoded = decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+    return !decoder.hasError() && decoded.size() >= 0;
+}
+
+std::string place(const RowSet& rows, int row, std::size_t column)
+{
+    return std::string(rows.table().name) + " row " + std::to_string(row) + " " + std::string(rows.table().columns[column])
+           + " \"" + std::string(rows.get(row, static_cast<int>(column))) + "\"";
+}
+
+void checkEncodings(const RowSet& rows, std::span<const Encoding> encodings, Problems& problems)
+{
+    const TableDef& table = rows.table();
+    for (int row = 1; row <= rows.Count(); ++row) {
+        for (std::size_t column = 0; column < table.columns.size(); ++column) {
+            const std::string_view text = rows.get(row, static_cast<int>(column));
+            if (!isUtf8(text))
+                problems.push_back(place(rows, row, column) + " is no text");
+            for (const Encoding& encoding : encodings)
+                if (encoding.column == table.columns[column] && !encoding.holds(text))
+                    problems.push_back(place(rows, row, column) + " is no " + std::string(encoding.meaning));
+        }
+    }
+}
+
+std::string folded(std::string_view code)
+{
+    std::string text(code);
+    for (char& c : text)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c + ('a' - 'A'));
+    return text;
+}
+
+/// What the movements now in the tables make of each code's stock.
+std::map<std::string, double> movedStock(const InpRec& receipts, const OutRec& shipments, const HSeihinRec& parts)
+{
+    std::multimap<std::string, std::pair<std::string, double>> components;
+    for (int row = 1; row <= parts.Count(); ++row)
+        components.emplace(folded(parts.get(row, HSeihinCol::Code)),
+                           std::pair(folded(parts.get(row, HSeihinCol::HSeihinCD)),
+                                     numberOf(parts.get(row, HSeihinCol::Suuryou))));
+    std::map<std::string, double> moved;
+    for (int row = 1; row <= receipts.Count(); ++row) {
+        const std::string code = folded(receipts.get(row, InpCol::Code));
+        const double net = numberOf(receipts.get(row, InpCol::NyuSuu)) - numberOf(receipts.get(row, InpCol::Henkyaku));
+        moved[code] += net;
+        const auto [first, last] = components.equal_range(code);
+        for (auto part = first; part != last; ++part)
+            moved[part->second.first] -= net * part->second.second;
+    }
+    for (int row = 1; row <= shipments.Count(); ++row)
+        moved[folded(shipments.get(row, OutCol::Code))] -= numberOf(shipments.get(row, OutCol::SyuSuu));
+    return moved;
+}
+
+void checkStock(AppDB& db, const ZaikoRec& stock, std::map<std::string, double> moved, Problems& problems)
+{
+    for (int row = 1; row <= stock.Count(); ++row) {
+        const std::string code = folded(stock.get(row, ZaikoCol::Code));
+        const double figure = numberOf(stock.get(row, ZaikoCol::ZaikoSuu));
+        const double expected = numberOf(stock.get(row, ZaikoCol::KuriSuu)) + moved[code];
+        moved.erase(code);
+        if (std::abs(figure - expected) > tolerance)
+            problems.push_back("stock of " + std::string(stock.get(row, ZaikoCol::Code)) + " is " + CStr(figure)
+                               + ", its movements make " + CStr(expected));
+    }
+    MasterRec& master = db.MasterPost();
+    std::map<std::string, bool> known;
+    master.Select({});
+    for (int row = 1; row <= master.Count(); ++row)
+        known[folded(master.get(row, MasterCol::Code))] = true;
+    master.Clear();
+    // A code that is in neither table is skipped by the postings, so it owes nothing here either.
+    for (const auto& [code, quantity] : moved)
+        if (std::abs(quantity) > tolerance && known.contains(code))
+            problems.push_back("no stock row for " + code + ", its movements make " + CStr(quantity));
+}
+
+} // namespace
+
+std::vector<std::string> checkShop(AppDB& db)
+{
+    Problems problems;
+    if (db.OpenRecordset("SELECT integrity_check AS result FROM pragma_integrity_check") != 0)
+        return {"the file cannot be read: " + db.LastErrText()};
+    for (; !db.recordset().atEof(); db.recordset().MoveNext())
+        if (const std::string result = db.recordset().Fields("result"); result != "ok")
+            problems.push_back("the file is damaged: " + result);
+    db.CloseRecordset();
+    InpRec receipts(db, inpTable);
+    OutRec shipments(db, outTable);
+    ZaikoRec stock(db, zaikoTable);
+    HSeihinRec parts(db, hseihinTable);
+    RowSet* const all[] = {&receipts, &shipments, &stock, &parts};
+    for (RowSet* rows : all)
+        if (rows->Select({}) < 0)
+            return {"table " + std::string(rows->table().name) + " cannot be read: " + db.LastErrText()};
+    checkEncodings(receipts, movementEncodings, problems);
+    checkEncodings(shipments, movementEncodings, problems);
+    checkEncodings(stock, stockEncodings, problems);
+    try {
+        checkStock(db, stock, movedStock(receipts, shipments, parts), problems);
+    } catch (const RunTimeError& error) {
+        problems.push_back(std::string("the stock cannot be computed: ") + error.what());
+    }
+    return problems;
+}
+
+} // namespace suisui

@@ -1,0 +1,27 @@
+// The commands of the data tool, which makes a program folder usable with no master-data program at hand.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace suisui {
+
+enum class ToolStatus { Good = 0, Found = 1, Failed = 2 };
+
+/// Makes DB/trnvik.mdb and db/trnorg.mdb under \a base, those that are missing. Failed when both were there.
+[[nodiscard]] ToolStatus createShop(const std::string& base, std::ostream& out, std::ostream& err);
+/// Fills an empty database with a small shop: goods, partners, staff, components.
+[[nodiscard]] ToolStatus sampleShop(const std::string& base, std::ostream& out, std::ostream& err);
+/// Checks the books; Found when something does not hold.
+[[nodiscard]] ToolStatus checkBooks(const std::string& base, std::ostream& out, std::ostream& err);
+/// Writes a table as CSV, in UTF-8 or code page 932.
+[[nodiscard]] ToolStatus exportTable(const std::string& base, std::string_view table, const std::string& file,
+                                     bool cp932, std::ostream& out, std::ostream& err);
+/// Adds the records of a CSV file to a table; all of them or, when a line is bad, none. The first record names
+/// the columns, in any order; columns that it leaves out are empty.
+[[nodiscard]] ToolStatus importTable(const std::string& base, std::string_view table, const std::string& file,
+                                     bool cp932, std::ostream& out, std::ostream& err);
+
+} // namespace suisui

@@ -1,0 +1,61 @@
+#include <iostream>
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include "store/AppEnv.h"
+#include "tools/TagDb.h"
+
+using namespace Qt::Literals::StringLiterals;
+using suisui::ToolStatus;
+
+namespace {
+
+constexpr auto commands = "Commands:\n"
+                          "  create              makes the working database and the empty template\n"
+                          "  sample              fills an empty database with a small shop\n"
+                          "  check               checks the file, the encodings and every stock figure\n"
+                          "  export TABLE FILE   writes a table as CSV\n"
+                          "  import TABLE FILE   adds the records of a CSV file to a table\n"
+                          "Exit status: 0 good, 1 check has found something, 2 wrong use or failure.";
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Makes and checks the program folder of suisuitag.\n\n"_s
+                                     + QString::fromLatin1(commands));
+    parser.addHelpOption();
+    const QCommandLineOption base(u"base"_s, u"The program folder (default: the folder of this program)."_s, u"DIR"_s);
+    const QCommandLineOption cp932(u"cp932"_s, u"CSV files are in code page 932 instead of UTF-8."_s);
+    parser.addOptions({base, cp932});
+    parser.addPositionalArgument(u"command"_s, u"What to do."_s);
+    parser.process(application);
+
+    const QStringList words = parser.positionalArguments();
+    const QString command = words.value(0);
+    const std::string folder =
+        (parser.isSet(base) ? parser.value(base) : suisui::AppEnv::programFolder(QCoreApplication::applicationFilePath()))
+            .toStdString();
+    const auto runs = [&](const QString& name, qsizetype arguments) {
+        return command == name && words.size() == arguments + 1;
+    };
+    auto status = ToolStatus::Failed;
+    if (runs(u"create"_s, 0))
+        status = suisui::createShop(folder, std::cout, std::cerr);
+    else if (runs(u"sample"_s, 0))
+        status = suisui::sampleShop(folder, std::cout, std::cerr);
+    else if (runs(u"check"_s, 0))
+        status = suisui::checkBooks(folder, std::cout, std::cerr);
+    else if (runs(u"export"_s, 2))
+        status = suisui::exportTable(folder, words[1].toStdString(), words[2].toStdString(), parser.isSet(cp932),
+                                     std::cout, std::cerr);
+    else if (runs(u"import"_s, 2))
+        status = suisui::importTable(folder, words[1].toStdString(), words[2].toStdString(), parser.isSet(cp932),
+                                     std::cout, std::cerr);
+    else
+        std::cerr << parser.helpText().toStdString();
+    return static_cast<int>(status);
+}
