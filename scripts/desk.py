@@ -8,6 +8,7 @@ import os
 import pathlib
 import select
 import shutil
+import socket
 import sqlite3
 import subprocess
 import tempfile
@@ -22,6 +23,7 @@ NO_PORT_BOX = "通信ポート(COM) 未設定"
 UNREGISTERED_BOX = "商品 未登録エラー"
 SHORTAGE_BOXES = (" 在庫不足", " 最低在庫数 未満")
 
+FIRST_SCREEN = 90
 DEADLINE = 20.0  # seconds; generous, since nothing waits longer than it must
 LOOK_AGAIN = 0.02
 STANDS_STILL = 0.3
@@ -49,27 +51,43 @@ class Screen:
     def __init__(self, width=1280, height=960):
         self._home = tempfile.TemporaryDirectory(prefix="suisui-screen-")
         os.chmod(self._home.name, 0o700)
-        number, told = os.pipe()
-        self._server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(told), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp",
-             "-noreset"],
-            pass_fds=(told,), stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        os.close(told)
-        ready, _, _ = select.select([number], [], [], DEADLINE)
-        name = os.read(number, 32).decode().strip() if ready else ""
-        os.close(number)
-        if not name:
-            self._server.kill()
-            raise DeskError("the X server does not start")
+        self._server, number = self._start_server(f"{width}x{height}x24")
         self.environment = {key: value for key, value in os.environ.items()
                             if not key.startswith("QT_") and key != "WAYLAND_DISPLAY"}
         # The window manager's and the user's own settings must not colour what happens here.
-        self.environment.update(DISPLAY=f":{name}", LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
+        self.environment.update(DISPLAY=f":{number}", LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
                                 XDG_RUNTIME_DIR=self._home.name, XDG_CONFIG_HOME=self._home.name)
         self._manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
                                          stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                          stderr=subprocess.DEVNULL)
         wait_for("the window manager is up", lambda: self._xdotool("get_num_desktops").returncode == 0)
+
+    @staticmethod
+    def _start_server(size):
+        """The server and its number. A named number is locked by the server, so that of two that start at the same
+        moment one gives up and tries the next; servers that look for a free number themselves take no lock."""
+        for number in range(FIRST_SCREEN, FIRST_SCREEN + 500):
+            if os.path.exists(f"/tmp/.X{number}-lock") or os.path.exists(f"/tmp/.X11-unix/X{number}"):
+                continue
+            server = subprocess.Popen(["Xvfb", f":{number}", "-screen", "0", size, "-nolisten", "tcp", "-noreset"],
+                                      stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+            def answers():
+                with socket.socket(socket.AF_UNIX) as line:
+                    return line.connect_ex(f"/tmp/.X11-unix/X{number}") == 0
+
+            def is_mine():
+                try:
+                    return int(pathlib.Path(f"/tmp/.X{number}-lock").read_text(encoding="ascii")) == server.pid
+                except (OSError, ValueError):  # the other server has ended meanwhile
+                    return False
+
+            wait_for("the X server is up", lambda: server.poll() is not None or answers())
+            if server.poll() is None and is_mine():
+                return server, number
+            server.kill()
+            server.wait()
+        raise DeskError("no X server starts")
 
     def __enter__(self):
         return self
@@ -87,10 +105,12 @@ class Screen:
         return subprocess.run(["xdotool", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
                               capture_output=True, encoding="utf-8", check=False)
 
+    def _visible(self):
+        return self._xdotool("search", "--onlyvisible", "--name", ".").stdout.split()
+
     def titles(self):
         """Titles of the windows that can be seen."""
-        windows = self._xdotool("search", "--onlyvisible", "--name", ".").stdout.split()
-        commands = [word for window in windows for word in ("getwindowname", window)]
+        commands = [word for window in self._visible() for word in ("getwindowname", window)]
         # A window may close between the two looks; what is left of the list is still right.
         return self._xdotool(*commands).stdout.splitlines() if commands else []
 
@@ -113,18 +133,24 @@ class Screen:
             raise DeskError(f"keys {keys}: {done.stderr}")
 
     def type(self, text):
-        """Types as fast as the server takes it, as a keyboard-style reader does."""
-        done = self._xdotool("type", "--delay", "0", text)
+        """Types as fast as the server takes it, as a keyboard-style reader does; a line break is Enter.
+
+        Key by key, since xdotool's own typing would send a line feed instead of Enter."""
+        names = {"\n": "Return", "-": "minus"}
+        done = self._xdotool("key", "--delay", "0", *(names.get(letter, letter) for letter in text))
         if done.returncode != 0:
             raise DeskError(f"typing {text!r}: {done.stderr}")
 
     def answer(self, title, *keys, picture=None):
-        """Waits for the box, answers it with keys (Enter unless told) and waits until it is gone."""
+        """Waits for the box, answers it with keys (Enter unless told) and waits until it is gone.
+
+        The next box may carry the same title, so it is the window that is waited for."""
         self.wait_active(title)
+        window = self._xdotool("getactivewindow").stdout.strip()
         if picture:
             self.settled_picture(picture)
         self.press(*(keys or ("Return",)))
-        self.wait_gone(title)
+        wait_for(f"window {title!r} is gone", lambda: window not in self._visible())
 
     def picture(self, path):
         subprocess.run(["scrot", "--overwrite", str(path)], env=self.environment, check=False,

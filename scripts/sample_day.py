@@ -115,6 +115,20 @@ class Day:
         print("scan [U], [P]          the program has ended with status 0")
 
 
+def what_comes_in(shop):
+    """A product, and goods from all over the shop: among them all components of the product but one, so that
+    making it meets stock and a shortage."""
+    product = shop.rows("SELECT Code FROM HSeihinTB GROUP BY Code ORDER BY count(*) DESC, Code LIMIT 1")[0][0]
+    components = [code for code, in shop.rows("SELECT HSeihinCD FROM HSeihinTB WHERE Code = ? ORDER BY HSeihinCD",
+                                              product)]
+    others = [code for code, in shop.rows("SELECT Code FROM Master WHERE length(Code) = 13 AND Code NOT IN"
+                                          " (SELECT Code FROM HSeihinTB UNION SELECT HSeihinCD FROM HSeihinTB)"
+                                          " ORDER BY Code")]
+    chosen = components[:-1][:GOODS_SCANS]
+    wanted = GOODS_SCANS - len(chosen)
+    return product, chosen + others[::max(1, len(others) // max(1, wanted))][:wanted]
+
+
 def work(shop, screen, reader, pictures):
     with desk.Program(shop, screen) as program:
         screen.wait_active(desk.MAIN_WINDOW)
@@ -124,15 +138,13 @@ def work(shop, screen, reader, pictures):
 
         day.choose(f"@{STAFF}@", "担当者", "TantouTB", STAFF)
         day.choose(f"#{PARTNER}#", "入荷先", "KokyakuTB", PARTNER)
-        products = [code for code, in shop.rows("SELECT DISTINCT Code FROM HSeihinTB ORDER BY Code")]
-        plain = [code for code, in shop.rows("SELECT Code FROM Master WHERE Code NOT IN (SELECT Code FROM HSeihinTB)"
-                                             " AND length(Code) = 13 ORDER BY Code LIMIT ?", GOODS_SCANS)]
-        day.expect("the sample has goods and products", len(plain) == GOODS_SCANS and products)
+        product, plain = what_comes_in(shop)
+        day.expect("the sample has goods and products", len(plain) == GOODS_SCANS and product)
         for code in plain:
             day.goods(code)
         day.picture("main")
         day.unknown(UNKNOWN_CODE)
-        day.goods(products[0])
+        day.goods(product)
         day.picture("product")
         day.end(program)
         day.expect(f"nothing is complained of, but: {program.said()}", not program.said())
@@ -158,7 +170,7 @@ def main():
     sys.stdout.reconfigure(line_buffering=True, encoding="utf-8")
     shop = desk.Shop.install(chosen.build, output / "app")
     shop.fill()
-    with desk.Screen() as screen, desk.Reader() as reader:
+    with desk.Screen(1200, 800) as screen, desk.Reader() as reader:
         shop.use_reader(reader.device)
         try:
             work(shop, screen, reader, output)

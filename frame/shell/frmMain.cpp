@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QScreen>
 
 #include "frame/shell/TitleBar.h"
 #include "frame/support/FocusPaint.h"
@@ -49,6 +50,7 @@ frmMain::frmMain(const Surroundings& surroundings, QWidget* parent)
         SSTab_Click(previous);
     });
     resize(1180, 740);
+    move(screen()->availableGeometry().center() - rect().center());
 }
 
 frmMain::~frmMain() = default;

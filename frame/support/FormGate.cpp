@@ -48,8 +48,7 @@ bool FormGate::filterKey(QKeyEvent* event)
 {
     if (event == m_delivering || (m_enabled && m_held.empty()))
         return false;
-    // Somebody leaning on a key must not fill the queue with it.
-    if (!event->isAutoRepeat() && m_held.size() < mostHeldKeys)
+    if (m_held.size() < mostHeldKeys && !leansOnEnter(*event))
         m_held.emplace_back(event->clone());
     event->accept();
     return true;
@@ -81,6 +80,16 @@ bool FormGate::filterPointer(QObject* object, QEvent* event) const
     default:
         return false;
     }
+}
+
+/// Somebody leaning on Enter must not fill the queue with it: of its repeats one is held. Repeats of other keys
+/// count, because a reader's "00" may arrive as one key and its repeat.
+bool FormGate::leansOnEnter(const QKeyEvent& event) const
+{
+    const auto repeatedEnter = [](const QKeyEvent& key) {
+        return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+    };
+    return repeatedEnter(event) && !m_held.empty() && repeatedEnter(*m_held.back());
 }
 
 /// Delivery is posted, so that no key is worked inside the handler that enables the window.

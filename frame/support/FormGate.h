@@ -35,6 +35,7 @@ protected:
 private:
     [[nodiscard]] bool filterKey(QKeyEvent* event);
     [[nodiscard]] bool filterPointer(QObject* object, QEvent* event) const;
+    [[nodiscard]] bool leansOnEnter(const QKeyEvent& event) const;
     void schedule();
     void deliverNext();
 

@@ -49,9 +49,11 @@ void KeyField::keyPressEvent(QKeyEvent* event)
         QLineEdit::keyPressEvent(event); // arrows, Delete and the like
         return;
     }
+    event->accept();
+    if (keyAscii == Enter && event->isAutoRepeat())
+        return; // leaning on Enter must not book a code twice
     if (m_keyPress)
         m_keyPress(keyAscii);
-    event->accept();
     switch (keyAscii) {
     case 0:
     case Enter: // what Enter does is the handler's business alone; no dialog's button hears of it

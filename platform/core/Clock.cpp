@@ -1,6 +1,6 @@
 #include "platform/core/Clock.h"
 
-#include <QElapsedTimer>
+#include <QCoreApplication>
 #include <QTimer>
 
 #include "platform/core/DoEvents.h"
@@ -17,14 +17,20 @@ std::chrono::milliseconds SystemClock::steady() const
 
 void SystemClock::letPass(std::chrono::milliseconds span)
 {
+    if (span <= std::chrono::milliseconds::zero()) {
+        DoEvents();
+        return;
+    }
     bool passed = false;
     QTimer timer;
     timer.setSingleShot(true);
     timer.setTimerType(Qt::PreciseTimer);
     QObject::connect(&timer, &QTimer::timeout, &timer, [&passed] { passed = true; });
     timer.start(span);
+    // Not DoEventsOrWait: this runs inside handlers, whose objects must outlive the wait even when they have
+    // been given up for deletion.
     while (!passed)
-        DoEventsOrWait();
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
 } // namespace suisui

@@ -1,5 +1,6 @@
 #include "platform/core/CodePage.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -23,15 +24,14 @@ public:
     /// True when everything was converted.
     bool convert(std::string_view& input, std::string& output)
     {
-        std::array<char, 4096> buffer{};
         while (!input.empty()) {
             char* from = const_cast<char*>(input.data()); // iconv's signature; it does not write there
             std::size_t fromLeft = input.size();
-            char* to = buffer.data();
-            std::size_t toLeft = buffer.size();
+            char* to = m_buffer.data();
+            std::size_t toLeft = m_buffer.size();
             const std::size_t result = iconv(m_handle, &from, &fromLeft, &to, &toLeft);
             const int error = errno;
-            output.append(buffer.data(), buffer.size() - toLeft);
+            output.append(m_buffer.data(), m_buffer.size() - toLeft);
             input.remove_prefix(input.size() - fromLeft);
             if (result == static_cast<std::size_t>(-1) && error != E2BIG)
                 return false;
@@ -41,12 +41,21 @@ public:
 
 private:
     iconv_t m_handle;
+    std::array<char, 4096> m_buffer{};
 };
+
+/// Texts of these characters alone, as nearly all codes are, have the same bytes in both.
+bool isAscii(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
 
 } // namespace
 
 std::string fromCp932(std::string_view bytes)
 {
+    if (isAscii(bytes))
+        return std::string(bytes);
     Converter converter("UTF-8", "CP932");
     std::string text;
     text.reserve(bytes.size());
@@ -59,6 +68,8 @@ std::string fromCp932(std::string_view bytes)
 
 std::optional<std::string> toCp932(std::string_view utf8)
 {
+    if (isAscii(utf8))
+        return std::string(utf8);
     Converter converter("CP932", "UTF-8");
     std::string bytes;
     if (!converter.convert(utf8, bytes))

@@ -1,6 +1,7 @@
 #include "platform/core/FindWindow.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 
 #include <xcb/xcb.h>
@@ -18,6 +19,10 @@ template <typename Reply> using Owned = std::unique_ptr<Reply, Free>;
 
 constexpr std::uint32_t longestTitle = 1024; // in 32-bit units, as xcb counts property lengths
 
+// States in WM_STATE, the note of the window manager at each window that a program shows (ICCCM 4.1.3.1).
+constexpr std::uint32_t normalState = 1;
+constexpr std::uint32_t iconicState = 3;
+
 /// The search of one display, through a connection of its own.
 class Search
 {
@@ -30,6 +35,7 @@ public:
             return false;
         m_netName = atom("_NET_WM_NAME");
         m_utf8 = atom("UTF8_STRING");
+        m_state = atom("WM_STATE");
         for (auto screens = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())); screens.rem > 0;
              xcb_screen_next(&screens))
             if (below(screens.data->root))
@@ -56,7 +62,17 @@ private:
                 xcb_get_property_value_length(reply.get())};
     }
 
-    bool mapped(xcb_window_t window)
+    /// On the screen, or where the window manager has put it away: minimised, or on another desktop.
+    bool shown(xcb_window_t window)
+    {
+        const QByteArray managed = property(window, m_state, m_state);
+        std::uint32_t state = 0;
+        if (managed.size() >= static_cast<qsizetype>(sizeof(state)))
+            std::memcpy(&state, managed.constData(), sizeof(state));
+        return state == normalState || state == iconicState || viewable(window);
+    }
+
+    bool viewable(xcb_window_t window)
     {
         const auto cookie = xcb_get_window_attributes(m_connection.get(), window);
         const Owned<xcb_get_window_attributes_reply_t> reply(
@@ -81,7 +97,7 @@ private:
             return false;
         const xcb_window_t* children = xcb_query_tree_children(tree.get());
         for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i)
-            if (mapped(children[i]) && (titled(children[i]) || below(children[i])))
+            if ((titled(children[i]) && shown(children[i])) || below(children[i]))
                 return true;
         return false;
     }
@@ -90,6 +106,7 @@ private:
     Owned<xcb_connection_t> m_connection;
     xcb_atom_t m_netName = XCB_ATOM_NONE;
     xcb_atom_t m_utf8 = XCB_ATOM_NONE;
+    xcb_atom_t m_state = XCB_ATOM_NONE;
 };
 
 } // namespace

@@ -5,8 +5,9 @@
 
 namespace suisui {
 
-/// True when a mapped window of any program on this X display has exactly the title \a title
-/// (_NET_WM_NAME, else WM_NAME). False too where there is no X display.
+/// True when a window of any program on this X display has exactly the title \a title (_NET_WM_NAME, else
+/// WM_NAME). A minimised window and one on another desktop count; a window that its program has not shown does
+/// not. False too where there is no X display.
 [[nodiscard]] bool FindWindow(const QString& title);
 
 } // namespace suisui

@@ -1,5 +1,7 @@
 #include "platform/core/MSComm.h"
 
+#include <utility>
+
 #include <QSerialPort>
 #include <QStringList>
 
@@ -95,6 +97,7 @@ void MSComm::setPortOpen(bool open)
             throw RunTimeError(RunTimeError::PortNotOpen, "the port is not open");
         m_port.reset();
         m_lost = false;
+        m_left.clear();
         return;
     }
     if (portOpen())
@@ -112,6 +115,7 @@ void MSComm::setPortOpen(bool open)
         throw RunTimeError(RunTimeError::DeviceError,
                            (port->portName() + u": "_s + port->errorString()).toStdString());
     m_lost = false;
+    m_left.clear();
     m_port = std::move(port);
     // A dead device reports its error again and again; the first one is enough.
     connect(m_port.get(), &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
@@ -127,11 +131,12 @@ void MSComm::devicePulled()
         return;
     m_lost = true;
     m_port->disconnect(this);
+    m_left = m_port->readAll(); // closing drops it, and a scan is never dropped
     m_port->close();
     Q_EMIT deviceLost();
 }
 
-qint64 MSComm::inBufferCount() const { return portOpen() ? m_port->bytesAvailable() : 0; }
+qint64 MSComm::inBufferCount() const { return portOpen() ? m_port->bytesAvailable() : m_left.size(); }
 
 void MSComm::clearInBuffer()
 {
@@ -141,7 +146,7 @@ void MSComm::clearInBuffer()
     (void)m_port->readAll();
 }
 
-QByteArray MSComm::input() { return portOpen() ? m_port->readAll() : QByteArray(); }
+QByteArray MSComm::input() { return portOpen() ? m_port->readAll() : std::exchange(m_left, {}); }
 
 void MSComm::output(const QByteArray& bytes)
 {

@@ -1,6 +1,6 @@
 // The serial port of a bar-code reader: settings as one text, opening, and reading what is waiting.
-// Reads never wait. When the device goes away while the port is open, the port closes itself and every
-// later read is empty.
+// Reads never wait. When the device goes away while the port is open, the port closes itself; what had come
+// in before is still read once, and every later read is empty.
 #pragma once
 
 #include <functional>
@@ -58,6 +58,7 @@ private:
     int m_commPort = 1;
     QString m_settings;
     bool m_lost = false;
+    QByteArray m_left; ///< what was waiting when the device went away
 };
 
 } // namespace suisui

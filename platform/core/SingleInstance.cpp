@@ -14,6 +14,8 @@ SingleInstance::~SingleInstance() = default;
 
 bool SingleInstance::prevInstance()
 {
+    if (m_lock->isLocked())
+        return false; // it is this object that holds it
     return !m_lock->tryLock(0) && m_lock->error() == QLockFile::LockFailedError;
 }
 

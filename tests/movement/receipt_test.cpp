@@ -111,7 +111,7 @@ TEST_F(ReceiptTest, unknownCode_saysSo_andLeavesEverything)
 TEST_F(ReceiptTest, textsThatAreNoCode_areUnregistered_andChangeNoStatement)
 {
     const QString evil[] = {u"'"_s,          u"x' OR '1'='1"_s, u"'; DELETE FROM Master; --"_s, u"4901001000017'"_s,
-                            QString(u"a\0b", 3), u"\x01\x02"_s, u"\"SET1\""_s, QString(300000, u'9')};
+                            QStringLiteral("a\0b"), u"\x01\x02"_s, u"\"SET1\""_s, QString(300000, u'9')};
     for (const QString& code : evil) {
         desk.box.shown.clear();
         EntryDesk::book(*page, code);

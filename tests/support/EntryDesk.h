@@ -3,6 +3,9 @@
 
 #include <memory>
 
+#include <QComboBox>
+#include <QLineEdit>
+
 #include "movement/MovementPage.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"

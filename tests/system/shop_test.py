@@ -76,7 +76,7 @@ class ShopTest(unittest.TestCase):
 
     def receipts(self, *columns):
         """Receipts in the order in which they were stored."""
-        return self.shop.rows(f"SELECT {', '.join(columns)} FROM InpTB ORDER BY InpDate")
+        return self.shop.rows(f"SELECT {', '.join(columns)} FROM InpTB ORDER BY rowid")
 
     def wait_receipts(self, count, seconds=desk.DEADLINE):
         wait_for(f"{count} receipts in the database", lambda: self.shop.count("InpTB") >= count, seconds)

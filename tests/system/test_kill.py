@@ -15,7 +15,7 @@ class Kill(ShopTest):
         print(f"SEED={seed}")
         chance = random.Random(seed)
         product = self.shop.rows("SELECT DISTINCT Code FROM HSeihinTB ORDER BY Code")[0][0]
-        codes = [product, *self.plain_codes(2)]
+        codes = [*self.plain_codes(2), product]
         stored = []
         for _ in range(ROUNDS):
             program = self.open()

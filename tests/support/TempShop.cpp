@@ -1,0 +1,28 @@
+#include "tests/support/TempShop.h"
+
+#include <sqlite3.h>
+
+namespace suisui::test {
+
+std::vector<std::string> TempShop::query(const std::string& sql) const
+{
+    std::vector<std::string> rows;
+    sqlite3* db = nullptr;
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_open_v2(databaseFile().c_str(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK
+        || sqlite3_prepare_v2(db, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
+        std::abort();
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        std::string row;
+        for (int column = 0; column < sqlite3_column_count(statement); ++column) {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+            row += (column == 0 ? "" : "|") + std::string(text == nullptr ? "" : text);
+        }
+        rows.push_back(row);
+    }
+    sqlite3_finalize(statement);
+    sqlite3_close(db);
+    return rows;
+}
+
+} // namespace suisui::test
