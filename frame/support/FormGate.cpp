@@ -5,6 +5,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 
+#include "platform/widgets/EnterKey.h"
+
 namespace suisui {
 
 FormGate::FormGate(QWidget* form) : m_form(form) { qApp->installEventFilter(this); }
@@ -87,9 +89,10 @@ bool FormGate::filterPointer(QObject* object, QEvent* event) const
 bool FormGate::leansOnEnter(const QKeyEvent& event) const
 {
     const auto repeatedEnter = [](const QKeyEvent& key) {
-        return key.isAutoRepeat() && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter);
+        return key.isAutoRepeat() && isEnter(key);
     };
-    return repeatedEnter(event) && !m_held.empty() && repeatedEnter(*m_held.back());
+    return repeatedEnter(event) && !m_held.empty() && repeatedEnter(*m_held.back())
+           && (m_held.size() < 2 || repeatedEnter(*m_held[m_held.size() - 2]));
 }
 
 /// Delivery is posted, so that no key is worked inside the handler that enables the window.

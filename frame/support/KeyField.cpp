@@ -3,7 +3,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMimeData>
+
+#include "platform/widgets/EnterKey.h"
 
 namespace suisui {
 
@@ -26,7 +27,7 @@ QString pasteText()
 int keyAsciiOf(const QKeyEvent& event)
 {
     const int key = event.key();
-    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+    if (isEnter(event))
         return Enter;
     if (key == Qt::Key_Backspace)
         return Backspace;

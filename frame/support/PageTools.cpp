@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 
 #include "platform/core/RunTimeError.h"
+#include "platform/widgets/EnterKey.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -20,8 +21,7 @@ public:
     {
         if (event->type() != QEvent::KeyPress)
             return false;
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key != Qt::Key_Return && key != Qt::Key_Enter)
+        if (!isEnter(*static_cast<QKeyEvent*>(event)))
             return false;
         m_next->setFocus();
         return true;

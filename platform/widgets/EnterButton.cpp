@@ -2,6 +2,8 @@
 
 #include <QKeyEvent>
 
+#include "platform/widgets/EnterKey.h"
+
 namespace suisui {
 
 EnterButton::EnterButton(QWidget* parent) : QPushButton(parent)
@@ -11,7 +13,7 @@ EnterButton::EnterButton(QWidget* parent) : QPushButton(parent)
 
 void EnterButton::keyPressEvent(QKeyEvent* event)
 {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool enter = isEnter(*event);
     if (enter || event->key() == Qt::Key_Space) {
         if (enter && !m_typedAt && !event->isAutoRepeat())
             click();

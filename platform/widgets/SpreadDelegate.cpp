@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "platform/widgets/CellEditor.h"
+#include "platform/widgets/EnterKey.h"
 #include "platform/widgets/SpreadModel.h"
 #include "platform/widgets/vaSpread.h"
 
@@ -104,7 +105,7 @@ bool SpreadDelegate::eventFilter(QObject* object, QEvent* event)
         // The handler may move the focus away, which commits and closes the editor.
         if (m_spread->swallowed(key))
             return true;
-        if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+        if (isEnter(key)) {
             m_spread->endEdit();
             return true;
         }

@@ -9,6 +9,7 @@
 #include <QScrollBar>
 
 #include "platform/widgets/CellEditor.h"
+#include "platform/widgets/EnterKey.h"
 #include "platform/widgets/SpreadDelegate.h"
 #include "platform/widgets/SpreadModel.h"
 
@@ -23,7 +24,7 @@ constexpr int rowHeight = 24;
 /// Character code of the keys that a KeyPress handler is told of, 0 for the others.
 int keyAscii(const QKeyEvent& event)
 {
-    if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter)
+    if (isEnter(event))
         return 13;
     if (event.key() == Qt::Key_Backspace)
         return 8;
@@ -242,7 +243,7 @@ void vaSpread::keyPressEvent(QKeyEvent* event)
         event->accept();
         return;
     }
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (isEnter(*event)) {
         endEdit();
         event->accept();
     } else if (event->matches(QKeySequence::Copy)) {

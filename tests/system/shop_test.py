@@ -78,9 +78,12 @@ class ShopTest(unittest.TestCase):
         """Receipts in the order in which they were stored."""
         return self.shop.rows(f"SELECT {', '.join(columns)} FROM InpTB ORDER BY rowid")
 
-    def wait_receipts(self, count, seconds=desk.DEADLINE):
-        wait_for(f"{count} receipts in the database", lambda: self.shop.count("InpTB") >= count, seconds)
+    def wait_receipts(self, count):
+        """Waits until the receipts are stored and the last scan is over, which is in a later second than it began."""
+        wait_for(f"{count} receipts in the database", lambda: self.shop.count("InpTB") >= count)
         self.assertEqual(count, self.shop.count("InpTB"))
+        last = self.shop.rows("SELECT max(InpDate) FROM InpTB")[0][0]
+        wait_for("the second of the scan is over", lambda: time.strftime("%Y%m%d%H%M%S") > last)
 
     def plain_codes(self, count):
         """Codes of goods that are not made of others."""

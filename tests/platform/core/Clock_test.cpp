@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "platform/core/DoEvents.h"
 #include "tests/support/Eventually.h"
 
 using namespace std::chrono_literals;
@@ -56,7 +57,8 @@ TEST(SystemClock, letPass_ofNoTime_worksWhatIsPending_andReturns)
 TEST(SystemClock, letPass_insideAHandler_keepsObjectsThatTheHandlerHasGivenUp)
 {
     SystemClock clock;
-    const QPointer<QObject> editor = new QObject; // deletes itself below
+    const QPointer<QObject> editor = new QObject; // given up below
+    bool waited = false;
     bool aliveAfterWait = false;
     QMetaObject::invokeMethod(
         editor.data(),
@@ -64,10 +66,14 @@ TEST(SystemClock, letPass_insideAHandler_keepsObjectsThatTheHandlerHasGivenUp)
             editor->deleteLater();
             clock.letPass(5ms);
             aliveAfterWait = !editor.isNull();
+            waited = true;
         },
         Qt::QueuedConnection);
-    EXPECT_TRUE(eventually([&] { return editor.isNull(); }));
+    ASSERT_TRUE(eventually([&] { return waited; }));
     EXPECT_TRUE(aliveAfterWait);
+    wakeEvents();
+    DoEventsOrWait(); // the main loop, after the handler
+    EXPECT_TRUE(editor.isNull());
 }
 
 TEST(SystemClock, letPass_withinLetPass_endsEachAtItsOwnTime)

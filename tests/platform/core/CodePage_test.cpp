@@ -26,7 +26,6 @@ constexpr Pair pairs[] = {
     {"\x87\x54", "Ⅰ"},
     {"\x87\x8A", "㈱"},
     {"\xFB\xFC", "髙"},
-    {"\xED\x95", "羽"},
     {"\xB1\xB2\xDE\xDF", "ｱｲﾞﾟ"},
     {"\xA2\xA3\xA1\xA5", "｢｣｡･"},
     {"\x95\x5C\x83\x5C\x8F\x5C", "表ソ十"},
@@ -55,8 +54,7 @@ TEST(CodePage932, readsAndWritesTheShopsTexts)
 {
     for (const Pair& pair : pairs) {
         EXPECT_EQ(fromCp932(pair.bytes), pair.text);
-        if (pair.text != "羽") // stands twice in the page; the other place is the one written
-            EXPECT_EQ(toCp932(pair.text), std::string(pair.bytes)) << pair.text;
+        EXPECT_EQ(toCp932(pair.text), std::string(pair.bytes)) << pair.text;
     }
 }
 

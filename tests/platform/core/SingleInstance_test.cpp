@@ -3,6 +3,7 @@
 
 #include <csignal>
 
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -27,6 +28,7 @@ public:
         EXPECT_EQ(pipe(line), 0);
         m_process = fork();
         if (m_process == 0) {
+            prctl(PR_SET_PDEATHSIG, SIGKILL); // it does not outlive a test program that fails
             SingleInstance other(base);
             const char answer = other.prevInstance() ? 'n' : 'y';
             (void)!write(line[1], &answer, 1);
