@@ -14,16 +14,23 @@ namespace {
 
 const QByteArrayView frameEnd("\r\n");
 
-std::int16_t settingNumber(const QString& text) { return CInt(numberOf(text.toStdString())); }
+std::int16_t settingNumber(const QString& text)
+{
+    return CInt(numberOf(text.toStdString()));
+}
 
 } // namespace
 
-Barcode::Barcode(std::function<ReaderSettings()> settings, MsgBox& msgBox, std::function<void()> unloadShortWait)
+Barcode::Barcode(std::function<ReaderSettings()> settings, MsgBox& msgBox,
+                 std::function<void()> unloadShortWait)
     : m_settings(std::move(settings)), m_msgBox(msgBox), m_unloadShortWait(std::move(unloadShortWait))
 {
 }
 
-Barcode::~Barcode() { CommClose(); }
+Barcode::~Barcode()
+{
+    CommClose();
+}
 
 bool Barcode::BarCodeInit(MSComm* port)
 {
@@ -45,7 +52,10 @@ bool Barcode::CommInit()
         CommOpen();
     } catch (const RunTimeError&) {
         m_unloadShortWait();
-        m_msgBox.show({u"通信ポート(COM) 未設定"_s, u"【基本情報 登録】 バーコード設定画面で\r\n通信ポート(COM)を正しく設定して下さい。\r\n\r\n設定を行うまで、バーコードはご使用になれません。　　　"_s, BoxIcon::Stop});
+        m_msgBox.show(
+            {u"通信ポート(COM) 未設定"_s,
+             u"【基本情報 登録】 バーコード設定画面で\r\n通信ポート(COM)を正しく設定して下さい。\r\n\r\n設定を行うまで、バーコードはご使用になれません。　　　"_s,
+             BoxIcon::Stop});
         m_commReady = false;
     }
     return false;
@@ -67,7 +77,8 @@ QString Barcode::line()
     const qsizetype end = findEnd();
     if (end < 0)
         return {};
-    const std::string text = fromCp932(std::string_view(m_recvBuffer.constData(), static_cast<std::size_t>(end)));
+    const std::string text =
+        fromCp932(std::string_view(m_recvBuffer.constData(), static_cast<std::size_t>(end)));
     m_recvBuffer.remove(0, end + frameEnd.size());
     m_searched = 0;
     return QString::fromStdString(text);

@@ -42,7 +42,8 @@ ScannedValue classify(const QString& value)
     return {value.size() <= longestCode ? ScanKind::Goods : ScanKind::Dropped, value};
 }
 
-void dialogBarCodeChk(const QString& value, const std::function<void()>& pressOk, const std::function<void()>& pressEnd,
+void dialogBarCodeChk(const QString& value, const std::function<void()>& pressOk,
+                      const std::function<void()>& pressEnd,
                       const std::function<void(const QString&)>& sendKeys)
 {
     // Partners, staff and goods mean nothing to a dialog, so nothing about them can be wrong here.

@@ -29,7 +29,8 @@ struct ScannedValue
 
 /// BarCodeChk of a dialog: "P" presses OK, "T" presses the other button, key codes are typed, and everything
 /// else is dropped.
-void dialogBarCodeChk(const QString& value, const std::function<void()>& pressOk, const std::function<void()>& pressEnd,
+void dialogBarCodeChk(const QString& value, const std::function<void()>& pressOk,
+                      const std::function<void()>& pressEnd,
                       const std::function<void(const QString&)>& sendKeys);
 
 } // namespace suisui

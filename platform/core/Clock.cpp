@@ -7,7 +7,10 @@
 
 namespace suisui {
 
-QDateTime SystemClock::now() const { return QDateTime::currentDateTime(); }
+QDateTime SystemClock::now() const
+{
+    return QDateTime::currentDateTime();
+}
 
 std::chrono::milliseconds SystemClock::steady() const
 {

@@ -5,7 +5,10 @@
 
 namespace suisui {
 
-void DoEvents() { QCoreApplication::processEvents(QEventLoop::AllEvents); }
+void DoEvents()
+{
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
 
 void DoEventsOrWait()
 {

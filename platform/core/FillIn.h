@@ -10,7 +10,8 @@ namespace suisui {
 
 /// \a text with every "{name}" replaced by its value. One pass: a value that happens to hold "{name}" stays
 /// as it is.
-[[nodiscard]] inline QString fillIn(QStringView text, std::initializer_list<std::pair<QStringView, QString>> values)
+[[nodiscard]] inline QString fillIn(QStringView text,
+                                    std::initializer_list<std::pair<QStringView, QString>> values)
 {
     QString result;
     result.reserve(text.size() + 64);

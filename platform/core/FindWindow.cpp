@@ -46,16 +46,18 @@ public:
 private:
     xcb_atom_t atom(const char* name)
     {
-        const auto cookie =
-            xcb_intern_atom(m_connection.get(), 0, static_cast<std::uint16_t>(std::char_traits<char>::length(name)), name);
-        const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(m_connection.get(), cookie, nullptr));
+        const auto cookie = xcb_intern_atom(
+            m_connection.get(), 0, static_cast<std::uint16_t>(std::char_traits<char>::length(name)), name);
+        const Owned<xcb_intern_atom_reply_t> reply(
+            xcb_intern_atom_reply(m_connection.get(), cookie, nullptr));
         return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
     }
 
     QByteArray property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type)
     {
         const auto cookie = xcb_get_property(m_connection.get(), 0, window, name, type, 0, longestTitle);
-        const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection.get(), cookie, nullptr));
+        const Owned<xcb_get_property_reply_t> reply(
+            xcb_get_property_reply(m_connection.get(), cookie, nullptr));
         if (!reply)
             return {}; // the window has gone meanwhile
         return {static_cast<const char*>(xcb_get_property_value(reply.get())),
@@ -86,7 +88,8 @@ private:
         if (!netName.isEmpty())
             return QString::fromUtf8(netName) == m_title;
         const QByteArray name = property(window, XCB_ATOM_WM_NAME, XCB_GET_PROPERTY_TYPE_ANY);
-        return !name.isEmpty() && (QString::fromUtf8(name) == m_title || QString::fromLatin1(name) == m_title);
+        return !name.isEmpty()
+               && (QString::fromUtf8(name) == m_title || QString::fromLatin1(name) == m_title);
     }
 
     bool below(xcb_window_t parent)
@@ -111,6 +114,9 @@ private:
 
 } // namespace
 
-bool FindWindow(const QString& title) { return Search(title).run(); }
+bool FindWindow(const QString& title)
+{
+    return Search(title).run();
+}
 
 } // namespace suisui

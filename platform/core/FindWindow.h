@@ -6,8 +6,8 @@
 namespace suisui {
 
 /// True when a window of any program on this X display has exactly the title \a title (_NET_WM_NAME, else
-/// WM_NAME). A minimised window and one on another desktop count; a window that its program has not shown does
-/// not. False too where there is no X display.
+/// WM_NAME). A minimised window and one on another desktop count; a window that its program has not shown
+/// does not. False too where there is no X display.
 [[nodiscard]] bool FindWindow(const QString& title);
 
 } // namespace suisui

@@ -60,7 +60,8 @@ LineSettings parse(const QString& settings)
     const qint32 baud = items.first().trimmed().toInt(&isNumber);
     if (items.size() != 4 || !isNumber || baud <= 0)
         throw RunTimeError(RunTimeError::InvalidPropertyValue, "port settings " + settings.toStdString());
-    return {baud, valueOf(parities, QStringView(items[1]).trimmed()), valueOf(dataBits, QStringView(items[2]).trimmed()),
+    return {baud, valueOf(parities, QStringView(items[1]).trimmed()),
+            valueOf(dataBits, QStringView(items[2]).trimmed()),
             valueOf(stopBits, QStringView(items[3]).trimmed())};
 }
 
@@ -88,7 +89,10 @@ void MSComm::setSettings(const QString& settings)
     m_settings = settings;
 }
 
-bool MSComm::portOpen() const { return m_port && m_port->isOpen(); }
+bool MSComm::portOpen() const
+{
+    return m_port && m_port->isOpen();
+}
 
 void MSComm::setPortOpen(bool open)
 {
@@ -136,7 +140,10 @@ void MSComm::devicePulled()
     Q_EMIT deviceLost();
 }
 
-qint64 MSComm::inBufferCount() const { return portOpen() ? m_port->bytesAvailable() : m_left.size(); }
+qint64 MSComm::inBufferCount() const
+{
+    return portOpen() ? m_port->bytesAvailable() : m_left.size();
+}
 
 void MSComm::clearInBuffer()
 {
@@ -146,7 +153,10 @@ void MSComm::clearInBuffer()
     (void)m_port->readAll();
 }
 
-QByteArray MSComm::input() { return portOpen() ? m_port->readAll() : std::exchange(m_left, {}); }
+QByteArray MSComm::input()
+{
+    return portOpen() ? m_port->readAll() : std::exchange(m_left, {});
+}
 
 void MSComm::output(const QByteArray& bytes)
 {

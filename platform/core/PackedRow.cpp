@@ -17,9 +17,15 @@ PackedRow::PackedRow(int columns)
     assign(std::vector<std::string_view>(static_cast<std::size_t>(columns)));
 }
 
-PackedRow::PackedRow(std::span<const std::string_view> texts) { assign(texts); }
+PackedRow::PackedRow(std::span<const std::string_view> texts)
+{
+    assign(texts);
+}
 
-PackedRow::PackedRow(const PackedRow& other) { *this = other; }
+PackedRow::PackedRow(const PackedRow& other)
+{
+    *this = other;
+}
 
 PackedRow& PackedRow::operator=(const PackedRow& other)
 {

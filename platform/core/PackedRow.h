@@ -14,7 +14,7 @@ class PackedRow
 {
 public:
     PackedRow() = default;
-    explicit PackedRow(int columns);                                ///< all texts empty
+    explicit PackedRow(int columns); ///< all texts empty
     explicit PackedRow(std::span<const std::string_view> texts);
     PackedRow(const PackedRow& other);
     PackedRow(PackedRow&&) noexcept = default;

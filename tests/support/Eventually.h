@@ -9,8 +9,8 @@
 
 namespace suisui::test {
 
-/// Lets events run until \a condition holds. False when it still does not at the deadline, which is far longer
-/// than anything needs.
+/// Lets events run until \a condition holds. False when it still does not at the deadline, which is far
+/// longer than anything needs.
 template <typename Condition>
 [[nodiscard]] bool eventually(Condition condition, std::chrono::seconds deadline = std::chrono::seconds(30))
 {

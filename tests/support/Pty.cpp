@@ -38,7 +38,10 @@ Pty::Pty() : m_master(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC))
     m_device = QString::fromLatin1(name.data());
 }
 
-Pty::~Pty() { hangUp(); }
+Pty::~Pty()
+{
+    hangUp();
+}
 
 void Pty::write(QByteArrayView bytes)
 {

@@ -1,4 +1,5 @@
-// A real pseudo-terminal: the program opens its device as a serial port, the test is the reader at the other end.
+// A real pseudo-terminal: the program opens its device as a serial port, the test is the reader at the other
+// end.
 #pragma once
 
 #include <QByteArray>

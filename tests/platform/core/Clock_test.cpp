@@ -48,7 +48,8 @@ TEST(SystemClock, letPass_ofNoTime_worksWhatIsPending_andReturns)
         SystemClock clock;
         bool ran = false;
         QObject context;
-        QMetaObject::invokeMethod(&context, [&ran] { ran = true; }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            &context, [&ran] { ran = true; }, Qt::QueuedConnection);
         clock.letPass(span);
         EXPECT_TRUE(ran);
     }

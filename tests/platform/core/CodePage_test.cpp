@@ -29,7 +29,9 @@ constexpr Pair pairs[] = {
     {"\xB1\xB2\xDE\xDF", "ｱｲﾞﾟ"},
     {"\xA2\xA3\xA1\xA5", "｢｣｡･"},
     {"\x95\x5C\x83\x5C\x8F\x5C", "表ソ十"},
-    {"A\x82\xA0\xB1" "1", "Aあｱ1"},
+    {"A\x82\xA0\xB1"
+     "1",
+     "Aあｱ1"},
 };
 
 // The same sign as two characters of Unicode; the page has one place for both.
@@ -40,10 +42,15 @@ constexpr Pair otherSpellings[] = {
 
 constexpr Pair notText[] = {
     {"\xFF", "\uFFFD"},
-    {"\x81", "\uFFFD"},                         // the first half of a character
-    {"A\xFF\xFF" "B", "A\uFFFD\uFFFD" "B"},     // each byte for itself
+    {"\x81", "\uFFFD"}, // the first half of a character
+    {"A\xFF\xFF"
+     "B",
+     "A\uFFFD\uFFFD"
+     "B"}, // each byte for itself
     {"\x93\xFC\x89", "入\uFFFD"},
-    {"\x81\x20" "5", "\uFFFD 5"},               // the second half is none
+    {"\x81\x20"
+     "5",
+     "\uFFFD 5"}, // the second half is none
     {"\xFF\x82\xA0", "\uFFFDあ"},
     {"\x82\xA0\x81\xFF\xB1", "あ\uFFFD\uFFFDｱ"},
 };

@@ -37,7 +37,8 @@ TEST(DoEvents, worksAllThatIsPending_andReturns)
     QObject context;
     int ran = 0;
     for (int i = 0; i < 100; ++i)
-        QMetaObject::invokeMethod(&context, [&ran] { ++ran; }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            &context, [&ran] { ++ran; }, Qt::QueuedConnection);
     DoEvents();
     EXPECT_EQ(ran, 100);
     DoEvents(); // nothing is pending: it must not wait
@@ -49,7 +50,8 @@ TEST(DoEventsOrWait, doesNotSleepOverWhatIsPending)
     const Rescue rescue;
     QObject context;
     bool ran = false;
-    QMetaObject::invokeMethod(&context, [&ran] { ran = true; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &context, [&ran] { ran = true; }, Qt::QueuedConnection);
     while (!ran && !rescue.needed())
         DoEventsOrWait();
     EXPECT_TRUE(ran);
@@ -75,8 +77,10 @@ TEST(DoEventsOrWait, isEndedByATimer_andByAnEventOfAnotherThread)
 
     QObject context;
     bool came = false;
-    std::thread other(
-        [&] { QMetaObject::invokeMethod(&context, [&came] { came = true; }, Qt::QueuedConnection); });
+    std::thread other([&] {
+        QMetaObject::invokeMethod(
+            &context, [&came] { came = true; }, Qt::QueuedConnection);
+    });
     while (!came && !rescue.needed())
         DoEventsOrWait();
     other.join();

@@ -23,7 +23,8 @@ TEST(FillIn, leavesAValueThatLooksLikeAPlace)
 
 TEST(FillIn, leavesBracesThatNameNothing)
 {
-    for (const QString& text : {u"{"_s, u"}"_s, u"{}"_s, u"{other}"_s, u"{count"_s, u"{ count}"_s, u"a{b"_s, u"{cou{x}"_s})
+    for (const QString& text :
+         {u"{"_s, u"}"_s, u"{}"_s, u"{other}"_s, u"{count"_s, u"{ count}"_s, u"a{b"_s, u"{cou{x}"_s})
         EXPECT_EQ(fillIn(text, {{u"count", u"1"_s}}), text);
     EXPECT_EQ(fillIn(u"{{count}}", {{u"count", u"1"_s}}), u"{1}"_s);
     EXPECT_EQ(fillIn(u"{countless}{count}", {{u"count", u"1"_s}}), u"{countless}1"_s);

@@ -54,8 +54,8 @@ TEST_F(MSCommTest, beginsAsTheScreenWasDrawn)
 
 TEST_F(MSCommTest, settingsOfFourGoodItemsAreTaken)
 {
-    for (const QString& good : {u"9600,N,8,1"_s, u"1200,e,7,2"_s, u"115200,O,5,1.5"_s, u"19200,M,6,1"_s, u"300,s,8,1"_s,
-                                u" 9600 , N , 8 , 1 "_s}) {
+    for (const QString& good : {u"9600,N,8,1"_s, u"1200,e,7,2"_s, u"115200,O,5,1.5"_s, u"19200,M,6,1"_s,
+                                u"300,s,8,1"_s, u" 9600 , N , 8 , 1 "_s}) {
         EXPECT_EQ(errorOf([&] { comm.setSettings(good); }), noError) << good.toStdString();
         EXPECT_EQ(comm.settings(), good);
     }
@@ -63,12 +63,32 @@ TEST_F(MSCommTest, settingsOfFourGoodItemsAreTaken)
 
 TEST_F(MSCommTest, settingsWithAnythingElseAreRefused_andTheOldOnesStay)
 {
-    for (const QString& bad :
-         {u""_s,           u","_s,           u",,,"_s,         u"9600"_s,        u"9600,N,8"_s,   u"9600,N,8,1,"_s,
-          u"9600,N,8,1,1"_s, u",N,8,1"_s,    u"x,N,8,1"_s,     u"0,N,8,1"_s,     u"-9600,N,8,1"_s, u"9600.5,N,8,1"_s,
-          u"99999999999,N,8,1"_s, u"9600,,8,1"_s, u"9600,X,8,1"_s, u"9600,NN,8,1"_s, u"9600,N,,1"_s, u"9600,N,4,1"_s,
-          u"9600,N,9,1"_s, u"9600,N,8,"_s,   u"9600,N,8,0"_s,  u"9600,N,8,3"_s,  u"9600,N,8,1.0"_s, u"９６００,N,8,1"_s}) {
-        EXPECT_EQ(errorOf([&] { comm.setSettings(bad); }), RunTimeError::InvalidPropertyValue) << bad.toStdString();
+    for (const QString& bad : {u""_s,
+                               u","_s,
+                               u",,,"_s,
+                               u"9600"_s,
+                               u"9600,N,8"_s,
+                               u"9600,N,8,1,"_s,
+                               u"9600,N,8,1,1"_s,
+                               u",N,8,1"_s,
+                               u"x,N,8,1"_s,
+                               u"0,N,8,1"_s,
+                               u"-9600,N,8,1"_s,
+                               u"9600.5,N,8,1"_s,
+                               u"99999999999,N,8,1"_s,
+                               u"9600,,8,1"_s,
+                               u"9600,X,8,1"_s,
+                               u"9600,NN,8,1"_s,
+                               u"9600,N,,1"_s,
+                               u"9600,N,4,1"_s,
+                               u"9600,N,9,1"_s,
+                               u"9600,N,8,"_s,
+                               u"9600,N,8,0"_s,
+                               u"9600,N,8,3"_s,
+                               u"9600,N,8,1.0"_s,
+                               u"９６００,N,8,1"_s}) {
+        EXPECT_EQ(errorOf([&] { comm.setSettings(bad); }), RunTimeError::InvalidPropertyValue)
+            << bad.toStdString();
         EXPECT_EQ(comm.settings(), u"9600,N,8,1"_s);
     }
 }
@@ -125,7 +145,8 @@ TEST_F(MSCommTest, aDeviceThatIsMissing_orNone_doesNotOpen)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     for (const QString& bad : {folder.path() + u"/missing"_s, file.fileName(), folder.path(), QString()}) {
         device = bad;
-        EXPECT_EQ(errorOf([this] { comm.setPortOpen(true); }), RunTimeError::DeviceError) << bad.toStdString();
+        EXPECT_EQ(errorOf([this] { comm.setPortOpen(true); }), RunTimeError::DeviceError)
+            << bad.toStdString();
         EXPECT_FALSE(comm.portOpen());
     }
     device = reader.device();
@@ -204,10 +225,12 @@ TEST_F(MSCommTest, settingTheCountToZeroDropsWhatIsWaiting_andNothingLater)
 TEST_F(MSCommTest, whatIsWrittenReachesTheReader)
 {
     comm.setPortOpen(true);
-    comm.output("\x1B" "Z\r");
+    comm.output("\x1B"
+                "Z\r");
     QByteArray got;
     EXPECT_TRUE(eventually([&] { return (got += reader.read()).size() >= 3; }));
-    EXPECT_EQ(got, "\x1B" "Z\r");
+    EXPECT_EQ(got, "\x1B"
+                   "Z\r");
 }
 
 TEST_F(MSCommTest, anUnpluggedReaderClosesThePort_isToldOnce_andReadsAreEmpty)

@@ -119,7 +119,8 @@ TEST_F(SingleInstanceTest, anOldLockOfALivingCopyStaysInForce)
     ASSERT_FALSE(first.prevInstance());
     QFile lock(base() + u"/.suisuitag.lock"_s);
     ASSERT_TRUE(lock.open(QIODevice::ReadWrite));
-    ASSERT_TRUE(lock.setFileTime(QDateTime::currentDateTime().addYears(-1), QFileDevice::FileModificationTime));
+    ASSERT_TRUE(
+        lock.setFileTime(QDateTime::currentDateTime().addYears(-1), QFileDevice::FileModificationTime));
     EXPECT_FALSE(OtherCopy(base()).holds());
 }
 

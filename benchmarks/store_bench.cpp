@@ -1,0 +1,179 @@
+// What one scan asks of the store, against the same statements prepared once on bare SQLite.
+#include <sqlite3.h>
+
+#include "benchmarks/BenchShop.h"
+#include "benchmarks/Measure.h"
+#include "movement/ZaikoPost.h"
+#include "platform/widgets/MsgBox.h"
+#include "store/Where.h"
+
+namespace suisui::bench {
+
+namespace {
+
+class NoBox final : public MsgBox
+{
+public:
+    BoxAnswer show(const Box&) override { return BoxAnswer::Ok; }
+};
+
+std::string stampOfScan(int number)
+{
+    std::string digits = std::to_string(number);
+    return "30000101" + std::string(6 - digits.size(), '0') + digits;
+}
+
+constexpr std::string_view columnsOfRow[] = {code, "見本の商品 5kg", "", "0000001", "0001850", "101",
+                                             "東西食品株式会社", "30000101", "090000", "袋", "0000000", "0000000",
+                                             "01", "山田　太郎", ""};
+
+class ProgramScan
+{
+public:
+    explicit ProgramScan(const test::TempShop& shop) : m_db(shop.databaseFolder())
+    {
+        if (m_db.Open("trnvik.mdb") != 0)
+            std::abort();
+    }
+
+    void run(int number)
+    {
+        const std::string stamp = stampOfScan(number);
+        const std::string where = whereCode(code);
+        if (m_db.MasterTbl().Select(where) != 1 || m_db.HSeihinTbl().Select(where) != 0)
+            std::abort();
+        std::string name(m_db.MasterTbl().get(1, MasterCol::Name));
+        if (ZaikoPost(m_db, m_box, code, "1", name, stamp) != PostResult::Posted)
+            std::abort();
+        m_db.MasterTbl().Clear();
+        InpRec& rows = m_db.InpTbl();
+        rows.NewRows(1);
+        const int row = rows.Count();
+        for (int column = 0; column < 15; ++column)
+            rows.RowSet::set(row, column, columnsOfRow[column]);
+        rows.set(row, InpCol::InpDate, stamp);
+        rows.set(row, InpCol::UpdDate, stamp);
+        if (rows.InsertRow(row) != 0)
+            std::abort();
+        m_db.Commit();
+    }
+
+private:
+    AppDB m_db;
+    NoBox m_box;
+};
+
+/// The same look-ups, update, insert and commit by hand.
+class BareScan
+{
+public:
+    explicit BareScan(const test::TempShop& shop)
+    {
+        if (sqlite3_open_v2(shop.databaseFile().c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
+            std::abort();
+        sqlite3_exec(m_db, "PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
+        m_master = prepared("SELECT * FROM Master WHERE Code=? ORDER BY rowid");
+        m_parts = prepared("SELECT * FROM HSeihinTB WHERE Code=? ORDER BY rowid");
+        m_stock = prepared("SELECT rowid,* FROM ZaikoTB WHERE Code=? ORDER BY rowid");
+        m_begin = prepared("BEGIN IMMEDIATE");
+        m_update = prepared("UPDATE ZaikoTB SET Code=?,ZaikoSuu=?,KuriSuu=?,InpDate=?,UpdDate=? WHERE "
+                            "Code=? COLLATE BINARY AND ZaikoSuu=? COLLATE BINARY AND KuriSuu=? COLLATE BINARY AND "
+                            "InpDate=? COLLATE BINARY AND UpdDate=? COLLATE BINARY AND rowid=?");
+        m_insert = prepared("INSERT INTO InpTB VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+        m_commit = prepared("COMMIT");
+    }
+    ~BareScan()
+    {
+        for (sqlite3_stmt* statement : {m_master, m_parts, m_stock, m_begin, m_update, m_insert, m_commit})
+            sqlite3_finalize(statement);
+        sqlite3_close(m_db);
+    }
+    BareScan(const BareScan&) = delete;
+    BareScan& operator=(const BareScan&) = delete;
+
+    void run(int number)
+    {
+        const std::string stamp = stampOfScan(number);
+        (void)first(m_master);
+        (void)first(m_parts);
+        const std::vector<std::string> stock = first(m_stock);
+        (void)first(m_master);
+        step(m_begin);
+        const std::string figure = std::to_string(std::stol(stock.at(2)) + 1);
+        bind(m_update, {stock[1], figure, stock[3], stock[4], stamp, stock[1], stock[2], stock[3], stock[4], stock[5]});
+        sqlite3_bind_int64(m_update, 11, std::stoll(stock[0]));
+        step(m_update);
+        std::vector<std::string> row(std::begin(columnsOfRow), std::end(columnsOfRow));
+        row.push_back(stamp);
+        row.push_back(stamp);
+        bind(m_insert, row);
+        step(m_insert);
+        step(m_commit);
+    }
+
+private:
+    sqlite3_stmt* prepared(const char* sql)
+    {
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v2(m_db, sql, -1, &statement, nullptr) != SQLITE_OK)
+            std::abort();
+        return statement;
+    }
+    static void bind(sqlite3_stmt* statement, const std::vector<std::string>& values)
+    {
+        for (std::size_t i = 0; i < values.size(); ++i)
+            sqlite3_bind_text(statement, static_cast<int>(i) + 1, values[i].data(), static_cast<int>(values[i].size()),
+                              SQLITE_TRANSIENT);
+    }
+    static void step(sqlite3_stmt* statement)
+    {
+        if (sqlite3_step(statement) != SQLITE_DONE)
+            std::abort();
+        sqlite3_reset(statement);
+    }
+    static std::vector<std::string> first(sqlite3_stmt* statement)
+    {
+        std::vector<std::string> row;
+        sqlite3_bind_text(statement, 1, code, -1, SQLITE_STATIC);
+        while (sqlite3_step(statement) == SQLITE_ROW)
+            for (int i = 0; i < sqlite3_column_count(statement); ++i)
+                row.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)));
+        sqlite3_reset(statement);
+        return row;
+    }
+
+    sqlite3* m_db = nullptr;
+    sqlite3_stmt* m_master = nullptr;
+    sqlite3_stmt* m_parts = nullptr;
+    sqlite3_stmt* m_stock = nullptr;
+    sqlite3_stmt* m_begin = nullptr;
+    sqlite3_stmt* m_update = nullptr;
+    sqlite3_stmt* m_insert = nullptr;
+    sqlite3_stmt* m_commit = nullptr;
+};
+
+void ScanStoreWork(benchmark::State& state)
+{
+    const test::TempShop programShop;
+    const test::TempShop bareShop;
+    fill(programShop, static_cast<int>(state.range(0)));
+    fill(bareShop, static_cast<int>(state.range(0)));
+    ProgramScan program(programShop);
+    BareScan bare(bareShop);
+    Samples programTimes;
+    Samples bareTimes;
+    int number = 0;
+    for ([[maybe_unused]] auto turn : state) {
+        ++number;
+        programTimes.add(timed([&] { program.run(number); }));
+        bareTimes.add(timed([&] { bare.run(number); }));
+    }
+    report(state, programTimes, bareTimes);
+}
+BENCHMARK(ScanStoreWork)->Arg(0)->Arg(25000)->Arg(250000)->Iterations(400)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+} // namespace suisui::bench
+
+BENCHMARK_MAIN();
