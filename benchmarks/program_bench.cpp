@@ -55,7 +55,7 @@ void StartToWindow(benchmark::State& state)
 {
     const test::Pty pty;
     const test::TempShop shop;
-    furnish(shop, pty.slavePath());
+    furnish(shop, pty.device());
     Samples program;
     Samples bare;
     for ([[maybe_unused]] auto turn : state) {
@@ -88,7 +88,7 @@ void IdleProgram(benchmark::State& state)
     constexpr int seconds = 20;
     const test::Pty pty;
     const test::TempShop shop;
-    furnish(shop, pty.slavePath());
+    furnish(shop, pty.device());
     for ([[maybe_unused]] auto turn : state) {
         QProcess process;
         (void)toWindow(process, shop.base() + QStringLiteral("/suisuitag"), programTitle);

@@ -31,7 +31,7 @@ void FrameToDispatch(benchmark::State& state)
 {
     test::Pty pty;
     test::ScriptedMsgBox box;
-    MSComm port([&pty](int) { return pty.slavePath(); });
+    MSComm port([&pty](int) { return pty.device(); });
     const ReaderSettings settings{QStringLiteral("1"), QStringLiteral("1"), QStringLiteral("9600"),
                                   QStringLiteral("N"), QStringLiteral("8"), QStringLiteral("1")};
     Barcode reader([&settings] { return settings; }, box, [] {});

@@ -16,7 +16,9 @@ std::vector<std::string> TempShop::query(const std::string& sql) const
         std::string row;
         for (int column = 0; column < sqlite3_column_count(statement); ++column) {
             const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-            row += (column == 0 ? "" : "|") + std::string(text == nullptr ? "" : text);
+            if (column > 0)
+                row += '|';
+            row += text == nullptr ? "" : text;
         }
         rows.push_back(row);
     }
