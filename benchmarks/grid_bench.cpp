@@ -59,7 +59,7 @@ double heldMegabytes()
 
 void GridFill(benchmark::State& state)
 {
-    const test::TempShop shop;
+    const test::TempShop shop(QDir::tempPath());
     fill(shop, static_cast<int>(state.range(0)));
     Samples program;
     Samples bare;

@@ -54,7 +54,7 @@ double toWindow(QProcess& process, const QString& program, const QString& title)
 void StartToWindow(benchmark::State& state)
 {
     const test::Pty pty;
-    const test::TempShop shop;
+    const test::TempShop shop(QDir::tempPath());
     furnish(shop, pty.device());
     Samples program;
     Samples bare;
@@ -87,7 +87,7 @@ void IdleProgram(benchmark::State& state)
 {
     constexpr int seconds = 20;
     const test::Pty pty;
-    const test::TempShop shop;
+    const test::TempShop shop(QDir::tempPath());
     furnish(shop, pty.device());
     for ([[maybe_unused]] auto turn : state) {
         QProcess process;

@@ -154,8 +154,8 @@ private:
 
 void ScanStoreWork(benchmark::State& state)
 {
-    const test::TempShop programShop;
-    const test::TempShop bareShop;
+    const test::TempShop programShop(QDir::tempPath());
+    const test::TempShop bareShop(QDir::tempPath());
     fill(programShop, static_cast<int>(state.range(0)));
     fill(bareShop, static_cast<int>(state.range(0)));
     ProgramScan program(programShop);

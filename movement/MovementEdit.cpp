@@ -76,8 +76,6 @@ bool MovementPage::agreesToShow(int count)
 
 void MovementPage::gridLoad()
 {
-    const MovementCells& cells = m_side.cells;
-    const MovementColumns& columns = m_table.columns;
     vaSpread& sheet = *grid();
     Frame& frame = m_services.frame;
     const bool waiting = frame.waitVisible();
@@ -85,45 +83,44 @@ void MovementPage::gridLoad()
     const int count = m_rows.Count();
     sheet.setMaxRows(0); // rows of the last search keep no colours
     sheet.setMaxRows(count);
-
-    std::vector<std::string_view> texts(static_cast<std::size_t>(sheet.MaxCols()));
-    const auto put = [&texts](int cell, std::string_view text) {
-        if (cell != noCell)
-            texts[static_cast<std::size_t>(cell - 1)] = text;
-    };
     int shown = 0;
     for (int i = count; i >= 1; --i) {
         if (m_rows.RowState(i) == "D")
             continue;
-        const std::string total = Format(rowTotal(columns, m_rows, i), maskA);
-        const std::string date = screenDate(m_rows.get(i, columns.date));
-        const std::string time = screenTime(m_rows.get(i, columns.time));
-        const std::string index = std::to_string(i);
-        put(cells.code, m_rows.get(i, columns.code));
-        put(cells.name, m_rows.get(i, columns.name));
-        put(cells.price, m_rows.get(i, columns.price));
-        put(cells.quantity, m_rows.get(i, columns.quantity));
-        put(cells.discount, m_rows.get(i, columns.discount));
-        put(cells.total, total);
-        put(cells.partner, m_rows.get(i, columns.partnerName));
-        put(cells.staff, m_rows.get(i, columns.staffName));
-        put(cells.unit, m_rows.get(i, columns.unit));
-        for (std::size_t r = 0; r < cells.returned.size(); ++r)
-            if (cells.returned[r] != noCell)
-                put(cells.returned[r], m_rows.get(i, columns.returned[r]));
-        put(cells.date, date);
-        put(cells.time, time);
-        put(cells.remark, m_rows.get(i, columns.remark));
-        if (cells.postedReturned != noCell)
-            put(cells.postedReturned, m_rows.get(i, columns.returned[0]));
-        put(cells.postedQuantity, m_rows.get(i, columns.quantity));
-        put(cells.index, index);
-        sheet.setRowTexts(++shown, texts);
+        sheet.setRowSource(++shown, m_rows.packed(i), i);
         if (waiting)
             frame.setWaitProgress(shown);
     }
     sheet.setMaxRows(shown);
     sheet.setReDraw(true);
+}
+
+/// The cells of a stored row. The label mark is not stored and stays empty.
+void MovementPage::makeRow(const PackedRow& stored, int index, std::span<std::string> texts) const
+{
+    const MovementCells& cells = m_side.cells;
+    const MovementColumns& columns = m_table.columns;
+    const auto put = [&texts](int cell, std::string_view text) {
+        if (cell != noCell)
+            texts[static_cast<std::size_t>(cell - 1)] = text;
+    };
+    put(cells.code, stored.text(columns.code));
+    put(cells.name, stored.text(columns.name));
+    put(cells.price, stored.text(columns.price));
+    put(cells.quantity, stored.text(columns.quantity));
+    put(cells.discount, stored.text(columns.discount));
+    put(cells.total, Format(rowTotal(columns, stored), maskA));
+    put(cells.partner, stored.text(columns.partnerName));
+    put(cells.staff, stored.text(columns.staffName));
+    put(cells.unit, stored.text(columns.unit));
+    for (std::size_t r = 0; r < cells.returned.size(); ++r)
+        put(cells.returned[r], stored.text(columns.returned[r]));
+    put(cells.date, screenDate(stored.text(columns.date)));
+    put(cells.time, screenTime(stored.text(columns.time)));
+    put(cells.remark, stored.text(columns.remark));
+    put(cells.postedReturned, stored.text(columns.returned[0]));
+    put(cells.postedQuantity, stored.text(columns.quantity));
+    put(cells.index, std::to_string(index));
 }
 
 // ---- corrections
@@ -159,7 +156,7 @@ bool MovementPage::changeNumber(int column, int row, int rowIndex)
         if (shown == m_rows.get(rowIndex, number.stored))
             return false;
         m_rows.set(rowIndex, number.stored, movementNumber(shown));
-        grid()->SetText(cells.total, row, Format(rowTotal(columns, m_rows, rowIndex), maskA));
+        grid()->SetText(cells.total, row, Format(rowTotal(columns, m_rows.packed(rowIndex)), maskA));
         return true;
     }
     return false;
@@ -273,7 +270,7 @@ void MovementPage::restorePosted(int row, int rowIndex, const Figures& posted)
         grid()->SetText(cells.returned[0], row, CStr(posted.returned));
         m_rows.set(rowIndex, columns.returned[0], Format(posted.returned, maskMovement));
     }
-    grid()->SetText(cells.total, row, Format(rowTotal(columns, m_rows, rowIndex), maskA));
+    grid()->SetText(cells.total, row, Format(rowTotal(columns, m_rows.packed(rowIndex)), maskA));
     grid()->SetActiveCell(cells.quantity, row);
     grid()->setFocus();
 }

@@ -20,6 +20,9 @@ MovementPage::MovementPage(Side side, const Services& services, QWidget* parent)
     m_period = {{m_ui->txtXyyyy_F, m_ui->txtXmm_F, m_ui->txtXdd_F},
                 {m_ui->txtXyyyy_T, m_ui->txtXmm_T, m_ui->txtXdd_T}};
     m_ui->Sprd_X->setColumns(m_side.columns);
+    m_ui->Sprd_X->setRowMaker([this](const PackedRow& stored, int index, std::span<std::string> texts) {
+        makeRow(stored, index, texts);
+    });
     m_bar = new GridBar(*m_ui->Sprd_X);
     nameControls();
     wire();

@@ -73,6 +73,7 @@ private:
 
     // Searching and correcting (MovementEdit.cpp).
     [[nodiscard]] bool agreesToShow(int count);
+    void makeRow(const PackedRow& stored, int index, std::span<std::string> texts) const;
     [[nodiscard]] bool changeNumber(int column, int row, int rowIndex);
     [[nodiscard]] bool changeText(int column, int row, int rowIndex);
     [[nodiscard]] bool updateRow(int row, const std::string& stamp);

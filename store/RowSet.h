@@ -35,6 +35,8 @@ public:
     /// Text of a column, counted from 0. Throws RunTimeError::SubscriptOutOfRange outside the buffer.
     /// The view lives until the row is next written.
     [[nodiscard]] std::string_view get(int row, int column) const;
+    /// A whole row, to be kept by whoever shows it: later writes to the buffer do not touch it.
+    [[nodiscard]] const PackedRow& packed(int row) const { return rowAt(row).texts; }
     /// Changes the buffer; a clean row becomes "U".
     void set(int row, int column, std::string_view value);
 

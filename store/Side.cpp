@@ -68,14 +68,14 @@ const std::array tables{
 
 const MovementTable& movementTable(Side side) { return tables.at(static_cast<std::size_t>(side)); }
 
-double rowTotal(const MovementColumns& columns, const RowSet& rows, int row)
+double rowTotal(const MovementColumns& columns, const PackedRow& row)
 {
     double returned = 0;
     for (const int column : columns.returned)
         if (column != noColumn)
-            returned += numberOf(rows.get(row, column));
-    return (numberOf(rows.get(row, columns.quantity)) - returned) * numberOf(rows.get(row, columns.price))
-           - numberOf(rows.get(row, columns.discount));
+            returned += numberOf(row.text(column));
+    return (numberOf(row.text(columns.quantity)) - returned) * numberOf(row.text(columns.price))
+           - numberOf(row.text(columns.discount));
 }
 
 } // namespace suisui

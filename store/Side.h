@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 
+#include "platform/core/PackedRow.h"
 #include "store/Schema.h"
 
 namespace suisui {
@@ -52,8 +53,8 @@ struct MovementTable
 
 [[nodiscard]] const MovementTable& movementTable(Side side);
 
-/// (quantity minus returned) times price, minus discount, of row \a row, in double precision. Throws
+/// (quantity minus returned) times price, minus discount, of \a row, in double precision. Throws
 /// RunTimeError::TypeMismatch when a column holds no number.
-[[nodiscard]] double rowTotal(const MovementColumns& columns, const RowSet& rows, int row);
+[[nodiscard]] double rowTotal(const MovementColumns& columns, const PackedRow& row);
 
 } // namespace suisui

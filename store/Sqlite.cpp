@@ -39,7 +39,9 @@ Sqlite::~Sqlite() { close(); }
 int Sqlite::open(const std::string& path)
 {
     close();
-    int code = sqlite3_open_v2(path.c_str(), &m_db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+    // One thread uses the connection, so no call of the engine needs to take a lock.
+    constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
+    int code = sqlite3_open_v2(path.c_str(), &m_db, flags, nullptr);
     if (code == SQLITE_OK)
         code = registerDialect(m_db);
     if (code == SQLITE_OK) {

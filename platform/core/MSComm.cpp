@@ -119,7 +119,6 @@ void MSComm::setPortOpen(bool open)
         throw RunTimeError(RunTimeError::DeviceError,
                            (port->portName() + u": "_s + port->errorString()).toStdString());
     m_lost = false;
-    m_left.clear();
     m_port = std::move(port);
     // A dead device reports its error again and again; the first one is enough.
     connect(m_port.get(), &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError error) {
@@ -131,8 +130,6 @@ void MSComm::setPortOpen(bool open)
 
 void MSComm::devicePulled()
 {
-    if (m_lost || !m_port)
-        return;
     m_lost = true;
     m_port->disconnect(this);
     m_left = m_port->readAll(); // closing drops it, and a scan is never dropped

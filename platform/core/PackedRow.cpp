@@ -22,29 +22,6 @@ PackedRow::PackedRow(std::span<const std::string_view> texts)
     assign(texts);
 }
 
-PackedRow::PackedRow(const PackedRow& other)
-{
-    *this = other;
-}
-
-PackedRow& PackedRow::operator=(const PackedRow& other)
-{
-    if (this == &other)
-        return *this;
-    if (!other.m_block) {
-        m_block.reset();
-        m_columns = 0;
-        return *this;
-    }
-    const std::size_t table = static_cast<std::size_t>(other.m_columns) * sizeof(std::uint32_t);
-    const std::size_t bytes = table + (other.m_columns > 0 ? other.ends()[other.m_columns - 1] : 0);
-    std::unique_ptr<char[]> block(new char[bytes]);
-    std::memcpy(block.get(), other.m_block.get(), bytes);
-    m_block = std::move(block);
-    m_columns = other.m_columns;
-    return *this;
-}
-
 const std::uint32_t* PackedRow::ends() const
 {
     return reinterpret_cast<const std::uint32_t*>(m_block.get());
@@ -81,7 +58,7 @@ void PackedRow::assign(std::span<const std::string_view> texts)
     std::size_t bytes = table;
     for (const std::string_view text : texts)
         bytes += text.size();
-    std::unique_ptr<char[]> block(new char[bytes == 0 ? 1 : bytes]);
+    const auto block = std::make_shared_for_overwrite<char[]>(bytes);
     auto* end = reinterpret_cast<std::uint32_t*>(block.get());
     char* to = block.get() + table;
     std::uint32_t offset = 0;
@@ -91,7 +68,7 @@ void PackedRow::assign(std::span<const std::string_view> texts)
         offset += static_cast<std::uint32_t>(texts[i].size());
         end[i] = offset;
     }
-    m_block = std::move(block); // only now: a text may have pointed into the old block
+    m_block = block; // only now: a text may have pointed into the old block
     m_columns = static_cast<int>(texts.size());
 }
 

@@ -1,6 +1,7 @@
 // One row of texts in one piece of memory: the bytes of all columns behind each other and where each
 // ends. Row buffers and grids hold rows by the hundred thousand, and a block a row is what makes
-// reading them cheap. Texts are UTF-8 and may hold any byte.
+// reading them cheap. A copy shares the block; a write makes a new one, so no other copy sees it. Texts are
+// UTF-8 and may hold any byte.
 #pragma once
 
 #include <cstdint>
@@ -16,11 +17,6 @@ public:
     PackedRow() = default;
     explicit PackedRow(int columns); ///< all texts empty
     explicit PackedRow(std::span<const std::string_view> texts);
-    PackedRow(const PackedRow& other);
-    PackedRow(PackedRow&&) noexcept = default;
-    PackedRow& operator=(const PackedRow& other);
-    PackedRow& operator=(PackedRow&&) noexcept = default;
-    ~PackedRow() = default;
 
     [[nodiscard]] int columns() const { return m_columns; }
 
@@ -37,7 +33,7 @@ private:
     [[nodiscard]] const std::uint32_t* ends() const;
     void assign(std::span<const std::string_view> texts);
 
-    std::unique_ptr<char[]> m_block; // m_columns end offsets, then the bytes
+    std::shared_ptr<const char[]> m_block; // m_columns end offsets, then the bytes
     int m_columns = 0;
 };
 

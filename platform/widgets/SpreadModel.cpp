@@ -67,6 +67,7 @@ void SpreadModel::setColumns(std::span<const SpreadColumn> columns)
         m_headings.emplace_back(each.heading);
     m_scratch.assign(columns.size(), {});
     m_scratchViews.assign(columns.size(), {});
+    m_made.assign(columns.size(), {});
     m_rows.clear();
     m_shown = 0;
     endResetModel();
@@ -76,11 +77,45 @@ std::string_view SpreadModel::text(int col, int row) const
 {
     if (row == 0 && col >= 1 && col <= cols())
         return m_headings[static_cast<std::size_t>(col - 1)];
-    return holds(col, row) ? m_rows[static_cast<std::size_t>(row - 1)].texts.text(col - 1) : std::string_view();
+    return holds(col, row) ? made(row).texts.text(col - 1) : std::string_view();
+}
+
+SpreadModel::Row& SpreadModel::made(int row) const
+{
+    Row& target = m_rows[static_cast<std::size_t>(row - 1)];
+    if (target.pending != 0) {
+        for (std::string& text : m_made)
+            text.clear();
+        m_maker(target.texts, target.pending, m_made);
+        const std::vector<std::string_view> views(m_made.begin(), m_made.end());
+        target.texts = packed(views);
+        target.pending = 0;
+    }
+    return target;
+}
+
+PackedRow SpreadModel::packed(std::span<const std::string_view> texts) const
+{
+    for (int col = 1; col <= cols(); ++col) {
+        const auto at = static_cast<std::size_t>(col - 1);
+        m_scratchViews[at] = at < texts.size() ? normalised(col, texts[at]) : std::string_view();
+    }
+    return PackedRow(m_scratchViews);
+}
+
+void SpreadModel::setRowSource(int row, const PackedRow& source, int number)
+{
+    if (row < 1 || row > rows())
+        return;
+    Row& target = m_rows[static_cast<std::size_t>(row - 1)];
+    target.texts = source;
+    target.pending = number;
+    if (m_redraw)
+        Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, cols() - 1));
 }
 
 /// Number cells hold "12" for "0000012"; what is no whole number stays as it is.
-std::string_view SpreadModel::normalised(int col, std::string_view text)
+std::string_view SpreadModel::normalised(int col, std::string_view text) const
 {
     if (column(col).type != CellType::Number)
         return text;
@@ -105,7 +140,7 @@ void SpreadModel::setText(int col, int row, std::string_view text)
     }
     if (!holds(col, row))
         return;
-    m_rows[static_cast<std::size_t>(row - 1)].texts.setText(col - 1, normalised(col, text));
+    made(row).texts.setText(col - 1, normalised(col, text));
     cellChanged(col, row, {Qt::DisplayRole});
 }
 
@@ -113,11 +148,9 @@ void SpreadModel::setRowTexts(int row, std::span<const std::string_view> texts)
 {
     if (row < 1 || row > rows())
         return;
-    for (int col = 1; col <= cols(); ++col) {
-        const auto at = static_cast<std::size_t>(col - 1);
-        m_scratchViews[at] = at < texts.size() ? normalised(col, texts[at]) : std::string_view();
-    }
-    m_rows[static_cast<std::size_t>(row - 1)].texts = PackedRow(m_scratchViews);
+    Row& target = m_rows[static_cast<std::size_t>(row - 1)];
+    target.texts = packed(texts);
+    target.pending = 0;
     if (m_redraw)
         Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, cols() - 1));
 }
@@ -176,7 +209,7 @@ void SpreadModel::sort(std::span<const vaSpread::SortKey> keys)
             if (!figures[k].empty())
                 order = figures[k][a] < figures[k][b] ? -1 : (figures[k][b] < figures[k][a] ? 1 : 0);
             else
-                order = compareFolded(m_rows[a].texts.text(keys[k].col - 1), m_rows[b].texts.text(keys[k].col - 1));
+                order = compareFolded(text(keys[k].col, static_cast<int>(a) + 1), text(keys[k].col, static_cast<int>(b) + 1));
             if (order != 0)
                 return keys[k].ascending ? order < 0 : order > 0;
         }

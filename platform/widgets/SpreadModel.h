@@ -34,6 +34,8 @@ public:
     [[nodiscard]] std::string_view text(int col, int row) const;
     void setText(int col, int row, std::string_view text);
     void setRowTexts(int row, std::span<const std::string_view> texts);
+    void setRowMaker(vaSpread::RowMaker maker) { m_maker = std::move(maker); }
+    void setRowSource(int row, const PackedRow& source, int number);
     void setRows(int count);
     void insert(int row, int count);
     void remove(int row, int count);
@@ -63,21 +65,27 @@ private:
     };
     struct Row
     {
-        PackedRow texts;
+        PackedRow texts; ///< or the source that they are still to be made of
+        int pending = 0; ///< number to make the row with; 0: it is made
         QRgb back = 0; ///< 0: the grid's own
         std::unique_ptr<std::map<int, Mark>> marks;
     };
 
-    [[nodiscard]] std::string_view normalised(int col, std::string_view text);
+    [[nodiscard]] std::string_view normalised(int col, std::string_view text) const;
+    /// Row \a row with its texts made.
+    Row& made(int row) const;
+    [[nodiscard]] PackedRow packed(std::span<const std::string_view> texts) const;
     [[nodiscard]] const Mark* mark(int col, int row) const;
     Mark& markFor(int col, int row);
     void cellChanged(int col, int row, const QList<int>& roles);
 
     std::vector<SpreadColumn> m_columns;
     std::vector<std::string> m_headings;
-    std::vector<Row> m_rows;
-    std::vector<std::string_view> m_scratchViews;
-    std::vector<std::string> m_scratch; ///< negative numbers without their zeros, one place a column
+    vaSpread::RowMaker m_maker;
+    mutable std::vector<Row> m_rows; ///< looking at a row may make it
+    mutable std::vector<std::string_view> m_scratchViews;
+    mutable std::vector<std::string> m_made;
+    mutable std::vector<std::string> m_scratch; ///< negative numbers without their zeros, one place a column
     int m_shown = 0;                    ///< rows that the view knows of
     bool m_redraw = true;
 };

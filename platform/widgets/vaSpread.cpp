@@ -94,6 +94,12 @@ void vaSpread::SetText(int col, int row, std::string_view text) { m_model->setTe
 void vaSpread::SetText(int col, int row, const QString& text) { m_model->setText(col, row, text.toStdString()); }
 void vaSpread::setRowTexts(int row, std::span<const std::string_view> texts) { m_model->setRowTexts(row, texts); }
 
+void vaSpread::setRowMaker(RowMaker maker) { m_model->setRowMaker(std::move(maker)); }
+void vaSpread::setRowSource(int row, const PackedRow& source, int number)
+{
+    m_model->setRowSource(row, source, number);
+}
+
 void vaSpread::InsertRows(int row, int count)
 {
     if (row < 1 || row > MaxRows() + 1 || count < 1)

@@ -1,5 +1,5 @@
-// Shows an empty window with the title that it is given: the program of somebody else, for tests that look for
-// a window by its title.
+// Shows an empty window with the title that it is given: the program of somebody else, for tests that look
+// for a window by its title.
 #include <QApplication>
 #include <QWidget>
 

@@ -1,11 +1,22 @@
 """A database that cannot be opened: one box, an orderly end, and the file as it was."""
 
-import sqlite3
+import subprocess
+import sys
 
 import desk
 from shop_test import ShopTest, main
 
 NO_DATABASE_BOX = "データベースがありません"
+
+# Holds the database named on its command line until its input ends.
+HOLDER = """
+import sqlite3, sys
+link = sqlite3.connect(sys.argv[1])
+link.execute("BEGIN EXCLUSIVE")
+print("held", flush=True)
+sys.stdin.read()
+link.rollback()
+"""
 
 
 class DatabaseFaults(ShopTest):
@@ -56,13 +67,14 @@ class DatabaseFaults(ShopTest):
         self.assert_declined()
 
     def test_held_by_another_process(self):
-        holder = sqlite3.connect(self.shop.database)
-        holder.execute("BEGIN EXCLUSIVE")
+        # Truly another process: a lock of this one would be gone as soon as it looks at the file.
+        holder = subprocess.Popen([sys.executable, "-c", HOLDER, str(self.shop.database)],
+                                  stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         try:
+            self.assertEqual(b"held\n", holder.stdout.readline())
             self.assert_declined()
         finally:
-            holder.rollback()
-            holder.close()
+            holder.communicate()
         self.end(self.open())
         self.assertWhole()
 

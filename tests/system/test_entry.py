@@ -112,8 +112,8 @@ class SerialReader(ShopTest):
         self.end(program)
 
     def test_two_programs_cannot_share_a_port(self):
-        program = self.open()
         other = self.shop.copy_to(self.shop.folder.parent / "other")
+        program = self.open()
         with desk.Program(other, self.screen) as second:
             self.screen.answer(desk.NO_PORT_BOX)
             wait_for("the second shop's window",

@@ -114,18 +114,31 @@ private:
 class FindWindowTest : public ::testing::Test
 {
 protected:
+    // One program for all tests: the ids of a program that has ended are given out again, and the window
+    // manager may still be busy with the windows that had them.
+    static void SetUpTestSuite() { program = std::make_unique<Client>(); }
+    static void TearDownTestSuite() { program.reset(); }
+
+    ~FindWindowTest() override
+    {
+        client.destroyAll();
+        client.settle();
+    }
+
     /// A window with \a title that can be seen.
     xcb_window_t show(const QString& title)
     {
         const xcb_window_t window = client.create();
         client.setNetName(window, title.toUtf8());
-        client.map(window);
-        client.settle();
-        EXPECT_TRUE(eventually([&] { return client.onScreen(window); }));
+        EXPECT_TRUE(eventually([&] {
+            client.map(window); // again: a window manager that is just coming up may miss it
+            return client.onScreen(window);
+        }));
         return window;
     }
 
-    Client client;
+    inline static std::unique_ptr<Client> program;
+    Client& client = *program;
 };
 
 } // namespace
