@@ -70,7 +70,7 @@ int AppDB::Open(std::string_view file)
     if (code == noError)
         code = m_engine.execute("BEGIN IMMEDIATE");
     if (code == noError) {
-        const bool ours = isOurs();
+        const bool ours = isOurs() && isWhole(path);
         code = m_engine.execute(ours ? "COMMIT" : "ROLLBACK");
         if (!ours)
             code = failure;
@@ -115,6 +115,18 @@ bool AppDB::isOurs()
     }
     return version == schemaVersion
            || m_engine.execute("PRAGMA user_version=" + std::to_string(schemaVersion)) == noError;
+}
+
+/// Whether the file is as long as it says itself. The engine does not mind a last page that is cut short.
+bool AppDB::isWhole(const std::string& path)
+{
+    std::int64_t pages = 0;
+    std::int64_t pageSize = 0;
+    std::error_code code;
+    const std::uintmax_t length = std::filesystem::file_size(path, code);
+    return !code && m_engine.selectNumber("PRAGMA page_count", pages) == noError
+           && m_engine.selectNumber("PRAGMA page_size", pageSize) == noError
+           && length >= static_cast<std::uintmax_t>(pages * pageSize);
 }
 
 int AppDB::beginWrite()

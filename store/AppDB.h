@@ -95,6 +95,7 @@ private:
     void report(int engineCode);
     [[nodiscard]] std::string adviceFor(int engineCode) const;
     [[nodiscard]] bool isOurs();
+    [[nodiscard]] bool isWhole(const std::string& path);
     // Row sets made over this connection, the accessors' own among them.
     void enter(RowSet* rows) { m_rowSets.push_back(rows); }
     void leave(RowSet* rows) { std::erase(m_rowSets, rows); }

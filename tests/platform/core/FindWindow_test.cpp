@@ -1,11 +1,12 @@
 // Looking for another program's window by its title, on a screen with a window manager.
 #include "platform/core/FindWindow.h"
 
-#include <array>
 #include <atomic>
 #include <cstdlib>
 #include <memory>
 #include <thread>
+#include <utility>
+#include <vector>
 
 #include <xcb/xcb.h>
 
@@ -44,6 +45,7 @@ public:
         xcb_create_window(
             m_connection, XCB_COPY_FROM_PARENT, window, parent != XCB_NONE ? parent : m_screen->root, 0, 0,
             60, 40, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, m_screen->root_visual, XCB_CW_OVERRIDE_REDIRECT, &past);
+        m_windows.push_back(window);
         return window;
     }
     void setNetName(xcb_window_t window, const QByteArray& name)
@@ -57,6 +59,11 @@ public:
     void map(xcb_window_t window) { xcb_map_window(m_connection, window); }
     void unmap(xcb_window_t window) { xcb_unmap_window(m_connection, window); }
     void destroy(xcb_window_t window) { xcb_destroy_window(m_connection, window); }
+    void destroyAll()
+    {
+        for (const xcb_window_t window : std::exchange(m_windows, {}))
+            destroy(window);
+    }
     void minimise(xcb_window_t window) { tellManager(window, "WM_CHANGE_STATE", iconicState); }
     void moveToDesktop(xcb_window_t window, std::uint32_t desktop)
     {
@@ -109,6 +116,7 @@ private:
 
     xcb_connection_t* m_connection;
     xcb_screen_t* m_screen = nullptr;
+    std::vector<xcb_window_t> m_windows;
 };
 
 class FindWindowTest : public ::testing::Test
@@ -234,14 +242,12 @@ TEST_F(FindWindowTest, windowsThatComeAndGoMeanwhile_doNoHarm)
     std::thread restless([&stop] {
         Client other;
         while (!stop) {
-            std::array<xcb_window_t, 20> windows{};
-            for (xcb_window_t& window : windows) {
-                window = other.create(XCB_NONE, false);
+            for (int i = 0; i < 20; ++i) {
+                const xcb_window_t window = other.create(XCB_NONE, false);
                 other.setNetName(window, "restless");
                 other.map(window);
             }
-            for (const xcb_window_t window : windows)
-                other.destroy(window);
+            other.destroyAll();
             other.settle();
         }
     });
