@@ -1,5 +1,5 @@
-// Filling the entry grid from the table to the first paint, against a bare select into vectors of strings plus
-// the first paint of an empty view; beside it a QTableWidget filled by items.
+// Filling the entry grid from the table to the first paint, against a bare select into vectors of strings
+// plus the first paint of an empty view; beside it a QTableWidget filled by items.
 #include <QApplication>
 #include <QStyleFactory>
 #include <QTableWidget>
@@ -27,7 +27,8 @@ Rows bareSelect(const test::TempShop& shop)
     sqlite3* db = nullptr;
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_open_v2(shop.databaseFile().c_str(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK
-        || sqlite3_prepare_v2(db, "SELECT * FROM InpTB ORDER BY NyuDate, NyuTime", -1, &statement, nullptr) != SQLITE_OK)
+        || sqlite3_prepare_v2(db, "SELECT * FROM InpTB ORDER BY NyuDate, NyuTime", -1, &statement, nullptr)
+               != SQLITE_OK)
         std::abort();
     Rows rows;
     while (sqlite3_step(statement) == SQLITE_ROW) {

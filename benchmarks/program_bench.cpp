@@ -36,7 +36,8 @@ void furnish(const test::TempShop& shop, const QString& device)
     shop.add(tantouTable, {"01", "山田　太郎"});
     write(shop.base() + QStringLiteral("/Ini/AppEnv.ini"),
           QStringLiteral("[Reader]\nCommKind=1\nCommPortNo=9\nCommBaud=9600\nCommParity=N\nCommDataBit=8\n"
-                         "CommStopBit=1\n[Ports]\n9=%1\n").arg(device));
+                         "CommStopBit=1\n[Ports]\n9=%1\n")
+              .arg(device));
     if (!QFile::copy(QStringLiteral(SUISUITAG_PROGRAM), shop.base() + QStringLiteral("/suisuitag")))
         std::abort();
 }

@@ -1,5 +1,5 @@
-// A frame's way from the other end of the port to the dispatch of its value, through the loop that the program
-// runs.
+// A frame's way from the other end of the port to the dispatch of its value, through the loop that the
+// program runs.
 #include <QCoreApplication>
 
 #include "barcode/Barcode.h"

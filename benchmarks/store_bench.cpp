@@ -23,9 +23,10 @@ std::string stampOfScan(int number)
     return "30000101" + std::string(6 - digits.size(), '0') + digits;
 }
 
-constexpr std::string_view columnsOfRow[] = {code, "見本の商品 5kg", "", "0000001", "0001850", "101",
-                                             "東西食品株式会社", "30000101", "090000", "袋", "0000000", "0000000",
-                                             "01", "山田　太郎", ""};
+constexpr std::string_view columnsOfRow[] = {
+    code,      "見本の商品 5kg",   "",         "0000001",    "0001850",
+    "101",     "東西食品株式会社", "30000101", "090000",     "袋",
+    "0000000", "0000000",          "01",       "山田　太郎", ""};
 
 class ProgramScan
 {
@@ -76,9 +77,10 @@ public:
         m_parts = prepared("SELECT * FROM HSeihinTB WHERE Code=? ORDER BY rowid");
         m_stock = prepared("SELECT rowid,* FROM ZaikoTB WHERE Code=? ORDER BY rowid");
         m_begin = prepared("BEGIN IMMEDIATE");
-        m_update = prepared("UPDATE ZaikoTB SET Code=?,ZaikoSuu=?,KuriSuu=?,InpDate=?,UpdDate=? WHERE "
-                            "Code=? COLLATE BINARY AND ZaikoSuu=? COLLATE BINARY AND KuriSuu=? COLLATE BINARY AND "
-                            "InpDate=? COLLATE BINARY AND UpdDate=? COLLATE BINARY AND rowid=?");
+        m_update =
+            prepared("UPDATE ZaikoTB SET Code=?,ZaikoSuu=?,KuriSuu=?,InpDate=?,UpdDate=? WHERE "
+                     "Code=? COLLATE BINARY AND ZaikoSuu=? COLLATE BINARY AND KuriSuu=? COLLATE BINARY AND "
+                     "InpDate=? COLLATE BINARY AND UpdDate=? COLLATE BINARY AND rowid=?");
         m_insert = prepared("INSERT INTO InpTB VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
         m_commit = prepared("COMMIT");
     }
@@ -100,7 +102,8 @@ public:
         (void)first(m_master);
         step(m_begin);
         const std::string figure = std::to_string(std::stol(stock.at(2)) + 1);
-        bind(m_update, {stock[1], figure, stock[3], stock[4], stamp, stock[1], stock[2], stock[3], stock[4], stock[5]});
+        bind(m_update,
+             {stock[1], figure, stock[3], stock[4], stamp, stock[1], stock[2], stock[3], stock[4], stock[5]});
         sqlite3_bind_int64(m_update, 11, std::stoll(stock[0]));
         step(m_update);
         std::vector<std::string> row(std::begin(columnsOfRow), std::end(columnsOfRow));
@@ -122,8 +125,8 @@ private:
     static void bind(sqlite3_stmt* statement, const std::vector<std::string>& values)
     {
         for (std::size_t i = 0; i < values.size(); ++i)
-            sqlite3_bind_text(statement, static_cast<int>(i) + 1, values[i].data(), static_cast<int>(values[i].size()),
-                              SQLITE_TRANSIENT);
+            sqlite3_bind_text(statement, static_cast<int>(i) + 1, values[i].data(),
+                              static_cast<int>(values[i].size()), SQLITE_TRANSIENT);
     }
     static void step(sqlite3_stmt* statement)
     {

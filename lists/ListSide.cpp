@@ -8,7 +8,10 @@ namespace suisui {
 
 namespace {
 
-constexpr SpreadColumn text(std::string_view heading, int width) { return {.heading = heading, .width = width}; }
+constexpr SpreadColumn text(std::string_view heading, int width)
+{
+    return {.heading = heading, .width = width};
+}
 
 constexpr SpreadColumn figure(std::string_view heading, int width)
 {
@@ -18,16 +21,19 @@ constexpr SpreadColumn figure(std::string_view heading, int width)
 constexpr SpreadColumn indexColumn{.heading = "", .hidden = true};
 
 constexpr std::array receiptColumns{
-    text("入荷日", 100),  text("商品名", 220),  text("入荷先", 170), figure("単価", 90),
-    figure("数量", 80),   figure("値引き", 80), figure("合計", 110), text("コード", 112),
-    text("担当者", 110),  figure("返却数", 80), text("単位", 56),    text("備考", 180),
-    indexColumn,
+    text("入荷日", 100),  text("商品名", 220), text("入荷先", 170), figure("単価", 90),  figure("数量", 80),
+    figure("値引き", 80), figure("合計", 110), text("コード", 112), text("担当者", 110), figure("返却数", 80),
+    text("単位", 56),     text("備考", 180),   indexColumn,
 };
 
 constexpr std::array shipmentColumns{
-    text("出荷日", 100),    text("商品名", 220),    text("出荷先", 170), figure("単価", 90), figure("数量", 80),
-    figure("値引き", 80),   figure("合計", 110),    text("コード", 112), text("担当者", 110),
-    figure("良品返品", 80), figure("不良返品", 80), text("単位", 56),    text("備考", 180),  indexColumn,
+    text("出荷日", 100),    text("商品名", 220),
+    text("出荷先", 170),    figure("単価", 90),
+    figure("数量", 80),     figure("値引き", 80),
+    figure("合計", 110),    text("コード", 112),
+    text("担当者", 110),    figure("良品返品", 80),
+    figure("不良返品", 80), text("単位", 56),
+    text("備考", 180),      indexColumn,
 };
 
 static_assert(receiptColumns.size() == 13 && shipmentColumns.size() == 14);
@@ -57,6 +63,9 @@ const std::array sides{
 
 } // namespace
 
-const ListSide& listSide(Side side) { return sides.at(static_cast<std::size_t>(side)); }
+const ListSide& listSide(Side side)
+{
+    return sides.at(static_cast<std::size_t>(side));
+}
 
 } // namespace suisui

@@ -23,7 +23,8 @@ constexpr int staffHeading = 9;
 } // namespace
 
 MovementListPage::MovementListPage(Side side, const Services& services, QWidget* parent)
-    : Page(parent), m_side(listSide(side)), m_services(services), m_ui(std::make_unique<Ui::MovementListPage>())
+    : Page(parent), m_side(listSide(side)), m_services(services),
+      m_ui(std::make_unique<Ui::MovementListPage>())
 {
     m_ui->setupUi(this);
     m_period = {{m_ui->txtXLyyyy_F, m_ui->txtXLmm_F, m_ui->txtXLdd_F},
@@ -49,15 +50,30 @@ void MovementListPage::nameControls()
     m_ui->fraXList->setTitle(QString::fromUtf16(m_side.listFrameCaption));
 }
 
-QLineEdit* MovementListPage::barCodeField() { return m_ui->txtXLBarCode; }
+QLineEdit* MovementListPage::barCodeField()
+{
+    return m_ui->txtXLBarCode;
+}
 
-vaSpread* MovementListPage::grid() { return m_ui->Sprd_XHyou; }
+vaSpread* MovementListPage::grid()
+{
+    return m_ui->Sprd_XHyou;
+}
 
-QComboBox* MovementListPage::partnerChoice() { return m_ui->cmbXLSaki; }
+QComboBox* MovementListPage::partnerChoice()
+{
+    return m_ui->cmbXLSaki;
+}
 
-QComboBox* MovementListPage::staffChoice() { return m_ui->cmbXLTantou; }
+QComboBox* MovementListPage::staffChoice()
+{
+    return m_ui->cmbXLTantou;
+}
 
-QWidget* MovementListPage::searchButton() { return m_ui->cmdXLKensaku; }
+QWidget* MovementListPage::searchButton()
+{
+    return m_ui->cmdXLKensaku;
+}
 
 void MovementListPage::setCaptions(const AppIni& ini)
 {
@@ -76,9 +92,15 @@ void MovementListPage::setDefaultDates(const QString& from, const QString& to)
     m_period.to.setDate(to);
 }
 
-void MovementListPage::setPartners(const ChoiceList& partners) { fillCombo(*m_ui->cmbXLSaki, partners, true); }
+void MovementListPage::setPartners(const ChoiceList& partners)
+{
+    fillCombo(*m_ui->cmbXLSaki, partners, true);
+}
 
-void MovementListPage::setStaff(const ChoiceList& staff) { fillCombo(*m_ui->cmbXLTantou, staff, true); }
+void MovementListPage::setStaff(const ChoiceList& staff)
+{
+    fillCombo(*m_ui->cmbXLTantou, staff, true);
+}
 
 void MovementListPage::firstShow()
 {

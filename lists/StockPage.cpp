@@ -43,9 +43,15 @@ StockPage::StockPage(const Services& services, QWidget* parent)
 
 StockPage::~StockPage() = default;
 
-QLineEdit* StockPage::barCodeField() { return m_ui->txtZBarCode; }
+QLineEdit* StockPage::barCodeField()
+{
+    return m_ui->txtZBarCode;
+}
 
-vaSpread* StockPage::grid() { return m_ui->Sprd_Zai; }
+vaSpread* StockPage::grid()
+{
+    return m_ui->Sprd_Zai;
+}
 
 void StockPage::setCaptions(const AppIni& ini)
 {
@@ -54,7 +60,10 @@ void StockPage::setCaptions(const AppIni& ini)
     plainHeadings();
 }
 
-void StockPage::setToday(const QString& text) { m_ui->lblZToday->setText(text); }
+void StockPage::setToday(const QString& text)
+{
+    m_ui->lblZToday->setText(text);
+}
 
 void StockPage::firstShow()
 {

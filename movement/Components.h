@@ -24,7 +24,8 @@ template <typename DeltaOf>
     for (int row = 1; row <= count; ++row) {
         const std::string delta = deltaOf(components.get(row, HSeihinCol::Suuryou));
         std::string name;
-        if (ZaikoPost(services.db, services.msgBox, components.get(row, HSeihinCol::HSeihinCD), delta, name, stamp)
+        if (ZaikoPost(services.db, services.msgBox, components.get(row, HSeihinCol::HSeihinCD), delta, name,
+                      stamp)
             != PostResult::Posted)
             return false;
     }

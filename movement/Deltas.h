@@ -18,7 +18,8 @@ struct Figures
 /// to whole numbers first. Throws RunTimeError::Overflow beyond 32 bits.
 [[nodiscard]] std::string componentScanDelta(std::string_view perUnit, std::string_view productQuantity);
 
-/// A component's delta on update and delete of its product: minus per-unit quantity times the product's delta.
+/// A component's delta on update and delete of its product: minus per-unit quantity times the product's
+/// delta.
 [[nodiscard]] std::string componentDelta(std::string_view perUnit, double productDelta);
 
 /// The goods item's delta when a row changes from \a posted to \a now. \a stockSign is +1 for receipts and

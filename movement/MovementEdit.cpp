@@ -66,7 +66,9 @@ bool MovementPage::agreesToShow(int count)
         return true;
     const BoxAnswer answer = m_services.msgBox.show(
         {u"表示の確認"_s,
-         fillIn(u"検索結果のデータが多いため\r\n表示に時間が掛かる可能性があります。　　　\r\n\r\n　　　（検索結果： {count} 件）\r\n\r\n表示を行っても、よろしいですか？", {{u"count", QString::number(count)}}),
+         fillIn(u"検索結果のデータが多いため\r\n表示に時間が掛かる可能性があります。　　　\r\n\r\n　　　（検"
+                u"索結果： {count} 件）\r\n\r\n表示を行っても、よろしいですか？",
+                {{u"count", QString::number(count)}}),
          BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::Yes});
     if (answer != BoxAnswer::Yes)
         return false;
@@ -199,7 +201,8 @@ void MovementPage::cmdKousin_Click()
         return;
     if (!frame.GuardActive()) {
         const BoxAnswer answer = m_services.msgBox.show(
-            {u"更新の確認"_s, fillIn(u"「 {term} 」を更新します。　　　　\r\n\r\n　よろしいですか？", {{u"term", term()}}),
+            {u"更新の確認"_s,
+             fillIn(u"「 {term} 」を更新します。　　　　\r\n\r\n　よろしいですか？", {{u"term", term()}}),
              BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::No});
         if (answer != BoxAnswer::Yes)
             return;
@@ -214,7 +217,8 @@ void MovementPage::cmdKousin_Click()
         concurrentChange(false);
         return;
     }
-    m_services.msgBox.show({u"更新の完了"_s, fillIn(u"「 {term} 」を更新しました。　　　　", {{u"term", term()}}),
+    m_services.msgBox.show({u"更新の完了"_s,
+                            fillIn(u"「 {term} 」を更新しました。　　　　", {{u"term", term()}}),
                             BoxIcon::Information});
     frame.setDirty(m_side.side, false);
 }
@@ -230,7 +234,8 @@ bool MovementPage::updateRow(int row, const std::string& stamp)
         m_services.db.Rollback();
         return false;
     }
-    if (m_rows.UpdateRow(index) != 0 && m_rows.UpdateRow(index) != 0) { // a second try, as a lock may be brief
+    if (m_rows.UpdateRow(index) != 0
+        && m_rows.UpdateRow(index) != 0) { // a second try, as a lock may be brief
         m_services.db.Rollback();
         concurrentChange(false);
         return false;
@@ -284,8 +289,8 @@ void MovementPage::cmdDelete_Click()
     if (m_rows.Count() == 0 || row < 1)
         return;
     const BoxAnswer answer = m_services.msgBox.show(
-        {u"削除の確認"_s, fillIn(QString::fromUtf16(m_side.deleteQuestion), {{u"term", term()}}), BoxIcon::Question,
-         BoxButtons::YesNo, BoxAnswer::No});
+        {u"削除の確認"_s, fillIn(QString::fromUtf16(m_side.deleteQuestion), {{u"term", term()}}),
+         BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::No});
     if (answer != BoxAnswer::Yes)
         return;
     const std::string stamp = stampOf(m_services.clock.now());
@@ -308,7 +313,8 @@ void MovementPage::cmdDelete_Click()
         return;
     }
     takeOutOfGrid(row, index);
-    m_services.msgBox.show({u"削除の完了"_s, fillIn(u"「 {term} 」を削除しました。　　　　", {{u"term", term()}}),
+    m_services.msgBox.show({u"削除の完了"_s,
+                            fillIn(u"「 {term} 」を削除しました。　　　　", {{u"term", term()}}),
                             BoxIcon::Information});
     markStale();
 }
@@ -345,7 +351,10 @@ void MovementPage::takeOutOfGrid(int row, int rowIndex)
 
 void MovementPage::concurrentChange(bool deleting)
 {
-    QString text = fillIn(u"「 {term} 」 の更新ができませんでした。\r\n\r\n他の処理で 変更・削除されている可能性があります。　　　\r\n\r\n　　　再度 「検索」 を行い、確認して下さい。", {{u"term", term()}});
+    QString text = fillIn(
+        u"「 {term} 」 の更新ができませんでした。\r\n\r\n他の処理で "
+        u"変更・削除されている可能性があります。　　　\r\n\r\n　　　再度 「検索」 を行い、確認して下さい。",
+        {{u"term", term()}});
     if (deleting)
         text.replace(u" 」 の更新ができませんでした。"_s, u" 」 の削除ができませんでした。"_s);
     m_services.msgBox.show({u"データベースエラー"_s, text, BoxIcon::Stop});

@@ -52,11 +52,20 @@ void MovementPage::wire()
     connect(m_ui->Sprd_X, &vaSpread::Change, this, &MovementPage::cellChange);
 }
 
-QLineEdit* MovementPage::barCodeField() { return m_ui->txtXBarCode; }
+QLineEdit* MovementPage::barCodeField()
+{
+    return m_ui->txtXBarCode;
+}
 
-vaSpread* MovementPage::grid() { return m_ui->Sprd_X; }
+vaSpread* MovementPage::grid()
+{
+    return m_ui->Sprd_X;
+}
 
-QComboBox* MovementPage::partnerChoice() { return m_ui->cmbXSaki; }
+QComboBox* MovementPage::partnerChoice()
+{
+    return m_ui->cmbXSaki;
+}
 
 void MovementPage::setCaptions(const AppIni& ini)
 {
@@ -73,7 +82,10 @@ void MovementPage::setDefaultDates(const QString& from, const QString& to)
     m_period.to.setDate(to);
 }
 
-void MovementPage::setToday(const QString& text) { m_ui->lblXToday->setText(text); }
+void MovementPage::setToday(const QString& text)
+{
+    m_ui->lblXToday->setText(text);
+}
 
 void MovementPage::setPartners(const ChoiceList& partners)
 {
@@ -108,7 +120,10 @@ int MovementPage::bufferIndex(int row) const
     return static_cast<int>(numberOf(m_ui->Sprd_X->text(m_side.cells.index, row)));
 }
 
-QString MovementPage::term() const { return m_services.ini.Term(m_side.termIndex); }
+QString MovementPage::term() const
+{
+    return m_services.ini.Term(m_side.termIndex);
+}
 
 void MovementPage::markStale()
 {

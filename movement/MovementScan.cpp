@@ -70,7 +70,9 @@ void MovementPage::book(const std::string& code)
         unregistered(code);
         return;
     }
-    const auto text = [&goods](MasterCol column) { return std::string(goods.get(1, static_cast<int>(column))); };
+    const auto text = [&goods](MasterCol column) {
+        return std::string(goods.get(1, static_cast<int>(column)));
+    };
     const auto number = [&text](MasterCol column) {
         const std::string value = text(column);
         return value.empty() ? "0" : value;
@@ -111,7 +113,8 @@ void MovementPage::unregistered(const std::string& code)
     const QString goods = m_services.ini.MasterTerm(0);
     m_services.msgBox.show(
         {fillIn(u"{goods} 未登録エラー", {{u"goods", goods}}),
-         fillIn(u"入力された コード 「 {text} 」 は\r\n「{goods}」 に登録されていません。\r\n\r\n【基本情報 登録】 で\r\n「{goods}」 に登録した後に、再度、入力して下さい。　　",
+         fillIn(u"入力された コード 「 {text} 」 は\r\n「{goods}」 に登録されていません。\r\n\r\n【基本情報 "
+                u"登録】 で\r\n「{goods}」 に登録した後に、再度、入力して下さい。　　",
                 {{u"goods", goods}, {u"text", QString::fromStdString(code)}}),
          BoxIcon::Stop});
     m_services.frame.BusyOff();
@@ -122,13 +125,16 @@ void MovementPage::unregistered(const std::string& code)
 bool MovementPage::postScan(const Scan& scan)
 {
     if (m_table.movesComponents) {
-        const auto delta = [&scan](std::string_view perUnit) { return componentScanDelta(perUnit, scan.quantity); };
+        const auto delta = [&scan](std::string_view perUnit) {
+            return componentScanDelta(perUnit, scan.quantity);
+        };
         if (!postComponents(m_services, scan.code, scan.stamp, delta))
             return false;
     }
     const std::string delta = m_table.stockSign > 0 ? scan.quantity : CStr(numberOf(scan.quantity) * -1);
     std::string name = scan.name;
-    return ZaikoPost(m_services.db, m_services.msgBox, scan.code, delta, name, scan.stamp) == PostResult::Posted;
+    return ZaikoPost(m_services.db, m_services.msgBox, scan.code, delta, name, scan.stamp)
+           == PostResult::Posted;
 }
 
 void MovementPage::putOnTop(const Scan& scan)

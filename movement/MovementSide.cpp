@@ -13,7 +13,8 @@ constexpr int moneyDigits = 9;
 
 constexpr SpreadColumn codeColumn{.heading = "コード", .type = CellType::Locked, .width = 112};
 constexpr SpreadColumn nameColumn{.heading = "名称", .type = CellType::Text, .width = 210};
-constexpr SpreadColumn priceColumn{.heading = "単価", .type = CellType::Number, .width = 82, .digits = moneyDigits};
+constexpr SpreadColumn priceColumn{
+    .heading = "単価", .type = CellType::Number, .width = 82, .digits = moneyDigits};
 constexpr SpreadColumn quantityColumn{
     .heading = "数量", .type = CellType::Number, .width = 68, .digits = quantityDigits};
 constexpr SpreadColumn discountColumn{
@@ -116,8 +117,11 @@ const std::array sides{
         .partnerTip = u" 登録する 「入荷先」 を 選択して下さい ",
         .codeTip = u" 登録する 商品の 「コード」 を入力して下さい ",
         .waitTag = u"入荷検索",
-        .insertErrorText = u"「 入荷テーブル 」\r\n　　新規追加 (INSERT) エラー　　　　　\r\n\r\n　新規に登録できませんでした。\r\n　再度、入力して下さい。",
-        .deleteQuestion = u"「 {term} 」を削除します。　　　　\r\n\r\n　　 （ 入荷の取消 ）\r\n\r\n　　 よろしいですか？",
+        .insertErrorText =
+            u"「 入荷テーブル 」\r\n　　新規追加 (INSERT) "
+            u"エラー　　　　　\r\n\r\n　新規に登録できませんでした。\r\n　再度、入力して下さい。",
+        .deleteQuestion =
+            u"「 {term} 」を削除します。　　　　\r\n\r\n　　 （ 入荷の取消 ）\r\n\r\n　　 よろしいですか？",
     },
     MovementSide{
         .side = Side::Shipment,
@@ -154,13 +158,19 @@ const std::array sides{
         .partnerTip = u" 登録する 「出荷先」 を 選択して下さい ",
         .codeTip = u" 登録する 商品の 「コード」 を入力して下さい ",
         .waitTag = u"出荷検索",
-        .insertErrorText = u"「 出荷テーブル 」\r\n　　新規追加 (INSERT) エラー　　　　　\r\n\r\n　新規に登録できませんでした。\r\n　再度、入力して下さい。",
-        .deleteQuestion = u"「 {term} 」を削除します。　　　　\r\n\r\n　　 （ 出荷の取消 ）\r\n\r\n　　 よろしいですか？",
+        .insertErrorText =
+            u"「 出荷テーブル 」\r\n　　新規追加 (INSERT) "
+            u"エラー　　　　　\r\n\r\n　新規に登録できませんでした。\r\n　再度、入力して下さい。",
+        .deleteQuestion =
+            u"「 {term} 」を削除します。　　　　\r\n\r\n　　 （ 出荷の取消 ）\r\n\r\n　　 よろしいですか？",
     },
 };
 
 } // namespace
 
-const MovementSide& movementSide(Side side) { return sides.at(static_cast<std::size_t>(side)); }
+const MovementSide& movementSide(Side side)
+{
+    return sides.at(static_cast<std::size_t>(side));
+}
 
 } // namespace suisui

@@ -43,10 +43,10 @@ struct MovementCells
 struct MovementSide
 {
     Side side;
-    char16_t letter;   ///< stands in the names of the controls: N receipts, S shipments
+    char16_t letter; ///< stands in the names of the controls: N receipts, S shipments
     Tab tab;
-    Tab listTab;       ///< made stale by a movement, beside the stock tab
-    int termIndex;     ///< Term of the settings
+    Tab listTab;   ///< made stale by a movement, beside the stock tab
+    int termIndex; ///< Term of the settings
     QString (AppIni::*heading)(int) const;
     std::span<const SpreadColumn> columns;
     MovementCells cells;

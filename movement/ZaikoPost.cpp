@@ -43,17 +43,22 @@ void makeFirstLine(std::string& name, std::string_view code, const Goods& goods)
         name = "コード「 " + std::string(code) + " 」 の　　　\r\n";
         return;
     }
-    name = "「 " + (name.empty() ? goods.name : name) + " 」　（ コード ： " + std::string(code) + " ） の　　　\r\n";
+    name = "「 " + (name.empty() ? goods.name : name) + " 」　（ コード ： " + std::string(code)
+           + " ） の　　　\r\n";
 }
 
-QString plain(double number) { return QString::fromStdString(CStr(number)); }
+QString plain(double number)
+{
+    return QString::fromStdString(CStr(number));
+}
 
 void warnNegative(MsgBox& msgBox, const std::string& firstLine, double stock, bool rowExists)
 {
     const QString closing = rowExists ? u"\r\n\r\n在庫を確認して下さい。"_s : QString();
     msgBox.show({u" 在庫不足"_s,
-                 QString::fromStdString(firstLine) + u"在庫数が マイナスになります。　　　\r\n\r\n　　 在庫数 = "_s
-                     + plain(stock) + closing,
+                 QString::fromStdString(firstLine)
+                     + u"在庫数が マイナスになります。　　　\r\n\r\n　　 在庫数 = "_s + plain(stock)
+                     + closing,
                  BoxIcon::Stop});
 }
 
@@ -61,7 +66,8 @@ void warnLow(MsgBox& msgBox, const std::string& firstLine, double stock, double 
 {
     msgBox.show({u" 最低在庫数 未満"_s,
                  QString::fromStdString(firstLine)
-                     + fillIn(u"在庫数が 最低在庫数 未満になります。　　　\r\n\r\n　　在庫数 = {new stock}  <  最低在庫数 = {Stock}　",
+                     + fillIn(u"在庫数が 最低在庫数 未満になります。　　　\r\n\r\n　　在庫数 = {new stock}  "
+                              u"<  最低在庫数 = {Stock}　",
                               {{u"new stock", plain(stock)}, {u"Stock", plain(lowest)}}),
                  BoxIcon::Exclamation});
 }
@@ -70,8 +76,8 @@ bool overflows(MsgBox& msgBox, double stock)
 {
     if (!(stock > stockLimit))
         return false;
-    msgBox.show({u"桁あふれエラー"_s, u"在庫数が 「桁あふれ」 しました。　　　\r\n\r\n　再度、入力して下さい。"_s,
-                 BoxIcon::Stop});
+    msgBox.show({u"桁あふれエラー"_s,
+                 u"在庫数が 「桁あふれ」 しました。　　　\r\n\r\n　再度、入力して下さい。"_s, BoxIcon::Stop});
     return true;
 }
 
@@ -86,8 +92,8 @@ PostResult writeStock(AppDB& db)
 }
 
 /// First posting of a code: a new stock row, unless the master does not know the code either.
-PostResult postFirst(AppDB& db, MsgBox& msgBox, std::string_view code, std::string_view delta, std::string& name,
-                     std::string_view stamp)
+PostResult postFirst(AppDB& db, MsgBox& msgBox, std::string_view code, std::string_view delta,
+                     std::string& name, std::string_view stamp)
 {
     const std::optional<Goods> goods = lookUp(db.MasterPost(), code);
     if (!goods)
@@ -114,8 +120,8 @@ PostResult postFirst(AppDB& db, MsgBox& msgBox, std::string_view code, std::stri
 }
 
 /// Any later posting. Only a movement downwards warns, however low the stock is.
-PostResult postAgain(AppDB& db, MsgBox& msgBox, std::string_view code, std::string_view delta, std::string& name,
-                     std::string_view stamp)
+PostResult postAgain(AppDB& db, MsgBox& msgBox, std::string_view code, std::string_view delta,
+                     std::string& name, std::string_view stamp)
 {
     ZaikoRec& stock = db.ZaikoTbl();
     const double quantity = numberOf(delta);
@@ -142,8 +148,8 @@ PostResult postAgain(AppDB& db, MsgBox& msgBox, std::string_view code, std::stri
 
 } // namespace
 
-PostResult ZaikoPost(AppDB& db, MsgBox& msgBox, std::string_view code, std::string_view delta, std::string& name,
-                     std::string_view stamp)
+PostResult ZaikoPost(AppDB& db, MsgBox& msgBox, std::string_view code, std::string_view delta,
+                     std::string& name, std::string_view stamp)
 {
     if (delta == "0")
         return PostResult::Posted;

@@ -48,6 +48,20 @@ class Sources:
         return digest.hexdigest()
 
 
+def marks(root, build, tidy):
+    """For each source of the program the file that stands in the build while it is known to be clean."""
+    settings = subprocess.run([tidy, "--version"], capture_output=True, check=True).stdout
+    settings += (root / ".clang-tidy").read_bytes()
+    files, found = Sources(root), {}
+    for entry in json.loads((build / "compile_commands.json").read_text(encoding="utf-8")):
+        path = pathlib.Path(entry["file"])
+        name = path.relative_to(root).as_posix() if path.is_relative_to(root) else ""
+        if includes.room_of(name) in PRODUCT:
+            key = hashlib.sha256(settings + entry["command"].encode() + files.fingerprint(name).encode())
+            found[name] = build / "tidy" / key.hexdigest()
+    return found
+
+
 def main():
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     options.add_argument("--build", required=True, help="folder with compile_commands.json")
@@ -58,40 +72,30 @@ def main():
     tidy = shutil.which("clang-tidy")
     if tidy is None:
         sys.exit("clang-tidy is not installed")
-    settings = subprocess.run([tidy, "--version"], capture_output=True, check=True).stdout
-    settings += (root / ".clang-tidy").read_bytes()
-    clean = build / "tidy"
-    clean.mkdir(exist_ok=True)
-
-    files = Sources(root)
-    work = {}
-    for entry in json.loads((build / "compile_commands.json").read_text(encoding="utf-8")):
-        path = pathlib.Path(entry["file"])
-        name = path.relative_to(root).as_posix() if path.is_relative_to(root) else ""
-        if includes.room_of(name) in PRODUCT:
-            key = hashlib.sha256(settings + entry["command"].encode() + files.fingerprint(name).encode())
-            work[name] = clean / key.hexdigest()
-    if not work:
+    (build / "tidy").mkdir(exist_ok=True)
+    mark_of = marks(root, build, tidy)
+    if not mark_of:
         sys.exit("no sources found")
-    waiting = [name for name, mark in work.items() if not mark.exists()]
-    headers = f"^{re.escape(str(root))}/({'|'.join(PRODUCT)})/"
+    for old in set((build / "tidy").iterdir()) - set(mark_of.values()):
+        old.unlink()
+    waiting = [name for name, mark in mark_of.items() if not mark.exists()]
+    # Headers of the house, and not what the build makes beside them.
+    command = [tidy, "-p", str(build), "--quiet", f"--header-filter=^{re.escape(str(root))}/({'|'.join(PRODUCT)})/"]
     started = time.monotonic()
 
     def check(name):
-        return name, subprocess.run([tidy, "-p", str(build), "--quiet", f"--header-filter={headers}", str(root / name)],
-                                    capture_output=True, encoding="utf-8", check=False)
+        return name, subprocess.run([*command, str(root / name)], capture_output=True, encoding="utf-8", check=False)
 
     wrong = 0
     with concurrent.futures.ThreadPoolExecutor(chosen.jobs) as workers:
         for name, result in workers.map(check, waiting):
             if result.returncode == 0:
-                work[name].touch()
+                mark_of[name].touch()
             else:
                 wrong += 1
                 print(f"{name}:\n{result.stdout}{result.stderr}", flush=True)
-    for mark in set(clean.iterdir()) - set(work.values()):
-        mark.unlink()
-    print(f"{len(work)} files, {len(waiting)} of them looked at in {time.monotonic() - started:.0f} s, {wrong} with faults")
+    print(f"{len(mark_of)} files, {len(waiting)} of them looked at in {time.monotonic() - started:.0f} s,"
+          f" {wrong} with faults")
     sys.exit(1 if wrong else 0)
 
 

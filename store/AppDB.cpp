@@ -25,9 +25,13 @@ struct Advice
 };
 
 constexpr Advice advices[] = {
-    {EngineError::Busy, "他のプログラムが データベースを使用中です。　　　\r\n\r\n他のプログラムを終了してから、再度、操作して下さい。"},
-    {EngineError::Full, "ディスクの空き容量が足りません。　　　\r\n\r\n不要なファイルを削除してから、再度、操作して下さい。"},
-    {EngineError::ReadOnly, "データベースに書き込めません。　　　\r\n\r\nファイルとフォルダの 書き込み許可を確認して下さい。"},
+    {EngineError::Busy,
+     "他のプログラムが "
+     "データベースを使用中です。　　　\r\n\r\n他のプログラムを終了してから、再度、操作して下さい。"},
+    {EngineError::Full,
+     "ディスクの空き容量が足りません。　　　\r\n\r\n不要なファイルを削除してから、再度、操作して下さい。"},
+    {EngineError::ReadOnly,
+     "データベースに書き込めません。　　　\r\n\r\nファイルとフォルダの 書き込み許可を確認して下さい。"},
     {EngineError::Damaged, "データベースが壊れています。　　　\r\n\r\nバックアップから 復元して下さい。"},
     {EngineError::NoDatabase, "データベースを開けません。　　　\r\n\r\nデータファイルを確認して下さい。"},
 };
@@ -46,22 +50,26 @@ bool synced(const std::filesystem::path& path)
 } // namespace
 
 AppDB::AppDB(std::string databaseFolder, ErrorSink showError)
-    : m_databaseFolder(std::move(databaseFolder)), m_showError(std::move(showError)), m_inpTbl(*this, inpTable),
-      m_outTbl(*this, outTable), m_masterTbl(*this, masterTable), m_kokyakuAll(*this, kokyakuTable),
-      m_kokyakuNyu(*this, kokyakuTable), m_kokyakuSyu(*this, kokyakuTable), m_tantouTbl(*this, tantouTable),
-      m_inpList(*this, inpTable), m_outList(*this, outTable), m_zaikoTbl(*this, zaikoTable),
-      m_masterSyu(*this, masterTable), m_masterPost(*this, masterTable), m_hseihinTbl(*this, hseihinTable),
-      m_kokyakuSlip(*this, kokyakuTable), m_rirekiTbl(*this, rirekiTable)
+    : m_databaseFolder(std::move(databaseFolder)), m_showError(std::move(showError)),
+      m_inpTbl(*this, inpTable), m_outTbl(*this, outTable), m_masterTbl(*this, masterTable),
+      m_kokyakuAll(*this, kokyakuTable), m_kokyakuNyu(*this, kokyakuTable), m_kokyakuSyu(*this, kokyakuTable),
+      m_tantouTbl(*this, tantouTable), m_inpList(*this, inpTable), m_outList(*this, outTable),
+      m_zaikoTbl(*this, zaikoTable), m_masterSyu(*this, masterTable), m_masterPost(*this, masterTable),
+      m_hseihinTbl(*this, hseihinTable), m_kokyakuSlip(*this, kokyakuTable), m_rirekiTbl(*this, rirekiTable)
 {
 }
 
-AppDB::~AppDB() { CloseFile(); }
+AppDB::~AppDB()
+{
+    CloseFile();
+}
 
 int AppDB::Open(std::string_view file)
 {
     CloseFile();
-    const std::string path =
-        file.find('/') == std::string_view::npos ? m_databaseFolder + "/" + std::string(file) : std::string(file);
+    const std::string path = file.find('/') == std::string_view::npos
+                                 ? m_databaseFolder + "/" + std::string(file)
+                                 : std::string(file);
     int code = m_engine.open(path);
     // A file that takes no write, now or ever, is no use to a shop: better to hear it at the start than at
     // the first scan.
@@ -92,7 +100,8 @@ int AppDB::Open(std::string_view file)
 bool AppDB::isOurs()
 {
     std::int64_t version = 0;
-    if (m_engine.selectNumber("PRAGMA user_version", version) != noError || version < 1 || version > schemaVersion)
+    if (m_engine.selectNumber("PRAGMA user_version", version) != noError || version < 1
+        || version > schemaVersion)
         return false;
     for (auto step = static_cast<std::size_t>(version) - 1; step < upgradeSteps.size(); ++step)
         for (const std::string_view statement : upgradeSteps[step])
@@ -100,11 +109,12 @@ bool AppDB::isOurs()
                 return false;
     for (const TableDef* table : allTables()) {
         std::string columns;
-        const int code = m_engine.select("SELECT cid, name FROM pragma_table_info('" + std::string(table->name) + "')",
-                                         [&columns](std::int64_t, std::span<const std::string_view> texts) {
-                                             columns += texts[0];
-                                             columns += ',';
-                                         });
+        const int code =
+            m_engine.select("SELECT cid, name FROM pragma_table_info('" + std::string(table->name) + "')",
+                            [&columns](std::int64_t, std::span<const std::string_view> texts) {
+                                columns += texts[0];
+                                columns += ',';
+                            });
         std::string expected;
         for (const std::string_view column : table->columns) {
             expected += column;
@@ -149,7 +159,7 @@ int AppDB::beginWrite()
 int AppDB::fail(int engineCode)
 {
     m_lastErrNo = m_engine.errorKind(engineCode) == EngineError::DuplicateKey ? std::string(duplicateKey)
-                                                                            : std::to_string(engineCode);
+                                                                              : std::to_string(engineCode);
     m_lastErrText = m_engine.errorText();
     m_lastStatus = failure;
     report(engineCode);
@@ -190,7 +200,8 @@ std::string AppDB::adviceFor(int engineCode) const
     for (const Advice& advice : advices)
         if (advice.kind == kind)
             return advice.text;
-    return "データベースの処理に失敗しました。　　　\r\n\r\n　（ " + m_lastErrNo + " : " + m_lastErrText + " ）";
+    return "データベースの処理に失敗しました。　　　\r\n\r\n　（ " + m_lastErrNo + " : " + m_lastErrText
+           + " ）";
 }
 
 void AppDB::Commit()
@@ -223,7 +234,10 @@ void AppDB::Rollback()
         rows->unitRolledBack();
 }
 
-int AppDB::CloseAfterSave() { return noError; }
+int AppDB::CloseAfterSave()
+{
+    return noError;
+}
 
 void AppDB::CloseFile()
 {
@@ -245,7 +259,10 @@ int AppDB::OpenRecordset(std::string_view sql)
     return noError;
 }
 
-void AppDB::CloseRecordset() { m_recordset.close(); }
+void AppDB::CloseRecordset()
+{
+    m_recordset.close();
+}
 
 void AppDB::Execute(std::string_view sql)
 {
@@ -305,7 +322,8 @@ int AppDB::Create(const std::string& path, std::string* error)
         }
     }
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    if (!synced(aside) || ::renameat2(AT_FDCWD, aside.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) != 0
+    if (!synced(aside)
+        || ::renameat2(AT_FDCWD, aside.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) != 0
         || !synced(folder)) {
         fs::remove(aside, code);
         return give("cannot write " + path);

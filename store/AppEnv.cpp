@@ -22,9 +22,15 @@ QString existingPlace(QStandardPaths::StandardLocation location)
 
 AppEnv::AppEnv(QString baseFolder) : m_baseFolder(std::move(baseFolder)) {}
 
-QString AppEnv::MyDocFolder() const { return existingPlace(QStandardPaths::DocumentsLocation); }
+QString AppEnv::MyDocFolder() const
+{
+    return existingPlace(QStandardPaths::DocumentsLocation);
+}
 
-QString AppEnv::DeskTopFolder() const { return existingPlace(QStandardPaths::DesktopLocation); }
+QString AppEnv::DeskTopFolder() const
+{
+    return existingPlace(QStandardPaths::DesktopLocation);
+}
 
 IniFile AppEnv::file() const
 {
@@ -33,7 +39,10 @@ IniFile AppEnv::file() const
     return file;
 }
 
-QString AppEnv::LastUseDate() const { return file().value(u"Use", u"LastUseDate").value_or(QString()); }
+QString AppEnv::LastUseDate() const
+{
+    return file().value(u"Use", u"LastUseDate").value_or(QString());
+}
 
 bool AppEnv::setLastUseDate(const QString& date)
 {

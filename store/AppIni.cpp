@@ -6,9 +6,15 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
-AppIni::AppIni() { m_shipped.parse(QString::fromUtf8(shippedAppIni.data(), static_cast<qsizetype>(shippedAppIni.size()))); }
+AppIni::AppIni()
+{
+    m_shipped.parse(QString::fromUtf8(shippedAppIni.data(), static_cast<qsizetype>(shippedAppIni.size())));
+}
 
-void AppIni::setIniFolder(const QString& folder) { m_file.load(folder + u"/AppIni.ini"_s); }
+void AppIni::setIniFolder(const QString& folder)
+{
+    m_file.load(folder + u"/AppIni.ini"_s);
+}
 
 QString AppIni::word(QStringView section, int index) const
 {
@@ -18,33 +24,67 @@ QString AppIni::word(QStringView section, int index) const
     return m_shipped.value(section, key).value_or(QString());
 }
 
-QString AppIni::MasterTerm(int index) const { return word(u"MasterTerm", index); }
-QString AppIni::TabTitle(int tab) const { return word(u"TabTitle", tab); }
-QString AppIni::Term(int index) const { return word(u"Term", index); }
-QString AppIni::InpHeading(int column) const { return word(u"InpHeading", column); }
-QString AppIni::OutHeading(int column) const { return word(u"OutHeading", column); }
-QString AppIni::StockHeading(int column) const { return word(u"StockHeading", column); }
-QString AppIni::ReceiptListHeading(int column) const { return word(u"ReceiptListHeading", column); }
-QString AppIni::ShipmentListHeading(int column) const { return word(u"ShipmentListHeading", column); }
+QString AppIni::MasterTerm(int index) const
+{
+    return word(u"MasterTerm", index);
+}
+QString AppIni::TabTitle(int tab) const
+{
+    return word(u"TabTitle", tab);
+}
+QString AppIni::Term(int index) const
+{
+    return word(u"Term", index);
+}
+QString AppIni::InpHeading(int column) const
+{
+    return word(u"InpHeading", column);
+}
+QString AppIni::OutHeading(int column) const
+{
+    return word(u"OutHeading", column);
+}
+QString AppIni::StockHeading(int column) const
+{
+    return word(u"StockHeading", column);
+}
+QString AppIni::ReceiptListHeading(int column) const
+{
+    return word(u"ReceiptListHeading", column);
+}
+QString AppIni::ShipmentListHeading(int column) const
+{
+    return word(u"ShipmentListHeading", column);
+}
 
-QString AppIni::LastHistoryFolder() const { return m_file.value(u"Folder", u"LastHistory").value_or(QString()); }
+QString AppIni::LastHistoryFolder() const
+{
+    return m_file.value(u"Folder", u"LastHistory").value_or(QString());
+}
 
 bool AppIni::setLastHistoryFolder(const QString& folder)
 {
     return m_file.setValue(u"Folder"_s, u"LastHistory"_s, folder);
 }
 
-QString AppIni::LastBackupFolder() const { return m_file.value(u"Folder", u"LastBackup").value_or(QString()); }
+QString AppIni::LastBackupFolder() const
+{
+    return m_file.value(u"Folder", u"LastBackup").value_or(QString());
+}
 
-bool AppIni::setLastHistoryTo(const QString& date) { return m_file.setValue(u"Folder"_s, u"LastHistoryTo"_s, date); }
+bool AppIni::setLastHistoryTo(const QString& date)
+{
+    return m_file.setValue(u"Folder"_s, u"LastHistoryTo"_s, date);
+}
 
 const QStringList& AppIni::labelSettingNames()
 {
     static const QStringList names{
-        u"BarPich"_s,      u"BarHeight"_s,    u"XPoint"_s,       u"YPoint"_s,       u"WPich"_s,        u"HPich"_s,
-        u"PageColumns"_s,  u"PageRows"_s,     u"Code"_s,         u"Name"_s,         u"Kinou0"_s,       u"Kinou1"_s,
-        u"Yousi"_s,        u"NameXPoint"_s,   u"NameYPoint"_s,   u"CodeXPoint"_s,   u"CodeYPoint"_s,   u"KinouXPoint0"_s,
-        u"KinouYPoint0"_s, u"KinouXPoint1"_s, u"KinouYPoint1"_s,
+        u"BarPich"_s,      u"BarHeight"_s,   u"XPoint"_s,       u"YPoint"_s,       u"WPich"_s,
+        u"HPich"_s,        u"PageColumns"_s, u"PageRows"_s,     u"Code"_s,         u"Name"_s,
+        u"Kinou0"_s,       u"Kinou1"_s,      u"Yousi"_s,        u"NameXPoint"_s,   u"NameYPoint"_s,
+        u"CodeXPoint"_s,   u"CodeYPoint"_s,  u"KinouXPoint0"_s, u"KinouYPoint0"_s, u"KinouXPoint1"_s,
+        u"KinouYPoint1"_s,
     };
     return names;
 }

@@ -11,7 +11,10 @@ namespace suisui {
 
 namespace {
 
-char folded(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char folded(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 /// Bytes of the UTF-8 character that starts at \a at; a stray byte counts as one.
 std::size_t characterLength(std::string_view text, std::size_t at)
@@ -32,7 +35,8 @@ std::string_view argument(sqlite3_value* value)
 double numberArgument(sqlite3_value* value)
 {
     const int type = sqlite3_value_type(value);
-    return type == SQLITE_INTEGER || type == SQLITE_FLOAT ? sqlite3_value_double(value) : numberOf(argument(value));
+    return type == SQLITE_INTEGER || type == SQLITE_FLOAT ? sqlite3_value_double(value)
+                                                          : numberOf(argument(value));
 }
 
 void resultText(sqlite3_context* context, const std::string& text)
@@ -71,7 +75,8 @@ void sqlCStr(sqlite3_context* context, int, sqlite3_value** arguments)
 
 void sqlFormat(sqlite3_context* context, int, sqlite3_value** arguments)
 {
-    guarded(context, [&] { resultText(context, Format(numberArgument(arguments[0]), argument(arguments[1]))); });
+    guarded(context,
+            [&] { resultText(context, Format(numberArgument(arguments[0]), argument(arguments[1]))); });
 }
 
 } // namespace
@@ -114,10 +119,11 @@ int registerDialect(sqlite3* db)
         const char* name;
         int arguments;
         void (*function)(sqlite3_context*, int, sqlite3_value**);
-    } functions[] = {{"like", 2, sqlLike}, {"CDbl", 1, sqlCDbl}, {"CStr", 1, sqlCStr}, {"Format", 2, sqlFormat}};
+    } functions[] = {
+        {"like", 2, sqlLike}, {"CDbl", 1, sqlCDbl}, {"CStr", 1, sqlCStr}, {"Format", 2, sqlFormat}};
     for (const auto& each : functions) {
-        const int code = sqlite3_create_function_v2(db, each.name, each.arguments, flags, nullptr, each.function,
-                                                    nullptr, nullptr, nullptr);
+        const int code = sqlite3_create_function_v2(db, each.name, each.arguments, flags, nullptr,
+                                                    each.function, nullptr, nullptr, nullptr);
         if (code != SQLITE_OK)
             return code;
     }

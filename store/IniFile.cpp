@@ -61,7 +61,10 @@ void syncFolder(const QString& folder)
     ::close(handle);
 }
 
-bool same(QStringView a, QStringView b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+bool same(QStringView a, QStringView b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
 
 } // namespace
 

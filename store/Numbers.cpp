@@ -26,7 +26,10 @@ std::string_view trimmed(std::string_view text)
     throw RunTimeError(RunTimeError::TypeMismatch, "no number: " + std::string(text.substr(0, 40)));
 }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
 
 /// Text without grouping commas and with "E" for "D"; empty when it has not the shape of a number.
 std::string plainForm(std::string_view text)
@@ -77,7 +80,8 @@ double parse(std::string_view text)
 {
     double value = 0;
     // The usual case first: plain digits, as the tables hold them.
-    const auto quick = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+    const auto quick =
+        std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
     if (quick.ec == std::errc() && quick.ptr == text.data() + text.size() && std::isfinite(value))
         return value;
     const std::string plain = plainForm(text);
@@ -106,8 +110,8 @@ template <typename Integer> Integer toInteger(double number)
 std::string wholeDigits(double number)
 {
     std::array<char, 64> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::scientific,
-                                   significantDigits - 1);
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
+                                   std::chars_format::scientific, significantDigits - 1);
     const std::string_view scientific(text.data(), static_cast<std::size_t>(end.ptr - text.data()));
     const auto e = scientific.find('e');
     int exponent = 0;
@@ -166,9 +170,15 @@ std::string CStr(double number)
     return {text.data(), end.ptr};
 }
 
-std::int16_t CInt(double number) { return toInteger<std::int16_t>(number); }
+std::int16_t CInt(double number)
+{
+    return toInteger<std::int16_t>(number);
+}
 
-std::int32_t CLng(double number) { return toInteger<std::int32_t>(number); }
+std::int32_t CLng(double number)
+{
+    return toInteger<std::int32_t>(number);
+}
 
 std::int32_t multiply(std::int32_t a, std::int32_t b)
 {
@@ -194,6 +204,9 @@ std::string Format(double number, std::string_view mask)
     return number < 0 && !zero ? "-" + digits : digits;
 }
 
-std::string movementNumber(std::string_view text) { return Format(numberOf(text), maskMovement); }
+std::string movementNumber(std::string_view text)
+{
+    return Format(numberOf(text), maskMovement);
+}
 
 } // namespace suisui

@@ -29,10 +29,10 @@ namespace suisui {
 [[nodiscard]] std::int32_t multiply(std::int32_t a, std::int32_t b);
 
 // Masks: "0" is a digit that always stands, "#" one that stands when it is there, "," groups by threes.
-inline constexpr std::string_view maskMovement = "0000000";           ///< movement numbers as stored
-inline constexpr std::string_view maskA = "##,###,###,###,##0";       ///< amounts
-inline constexpr std::string_view maskB = "#,###,###,##0";            ///< quantities and prices in lists
-inline constexpr std::string_view maskStock = "#,###,###,###,##0";    ///< stock figures
+inline constexpr std::string_view maskMovement = "0000000";        ///< movement numbers as stored
+inline constexpr std::string_view maskA = "##,###,###,###,##0";    ///< amounts
+inline constexpr std::string_view maskB = "#,###,###,##0";         ///< quantities and prices in lists
+inline constexpr std::string_view maskStock = "#,###,###,###,##0"; ///< stock figures
 inline constexpr std::string_view maskSmall = "##,###,##0";
 inline constexpr std::string_view maskPrice = "#,###,##0";
 

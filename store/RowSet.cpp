@@ -22,7 +22,8 @@ struct Statements
     std::string exists;
 };
 
-std::string joinedColumns(const TableDef& table, std::string_view before, std::string_view after, std::string_view between)
+std::string joinedColumns(const TableDef& table, std::string_view before, std::string_view after,
+                          std::string_view between)
 {
     std::string text;
     for (const std::string_view column : table.columns) {
@@ -46,7 +47,8 @@ Statements composed(const TableDef& table)
     return {
         .select = "SELECT rowid," + joinedColumns(table, "", "", ",") + " FROM " + name + " ",
         .count = "SELECT COUNT(*) FROM " + name + " ",
-        .insert = "INSERT INTO " + name + " (" + joinedColumns(table, "", "", ",") + ") VALUES (" + marks + ")",
+        .insert =
+            "INSERT INTO " + name + " (" + joinedColumns(table, "", "", ",") + ") VALUES (" + marks + ")",
         .update = "UPDATE " + name + " SET " + joinedColumns(table, "", "=?", ",") + " WHERE " + asRead,
         .remove = "DELETE FROM " + name + " WHERE " + asRead,
         .exists = "SELECT COUNT(*) FROM " + name + " WHERE rowid=?",
@@ -84,24 +86,37 @@ bool holdsOrder(std::string_view where)
 struct RowSet::Undo
 {
     enum Kind { Restore, Reinsert } kind;
-    int row;     ///< counted from 1, at the time of the change
-    Row before;  ///< link and state before; for Reinsert the whole row
+    int row;    ///< counted from 1, at the time of the change
+    Row before; ///< link and state before; for Reinsert the whole row
 };
 
-RowSet::RowSet(AppDB& db, const TableDef& table) : m_db(db), m_table(table) { m_db.enter(this); }
+RowSet::RowSet(AppDB& db, const TableDef& table) : m_db(db), m_table(table)
+{
+    m_db.enter(this);
+}
 
-RowSet::~RowSet() { m_db.leave(this); }
+RowSet::~RowSet()
+{
+    m_db.leave(this);
+}
 
 RowSet::Row& RowSet::rowAt(int row)
 {
     if (row < 1 || row > Count())
-        throw RunTimeError(RunTimeError::SubscriptOutOfRange, "row " + std::to_string(row) + " of " + std::string(m_table.name));
+        throw RunTimeError(RunTimeError::SubscriptOutOfRange,
+                           "row " + std::to_string(row) + " of " + std::string(m_table.name));
     return m_rows[static_cast<std::size_t>(row - 1)];
 }
 
-const RowSet::Row& RowSet::rowAt(int row) const { return const_cast<RowSet*>(this)->rowAt(row); }
+const RowSet::Row& RowSet::rowAt(int row) const
+{
+    return const_cast<RowSet*>(this)->rowAt(row);
+}
 
-std::string_view RowSet::get(int row, int column) const { return rowAt(row).texts.text(column); }
+std::string_view RowSet::get(int row, int column) const
+{
+    return rowAt(row).texts.text(column);
+}
 
 void RowSet::set(int row, int column, std::string_view value)
 {
@@ -131,12 +146,13 @@ int RowSet::Select(std::string_view where, std::string_view mode)
     sql += where;
     if (!holdsOrder(where))
         sql += " ORDER BY rowid"; // the order of the table
-    const int code = m_db.m_engine.select(sql, [this](std::int64_t rowId, std::span<const std::string_view> texts) {
-        Row row;
-        row.texts = PackedRow(texts);
-        row.rowId = rowId;
-        m_rows.push_back(std::move(row));
-    });
+    const int code =
+        m_db.m_engine.select(sql, [this](std::int64_t rowId, std::span<const std::string_view> texts) {
+            Row row;
+            row.texts = PackedRow(texts);
+            row.rowId = rowId;
+            m_rows.push_back(std::move(row));
+        });
     if (code != 0) {
         m_rows.resize(before);
         m_db.failRead(code);
@@ -276,7 +292,10 @@ void RowSet::Clear()
     m_undo.clear(); // the rows that it speaks of are gone
 }
 
-void RowSet::unitCommitted() { m_undo.clear(); }
+void RowSet::unitCommitted()
+{
+    m_undo.clear();
+}
 
 void RowSet::unitRolledBack()
 {

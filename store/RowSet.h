@@ -94,14 +94,17 @@ private:
 template <typename Column> class TableRec : public RowSet
 {
 public:
-    using RowSet::RowSet;
     using RowSet::get;
+    using RowSet::RowSet;
     using RowSet::set;
     [[nodiscard]] std::string_view get(int row, Column column) const
     {
         return RowSet::get(row, static_cast<int>(column));
     }
-    void set(int row, Column column, std::string_view value) { RowSet::set(row, static_cast<int>(column), value); }
+    void set(int row, Column column, std::string_view value)
+    {
+        RowSet::set(row, static_cast<int>(column), value);
+    }
 };
 
 using InpRec = TableRec<InpCol>;

@@ -8,22 +8,25 @@ namespace suisui {
 
 namespace {
 
-constexpr std::string_view inpColumns[]{"Code",      "Name",     "NameKN",  "NyuSuu",  "NyuPrice", "NyuSakiCD",
-                                "NysName",          "NyuDate",  "NyuTime", "Unit",    "NyuNebiki", "Henkyaku",
-                                "TanCD",            "TanName",  "Bikou",   "InpDate", "UpdDate"};
-constexpr std::string_view outColumns[]{"Code", "Name",    "NameKN",    "SyuSuu",    "SyuPrice",  "SyuSakiCD", "SysName",
-                                "SyuDate",     "SyuTime", "Unit",      "SyuNebiki", "RHenkyaku", "FHenkyaku", "TanCD",
-                                "TanName",     "Bikou",   "TyoDate",   "TyoTime",   "InpDate",   "UpdDate"};
+constexpr std::string_view inpColumns[]{"Code",    "Name",    "NameKN",  "NyuSuu",  "NyuPrice",  "NyuSakiCD",
+                                        "NysName", "NyuDate", "NyuTime", "Unit",    "NyuNebiki", "Henkyaku",
+                                        "TanCD",   "TanName", "Bikou",   "InpDate", "UpdDate"};
+constexpr std::string_view outColumns[]{"Code",      "Name",      "NameKN",    "SyuSuu",  "SyuPrice",
+                                        "SyuSakiCD", "SysName",   "SyuDate",   "SyuTime", "Unit",
+                                        "SyuNebiki", "RHenkyaku", "FHenkyaku", "TanCD",   "TanName",
+                                        "Bikou",     "TyoDate",   "TyoTime",   "InpDate", "UpdDate"};
 constexpr std::string_view zaikoColumns[]{"Code", "ZaikoSuu", "KuriSuu", "InpDate", "UpdDate"};
-constexpr std::string_view masterColumns[]{"Code", "Name", "NameKN", "NyuSuu",  "NyuPrice", "SyuSuu",
-                                   "SyuPrice",    "Unit", "Stock",  "InpDate", "UpdDate"};
-constexpr std::string_view hseihinColumns[]{"Code", "Name",    "HSeihinCD", "Suuryou",
-                                    "HSeihinName", "InpDate", "UpdDate"};
-constexpr std::string_view kokyakuColumns[]{"Code", "Name",   "NameKN", "YubinNo", "Todoufuken", "Jyusyo1", "Jyusyo2",
-                                    "Tel",         "Fax",    "Mail",   "Tantou",  "Busyo",      "Keisyo",  "NyuKyk",
-                                    "SyuKyk",      "Simebi", "Siharai", "Bikou",  "InpDate",    "UpdDate"};
-constexpr std::string_view tantouColumns[]{"Code", "Name", "NameKN", "Busyo", "Yakusyoku", "YubinNo", "Jyusyo1", "Jyusyo2",
-                                   "Tel",         "Fax",  "Mail",   "Nyusya", "Bikou",    "InpDate", "UpdDate"};
+constexpr std::string_view masterColumns[]{"Code",     "Name", "NameKN", "NyuSuu",  "NyuPrice", "SyuSuu",
+                                           "SyuPrice", "Unit", "Stock",  "InpDate", "UpdDate"};
+constexpr std::string_view hseihinColumns[]{"Code",        "Name",    "HSeihinCD", "Suuryou",
+                                            "HSeihinName", "InpDate", "UpdDate"};
+constexpr std::string_view kokyakuColumns[]{"Code",    "Name",    "NameKN", "YubinNo", "Todoufuken",
+                                            "Jyusyo1", "Jyusyo2", "Tel",    "Fax",     "Mail",
+                                            "Tantou",  "Busyo",   "Keisyo", "NyuKyk",  "SyuKyk",
+                                            "Simebi",  "Siharai", "Bikou",  "InpDate", "UpdDate"};
+constexpr std::string_view tantouColumns[]{"Code",    "Name",    "NameKN",  "Busyo",   "Yakusyoku",
+                                           "YubinNo", "Jyusyo1", "Jyusyo2", "Tel",     "Fax",
+                                           "Mail",    "Nyusya",  "Bikou",   "InpDate", "UpdDate"};
 constexpr std::string_view rirekiColumns[]{"DateFrom", "DateTo", "KakuTyo", "FileSize", "FileUpdate"};
 
 template <typename Column, std::size_t N> constexpr bool matches(const std::string_view (&)[N])
@@ -69,11 +72,13 @@ std::vector<std::string> statementsFor(const TableDef& table)
 const TableDef inpTable{.name = "InpTB", .columns = inpColumns, .indexes = inpIndexes};
 const TableDef outTable{.name = "OutTB", .columns = outColumns, .indexes = outIndexes};
 const TableDef zaikoTable{.name = "ZaikoTB", .columns = zaikoColumns, .indexes = codeIndex};
-const TableDef masterTable{.name = "Master", .columns = masterColumns, .indexes = codeIndex, .keepRowsFlag = true};
+const TableDef masterTable{
+    .name = "Master", .columns = masterColumns, .indexes = codeIndex, .keepRowsFlag = true};
 const TableDef hseihinTable{.name = "HSeihinTB", .columns = hseihinColumns, .indexes = hseihinIndexes};
 const TableDef kokyakuTable{
     .name = "KokyakuTB", .columns = kokyakuColumns, .indexes = codeIndex, .keepRowsFlag = true};
-const TableDef tantouTable{.name = "TantouTB", .columns = tantouColumns, .indexes = codeIndex, .keepRowsFlag = true};
+const TableDef tantouTable{
+    .name = "TantouTB", .columns = tantouColumns, .indexes = codeIndex, .keepRowsFlag = true};
 const TableDef rirekiTable{.name = "RirekiTB", .columns = rirekiColumns, .indexes = rirekiIndexes};
 
 std::span<const TableDef* const> allTables()

@@ -27,25 +27,104 @@ struct TableDef
 
 // Columns of the tables, in table order, as indexes for the row sets.
 enum class InpCol {
-    Code, Name, NameKN, NyuSuu, NyuPrice, NyuSakiCD, NysName, NyuDate, NyuTime, Unit, NyuNebiki, Henkyaku,
-    TanCD, TanName, Bikou, InpDate, UpdDate, Columns
+    Code,
+    Name,
+    NameKN,
+    NyuSuu,
+    NyuPrice,
+    NyuSakiCD,
+    NysName,
+    NyuDate,
+    NyuTime,
+    Unit,
+    NyuNebiki,
+    Henkyaku,
+    TanCD,
+    TanName,
+    Bikou,
+    InpDate,
+    UpdDate,
+    Columns
 };
 enum class OutCol {
-    Code, Name, NameKN, SyuSuu, SyuPrice, SyuSakiCD, SysName, SyuDate, SyuTime, Unit, SyuNebiki, RHenkyaku,
-    FHenkyaku, TanCD, TanName, Bikou, TyoDate, TyoTime, InpDate, UpdDate, Columns
+    Code,
+    Name,
+    NameKN,
+    SyuSuu,
+    SyuPrice,
+    SyuSakiCD,
+    SysName,
+    SyuDate,
+    SyuTime,
+    Unit,
+    SyuNebiki,
+    RHenkyaku,
+    FHenkyaku,
+    TanCD,
+    TanName,
+    Bikou,
+    TyoDate,
+    TyoTime,
+    InpDate,
+    UpdDate,
+    Columns
 };
 enum class ZaikoCol { Code, ZaikoSuu, KuriSuu, InpDate, UpdDate, Columns };
 enum class MasterCol {
-    Code, Name, NameKN, NyuSuu, NyuPrice, SyuSuu, SyuPrice, Unit, Stock, InpDate, UpdDate, Columns
+    Code,
+    Name,
+    NameKN,
+    NyuSuu,
+    NyuPrice,
+    SyuSuu,
+    SyuPrice,
+    Unit,
+    Stock,
+    InpDate,
+    UpdDate,
+    Columns
 };
 enum class HSeihinCol { Code, Name, HSeihinCD, Suuryou, HSeihinName, InpDate, UpdDate, Columns };
 enum class KokyakuCol {
-    Code, Name, NameKN, YubinNo, Todoufuken, Jyusyo1, Jyusyo2, Tel, Fax, Mail, Tantou, Busyo, Keisyo, NyuKyk,
-    SyuKyk, Simebi, Siharai, Bikou, InpDate, UpdDate, Columns
+    Code,
+    Name,
+    NameKN,
+    YubinNo,
+    Todoufuken,
+    Jyusyo1,
+    Jyusyo2,
+    Tel,
+    Fax,
+    Mail,
+    Tantou,
+    Busyo,
+    Keisyo,
+    NyuKyk,
+    SyuKyk,
+    Simebi,
+    Siharai,
+    Bikou,
+    InpDate,
+    UpdDate,
+    Columns
 };
 enum class TantouCol {
-    Code, Name, NameKN, Busyo, Yakusyoku, YubinNo, Jyusyo1, Jyusyo2, Tel, Fax, Mail, Nyusya, Bikou, InpDate,
-    UpdDate, Columns
+    Code,
+    Name,
+    NameKN,
+    Busyo,
+    Yakusyoku,
+    YubinNo,
+    Jyusyo1,
+    Jyusyo2,
+    Tel,
+    Fax,
+    Mail,
+    Nyusya,
+    Bikou,
+    InpDate,
+    UpdDate,
+    Columns
 };
 enum class RirekiCol { DateFrom, DateTo, KakuTyo, FileSize, FileUpdate, Columns };
 

@@ -7,7 +7,10 @@ namespace suisui {
 
 namespace {
 
-template <typename Column> constexpr int at(Column column) { return static_cast<int>(column); }
+template <typename Column> constexpr int at(Column column)
+{
+    return static_cast<int>(column);
+}
 
 const std::array tables{
     MovementTable{
@@ -66,7 +69,10 @@ const std::array tables{
 
 } // namespace
 
-const MovementTable& movementTable(Side side) { return tables.at(static_cast<std::size_t>(side)); }
+const MovementTable& movementTable(Side side)
+{
+    return tables.at(static_cast<std::size_t>(side));
+}
 
 double rowTotal(const MovementColumns& columns, const PackedRow& row)
 {

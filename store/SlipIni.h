@@ -21,7 +21,10 @@ public:
     void setCustomerCode(const QString& code) { m_customerCode = code; }
     void setCustomerName(const QString& name) { m_customerName = name; }
     /// \a detail counts from 0.
-    void setCustomerDetail(int detail, const QString& text) { m_details.at(static_cast<std::size_t>(detail)) = text; }
+    void setCustomerDetail(int detail, const QString& text)
+    {
+        m_details.at(static_cast<std::size_t>(detail)) = text;
+    }
     /// The person's name is the last step: it stores everything. False when it could not be written.
     bool setPersonName(const QString& name);
 

@@ -30,11 +30,17 @@ constexpr const char* setUp[] = {
 
 } // namespace
 
-void Sqlite::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+void Sqlite::Finalize::operator()(sqlite3_stmt* statement) const
+{
+    sqlite3_finalize(statement);
+}
 
 Sqlite::Sqlite() = default;
 
-Sqlite::~Sqlite() { close(); }
+Sqlite::~Sqlite()
+{
+    close();
+}
 
 int Sqlite::open(const std::string& path)
 {
@@ -68,7 +74,10 @@ void Sqlite::close()
     m_db = nullptr;
 }
 
-bool Sqlite::isReadOnly() const { return m_db == nullptr || sqlite3_db_readonly(m_db, "main") != 0; }
+bool Sqlite::isReadOnly() const
+{
+    return m_db == nullptr || sqlite3_db_readonly(m_db, "main") != 0;
+}
 
 int Sqlite::prepare(std::string_view sql, unsigned flags, sqlite3_stmt** statement)
 {
@@ -199,11 +208,20 @@ int Sqlite::selectNumberBound(const std::string& sql, std::int64_t rowId, std::i
     return code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_OK : code;
 }
 
-int Sqlite::changes() const { return m_db == nullptr ? 0 : sqlite3_changes(m_db); }
+int Sqlite::changes() const
+{
+    return m_db == nullptr ? 0 : sqlite3_changes(m_db);
+}
 
-std::int64_t Sqlite::lastRowId() const { return m_db == nullptr ? 0 : sqlite3_last_insert_rowid(m_db); }
+std::int64_t Sqlite::lastRowId() const
+{
+    return m_db == nullptr ? 0 : sqlite3_last_insert_rowid(m_db);
+}
 
-bool Sqlite::inTransaction() const { return m_db != nullptr && sqlite3_get_autocommit(m_db) == 0; }
+bool Sqlite::inTransaction() const
+{
+    return m_db != nullptr && sqlite3_get_autocommit(m_db) == 0;
+}
 
 EngineError Sqlite::errorKind(int code) const
 {
@@ -249,14 +267,20 @@ int Sqlite::Cursor::next()
     return code == SQLITE_DONE ? endOfRows : code;
 }
 
-int Sqlite::Cursor::columnCount() const { return sqlite3_column_count(m_statement.get()); }
+int Sqlite::Cursor::columnCount() const
+{
+    return sqlite3_column_count(m_statement.get());
+}
 
 std::string_view Sqlite::Cursor::columnName(int column) const
 {
     return sqlite3_column_name(m_statement.get(), column);
 }
 
-std::string_view Sqlite::Cursor::text(int column) const { return columnText(m_statement.get(), column); }
+std::string_view Sqlite::Cursor::text(int column) const
+{
+    return columnText(m_statement.get(), column);
+}
 
 int Sqlite::openCursor(std::string_view sql, Cursor& cursor)
 {

@@ -27,7 +27,10 @@ std::string stampOf(const QDateTime& moment)
     return moment.toString(QStringLiteral("yyyyMMddHHmmss")).toStdString();
 }
 
-std::string dateOf(const QDateTime& moment) { return moment.toString(QStringLiteral("yyyyMMdd")).toStdString(); }
+std::string dateOf(const QDateTime& moment)
+{
+    return moment.toString(QStringLiteral("yyyyMMdd")).toStdString();
+}
 
 std::string screenDate(std::string_view stored)
 {

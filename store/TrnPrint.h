@@ -6,8 +6,8 @@
 namespace suisui {
 
 /// Key OffSetIchran of section FileName in {base}/Ini/TrnPrint.ini, at most four characters; empty when it is
-/// not there. "ZERO" moves a list report to the corner of the paper. Read at each call, so that a change needs
-/// no restart.
+/// not there. "ZERO" moves a list report to the corner of the paper. Read at each call, so that a change
+/// needs no restart.
 [[nodiscard]] QString OffSetIchran(const QString& baseFolder);
 
 } // namespace suisui

@@ -4,7 +4,8 @@ namespace suisui {
 
 void CsvReader::fault(const std::string& what)
 {
-    m_error = "line " + std::to_string(m_line) + ", column " + std::to_string(m_at - m_lineStart + 1) + ": " + what;
+    m_error =
+        "line " + std::to_string(m_line) + ", column " + std::to_string(m_at - m_lineStart + 1) + ": " + what;
 }
 
 std::optional<std::string> CsvReader::quotedField()

@@ -25,9 +25,18 @@ bool allDigits(std::string_view text, std::size_t length)
            && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
 }
 
-bool isDate(std::string_view text) { return allDigits(text, 8); }
-bool isTime(std::string_view text) { return allDigits(text, 6); }
-bool isStamp(std::string_view text) { return allDigits(text, 14); }
+bool isDate(std::string_view text)
+{
+    return allDigits(text, 8);
+}
+bool isTime(std::string_view text)
+{
+    return allDigits(text, 6);
+}
+bool isStamp(std::string_view text)
+{
+    return allDigits(text, 14);
+}
 
 bool isMovementNumber(std::string_view text)
 {
@@ -53,13 +62,20 @@ struct Encoding
 };
 
 constexpr Encoding movementEncodings[] = {
-    {"NyuSuu", isMovementNumber, "movement number"},    {"NyuPrice", isMovementNumber, "movement number"},
-    {"NyuNebiki", isMovementNumber, "movement number"}, {"Henkyaku", isMovementNumber, "movement number"},
-    {"SyuSuu", isMovementNumber, "movement number"},    {"SyuPrice", isMovementNumber, "movement number"},
-    {"SyuNebiki", isMovementNumber, "movement number"}, {"RHenkyaku", isMovementNumber, "movement number"},
-    {"FHenkyaku", isMovementNumber, "movement number"}, {"NyuDate", isDate, "date"},
-    {"SyuDate", isDate, "date"},                        {"NyuTime", isTime, "time"},
-    {"SyuTime", isTime, "time"},                        {"InpDate", isStamp, "time stamp"},
+    {"NyuSuu", isMovementNumber, "movement number"},
+    {"NyuPrice", isMovementNumber, "movement number"},
+    {"NyuNebiki", isMovementNumber, "movement number"},
+    {"Henkyaku", isMovementNumber, "movement number"},
+    {"SyuSuu", isMovementNumber, "movement number"},
+    {"SyuPrice", isMovementNumber, "movement number"},
+    {"SyuNebiki", isMovementNumber, "movement number"},
+    {"RHenkyaku", isMovementNumber, "movement number"},
+    {"FHenkyaku", isMovementNumber, "movement number"},
+    {"NyuDate", isDate, "date"},
+    {"SyuDate", isDate, "date"},
+    {"NyuTime", isTime, "time"},
+    {"SyuTime", isTime, "time"},
+    {"InpDate", isStamp, "time stamp"},
     {"UpdDate", isStamp, "time stamp"},
 };
 constexpr Encoding stockEncodings[] = {
@@ -78,8 +94,9 @@ bool isUtf8(std::string_view text)
 
 std::string place(const RowSet& rows, int row, std::size_t column)
 {
-    return std::string(rows.table().name) + " row " + std::to_string(row) + " " + std::string(rows.table().columns[column])
-           + " \"" + std::string(rows.get(row, static_cast<int>(column))) + "\"";
+    return std::string(rows.table().name) + " row " + std::to_string(row) + " "
+           + std::string(rows.table().columns[column]) + " \""
+           + std::string(rows.get(row, static_cast<int>(column))) + "\"";
 }
 
 void checkEncodings(const RowSet& rows, std::span<const Encoding> encodings, Problems& problems)
@@ -107,7 +124,8 @@ std::string folded(std::string_view code)
 }
 
 /// What the movements now in the tables make of each code's stock.
-std::map<std::string, double> movedStock(const InpRec& receipts, const OutRec& shipments, const HSeihinRec& parts)
+std::map<std::string, double> movedStock(const InpRec& receipts, const OutRec& shipments,
+                                         const HSeihinRec& parts)
 {
     std::multimap<std::string, std::pair<std::string, double>> components;
     for (int row = 1; row <= parts.Count(); ++row)
@@ -117,7 +135,8 @@ std::map<std::string, double> movedStock(const InpRec& receipts, const OutRec& s
     std::map<std::string, double> moved;
     for (int row = 1; row <= receipts.Count(); ++row) {
         const std::string code = folded(receipts.get(row, InpCol::Code));
-        const double net = numberOf(receipts.get(row, InpCol::NyuSuu)) - numberOf(receipts.get(row, InpCol::Henkyaku));
+        const double net =
+            numberOf(receipts.get(row, InpCol::NyuSuu)) - numberOf(receipts.get(row, InpCol::Henkyaku));
         moved[code] += net;
         const auto [first, last] = components.equal_range(code);
         for (auto part = first; part != last; ++part)
@@ -136,8 +155,8 @@ void checkStock(AppDB& db, const ZaikoRec& stock, std::map<std::string, double> 
         const double expected = numberOf(stock.get(row, ZaikoCol::KuriSuu)) + moved[code];
         moved.erase(code);
         if (std::abs(figure - expected) > tolerance)
-            problems.push_back("stock of " + std::string(stock.get(row, ZaikoCol::Code)) + " is " + CStr(figure)
-                               + ", its movements make " + CStr(expected));
+            problems.push_back("stock of " + std::string(stock.get(row, ZaikoCol::Code)) + " is "
+                               + CStr(figure) + ", its movements make " + CStr(expected));
     }
     MasterRec& master = db.MasterPost();
     std::map<std::string, bool> known;

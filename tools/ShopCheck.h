@@ -1,5 +1,5 @@
-// Whether a shop's books hold together: the encodings of all columns, and for every code that the stock figure
-// is what its movements make of it.
+// Whether a shop's books hold together: the encodings of all columns, and for every code that the stock
+// figure is what its movements make of it.
 #pragma once
 
 #include <string>
@@ -12,8 +12,8 @@ class AppDB;
 /// What does not hold, a line each; empty when all is well. \a db must be open.
 ///
 /// For a code c: ZaikoSuu = KuriSuu + received - shipped - consumed. Received is NyuSuu less Henkyaku of its
-/// receipts, as postings have it; shipped is SyuSuu, since a shipment's returns never reach the stock; consumed
-/// is what receipts of products took of c as their component.
+/// receipts, as postings have it; shipped is SyuSuu, since a shipment's returns never reach the stock;
+/// consumed is what receipts of products took of c as their component.
 [[nodiscard]] std::vector<std::string> checkShop(AppDB& db);
 
 } // namespace suisui

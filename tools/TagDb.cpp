@@ -24,9 +24,8 @@ constexpr const char* workingFile = "trnvik.mdb";
 
 bool sameLetters(std::string_view a, std::string_view b)
 {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-        return std::tolower(x) == std::tolower(y);
-    });
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
 const TableDef* tableNamed(std::string_view name, std::ostream& err)
@@ -85,7 +84,8 @@ int insertCsv(AppDB& db, const TableDef& table, std::string_view text, std::stri
     while (const auto record = reader.next()) {
         const std::string where = "line " + std::to_string(reader.line()) + ": ";
         if (record->size() != places->size()) {
-            error = where + std::to_string(record->size()) + " fields instead of " + std::to_string(places->size());
+            error = where + std::to_string(record->size()) + " fields instead of "
+                    + std::to_string(places->size());
             return -1;
         }
         rows.Clear();

@@ -19,8 +19,8 @@ enum class ToolStatus { Good = 0, Found = 1, Failed = 2 };
 /// Writes a table as CSV, in UTF-8 or code page 932.
 [[nodiscard]] ToolStatus exportTable(const std::string& base, std::string_view table, const std::string& file,
                                      bool cp932, std::ostream& out, std::ostream& err);
-/// Adds the records of a CSV file to a table; all of them or, when a line is bad, none. The first record names
-/// the columns, in any order; columns that it leaves out are empty.
+/// Adds the records of a CSV file to a table; all of them or, when a line is bad, none. The first record
+/// names the columns, in any order; columns that it leaves out are empty.
 [[nodiscard]] ToolStatus importTable(const std::string& base, std::string_view table, const std::string& file,
                                      bool cp932, std::ostream& out, std::ostream& err);
 

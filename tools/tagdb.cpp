@@ -28,7 +28,8 @@ int main(int argc, char** argv)
     parser.setApplicationDescription(u"Makes and checks the program folder of suisuitag.\n\n"_s
                                      + QString::fromLatin1(commands));
     parser.addHelpOption();
-    const QCommandLineOption base(u"base"_s, u"The program folder (default: the folder of this program)."_s, u"DIR"_s);
+    const QCommandLineOption base(u"base"_s, u"The program folder (default: the folder of this program)."_s,
+                                  u"DIR"_s);
     const QCommandLineOption cp932(u"cp932"_s, u"CSV files are in code page 932 instead of UTF-8."_s);
     parser.addOptions({base, cp932});
     parser.addPositionalArgument(u"command"_s, u"What to do."_s);
@@ -37,7 +38,8 @@ int main(int argc, char** argv)
     const QStringList words = parser.positionalArguments();
     const QString command = words.value(0);
     const std::string folder =
-        (parser.isSet(base) ? parser.value(base) : suisui::AppEnv::programFolder(QCoreApplication::applicationFilePath()))
+        (parser.isSet(base) ? parser.value(base)
+                            : suisui::AppEnv::programFolder(QCoreApplication::applicationFilePath()))
             .toStdString();
     const auto runs = [&](const QString& name, qsizetype arguments) {
         return command == name && words.size() == arguments + 1;
@@ -50,11 +52,11 @@ int main(int argc, char** argv)
     else if (runs(u"check"_s, 0))
         status = suisui::checkBooks(folder, std::cout, std::cerr);
     else if (runs(u"export"_s, 2))
-        status = suisui::exportTable(folder, words[1].toStdString(), words[2].toStdString(), parser.isSet(cp932),
-                                     std::cout, std::cerr);
+        status = suisui::exportTable(folder, words[1].toStdString(), words[2].toStdString(),
+                                     parser.isSet(cp932), std::cout, std::cerr);
     else if (runs(u"import"_s, 2))
-        status = suisui::importTable(folder, words[1].toStdString(), words[2].toStdString(), parser.isSet(cp932),
-                                     std::cout, std::cerr);
+        status = suisui::importTable(folder, words[1].toStdString(), words[2].toStdString(),
+                                     parser.isSet(cp932), std::cout, std::cerr);
     else
         std::cerr << parser.helpText().toStdString();
     return static_cast<int>(status);

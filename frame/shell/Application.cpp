@@ -50,8 +50,9 @@ QString Application::describe(const std::exception& error)
         return QString::fromUtf8(error.what());
     for (const ErrorWords& entry : errorWords)
         if (entry.number == runTime->number())
-            return u"%1 : %2\r\n　　（ %3 ）"_s.arg(QString::number(runTime->number()), QString::fromUtf16(entry.words),
-                                                  QString::fromUtf8(runTime->what()));
+            return u"%1 : %2\r\n　　（ %3 ）"_s.arg(QString::number(runTime->number()),
+                                                    QString::fromUtf16(entry.words),
+                                                    QString::fromUtf8(runTime->what()));
     return u"%1 : %2"_s.arg(QString::number(runTime->number()), QString::fromUtf8(runTime->what()));
 }
 

@@ -38,8 +38,10 @@ int Main_Module::Main()
     if (m_instance.prevInstance())
         return EXIT_SUCCESS;
     if (FindWindow(masterTitle)) {
-        m_msgBox.show({u" 【基本情報 登録】が起動中です"_s, u"【すいすいＴＡＧ】の起動はできません。　　　　\r\n\r\n【基本情報 登録】が起動しています。"_s,
-                       BoxIcon::Stop});
+        m_msgBox.show(
+            {u" 【基本情報 登録】が起動中です"_s,
+             u"【すいすいＴＡＧ】の起動はできません。　　　　\r\n\r\n【基本情報 登録】が起動しています。"_s,
+             BoxIcon::Stop});
         return EXIT_SUCCESS;
     }
     m_appEnv = std::make_unique<AppEnv>(m_base);
@@ -58,8 +60,12 @@ int Main_Module::Main()
     m_masterStartFlag = false;
     if (!openDatabase())
         return EXIT_SUCCESS;
-    volumeCheck(m_appDB->InpList().CountRows({}), u"入荷の情報が多くなってきました。\r\n　（入荷の履歴情報： {count} 件）\r\n\r\n履歴が多くなると 処理が遅くなります。　　　　\r\n\r\n 　「履歴の保存」 を行ってください。"_s);
-    volumeCheck(m_appDB->OutList().CountRows({}), u"出荷の情報が多くなってきました。\r\n　（出荷の履歴情報： {count} 件）\r\n\r\n履歴が多くなると 処理が遅くなります。　　　　\r\n\r\n 　「履歴の保存」 を行ってください。"_s);
+    volumeCheck(
+        m_appDB->InpList().CountRows({}),
+        u"入荷の情報が多くなってきました。\r\n　（入荷の履歴情報： {count} 件）\r\n\r\n履歴が多くなると 処理が遅くなります。　　　　\r\n\r\n 　「履歴の保存」 を行ってください。"_s);
+    volumeCheck(
+        m_appDB->OutList().CountRows({}),
+        u"出荷の情報が多くなってきました。\r\n　（出荷の履歴情報： {count} 件）\r\n\r\n履歴が多くなると 処理が遅くなります。　　　　\r\n\r\n 　「履歴の保存」 を行ってください。"_s);
     m_lastDate = LastDateGet();
     if (loadWindow())
         mainLoop();
@@ -204,10 +210,11 @@ void Main_Module::endOnError(const QString& what)
         m_appDB->CloseFile();
     }
     m_barcode.reset();
-    m_msgBox.show({u"実行時エラー"_s,
-                   u"予期しないエラーが発生したため、プログラムを終了します。　　　\r\n\r\n　　"_s + what
-                       + u"\r\n\r\n登録の途中だった情報は 取り消されました。\r\n再度、起動して 確認して下さい。"_s,
-                   BoxIcon::Stop});
+    m_msgBox.show(
+        {u"実行時エラー"_s,
+         u"予期しないエラーが発生したため、プログラムを終了します。　　　\r\n\r\n　　"_s + what
+             + u"\r\n\r\n登録の途中だった情報は 取り消されました。\r\n再度、起動して 確認して下さい。"_s,
+         BoxIcon::Stop});
     std::_Exit(EXIT_FAILURE);
 }
 

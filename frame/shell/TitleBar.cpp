@@ -20,8 +20,8 @@ struct Dress
 
 // Receipts blue, shipments brown, stock green; the lists wear the colour of their side, paler.
 const std::array dresses{
-    Dress{QColor(38, 92, 148), Drawing::BoxIn},   Dress{QColor(150, 84, 28), Drawing::BoxOut},
-    Dress{QColor(42, 112, 66), Drawing::Shelf},   Dress{QColor(78, 118, 160), Drawing::ListIn},
+    Dress{QColor(38, 92, 148), Drawing::BoxIn},    Dress{QColor(150, 84, 28), Drawing::BoxOut},
+    Dress{QColor(42, 112, 66), Drawing::Shelf},    Dress{QColor(78, 118, 160), Drawing::ListIn},
     Dress{QColor(166, 116, 72), Drawing::ListOut},
 };
 

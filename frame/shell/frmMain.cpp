@@ -31,7 +31,10 @@ namespace {
 
 constexpr int enterKey = 13;
 
-QColor baseColor(const QWidget& form) { return form.palette().color(QPalette::Button); }
+QColor baseColor(const QWidget& form)
+{
+    return form.palette().color(QPalette::Button);
+}
 
 } // namespace
 
@@ -66,7 +69,8 @@ void frmMain::buildPages()
     m_stock = new StockPage(services, this);
     m_pages = {m_entry[0], m_entry[1], m_stock, m_lists[0], m_lists[1]};
 
-    const std::array frames{m_ui->tabfram_0, m_ui->tabfram_1, m_ui->tabfram_2, m_ui->tabfram_3, m_ui->tabfram_4};
+    const std::array frames{m_ui->tabfram_0, m_ui->tabfram_1, m_ui->tabfram_2, m_ui->tabfram_3,
+                            m_ui->tabfram_4};
     const std::array bars{m_ui->lbltlfram_0, m_ui->lbltlfram_1, m_ui->lbltlfram_2, m_ui->lbltlfram_3,
                           m_ui->lbltlfram_4};
     const std::array pictures{m_ui->imgTitle_0, m_ui->imgTitle_1, m_ui->imgTitle_2, m_ui->imgTitle_3,
@@ -80,7 +84,10 @@ void frmMain::buildPages()
     }
 }
 
-QComboBox* frmMain::staffChoice() { return m_ui->cmbTantou; }
+QComboBox* frmMain::staffChoice()
+{
+    return m_ui->cmbTantou;
+}
 
 MovementPage* frmMain::entryPage(Tab tab)
 {
@@ -112,11 +119,14 @@ bool frmMain::loadPartners(Side side)
     const bool receipt = side == Side::Receipt;
     AppDB& db = m_around.db;
     KokyakuRec& partners = receipt ? db.KokyakuNyu() : db.KokyakuSyu();
-    const int count = partners.Select(receipt ? "Where NyuKyk = '1' ORDER BY Code" : "Where SyuKyk = '1' ORDER BY Code");
+    const int count =
+        partners.Select(receipt ? "Where NyuKyk = '1' ORDER BY Code" : "Where SyuKyk = '1' ORDER BY Code");
     if (count < 1) {
-        masterDataMissing(receipt ? u"入荷先の未登録エラー"_s : u"出荷先の未登録エラー"_s,
-                          (receipt ? u"入荷先の顧客情報が登録されていません。　　　"_s : u"出荷先の顧客情報が登録されていません。　　　"_s)
-                              + u"\r\n\r\n　　最低でも１件は 登録して下さい。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動します。"_s);
+        masterDataMissing(
+            receipt ? u"入荷先の未登録エラー"_s : u"出荷先の未登録エラー"_s,
+            (receipt ? u"入荷先の顧客情報が登録されていません。　　　"_s
+                     : u"出荷先の顧客情報が登録されていません。　　　"_s)
+                + u"\r\n\r\n　　最低でも１件は 登録して下さい。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動します。"_s);
         return false;
     }
     ChoiceList& choices = m_partners[static_cast<std::size_t>(side)];
@@ -135,7 +145,9 @@ bool frmMain::loadStaff()
     TantouRec& staff = m_around.db.TantouTbl();
     const int count = staff.Select("ORDER BY Code");
     if (count < 1) {
-        masterDataMissing(u"担当者の未登録エラー"_s, u"担当者が登録されていません。　　　\r\n\r\n　　最低でも１件は 登録して下さい。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動します。　　　"_s);
+        masterDataMissing(
+            u"担当者の未登録エラー"_s,
+            u"担当者が登録されていません。　　　\r\n\r\n　　最低でも１件は 登録して下さい。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動します。　　　"_s);
         return false;
     }
     m_staff.clear();
@@ -155,8 +167,10 @@ bool frmMain::loadGoods()
     if (m_around.db.MasterTbl().Select("ORDER BY Code") > 0)
         return true;
     m_around.shortWait.unload();
-    const BoxAnswer answer = m_around.msgBox.show({u"商品の未登録"_s, u"商品が登録されていません。\r\n\r\n　　最低でも１件は 登録しないと\r\n　　入出荷できません。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動しますか？　　　　"_s,
-                                                   BoxIcon::Exclamation, BoxButtons::YesNo});
+    const BoxAnswer answer = m_around.msgBox.show(
+        {u"商品の未登録"_s,
+         u"商品が登録されていません。\r\n\r\n　　最低でも１件は 登録しないと\r\n　　入出荷できません。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動しますか？　　　　"_s,
+         BoxIcon::Exclamation, BoxButtons::YesNo});
     if (answer == BoxAnswer::Yes) {
         m_masterMissing = true;
         return false;
@@ -229,11 +243,20 @@ void frmMain::setFormEnabled(bool enabled)
         setPointer(false);
 }
 
-Tab frmMain::currentTab() const { return static_cast<Tab>(m_currentTab); }
+Tab frmMain::currentTab() const
+{
+    return static_cast<Tab>(m_currentTab);
+}
 
-std::string frmMain::tantouCode() const { return choiceAt(m_staff, m_ui->cmbTantou->currentIndex()).code; }
+std::string frmMain::tantouCode() const
+{
+    return choiceAt(m_staff, m_ui->cmbTantou->currentIndex()).code;
+}
 
-QString frmMain::tantouName() const { return m_ui->cmbTantou->currentText(); }
+QString frmMain::tantouName() const
+{
+    return m_ui->cmbTantou->currentText();
+}
 
 void frmMain::showWait(const QString& waitTag, int maximum)
 {
@@ -241,14 +264,21 @@ void frmMain::showWait(const QString& waitTag, int maximum)
     DoEvents();
 }
 
-bool frmMain::waitVisible() const { return m_around.wait.isVisible(); }
+bool frmMain::waitVisible() const
+{
+    return m_around.wait.isVisible();
+}
 
-void frmMain::setWaitProgress(int value) { m_around.wait.setProgress(value); }
+void frmMain::setWaitProgress(int value)
+{
+    m_around.wait.setProgress(value);
+}
 
 // ---- Enter in a grid
 
 /// Enter in a grid goes back to the code field, so that the next code overwrites the last one. An Enter that
-/// came while the grid was not the active control has stayed with the grid; the one after it is spent on that.
+/// came while the grid was not the active control has stayed with the grid; the one after it is spent on
+/// that.
 void frmMain::gridKeyPress(Tab tab, int& keyAscii)
 {
     if (keyAscii != enterKey)

@@ -74,8 +74,14 @@ public:
     void BusyOff() override;
     void setFormEnabled(bool enabled) override;
     [[nodiscard]] Tab currentTab() const override;
-    [[nodiscard]] bool TabLoaded(Tab tab) const override { return m_tabLoaded.at(static_cast<std::size_t>(tab)); }
-    void setTabLoaded(Tab tab, bool loaded) override { m_tabLoaded.at(static_cast<std::size_t>(tab)) = loaded; }
+    [[nodiscard]] bool TabLoaded(Tab tab) const override
+    {
+        return m_tabLoaded.at(static_cast<std::size_t>(tab));
+    }
+    void setTabLoaded(Tab tab, bool loaded) override
+    {
+        m_tabLoaded.at(static_cast<std::size_t>(tab)) = loaded;
+    }
     [[nodiscard]] bool dirty(Side side) const override { return m_dirty.at(static_cast<std::size_t>(side)); }
     void setDirty(Side side, bool dirty) override { m_dirty.at(static_cast<std::size_t>(side)) = dirty; }
     BoxAnswer EditGuard(Tab tab) override;

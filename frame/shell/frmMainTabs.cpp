@@ -57,7 +57,8 @@ void frmMain::showTitle(int tab)
 {
     const std::array bars{m_ui->lbltlfram_0, m_ui->lbltlfram_1, m_ui->lbltlfram_2, m_ui->lbltlfram_3,
                           m_ui->lbltlfram_4};
-    const std::array frames{m_ui->tabfram_0, m_ui->tabfram_1, m_ui->tabfram_2, m_ui->tabfram_3, m_ui->tabfram_4};
+    const std::array frames{m_ui->tabfram_0, m_ui->tabfram_1, m_ui->tabfram_2, m_ui->tabfram_3,
+                            m_ui->tabfram_4};
     for (int i = 0; i < static_cast<int>(Tab::Count); ++i) {
         bars[static_cast<std::size_t>(i)]->setVisible(i == tab); // picture and text stand in the bar
         frames[static_cast<std::size_t>(i)]->setEnabled(i == tab);
@@ -88,7 +89,8 @@ BoxAnswer frmMain::EditGuard(Tab tab)
     m_guardActive = true;
     const BoxAnswer answer = m_around.msgBox.show(
         {u"すいすいＴＡＧ"_s,
-         fillIn(u"　　「 {TabTitle(tab)} 」が変更されています。\r\n\r\n　　　更新を行いますか？　　　（ 戻る ： キャンセル ）　　",
+         fillIn(u"　　「 {TabTitle(tab)} 」が変更されています。\r\n\r\n　　　更新を行いますか？　　　（ 戻る "
+                u"： キャンセル ）　　",
                 {{u"TabTitle(tab)", m_around.ini.TabTitle(static_cast<int>(tab))}}),
          BoxIcon::Question, BoxButtons::YesNoCancel});
     switch (answer) {
@@ -143,7 +145,8 @@ void frmMain::TantouCodeSet(const QString& code)
     MovementListPage* list = nullptr;
     if (currentTab() == Tab::ReceiptList || currentTab() == Tab::ShipmentList)
         list = m_lists[currentTab() == Tab::ReceiptList ? 0 : 1];
-    if (chooseCode(list != nullptr ? *list->staffChoice() : *m_ui->cmbTantou, m_staff, code) && list != nullptr)
+    if (chooseCode(list != nullptr ? *list->staffChoice() : *m_ui->cmbTantou, m_staff, code)
+        && list != nullptr)
         list->searchButton()->setFocus();
 }
 
@@ -168,7 +171,10 @@ void frmMain::SakiCodeSet(const QString& code)
     }
 }
 
-void frmMain::sendKeys(const QString& expression) { SendKeys(expression); }
+void frmMain::sendKeys(const QString& expression)
+{
+    SendKeys(expression);
+}
 
 void frmMain::MainBarEtc(const QString& function)
 {

@@ -7,7 +7,8 @@ int main(int argc, char** argv)
     suisui::Application application(argc, argv);
     suisui::SystemClock clock;
     suisui::ScreenMsgBox msgBox;
-    suisui::Main_Module run(suisui::AppEnv::programFolder(QCoreApplication::applicationFilePath()), clock, msgBox);
+    suisui::Main_Module run(suisui::AppEnv::programFolder(QCoreApplication::applicationFilePath()), clock,
+                            msgBox);
     application.setErrorEnd([&run](const QString& what) { run.endOnError(what); });
     try {
         return run.Main();

@@ -28,11 +28,20 @@ constexpr int monthLength = 2;
 
 const auto dateErrorTitle = u"日付エラー"_s;
 
-bool isDigit(int key) { return key >= '0' && key <= '9'; }
+bool isDigit(int key)
+{
+    return key >= '0' && key <= '9';
+}
 
-bool isLetter(int key) { return (key >= 'A' && key <= 'Z') || (key >= 'a' && key <= 'z'); }
+bool isLetter(int key)
+{
+    return (key >= 'A' && key <= 'Z') || (key >= 'a' && key <= 'z');
+}
 
-bool passesNum(int key) { return isDigit(key) || key == ctrlC || key == backspace || key == enter; }
+bool passesNum(int key)
+{
+    return isDigit(key) || key == ctrlC || key == backspace || key == enter;
+}
 
 bool passesCode(int key)
 {
@@ -113,7 +122,8 @@ void DateBoxes::setDate(QStringView stored) const
 
 QString DateBoxes::stored() const
 {
-    return padded(year->text(), yearLength) + padded(month->text(), monthLength) + padded(day->text(), monthLength);
+    return padded(year->text(), yearLength) + padded(month->text(), monthLength)
+           + padded(day->text(), monthLength);
 }
 
 bool DateCheck(const DateBoxes& date, Frame& form, MsgBox& msgBox)
@@ -131,9 +141,11 @@ bool DateCheck(const DateBoxes& date, Frame& form, MsgBox& msgBox)
         return refuse(u"「日」 が 正しく入力されていません。　　　"_s, date.day, form, msgBox);
     if (isCalendarDay(date.year->text().toInt(), date.month->text().toInt(), date.day->text().toInt()))
         return true;
-    return refuse(fillIn(u"存在しない 「日付」 です。　( {yyyy}/{mm}/{dd} )　　　\r\n\r\n正しい 「日付」 を入力して下さい。",
-                         {{u"yyyy", date.year->text()}, {u"mm", date.month->text()}, {u"dd", date.day->text()}}),
-                  date.day, form, msgBox);
+    return refuse(
+        fillIn(u"存在しない 「日付」 です。　( {yyyy}/{mm}/{dd} )　　　\r\n\r\n正しい 「日付」 "
+               u"を入力して下さい。",
+               {{u"yyyy", date.year->text()}, {u"mm", date.month->text()}, {u"dd", date.day->text()}}),
+        date.day, form, msgBox);
 }
 
 bool PeriodCheck(const PeriodBoxes& period, Frame& form, MsgBox& msgBox)
@@ -146,7 +158,10 @@ bool PeriodCheck(const PeriodBoxes& period, Frame& form, MsgBox& msgBox)
     const QString to = withSlashes(period.to);
     if (from <= to)
         return true;
-    return refuse(fillIn(u"「開始年月日」 が 「終了年月日」 より未来日です。　　　\r\n\r\n　{from}   >   {to}\r\n\r\n\r\n　　　 正しい 「日付」 を入力して下さい。", {{u"from", from}, {u"to", to}}), period.from.year, form, msgBox);
+    return refuse(fillIn(u"「開始年月日」 が 「終了年月日」 より未来日です。　　　\r\n\r\n　{from}   >   "
+                         u"{to}\r\n\r\n\r\n　　　 正しい 「日付」 を入力して下さい。",
+                         {{u"from", from}, {u"to", to}}),
+                  period.from.year, form, msgBox);
 }
 
 void wirePeriod(const PeriodBoxes& period, QWidget* last)

@@ -23,7 +23,8 @@ public:
     {
         connect(&m_timer1, &QTimer::timeout, this,
                 [readLine = std::move(readLine), sendKeys = std::move(sendKeys), &ok, &end] {
-                    dialogBarCodeChk(readLine(), [&ok] { ok.click(); }, [&end] { end.click(); }, sendKeys);
+                    dialogBarCodeChk(
+                        readLine(), [&ok] { ok.click(); }, [&end] { end.click(); }, sendKeys);
                 });
         m_timer1.start(intervalMs);
     }

@@ -1,9 +1,11 @@
 #include "frame/support/FocusPaint.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QTimer>
 
 namespace suisui {
@@ -12,7 +14,10 @@ namespace {
 
 const QColor focusColor(0, 255, 255);
 
-bool isField(const QWidget* widget) { return qobject_cast<const QLineEdit*>(widget) != nullptr; }
+bool isField(const QWidget* widget)
+{
+    return qobject_cast<const QLineEdit*>(widget) != nullptr;
+}
 
 bool isMarked(const QWidget* widget)
 {
@@ -20,8 +25,8 @@ bool isMarked(const QWidget* widget)
            || qobject_cast<const QComboBox*>(widget) != nullptr;
 }
 
-/// Fields are painted by their base, buttons and choices by their face; option buttons and check boxes have no
-/// face and take the colour behind them.
+/// Fields are painted by their base, buttons and choices by their face; option buttons and check boxes have
+/// no face and take the colour behind them.
 void paint(QWidget* widget, const QColor& color)
 {
     QPalette palette = widget->palette();
@@ -42,26 +47,64 @@ FocusPaint::FocusPaint(QWidget* form, const QColor& base) : QObject(form), m_bas
             widget->installEventFilter(this);
 }
 
-void FocusPaint::setNormal(QWidget* widget) const { paint(widget, isField(widget) ? QColor(Qt::white) : m_base); }
+void FocusPaint::setNormal(QWidget* widget) const
+{
+    paint(widget, isField(widget) ? QColor(Qt::white) : m_base);
+}
 
 bool FocusPaint::eventFilter(QObject* object, QEvent* event)
 {
     auto* widget = static_cast<QWidget*>(object);
-    if (event->type() == QEvent::FocusIn) {
-        paint(widget, focusColor);
-        auto* field = qobject_cast<QLineEdit*>(widget);
-        if (field == nullptr || m_keepSelection.contains(object))
-            return false;
-        field->selectAll(); // at once: a reader's first character may be next
-        if (static_cast<QFocusEvent*>(event)->reason() == Qt::MouseFocusReason)
-            QTimer::singleShot(0, field, [field] { // the press itself drops the selection again
-                if (field->hasFocus())
-                    field->selectAll();
-            });
-    } else if (event->type() == QEvent::FocusOut && !m_exempt.contains(object)) {
-        setNormal(widget);
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        enter(widget, static_cast<QFocusEvent*>(event)->reason());
+        break;
+    case QEvent::FocusOut:
+        // A menu or list that opens out of the control leaves it the current one.
+        if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason
+            && !m_exempt.contains(object))
+            setNormal(widget);
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+        followFirstClick(object, event);
+        break;
+    default:
+        break;
     }
     return QObject::eventFilter(object, event);
+}
+
+void FocusPaint::enter(QWidget* widget, Qt::FocusReason reason)
+{
+    paint(widget, focusColor);
+    auto* field = qobject_cast<QLineEdit*>(widget);
+    // Back from its own menu, a field keeps what the operator had selected for it.
+    if (field == nullptr || m_keepSelection.contains(widget) || reason == Qt::PopupFocusReason)
+        return;
+    field->selectAll(); // at once: a reader's first character may be next
+    m_clicked = reason == Qt::MouseFocusReason ? field : nullptr;
+}
+
+/// The press that brings the focus drops the selection again, so the whole text is selected anew behind it,
+/// and once more at the release, unless the mouse has been drawn over a part of the text.
+void FocusPaint::followFirstClick(const QObject* object, QEvent* event)
+{
+    if (object != m_clicked)
+        return;
+    const QPoint at = static_cast<QMouseEvent*>(event)->position().toPoint();
+    if (event->type() == QEvent::MouseButtonPress) {
+        m_clickedAt = at;
+    } else {
+        m_clicked = nullptr;
+        if ((at - m_clickedAt).manhattanLength() >= QApplication::startDragDistance())
+            return;
+    }
+    auto* field = const_cast<QLineEdit*>(static_cast<const QLineEdit*>(object));
+    QTimer::singleShot(0, field, [field] {
+        if (field->hasFocus())
+            field->selectAll();
+    });
 }
 
 } // namespace suisui

@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QObject>
+#include <QPoint>
 #include <QSet>
 #include <QWidget>
 
@@ -26,9 +27,14 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    void enter(QWidget* widget, Qt::FocusReason reason);
+    void followFirstClick(const QObject* object, QEvent* event);
+
     QColor m_base;
     QSet<QObject*> m_exempt;
     QSet<QObject*> m_keepSelection;
+    const QObject* m_clicked = nullptr; ///< field that got the focus by a mouse button still held
+    QPoint m_clickedAt;
 };
 
 } // namespace suisui

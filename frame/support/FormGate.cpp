@@ -9,7 +9,10 @@
 
 namespace suisui {
 
-FormGate::FormGate(QWidget* form) : m_form(form) { qApp->installEventFilter(this); }
+FormGate::FormGate(QWidget* form) : m_form(form)
+{
+    qApp->installEventFilter(this);
+}
 
 FormGate::~FormGate() = default;
 
@@ -84,13 +87,11 @@ bool FormGate::filterPointer(QObject* object, QEvent* event) const
     }
 }
 
-/// Somebody leaning on Enter must not fill the queue with it: of its repeats one is held. Repeats of other keys
-/// count, because a reader's "00" may arrive as one key and its repeat.
+/// Somebody leaning on Enter must not fill the queue with it: of its repeats one is held. Repeats of other
+/// keys count, because a reader's "00" may arrive as one key and its repeat.
 bool FormGate::leansOnEnter(const QKeyEvent& event) const
 {
-    const auto repeatedEnter = [](const QKeyEvent& key) {
-        return key.isAutoRepeat() && isEnter(key);
-    };
+    const auto repeatedEnter = [](const QKeyEvent& key) { return key.isAutoRepeat() && isEnter(key); };
     return repeatedEnter(event) && !m_held.empty() && repeatedEnter(*m_held.back())
            && (m_held.size() < 2 || repeatedEnter(*m_held[m_held.size() - 2]));
 }
@@ -101,7 +102,8 @@ void FormGate::schedule()
     if (m_scheduled || m_held.empty())
         return;
     m_scheduled = true;
-    QMetaObject::invokeMethod(this, [this] { deliverNext(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { deliverNext(); }, Qt::QueuedConnection);
 }
 
 void FormGate::deliverNext()

@@ -1,9 +1,9 @@
 // The main window's Enabled property as the rules mean it. While it is off the window takes no input, but
 // nothing turns grey and the focus stays where it is, which a widget's own enabled property would not grant.
 //
-// Keys are not lost: they are held in order and worked, one at a time and each by the widget that has the focus
-// then, when the window is enabled again. A bar-code reader that types at full speed needs just that, for every
-// key of a code field disables the window for a moment.
+// Keys are not lost: they are held in order and worked, one at a time and each by the widget that has the
+// focus then, when the window is enabled again. A bar-code reader that types at full speed needs just that,
+// for every key of a code field disables the window for a moment.
 #pragma once
 
 #include <deque>

@@ -21,11 +21,10 @@ public:
     explicit GridBar(vaSpread& grid, std::function<QColor(int row)> rest = {})
         : QObject(&grid), m_grid(grid), m_rest(std::move(rest))
     {
-        connect(&grid, &vaSpread::LeaveCell, this,
-                [this](int, int row, int newCol, int newRow) {
-                    if (newCol > 0)
-                        move(row, newRow);
-                });
+        connect(&grid, &vaSpread::LeaveCell, this, [this](int, int row, int newCol, int newRow) {
+            if (newCol > 0)
+                move(row, newRow);
+        });
         connect(&grid, &vaSpread::GotFocus, this, [this] { paint(m_grid.ActiveRow(), focusColor); });
         connect(&grid, &vaSpread::LostFocus, this, [this] { paint(m_grid.ActiveRow(), barWithoutFocus); });
     }

@@ -12,12 +12,12 @@ namespace {
 
 enum Code { CtrlC = 3, Backspace = 8, Enter = 13, CtrlV = 22, CtrlX = 24 };
 
-/// What a paste brings, without the line breaks and control characters that a one-line field cannot show.
-QString pasteText()
+/// \a text without the line breaks and control characters that a one-line field cannot show.
+QString onOneLine(QString text)
 {
-    QString text = QGuiApplication::clipboard()->text();
     text.removeIf([](QChar c) {
-        return c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator
+               || c == QChar::ParagraphSeparator;
     });
     return text;
 }
@@ -33,14 +33,27 @@ int keyAsciiOf(const QKeyEvent& event)
         return Backspace;
     if ((event.modifiers() & Qt::ControlModifier) != 0 && key >= Qt::Key_A && key <= Qt::Key_Z)
         return key - Qt::Key_A + 1;
-    const QString text = event.text();
-    return text.size() == 1 && text[0].isPrint() ? text[0].unicode() : 0;
+    const QList<uint> text = event.text().toUcs4();
+    return !text.isEmpty() && QChar::isPrint(text[0]) ? static_cast<int>(text[0]) : 0;
 }
 
 KeyField::KeyField(QWidget* parent) : QLineEdit(parent)
 {
     setAttribute(Qt::WA_InputMethodEnabled, false);
     setInputMethodHints(Qt::ImhLatinOnly | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
+    connect(this, &QLineEdit::textEdited, this, &KeyField::tidyPaste);
+}
+
+/// Pastes that come without a key code (Shift+Insert, the menu, the mouse) pass no KeyPress routine; a code
+/// copied out of a spreadsheet brings its line break with it.
+void KeyField::tidyPaste(const QString& edited)
+{
+    const QString tidy = onOneLine(edited);
+    if (tidy.size() == edited.size())
+        return;
+    const auto place = onOneLine(edited.left(cursorPosition())).size();
+    setText(tidy);
+    setCursorPosition(static_cast<int>(place));
 }
 
 void KeyField::keyPressEvent(QKeyEvent* event)
@@ -63,7 +76,7 @@ void KeyField::keyPressEvent(QKeyEvent* event)
         copy();
         break;
     case CtrlV:
-        insert(pasteText());
+        insert(onOneLine(QGuiApplication::clipboard()->text()));
         break;
     case CtrlX:
         cut();

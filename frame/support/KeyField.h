@@ -2,6 +2,8 @@
 // routine sees the key's character code (Enter 13, Backspace 8, Ctrl-C 3, Ctrl-V 22, Ctrl-X 24) and may
 // set it to 0, which drops the key without a sound. Keys without a character (arrows, Delete) pass by.
 //
+// A paste may pass a field's limit; its line breaks and control characters are left out.
+//
 // The input method is off: a reader that types must not have its letters turned into kana.
 #pragma once
 
@@ -25,6 +27,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void tidyPaste(const QString& edited);
+
     KeyPressHandler m_keyPress;
 };
 

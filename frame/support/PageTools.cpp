@@ -64,7 +64,10 @@ bool chooseCode(QComboBox& combo, const ChoiceList& choices, const QString& code
     return false;
 }
 
-void enterMovesOn(QComboBox& combo, QWidget& next) { combo.installEventFilter(new EnterFilter(&combo, &next)); }
+void enterMovesOn(QComboBox& combo, QWidget& next)
+{
+    combo.installEventFilter(new EnterFilter(&combo, &next));
+}
 
 void letterNames(QWidget& form, QChar letter)
 {

@@ -23,8 +23,8 @@ bool chooseCode(QComboBox& combo, const ChoiceList& choices, const QString& code
 /// Enter in \a combo moves the focus to \a next.
 void enterMovesOn(QComboBox& combo, QWidget& next);
 
-/// Forms that serve both sides are drawn once, with an X where the names of their controls carry the letter of
-/// the side. Puts \a letter there.
+/// Forms that serve both sides are drawn once, with an X where the names of their controls carry the letter
+/// of the side. Puts \a letter there.
 void letterNames(QWidget& form, QChar letter);
 
 } // namespace suisui

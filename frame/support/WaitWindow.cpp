@@ -39,7 +39,8 @@ void WaitWindow::open()
     m_hourglass = true;
     adjustSize();
     const QWidget* main = QApplication::activeWindow();
-    const QRect around = main != nullptr ? main->frameGeometry() : QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect around =
+        main != nullptr ? main->frameGeometry() : QGuiApplication::primaryScreen()->availableGeometry();
     move(around.center() - rect().center());
     show();
     m_timer1.start();

@@ -4,7 +4,10 @@
 
 namespace suisui {
 
-frm_ShortWait::frm_ShortWait() : m_ui(std::make_unique<Ui::frm_ShortWait>()) { m_ui->setupUi(this); }
+frm_ShortWait::frm_ShortWait() : m_ui(std::make_unique<Ui::frm_ShortWait>())
+{
+    m_ui->setupUi(this);
+}
 
 frm_ShortWait::~frm_ShortWait() = default;
 

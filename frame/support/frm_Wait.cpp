@@ -19,7 +19,10 @@ constexpr int lookAtClockEvery = 64; // rows; even a look at the clock adds up o
 
 } // namespace
 
-frm_Wait::frm_Wait() : m_ui(std::make_unique<Ui::frm_Wait>()) { m_ui->setupUi(this); }
+frm_Wait::frm_Wait() : m_ui(std::make_unique<Ui::frm_Wait>())
+{
+    m_ui->setupUi(this);
+}
 
 frm_Wait::~frm_Wait() = default;
 
@@ -37,7 +40,10 @@ void frm_Wait::load(const QString& waitTag, int maximum)
     open();
 }
 
-int frm_Wait::maximum() const { return m_ui->PrgBar->maximum(); }
+int frm_Wait::maximum() const
+{
+    return m_ui->PrgBar->maximum();
+}
 
 void frm_Wait::setProgress(int value)
 {
@@ -60,6 +66,9 @@ void frm_Wait::tick()
     m_ui->lblWait->setPalette(palette);
 }
 
-void frm_Wait::closed() { m_waitTag.clear(); }
+void frm_Wait::closed()
+{
+    m_waitTag.clear();
+}
 
 } // namespace suisui

@@ -2,7 +2,10 @@
 
 namespace suisui {
 
-QString fontFamily() { return QStringLiteral("BIZ UDGothic"); }
+QString fontFamily()
+{
+    return QStringLiteral("BIZ UDGothic");
+}
 
 QFont screenFont()
 {

@@ -12,7 +12,8 @@ namespace {
 
 std::optional<QString> dateText(const QString& typed)
 {
-    static const QRegularExpression form(u"^(?:(\\d{4})(\\d{2})(\\d{2})|(\\d{1,4})/(\\d{1,2})/(\\d{1,2}))$"_s);
+    static const QRegularExpression form(
+        u"^(?:(\\d{4})(\\d{2})(\\d{2})|(\\d{1,4})/(\\d{1,2})/(\\d{1,2}))$"_s);
     const QRegularExpressionMatch match = form.match(typed);
     if (!match.hasMatch())
         return std::nullopt;
@@ -22,12 +23,15 @@ std::optional<QString> dateText(const QString& typed)
     const int day = match.captured(first + 2).toInt();
     if (!isCalendarDay(year, month, day))
         return std::nullopt;
-    return u"%1/%2/%3"_s.arg(year, 4, 10, QChar(u'0')).arg(month, 2, 10, QChar(u'0')).arg(day, 2, 10, QChar(u'0'));
+    return u"%1/%2/%3"_s.arg(year, 4, 10, QChar(u'0'))
+        .arg(month, 2, 10, QChar(u'0'))
+        .arg(day, 2, 10, QChar(u'0'));
 }
 
 std::optional<QString> timeText(const QString& typed)
 {
-    static const QRegularExpression form(u"^(?:(\\d{2})(\\d{2})(\\d{2})|(\\d{1,2}):(\\d{1,2})(?::(\\d{1,2}))?)$"_s);
+    static const QRegularExpression form(
+        u"^(?:(\\d{2})(\\d{2})(\\d{2})|(\\d{1,2}):(\\d{1,2})(?::(\\d{1,2}))?)$"_s);
     const QRegularExpressionMatch match = form.match(typed);
     if (!match.hasMatch())
         return std::nullopt;
@@ -37,7 +41,9 @@ std::optional<QString> timeText(const QString& typed)
     const int second = match.captured(first + 2).toInt();
     if (hour > 23 || minute > 59 || second > 59)
         return std::nullopt;
-    return u"%1:%2:%3"_s.arg(hour, 2, 10, QChar(u'0')).arg(minute, 2, 10, QChar(u'0')).arg(second, 2, 10, QChar(u'0'));
+    return u"%1:%2:%3"_s.arg(hour, 2, 10, QChar(u'0'))
+        .arg(minute, 2, 10, QChar(u'0'))
+        .arg(second, 2, 10, QChar(u'0'));
 }
 
 bool onlyDigitsAnd(QStringView text, char16_t also)
@@ -72,7 +78,8 @@ QValidator::State CellValidator::validate(QString& input, int&) const
         return input.size() <= longestTime && onlyDigitsAnd(input, u':') ? Acceptable : Invalid;
     default:
         for (QChar& c : input)
-            if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
+            if (c.category() == QChar::Other_Control || c == QChar::LineSeparator
+                || c == QChar::ParagraphSeparator)
                 c = u' ';
         return Acceptable;
     }

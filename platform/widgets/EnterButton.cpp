@@ -25,7 +25,8 @@ void EnterButton::keyPressEvent(QKeyEvent* event)
         return;
     }
     const QString text = event->text();
-    if (!text.isEmpty() && text[0].isPrint() && (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0)
+    if (!text.isEmpty() && text[0].isPrint()
+        && (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0)
         m_typedAt = true;
     QPushButton::keyPressEvent(event);
 }

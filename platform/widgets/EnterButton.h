@@ -1,6 +1,6 @@
-// A push button of the program: Enter presses it while it has the focus. But an Enter that ends a run of typed
-// characters comes from a bar-code reader that types, whose code has landed on a button by mistake; it presses
-// nothing.
+// A push button of the program: Enter presses it while it has the focus. But an Enter that ends a run of
+// typed characters comes from a bar-code reader that types, whose code has landed on a button by mistake; it
+// presses nothing.
 #pragma once
 
 #include <QPushButton>

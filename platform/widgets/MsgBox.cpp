@@ -82,7 +82,8 @@ public:
         setFont(screenFont());
         auto* picture = new QLabel(this);
         constexpr int pictureSize = 36;
-        picture->setPixmap(style()->standardIcon(pictureOf(box.icon), nullptr, this).pixmap(pictureSize, pictureSize));
+        picture->setPixmap(
+            style()->standardIcon(pictureOf(box.icon), nullptr, this).pixmap(pictureSize, pictureSize));
         auto* text = new QLabel(this);
         text->setObjectName(u"msgBoxText"_s);
         text->setTextFormat(Qt::PlainText);
@@ -132,7 +133,8 @@ private:
         // A letter alone presses, as on every system's own boxes: the mnemonics need no Alt here.
         for (QPushButton* button : findChildren<QPushButton*>()) {
             const qsizetype mark = button->text().indexOf(u'&');
-            if (mark >= 0 && event->text().compare(button->text().mid(mark + 1, 1), Qt::CaseInsensitive) == 0) {
+            if (mark >= 0
+                && event->text().compare(button->text().mid(mark + 1, 1), Qt::CaseInsensitive) == 0) {
                 button->click();
                 return;
             }
@@ -147,9 +149,11 @@ private:
 
 BoxAnswer ScreenMsgBox::show(const Box& box)
 {
-    QWidget* owner = QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : m_parent;
+    QWidget* owner =
+        QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : m_parent;
     BoxDialog dialog(box, owner);
     QGuiApplication::setOverrideCursor(Qt::ArrowCursor); // the operator is asked, not kept waiting
+    dialog.setModal(true); // before it is shown: nothing else may take input for a moment
     dialog.show();
     dialog.activateWindow();
     dialog.raise();

@@ -31,18 +31,30 @@ struct NamedKey
 };
 
 constexpr NamedKey namedKeys[] = {
-    {"ENTER"_L1, Qt::Key_Return, u'\r'}, {"TAB"_L1, Qt::Key_Tab, u'\t'},
-    {"ESC"_L1, Qt::Key_Escape, 0x1B},    {"BACKSPACE"_L1, Qt::Key_Backspace, u'\b'},
-    {"BS"_L1, Qt::Key_Backspace, u'\b'}, {"BKSP"_L1, Qt::Key_Backspace, u'\b'},
-    {"DELETE"_L1, Qt::Key_Delete, 0},    {"DEL"_L1, Qt::Key_Delete, 0},
-    {"INSERT"_L1, Qt::Key_Insert, 0},    {"INS"_L1, Qt::Key_Insert, 0},
-    {"HOME"_L1, Qt::Key_Home, 0},        {"END"_L1, Qt::Key_End, 0},
-    {"PGUP"_L1, Qt::Key_PageUp, 0},      {"PGDN"_L1, Qt::Key_PageDown, 0},
-    {"UP"_L1, Qt::Key_Up, 0},            {"DOWN"_L1, Qt::Key_Down, 0},
-    {"LEFT"_L1, Qt::Key_Left, 0},        {"RIGHT"_L1, Qt::Key_Right, 0},
-    {"BREAK"_L1, Qt::Key_Cancel, 0},     {"CAPSLOCK"_L1, Qt::Key_CapsLock, 0},
-    {"NUMLOCK"_L1, Qt::Key_NumLock, 0},  {"SCROLLLOCK"_L1, Qt::Key_ScrollLock, 0},
-    {"HELP"_L1, Qt::Key_Help, 0},        {"PRTSC"_L1, Qt::Key_Print, 0},
+    {"ENTER"_L1, Qt::Key_Return, u'\r'},
+    {"TAB"_L1, Qt::Key_Tab, u'\t'},
+    {"ESC"_L1, Qt::Key_Escape, 0x1B},
+    {"BACKSPACE"_L1, Qt::Key_Backspace, u'\b'},
+    {"BS"_L1, Qt::Key_Backspace, u'\b'},
+    {"BKSP"_L1, Qt::Key_Backspace, u'\b'},
+    {"DELETE"_L1, Qt::Key_Delete, 0},
+    {"DEL"_L1, Qt::Key_Delete, 0},
+    {"INSERT"_L1, Qt::Key_Insert, 0},
+    {"INS"_L1, Qt::Key_Insert, 0},
+    {"HOME"_L1, Qt::Key_Home, 0},
+    {"END"_L1, Qt::Key_End, 0},
+    {"PGUP"_L1, Qt::Key_PageUp, 0},
+    {"PGDN"_L1, Qt::Key_PageDown, 0},
+    {"UP"_L1, Qt::Key_Up, 0},
+    {"DOWN"_L1, Qt::Key_Down, 0},
+    {"LEFT"_L1, Qt::Key_Left, 0},
+    {"RIGHT"_L1, Qt::Key_Right, 0},
+    {"BREAK"_L1, Qt::Key_Cancel, 0},
+    {"CAPSLOCK"_L1, Qt::Key_CapsLock, 0},
+    {"NUMLOCK"_L1, Qt::Key_NumLock, 0},
+    {"SCROLLLOCK"_L1, Qt::Key_ScrollLock, 0},
+    {"HELP"_L1, Qt::Key_Help, 0},
+    {"PRTSC"_L1, Qt::Key_Print, 0},
 };
 
 constexpr int mostRepeats = 1000;
@@ -112,7 +124,8 @@ private:
         }
         for (const NamedKey& named : namedKeys)
             if (name.compare(named.name, Qt::CaseInsensitive) == 0)
-                return repeat({named.key, named.text == 0 ? QString() : QString(QChar(named.text)), held}, count);
+                return repeat({named.key, named.text == 0 ? QString() : QString(QChar(named.text)), held},
+                              count);
         if (name.startsWith(u'F', Qt::CaseInsensitive)) {
             const int number = name.sliced(1).toInt();
             if (number >= 1 && number <= 16)
@@ -129,7 +142,10 @@ private:
         repeat({key, text, held}, count);
     }
 
-    void repeat(const KeyStroke& stroke, int count) { m_keys.insert(m_keys.end(), static_cast<std::size_t>(count), stroke); }
+    void repeat(const KeyStroke& stroke, int count)
+    {
+        m_keys.insert(m_keys.end(), static_cast<std::size_t>(count), stroke);
+    }
 
     static Qt::KeyboardModifiers modifierOf(QChar c)
     {

@@ -28,7 +28,8 @@ QColor tinted(const QColor& back)
 
 SpreadDelegate::SpreadDelegate(vaSpread* spread) : QStyledItemDelegate(spread), m_spread(spread) {}
 
-void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+void SpreadDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const
 {
     QStyleOptionViewItem cell = option;
     const bool selected = (cell.state & QStyle::State_Selected) != 0;
@@ -69,7 +70,8 @@ void SpreadDelegate::paintCheckBox(QPainter* painter, const QStyleOptionViewItem
     style->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, m_spread);
 }
 
-QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
+QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                      const QModelIndex& index) const
 {
     const SpreadColumn& column = static_cast<const SpreadModel*>(index.model())->column(index.column() + 1);
     auto* editor = new QLineEdit(parent);

@@ -16,7 +16,9 @@ namespace {
 std::string_view wholeNumber(std::string_view text)
 {
     const std::string_view digits = text.substr(text.starts_with('-') ? 1 : 0);
-    const bool whole = !digits.empty() && std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
+    const bool whole = !digits.empty() && std::all_of(digits.begin(), digits.end(), [](char c) {
+        return c >= '0' && c <= '9';
+    });
     return whole ? digits : std::string_view();
 }
 
@@ -31,14 +33,18 @@ QString grouped(std::string_view text)
     return shown;
 }
 
-char folded(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char folded(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 int compareFolded(std::string_view a, std::string_view b)
 {
     const std::size_t common = std::min(a.size(), b.size());
     for (std::size_t i = 0; i < common; ++i)
         if (folded(a[i]) != folded(b[i]))
-            return static_cast<unsigned char>(folded(a[i])) < static_cast<unsigned char>(folded(b[i])) ? -1 : 1;
+            return static_cast<unsigned char>(folded(a[i])) < static_cast<unsigned char>(folded(b[i])) ? -1
+                                                                                                       : 1;
     return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
 }
 
@@ -52,9 +58,15 @@ double sortValue(std::string_view text)
     }
 }
 
-bool comparesAsNumber(CellType type) { return type == CellType::Number || type == CellType::Figure; }
+bool comparesAsNumber(CellType type)
+{
+    return type == CellType::Number || type == CellType::Figure;
+}
 
-bool alignsRight(CellType type) { return comparesAsNumber(type); }
+bool alignsRight(CellType type)
+{
+    return comparesAsNumber(type);
+}
 
 } // namespace
 
@@ -68,6 +80,7 @@ void SpreadModel::setColumns(std::span<const SpreadColumn> columns)
     m_scratch.assign(columns.size(), {});
     m_scratchViews.assign(columns.size(), {});
     m_made.assign(columns.size(), {});
+    m_empty = PackedRow(cols());
     m_rows.clear();
     m_shown = 0;
     endResetModel();
@@ -171,6 +184,8 @@ void SpreadModel::insert(int row, int count)
     if (m_redraw)
         beginInsertRows({}, row - 1, row + count - 2);
     std::vector<Row> fresh(static_cast<std::size_t>(count));
+    for (Row& each : fresh)
+        each.texts = m_empty; // all share one block until they are written
     m_rows.insert(m_rows.begin() + (row - 1), std::make_move_iterator(fresh.begin()),
                   std::make_move_iterator(fresh.end()));
     if (m_redraw) {
@@ -209,7 +224,8 @@ void SpreadModel::sort(std::span<const vaSpread::SortKey> keys)
             if (!figures[k].empty())
                 order = figures[k][a] < figures[k][b] ? -1 : (figures[k][b] < figures[k][a] ? 1 : 0);
             else
-                order = compareFolded(text(keys[k].col, static_cast<int>(a) + 1), text(keys[k].col, static_cast<int>(b) + 1));
+                order = compareFolded(text(keys[k].col, static_cast<int>(a) + 1),
+                                      text(keys[k].col, static_cast<int>(b) + 1));
             if (order != 0)
                 return keys[k].ascending ? order < 0 : order > 0;
         }
@@ -316,9 +332,15 @@ void SpreadModel::cellChanged(int col, int row, const QList<int>& roles)
 
 // ---- the view's side
 
-int SpreadModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : m_shown; }
+int SpreadModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_shown;
+}
 
-int SpreadModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : cols(); }
+int SpreadModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : cols();
+}
 
 QVariant SpreadModel::data(const QModelIndex& index, int role) const
 {
@@ -369,7 +391,8 @@ Qt::ItemFlags SpreadModel::flags(const QModelIndex& index) const
 {
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     const CellType type = index.isValid() ? column(index.column() + 1).type : CellType::Locked;
-    if (type == CellType::Text || type == CellType::Number || type == CellType::Date || type == CellType::Time)
+    if (type == CellType::Text || type == CellType::Number || type == CellType::Date
+        || type == CellType::Time)
         flags |= Qt::ItemIsEditable;
     return flags;
 }

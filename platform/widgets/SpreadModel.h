@@ -26,10 +26,16 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void setColumns(std::span<const SpreadColumn> columns);
-    [[nodiscard]] const SpreadColumn& column(int col) const { return m_columns[static_cast<std::size_t>(col - 1)]; }
+    [[nodiscard]] const SpreadColumn& column(int col) const
+    {
+        return m_columns[static_cast<std::size_t>(col - 1)];
+    }
     [[nodiscard]] int cols() const { return static_cast<int>(m_columns.size()); }
     [[nodiscard]] int rows() const { return static_cast<int>(m_rows.size()); }
-    [[nodiscard]] bool holds(int col, int row) const { return col >= 1 && col <= cols() && row >= 1 && row <= rows(); }
+    [[nodiscard]] bool holds(int col, int row) const
+    {
+        return col >= 1 && col <= cols() && row >= 1 && row <= rows();
+    }
 
     [[nodiscard]] std::string_view text(int col, int row) const;
     void setText(int col, int row, std::string_view text);
@@ -67,7 +73,7 @@ private:
     {
         PackedRow texts; ///< or the source that they are still to be made of
         int pending = 0; ///< number to make the row with; 0: it is made
-        QRgb back = 0; ///< 0: the grid's own
+        QRgb back = 0;   ///< 0: the grid's own
         std::unique_ptr<std::map<int, Mark>> marks;
     };
 
@@ -86,7 +92,8 @@ private:
     mutable std::vector<std::string_view> m_scratchViews;
     mutable std::vector<std::string> m_made;
     mutable std::vector<std::string> m_scratch; ///< negative numbers without their zeros, one place a column
-    int m_shown = 0;                    ///< rows that the view knows of
+    PackedRow m_empty;
+    int m_shown = 0; ///< rows that the view knows of
     bool m_redraw = true;
 };
 

@@ -79,8 +79,14 @@ void vaSpread::setColumns(std::span<const SpreadColumn> columns)
     }
 }
 
-int vaSpread::MaxCols() const { return m_model->cols(); }
-int vaSpread::MaxRows() const { return m_model->rows(); }
+int vaSpread::MaxCols() const
+{
+    return m_model->cols();
+}
+int vaSpread::MaxRows() const
+{
+    return m_model->rows();
+}
 
 void vaSpread::setMaxRows(int rows)
 {
@@ -88,13 +94,31 @@ void vaSpread::setMaxRows(int rows)
     m_activeRow = std::min(m_activeRow, m_model->rows());
 }
 
-std::string_view vaSpread::text(int col, int row) const { return m_model->text(col, row); }
-QString vaSpread::qtext(int col, int row) const { return QString::fromUtf8(text(col, row)); }
-void vaSpread::SetText(int col, int row, std::string_view text) { m_model->setText(col, row, text); }
-void vaSpread::SetText(int col, int row, const QString& text) { m_model->setText(col, row, text.toStdString()); }
-void vaSpread::setRowTexts(int row, std::span<const std::string_view> texts) { m_model->setRowTexts(row, texts); }
+std::string_view vaSpread::text(int col, int row) const
+{
+    return m_model->text(col, row);
+}
+QString vaSpread::qtext(int col, int row) const
+{
+    return QString::fromUtf8(text(col, row));
+}
+void vaSpread::SetText(int col, int row, std::string_view text)
+{
+    m_model->setText(col, row, text);
+}
+void vaSpread::SetText(int col, int row, const QString& text)
+{
+    m_model->setText(col, row, text.toStdString());
+}
+void vaSpread::setRowTexts(int row, std::span<const std::string_view> texts)
+{
+    m_model->setRowTexts(row, texts);
+}
 
-void vaSpread::setRowMaker(RowMaker maker) { m_model->setRowMaker(std::move(maker)); }
+void vaSpread::setRowMaker(RowMaker maker)
+{
+    m_model->setRowMaker(std::move(maker));
+}
 void vaSpread::setRowSource(int row, const PackedRow& source, int number)
 {
     m_model->setRowSource(row, source, number);
@@ -141,17 +165,44 @@ void vaSpread::setReDraw(bool on)
     setUpdatesEnabled(true);
 }
 
-bool vaSpread::ReDraw() const { return m_model->redraw(); }
+bool vaSpread::ReDraw() const
+{
+    return m_model->redraw();
+}
 
-void vaSpread::setRowBackColor(int row, const QColor& color) { m_model->setBackColor(row, color); }
-QColor vaSpread::rowBackColor(int row) const { return m_model->backColor(row); }
-void vaSpread::setCellForeColor(int col, int row, const QColor& color) { m_model->setForeColor(col, row, color); }
-void vaSpread::setCellBold(int col, int row, bool bold) { m_model->setBold(col, row, bold); }
-QColor vaSpread::cellForeColor(int col, int row) const { return m_model->foreColor(col, row); }
-bool vaSpread::cellBold(int col, int row) const { return m_model->bold(col, row); }
+void vaSpread::setRowBackColor(int row, const QColor& color)
+{
+    m_model->setBackColor(row, color);
+}
+QColor vaSpread::rowBackColor(int row) const
+{
+    return m_model->backColor(row);
+}
+void vaSpread::setCellForeColor(int col, int row, const QColor& color)
+{
+    m_model->setForeColor(col, row, color);
+}
+void vaSpread::setCellBold(int col, int row, bool bold)
+{
+    m_model->setBold(col, row, bold);
+}
+QColor vaSpread::cellForeColor(int col, int row) const
+{
+    return m_model->foreColor(col, row);
+}
+bool vaSpread::cellBold(int col, int row) const
+{
+    return m_model->bold(col, row);
+}
 
-int vaSpread::ActiveCol() const { return m_activeCol; }
-int vaSpread::ActiveRow() const { return m_activeRow; }
+int vaSpread::ActiveCol() const
+{
+    return m_activeCol;
+}
+int vaSpread::ActiveRow() const
+{
+    return m_activeRow;
+}
 
 void vaSpread::SetActiveCell(int col, int row)
 {
@@ -169,8 +220,9 @@ void vaSpread::showCursor()
 {
     if (!ReDraw())
         return;
-    const QModelIndex index =
-        m_model->holds(m_activeCol, m_activeRow) ? m_model->index(m_activeRow - 1, m_activeCol - 1) : QModelIndex();
+    const QModelIndex index = m_model->holds(m_activeCol, m_activeRow)
+                                  ? m_model->index(m_activeRow - 1, m_activeCol - 1)
+                                  : QModelIndex();
     if (index == currentIndex())
         return;
     m_quietCursor = true;
@@ -180,20 +232,29 @@ void vaSpread::showCursor()
         scrollTo(index);
 }
 
-void vaSpread::Sort(std::span<const SortKey> keys) { m_model->sort(keys); }
+void vaSpread::Sort(std::span<const SortKey> keys)
+{
+    m_model->sort(keys);
+}
 
 void vaSpread::endEdit()
 {
     QWidget* editor = m_delegate->openEditor();
-    if (editor == nullptr)
-        return;
+    if (editor == nullptr || !isEditing())
+        return; // a closed editor lives on until events have run
     commitData(editor);
     closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
-bool vaSpread::isEditing() const { return state() == QAbstractItemView::EditingState; }
+bool vaSpread::isEditing() const
+{
+    return state() == QAbstractItemView::EditingState;
+}
 
-void vaSpread::setKeyPressHandler(KeyPressHandler handler) { m_keyPress = std::move(handler); }
+void vaSpread::setKeyPressHandler(KeyPressHandler handler)
+{
+    m_keyPress = std::move(handler);
+}
 
 bool vaSpread::swallowed(const QKeyEvent& event)
 {

@@ -68,12 +68,12 @@ public:
     /// A whole row at once, the fast way of filling: \a texts has one entry a column, in order.
     void setRowTexts(int row, std::span<const std::string_view> texts);
 
-    /// Makes the texts of a row out of a row of other data, one entry a column, in order. \a number is whatever
-    /// the row was given with.
+    /// Makes the texts of a row out of a row of other data, one entry a column, in order. \a number is
+    /// whatever the row was given with.
     using RowMaker = std::function<void(const PackedRow& source, int number, std::span<std::string> texts)>;
     void setRowMaker(RowMaker maker);
-    /// A row that is made of \a source when somebody first looks at it. So a hundred thousand rows cost little
-    /// more than their number until they are seen.
+    /// A row that is made of \a source when somebody first looks at it. So a hundred thousand rows cost
+    /// little more than their number until they are seen.
     void setRowSource(int row, const PackedRow& source, int number);
 
     /// Puts \a count empty rows in front of \a row; the rows below move down and keep their colours, and the

@@ -58,8 +58,9 @@ TEST_F(ZaikoPostTest, stockBelowMinimum_warns_andIsStored)
     EXPECT_EQ(box.shown[0].title, u" 最低在庫数 未満"_s);
     EXPECT_EQ(box.shown[0].icon, BoxIcon::Exclamation);
     EXPECT_EQ(box.shown[0].buttons, BoxButtons::Ok);
-    EXPECT_EQ(box.shown[0].text,
-              u"「 消しゴム 」　（ コード ： A1 ） の　　　\r\n在庫数が 最低在庫数 未満になります。　　　\r\n\r\n　　在庫数 = 3  <  最低在庫数 = 10　"_s);
+    EXPECT_EQ(
+        box.shown[0].text,
+        u"「 消しゴム 」　（ コード ： A1 ） の　　　\r\n在庫数が 最低在庫数 未満になります。　　　\r\n\r\n　　在庫数 = 3  <  最低在庫数 = 10　"_s);
     EXPECT_EQ(stored("A1"), "3");
 }
 
@@ -71,8 +72,9 @@ TEST_F(ZaikoPostTest, negativeStock_warnsWithClosingSentence_andIsStored)
     ASSERT_EQ(box.shown.size(), 1U);
     EXPECT_EQ(box.shown[0].title, u" 在庫不足"_s);
     EXPECT_EQ(box.shown[0].icon, BoxIcon::Stop);
-    EXPECT_EQ(box.shown[0].text,
-              u"「 鉛筆 」　（ コード ： A1 ） の　　　\r\n在庫数が マイナスになります。　　　\r\n\r\n　　 在庫数 = -1\r\n\r\n在庫を確認して下さい。"_s);
+    EXPECT_EQ(
+        box.shown[0].text,
+        u"「 鉛筆 」　（ コード ： A1 ） の　　　\r\n在庫数が マイナスになります。　　　\r\n\r\n　　 在庫数 = -1\r\n\r\n在庫を確認して下さい。"_s);
     EXPECT_EQ(stored("A1"), "-1");
 }
 
@@ -91,8 +93,9 @@ TEST_F(ZaikoPostTest, firstShipmentWithoutRow_warnsWithoutClosingSentence_andSto
     EXPECT_EQ(post("A1", "-3", "鉛筆"), PostResult::Posted);
     ASSERT_EQ(box.shown.size(), 1U);
     EXPECT_EQ(box.shown[0].title, u" 在庫不足"_s);
-    EXPECT_EQ(box.shown[0].text,
-              u"「 鉛筆 」　（ コード ： A1 ） の　　　\r\n在庫数が マイナスになります。　　　\r\n\r\n　　 在庫数 = -3"_s);
+    EXPECT_EQ(
+        box.shown[0].text,
+        u"「 鉛筆 」　（ コード ： A1 ） の　　　\r\n在庫数が マイナスになります。　　　\r\n\r\n　　 在庫数 = -3"_s);
     db.Commit();
     EXPECT_EQ(shop.query("SELECT Code,ZaikoSuu,KuriSuu,InpDate,UpdDate FROM ZaikoTB"),
               std::vector<std::string>{"A1|-3|0|20260401090000|20260401090000"});
@@ -157,7 +160,8 @@ TEST_F(ZaikoPostTest, deltaZero_touchesNothing_butDoubleZeroDoes)
     EXPECT_EQ(shop.query("SELECT UpdDate FROM ZaikoTB"), std::vector<std::string>{"20260101000000"});
     EXPECT_EQ(post("A1", "00"), PostResult::Posted);
     db.Commit();
-    EXPECT_EQ(shop.query("SELECT ZaikoSuu,UpdDate FROM ZaikoTB"), std::vector<std::string>{"7|20260401090000"});
+    EXPECT_EQ(shop.query("SELECT ZaikoSuu,UpdDate FROM ZaikoTB"),
+              std::vector<std::string>{"7|20260401090000"});
 }
 
 TEST_F(ZaikoPostTest, codeInNeitherTable_isSkippedSilently)
@@ -173,8 +177,9 @@ TEST_F(ZaikoPostTest, itemThatLeftTheMaster_isNamedByItsCode)
     stock("OLD", "1");
     EXPECT_EQ(post("OLD", "-2"), PostResult::Posted);
     ASSERT_EQ(box.shown.size(), 1U);
-    EXPECT_EQ(box.shown[0].text,
-              u"コード「 OLD 」 の　　　\r\n在庫数が マイナスになります。　　　\r\n\r\n　　 在庫数 = -1\r\n\r\n在庫を確認して下さい。"_s);
+    EXPECT_EQ(
+        box.shown[0].text,
+        u"コード「 OLD 」 の　　　\r\n在庫数が マイナスになります。　　　\r\n\r\n　　 在庫数 = -1\r\n\r\n在庫を確認して下さい。"_s);
     EXPECT_EQ(stored("OLD"), "-1");
 }
 

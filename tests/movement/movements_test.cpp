@@ -1,6 +1,6 @@
-// All six movements in random order, over ten thousand of them, against a small model of rows and stock that knows nothing
-// of the program's own arithmetic. After each one every stock figure is compared, and as long as quantities are
-// whole the invariant of the books as well.
+// All six movements in random order, over ten thousand of them, against a small model of rows and stock that
+// knows nothing of the program's own arithmetic. After each one every stock figure is compared, and as long
+// as quantities are whole the invariant of the books as well.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -48,8 +48,9 @@ struct Model
     [[nodiscard]] bool wouldOverflow(const std::string& code, double quantity) const
     {
         const auto found = stock.find(code);
-        return quantity != 0 && (found == stock.end() ? goods.contains(code) && quantity > 99999999999999.0
-                                                      : found->second + quantity > 99999999999999.0);
+        return quantity != 0
+               && (found == stock.end() ? goods.contains(code) && quantity > 99999999999999.0
+                                        : found->second + quantity > 99999999999999.0);
     }
 };
 
@@ -133,7 +134,8 @@ protected:
         page.grid()->SetActiveCell(4, static_cast<int>(at) + 1);
         desk.box.answers = {BoxAnswer::Yes};
         desk.box.onShow = [this](const Box& box) { // warnings take no answer out of the script
-            if (box.buttons == BoxButtons::Ok && !desk.box.answers.empty() && desk.box.answers.front() != BoxAnswer::Ok)
+            if (box.buttons == BoxButtons::Ok && !desk.box.answers.empty()
+                && desk.box.answers.front() != BoxAnswer::Ok)
                 desk.box.answers.push_front(BoxAnswer::Ok);
         };
         page.cmdDelete_Click();
@@ -181,7 +183,8 @@ protected:
         OutRec& shipments = watcher->OutTbl();
         ASSERT_EQ(shipments.Select({}), static_cast<int>(model.shipments.size())) << after;
         for (int row = 1; row <= shipments.Count(); ++row)
-            expected[std::string(shipments.get(row, OutCol::Code))] -= std::stod(std::string(shipments.get(row, OutCol::SyuSuu)));
+            expected[std::string(shipments.get(row, OutCol::Code))] -=
+                std::stod(std::string(shipments.get(row, OutCol::SyuSuu)));
         ZaikoRec& stock = watcher->ZaikoTbl();
         stock.Select({});
         for (int row = 1; row <= stock.Count(); ++row)
@@ -209,10 +212,12 @@ protected:
             scanShipment(code);
             return "shipment of " + code;
         case 2:
-            updateReceipt(below(model.receipts.size()), static_cast<int>(below(50)), static_cast<int>(below(10)));
+            updateReceipt(below(model.receipts.size()), static_cast<int>(below(50)),
+                          static_cast<int>(below(10)));
             return "receipt update";
         case 3:
-            updateShipment(below(model.shipments.size()), static_cast<int>(below(50)), static_cast<int>(below(10)));
+            updateShipment(below(model.shipments.size()), static_cast<int>(below(50)),
+                           static_cast<int>(below(10)));
             return "shipment update";
         case 4:
             erase(*receipt, model.receipts, below(model.receipts.size()), true);

@@ -36,15 +36,17 @@ TEST_F(ReceiptTest, booking_storesRow_movesStock_andPutsRowOnTop)
     desk.clock.setNow(QDateTime(QDate(2026, 4, 1), QTime(9, 5, 7)));
     EntryDesk::book(*page, u"4901001000017"_s);
     EXPECT_TRUE(desk.box.shown.empty());
-    EXPECT_EQ(inp(), std::vector<std::string>{
-                         "4901001000017|鉛筆 HB||0000012|0000050|101|東商店|20260401|090507|個|0000000|0000000|01|"
-                         "山田　太郎||20260401090507|20260401090507"});
+    EXPECT_EQ(inp(),
+              std::vector<std::string>{
+                  "4901001000017|鉛筆 HB||0000012|0000050|101|東商店|20260401|090507|個|0000000|0000000|01|"
+                  "山田　太郎||20260401090507|20260401090507"});
     EXPECT_EQ(desk.stockOf("4901001000017"), "12");
 
     const vaSpread& grid = *page->grid();
     ASSERT_EQ(grid.MaxRows(), 1);
-    const char* const cells[] = {"4901001000017", "鉛筆 HB",     "50", "12", "0",  "600",      "東商店",   "1", "山田　太郎",
-                                 "個",            "0",           "2026/04/01", "09:05:07", "", "0", "12", "1"};
+    const char* const cells[] = {"4901001000017", "鉛筆 HB", "50",         "12", "0", "600",
+                                 "東商店",        "1",       "山田　太郎", "個", "0", "2026/04/01",
+                                 "09:05:07",      "",        "0",          "12", "1"};
     for (int column = 1; column <= 17; ++column)
         EXPECT_EQ(grid.text(column, 1), cells[column - 1]) << "column " << column;
     EXPECT_EQ(grid.ActiveCol(), 4);
@@ -110,8 +112,14 @@ TEST_F(ReceiptTest, unknownCode_saysSo_andLeavesEverything)
 
 TEST_F(ReceiptTest, textsThatAreNoCode_areUnregistered_andChangeNoStatement)
 {
-    const QString evil[] = {u"'"_s,          u"x' OR '1'='1"_s, u"'; DELETE FROM Master; --"_s, u"4901001000017'"_s,
-                            QStringLiteral("a\0b"), u"\x01\x02"_s, u"\"SET1\""_s, QString(300000, u'9')};
+    const QString evil[] = {u"'"_s,
+                            u"x' OR '1'='1"_s,
+                            u"'; DELETE FROM Master; --"_s,
+                            u"4901001000017'"_s,
+                            QStringLiteral("a\0b"),
+                            u"\x01\x02"_s,
+                            u"\"SET1\""_s,
+                            QString(300000, u'9')};
     for (const QString& code : evil) {
         desk.box.shown.clear();
         EntryDesk::book(*page, code);
@@ -186,8 +194,8 @@ TEST_F(ReceiptTest, rowThatCannotBeStored_undoesTheStock_andKeepsTheRowCount)
 {
     EntryDesk::book(*page, u"4901001000017"_s);
     // The stamp of the next booking is taken by somebody else's row.
-    desk.shop.add(inpTable, {"SET1", "", "", "0000000", "0000000", "", "", "20260401", "090001", "", "0000000", "0000000",
-                             "", "", "", "20260401090001", "20260401090001"});
+    desk.shop.add(inpTable, {"SET1", "", "", "0000000", "0000000", "", "", "20260401", "090001", "",
+                             "0000000", "0000000", "", "", "", "20260401090001", "20260401090001"});
     desk.clock.setNow(QDateTime(QDate(2026, 4, 1), QTime(9, 0, 1)));
     desk.box.onShow = [this](const Box&) { EXPECT_EQ(page->grid()->MaxRows(), 2); };
     EntryDesk::book(*page, u"SET1"_s);

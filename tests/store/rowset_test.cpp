@@ -17,7 +17,10 @@ protected:
         shop.add(masterTable, {"A1", "鉛筆", "", "1", "50", "1", "80", "本", "5"});
         shop.add(masterTable, {"B2", "消しゴム", "", "2", "30", "1", "60", "個", "10"});
     }
-    std::vector<std::string> master() const { return shop.query("SELECT Code,Name,Unit FROM Master ORDER BY Code"); }
+    std::vector<std::string> master() const
+    {
+        return shop.query("SELECT Code,Name,Unit FROM Master ORDER BY Code");
+    }
 
     TempShop shop;
     std::vector<std::string> said;
@@ -220,15 +223,18 @@ TEST_F(StoreTest, readingHoldsNoLock)
 
 TEST_F(StoreTest, tablesHaveTheirColumnsInOrder)
 {
-    EXPECT_EQ(shop.query("SELECT group_concat(name,' ') FROM pragma_table_info('InpTB')"),
-              std::vector<std::string>{"Code Name NameKN NyuSuu NyuPrice NyuSakiCD NysName NyuDate NyuTime Unit "
-                                       "NyuNebiki Henkyaku TanCD TanName Bikou InpDate UpdDate"});
+    EXPECT_EQ(
+        shop.query("SELECT group_concat(name,' ') FROM pragma_table_info('InpTB')"),
+        std::vector<std::string>{"Code Name NameKN NyuSuu NyuPrice NyuSakiCD NysName NyuDate NyuTime Unit "
+                                 "NyuNebiki Henkyaku TanCD TanName Bikou InpDate UpdDate"});
     EXPECT_EQ(shop.query("SELECT group_concat(name,' ') FROM pragma_table_info('OutTB')"),
-              std::vector<std::string>{"Code Name NameKN SyuSuu SyuPrice SyuSakiCD SysName SyuDate SyuTime Unit "
-                                       "SyuNebiki RHenkyaku FHenkyaku TanCD TanName Bikou TyoDate TyoTime InpDate UpdDate"});
-    EXPECT_EQ(shop.query("SELECT DISTINCT upper(t.type) FROM sqlite_master m, pragma_table_info(m.name) t WHERE "
-                         "m.type='table'"),
-              std::vector<std::string>{"TEXT"});
+              std::vector<std::string>{
+                  "Code Name NameKN SyuSuu SyuPrice SyuSakiCD SysName SyuDate SyuTime Unit "
+                  "SyuNebiki RHenkyaku FHenkyaku TanCD TanName Bikou TyoDate TyoTime InpDate UpdDate"});
+    EXPECT_EQ(
+        shop.query("SELECT DISTINCT upper(t.type) FROM sqlite_master m, pragma_table_info(m.name) t WHERE "
+                   "m.type='table'"),
+        std::vector<std::string>{"TEXT"});
 }
 
 } // namespace suisui::test

@@ -150,9 +150,12 @@ TEST_F(SettingsTest, damagedAndHalfWrittenFiles_giveDefaults_andNoCrash)
     AppEnv(dir.path()).setLastUseDate(u"20260401"_s);
     const QByteArray good = read(u"AppEnv.ini"_s) + "[Reader]\r\nCommPortNo=3\r\n[Term]\r\n0=仕入\r\n";
     for (int i = 0; i < 400; ++i) {
-        QByteArray bytes = i % 2 == 0 ? good.left(static_cast<qsizetype>(random() % static_cast<unsigned>(good.size()))) : good;
+        QByteArray bytes =
+            i % 2 == 0 ? good.left(static_cast<qsizetype>(random() % static_cast<unsigned>(good.size())))
+                       : good;
         for (int hits = i % 7; hits > 0 && !bytes.isEmpty(); --hits)
-            bytes[static_cast<qsizetype>(random() % static_cast<unsigned>(bytes.size()))] = static_cast<char>(random());
+            bytes[static_cast<qsizetype>(random() % static_cast<unsigned>(bytes.size()))] =
+                static_cast<char>(random());
         write(u"AppEnv.ini"_s, bytes);
         write(u"AppIni.ini"_s, bytes);
         const AppEnv env(dir.path());

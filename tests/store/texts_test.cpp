@@ -37,18 +37,30 @@ TEST(Numbers, formatRoundsHalvesAwayFromZero_andKeepsTheSign)
         std::string_view mask;
         std::string_view text;
     } cases[] = {
-        {0, maskMovement, "0000000"},          {12, maskMovement, "0000012"},
-        {-3, maskMovement, "-0000003"},        {0.5, maskMovement, "0000001"},
-        {1.5, maskMovement, "0000002"},        {2.5, maskMovement, "0000003"},
-        {-2.5, maskMovement, "-0000003"},      {0.49999, maskMovement, "0000000"},
-        {-0.4, maskMovement, "0000000"},       {12345678, maskMovement, "12345678"},
-        {0.49999999999999994, maskMovement, "0000001"}, {2.4999999999999996, maskMovement, "0000003"},
-        {9.5, maskMovement, "0000010"},        {999999.5, maskMovement, "1000000"},
-        {0, maskA, "0"},                       {999, maskA, "999"},
-        {1000, maskA, "1,000"},                {-1000, maskA, "-1,000"},
-        {1234567890, maskB, "1,234,567,890"},  {99999999999999, maskStock, "99,999,999,999,999"},
-        {12345678901234567890.0, maskA, "12,345,678,901,234,600,000"}, {0.05, maskPrice, "0"},
-        {1e-300, maskA, "0"},                  {100, maskSmall, "100"},
+        {0, maskMovement, "0000000"},
+        {12, maskMovement, "0000012"},
+        {-3, maskMovement, "-0000003"},
+        {0.5, maskMovement, "0000001"},
+        {1.5, maskMovement, "0000002"},
+        {2.5, maskMovement, "0000003"},
+        {-2.5, maskMovement, "-0000003"},
+        {0.49999, maskMovement, "0000000"},
+        {-0.4, maskMovement, "0000000"},
+        {12345678, maskMovement, "12345678"},
+        {0.49999999999999994, maskMovement, "0000001"},
+        {2.4999999999999996, maskMovement, "0000003"},
+        {9.5, maskMovement, "0000010"},
+        {999999.5, maskMovement, "1000000"},
+        {0, maskA, "0"},
+        {999, maskA, "999"},
+        {1000, maskA, "1,000"},
+        {-1000, maskA, "-1,000"},
+        {1234567890, maskB, "1,234,567,890"},
+        {99999999999999, maskStock, "99,999,999,999,999"},
+        {12345678901234567890.0, maskA, "12,345,678,901,234,600,000"},
+        {0.05, maskPrice, "0"},
+        {1e-300, maskA, "0"},
+        {100, maskSmall, "100"},
     };
     for (const auto& each : cases)
         EXPECT_EQ(Format(each.number, each.mask), each.text) << each.number;
@@ -61,13 +73,13 @@ TEST(Numbers, textToDouble_readsWhatIsANumber_andRefusesTheRest)
     {
         std::string_view text;
         double number;
-    } good[] = {{"0", 0},        {"12", 12},     {"0000012", 12}, {"-0000003", -3}, {" 7 ", 7},   {"+5", 5},
-                {"1.5", 1.5},    {".5", 0.5},    {"5.", 5},       {"1,234", 1234},  {"1E3", 1000}, {"1e-3", 0.001},
-                {"1D2", 100},    {"-1.5e2", -150}, {"1e-999", 0}};
+    } good[] = {{"0", 0},      {"12", 12},      {"0000012", 12}, {"-0000003", -3}, {" 7 ", 7},
+                {"+5", 5},     {"1.5", 1.5},    {".5", 0.5},     {"5.", 5},        {"1,234", 1234},
+                {"1E3", 1000}, {"1e-3", 0.001}, {"1D2", 100},    {"-1.5e2", -150}, {"1e-999", 0}};
     for (const auto& each : good)
         EXPECT_EQ(CDbl(each.text), each.number) << each.text;
-    for (const std::string_view bad : {"", " ", "abc", "1x", "--1", "1 2", "e5", "1e", "1e+", ".", "-", "inf", "nan",
-                                       "0x10", "１２", "1.2.3", ",1", "'"})
+    for (const std::string_view bad : {"", " ", "abc", "1x", "--1", "1 2", "e5", "1e", "1e+", ".", "-", "inf",
+                                       "nan", "0x10", "１２", "1.2.3", ",1", "'"})
         EXPECT_EQ(errorOf([bad] { (void)CDbl(bad); }), RunTimeError::TypeMismatch) << bad;
     EXPECT_EQ(errorOf([] { (void)CDbl("1e999"); }), RunTimeError::Overflow);
     EXPECT_EQ(numberOf(""), 0);
@@ -141,10 +153,10 @@ TEST(Like, starAndQuestionMark_andNothingElse)
         std::string_view pattern;
         bool matches;
     } cases[] = {
-        {"", "", true},        {"", "*", true},       {"abc", "*", true},      {"ABC", "a?c", true},
-        {"abc", "a", false},   {"abc", "a*c", true},  {"abbc", "a?c", false},  {"a%c", "a%c", true},
-        {"abc", "a%c", false}, {"a_c", "a?c", true},  {"商品", "??", true},    {"商品", "?", false},
-        {"[x]", "[x]", true},  {"aXbXc", "*x*x*", true}, {"abc", "*d", false}, {"abcabc", "*abc", true},
+        {"", "", true},        {"", "*", true},          {"abc", "*", true},     {"ABC", "a?c", true},
+        {"abc", "a", false},   {"abc", "a*c", true},     {"abbc", "a?c", false}, {"a%c", "a%c", true},
+        {"abc", "a%c", false}, {"a_c", "a?c", true},     {"商品", "??", true},   {"商品", "?", false},
+        {"[x]", "[x]", true},  {"aXbXc", "*x*x*", true}, {"abc", "*d", false},   {"abcabc", "*abc", true},
     };
     for (const auto& each : cases)
         EXPECT_EQ(like(each.text, each.pattern), each.matches) << each.text << " " << each.pattern;

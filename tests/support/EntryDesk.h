@@ -50,8 +50,9 @@ struct EntryDesk
         page.cellChange(column, row);
     }
 
-    void goods(const std::string& code, const std::string& name, const std::string& nyuSuu, const std::string& nyuPrice,
-               const std::string& syuSuu, const std::string& syuPrice, const std::string& lowest = "0") const
+    void goods(const std::string& code, const std::string& name, const std::string& nyuSuu,
+               const std::string& nyuPrice, const std::string& syuSuu, const std::string& syuPrice,
+               const std::string& lowest = "0") const
     {
         shop.add(masterTable, {code, name, "", nyuSuu, nyuPrice, syuSuu, syuPrice, "個", lowest});
     }

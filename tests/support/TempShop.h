@@ -16,8 +16,8 @@ namespace suisui::test {
 class TempShop
 {
 public:
-    /// The folder lies in memory where the system offers that, so that a test waits for no disk; a benchmark names
-    /// a folder on one.
+    /// The folder lies in memory where the system offers that, so that a test waits for no disk; a benchmark
+    /// names a folder on one.
     explicit TempShop(const QString& where = inMemory()) : m_dir(where + QStringLiteral("/suisui-XXXXXX"))
     {
         QDir(m_dir.path()).mkpath(QStringLiteral("DB"));
@@ -27,7 +27,10 @@ public:
     }
 
     [[nodiscard]] QString base() const { return m_dir.path(); }
-    [[nodiscard]] std::string databaseFolder() const { return (m_dir.path() + QStringLiteral("/DB")).toStdString(); }
+    [[nodiscard]] std::string databaseFolder() const
+    {
+        return (m_dir.path() + QStringLiteral("/DB")).toStdString();
+    }
     [[nodiscard]] std::string databaseFile() const { return databaseFolder() + "/trnvik.mdb"; }
 
     /// Puts a row of \a table into the database through a connection of its own; missing texts are empty.

@@ -10,10 +10,7 @@ namespace suisui::test {
 class TestClock final : public Clock
 {
 public:
-    explicit TestClock(const QDateTime& start = QDateTime(QDate(2026, 4, 1), QTime(9, 0)))
-        : m_now(start)
-    {
-    }
+    explicit TestClock(const QDateTime& start = QDateTime(QDate(2026, 4, 1), QTime(9, 0))) : m_now(start) {}
 
     [[nodiscard]] QDateTime now() const override { return m_now; }
     [[nodiscard]] std::chrono::milliseconds steady() const override { return m_steady; }

@@ -19,9 +19,15 @@ public:
     }
     void setFormEnabled(bool on) override { enabled = on; }
     [[nodiscard]] Tab currentTab() const override { return tab; }
-    [[nodiscard]] bool TabLoaded(Tab which) const override { return loaded.at(static_cast<std::size_t>(which)); }
+    [[nodiscard]] bool TabLoaded(Tab which) const override
+    {
+        return loaded.at(static_cast<std::size_t>(which));
+    }
     void setTabLoaded(Tab which, bool on) override { loaded.at(static_cast<std::size_t>(which)) = on; }
-    [[nodiscard]] bool dirty(Side side) const override { return dirtySides.at(static_cast<std::size_t>(side)); }
+    [[nodiscard]] bool dirty(Side side) const override
+    {
+        return dirtySides.at(static_cast<std::size_t>(side));
+    }
     void setDirty(Side side, bool on) override { dirtySides.at(static_cast<std::size_t>(side)) = on; }
     BoxAnswer EditGuard(Tab) override { return guardAnswer; }
     [[nodiscard]] bool GuardActive() const override { return guardActive; }

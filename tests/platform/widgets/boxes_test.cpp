@@ -37,7 +37,8 @@ void press(QWidget& dialog, Qt::Key key)
     QTest::keyClick(focused, key);
 }
 
-const Box yesNo{u"更新の確認"_s, u"一行目。　　　\r\n\r\n　　二行目"_s, BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::No};
+const Box yesNo{u"更新の確認"_s, u"一行目。　　　\r\n\r\n　　二行目"_s, BoxIcon::Question, BoxButtons::YesNo,
+                BoxAnswer::No};
 
 } // namespace
 
@@ -65,7 +66,8 @@ TEST(MsgBox, answersByKeys)
     three.defaultButton = BoxAnswer::None;
     EXPECT_EQ(answered(three, [](QWidget& dialog) { dialog.close(); }), BoxAnswer::Cancel);
     EXPECT_EQ(answered(three, [](QWidget& dialog) { press(dialog, Qt::Key_Return); }), BoxAnswer::Yes);
-    EXPECT_EQ(answered({u"t"_s, u"x"_s}, [](QWidget& dialog) { press(dialog, Qt::Key_Return); }), BoxAnswer::Ok);
+    EXPECT_EQ(answered({u"t"_s, u"x"_s}, [](QWidget& dialog) { press(dialog, Qt::Key_Return); }),
+              BoxAnswer::Ok);
 }
 
 TEST(MsgBox, aReadersCodeDoesNotCloseIt)
@@ -109,7 +111,7 @@ protected:
         layout->addWidget(&second);
         window.show();
         window.activateWindow();
-        QTest::qWaitForWindowActive(&window);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
         first.setFocus();
     }
     void send(const QString& keys)

@@ -44,12 +44,13 @@ protected:
         window.resize(900, 400);
         window.show();
         window.activateWindow();
-        QTest::qWaitForWindowActive(&window);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
     void addRow(std::string_view code, std::string_view quantity)
     {
         grid.InsertRows(1);
-        const std::string_view texts[] = {code, "名", quantity, "2026/04/01", "09:00:00", "1", "1,200", "0000005"};
+        const std::string_view texts[] = {code,       "名", quantity, "2026/04/01",
+                                          "09:00:00", "1",  "1,200",  "0000005"};
         grid.setRowTexts(1, texts);
     }
     /// Opens the editor of a cell, types, and ends it with Enter.
@@ -137,7 +138,8 @@ TEST_F(SpreadTest, pasteIntoANumber_isTakenOnlyWhenItIsOne)
     addRow("A", "12");
     grid.SetActiveCell(3, 1);
     grid.setFocus();
-    for (const auto& [pasted, wanted] : {std::pair(u"abc"_s, "12"), std::pair(u"1 000"_s, "12"), std::pair(u"88"_s, "88")}) {
+    for (const auto& [pasted, wanted] :
+         {std::pair(u"abc"_s, "12"), std::pair(u"1 000"_s, "12"), std::pair(u"88"_s, "88")}) {
         QGuiApplication::clipboard()->setText(pasted);
         QTest::keyClick(&grid, Qt::Key_F2);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_V, Qt::ControlModifier);
@@ -280,7 +282,8 @@ TEST_F(SpreadTest, rowColour_isPaintedAcrossTheRow)
     const QImage picture = grid.viewport()->grab().toImage();
     EXPECT_EQ(picture.pixelColor(cell.right() - 6, cell.center().y()), QColor(0, 255, 255));
     grid.setRowBackColor(1, QColor());
-    EXPECT_EQ(grid.viewport()->grab().toImage().pixelColor(cell.right() - 6, cell.center().y()), QColor(Qt::white));
+    EXPECT_EQ(grid.viewport()->grab().toImage().pixelColor(cell.right() - 6, cell.center().y()),
+              QColor(Qt::white));
 }
 
 TEST_F(SpreadTest, whileRedrawIsOff_theDataMovesOn_andTheViewComesBackWhole)
@@ -340,7 +343,8 @@ TEST_F(SpreadTest, selectedCells_areCopiedAsTabSeparatedLines)
     grid.selectionModel()->select(QItemSelection(grid.model()->index(0, 0), grid.model()->index(1, 7)),
                                   QItemSelectionModel::ClearAndSelect);
     QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"A\t名\t1\t2026/04/01\t09:00:00\t1\t1,200\r\nB\t名\t2\t2026/04/01\t09:00:00\t1\t1,200"_s);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+              u"A\t名\t1\t2026/04/01\t09:00:00\t1\t1,200\r\nB\t名\t2\t2026/04/01\t09:00:00\t1\t1,200"_s);
 }
 
 TEST_F(SpreadTest, sortByKeys_isStable_readsFigures_andTakesTheColoursAlong)
@@ -351,7 +355,8 @@ TEST_F(SpreadTest, sortByKeys_isStable_readsFigures_andTakesTheColoursAlong)
     grid.setRowBackColor(2, QColor(255, 255, 0)); // A
     const vaSpread::SortKey keys[] = {{3, false}, {1, true}};
     grid.Sort(keys);
-    EXPECT_EQ(std::string(grid.text(1, 1)) + std::string(grid.text(1, 2)) + std::string(grid.text(1, 3)), "Abc");
+    EXPECT_EQ(std::string(grid.text(1, 1)) + std::string(grid.text(1, 2)) + std::string(grid.text(1, 3)),
+              "Abc");
     EXPECT_EQ(grid.rowBackColor(1), QColor(255, 255, 0));
 }
 
@@ -361,7 +366,7 @@ TEST_F(SpreadTest, randomRowsComingAndGoing_matchAPlainList)
     std::vector<std::pair<std::string, bool>> plain; // code, coloured
     for (int i = 0; i < 3000; ++i) {
         const auto count = static_cast<unsigned>(plain.size());
-        const unsigned at = count == 0 ? 0 : random() % count;
+        const unsigned at = count == 0 ? 0 : static_cast<unsigned>(random() % count);
         switch (random() % 6) {
         case 0:
         case 1: {
@@ -389,7 +394,8 @@ TEST_F(SpreadTest, randomRowsComingAndGoing_matchAPlainList)
         default: {
             const vaSpread::SortKey keys[] = {{1, true}};
             grid.Sort(keys);
-            std::stable_sort(plain.begin(), plain.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+            std::stable_sort(plain.begin(), plain.end(),
+                             [](const auto& a, const auto& b) { return a.first < b.first; });
         }
         }
         ASSERT_EQ(grid.MaxRows(), static_cast<int>(plain.size()));
