@@ -61,13 +61,12 @@ bool FocusPaint::eventFilter(QObject* object, QEvent* event)
         break;
     case QEvent::FocusOut:
         // A menu or list that opens out of the control leaves it the current one.
-        if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason
-            && !m_exempt.contains(object))
+        if (static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason && !m_exempt.contains(object))
             setNormal(widget);
         break;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
-        followFirstClick(object, event);
+        followFirstClick(object, *static_cast<QMouseEvent*>(event));
         break;
     default:
         break;
@@ -84,23 +83,27 @@ void FocusPaint::enter(QWidget* widget, Qt::FocusReason reason)
         return;
     field->selectAll(); // at once: a reader's first character may be next
     m_clicked = reason == Qt::MouseFocusReason ? field : nullptr;
+    m_clickedAt.reset();
 }
 
-/// The press that brings the focus drops the selection again, so the whole text is selected anew behind it,
-/// and once more at the release, unless the mouse has been drawn over a part of the text.
-void FocusPaint::followFirstClick(const QObject* object, QEvent* event)
+/// The press that brings the focus drops the selection again. The whole text is selected anew at the release,
+/// unless the mouse has been drawn over a part of it.
+void FocusPaint::followFirstClick(QObject* object, const QMouseEvent& event)
 {
     if (object != m_clicked)
         return;
-    const QPoint at = static_cast<QMouseEvent*>(event)->position().toPoint();
-    if (event->type() == QEvent::MouseButtonPress) {
-        m_clickedAt = at;
-    } else {
-        m_clicked = nullptr;
-        if ((at - m_clickedAt).manhattanLength() >= QApplication::startDragDistance())
-            return;
+    if (event.type() == QEvent::MouseButtonPress && !m_clickedAt) {
+        m_clickedAt = event.position().toPoint();
+        return;
     }
-    auto* field = const_cast<QLineEdit*>(static_cast<const QLineEdit*>(object));
+    m_clicked = nullptr;
+    if (event.type() == QEvent::MouseButtonPress)
+        return; // the release of the first went elsewhere
+    const QPoint at = event.position().toPoint();
+    const QPoint way = m_clickedAt ? at - *m_clickedAt : QPoint();
+    if (way.manhattanLength() >= QApplication::startDragDistance())
+        return;
+    auto* field = static_cast<QLineEdit*>(object);
     QTimer::singleShot(0, field, [field] {
         if (field->hasFocus())
             field->selectAll();

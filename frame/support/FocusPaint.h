@@ -1,11 +1,17 @@
-// Marks the control that has the focus: cyan; white, or the form's base colour, when it has left.
+// Marks the control that has the focus: cyan; white, or the form's base colour, when it has left. A field
+// that gets the focus, by whatever way, has its whole text selected, so that the next code overwrites the
+// last one.
 #pragma once
+
+#include <optional>
 
 #include <QColor>
 #include <QObject>
 #include <QPoint>
 #include <QSet>
 #include <QWidget>
+
+class QMouseEvent;
 
 namespace suisui {
 
@@ -28,13 +34,13 @@ protected:
 
 private:
     void enter(QWidget* widget, Qt::FocusReason reason);
-    void followFirstClick(const QObject* object, QEvent* event);
+    void followFirstClick(QObject* object, const QMouseEvent& event);
 
     QColor m_base;
     QSet<QObject*> m_exempt;
     QSet<QObject*> m_keepSelection;
-    const QObject* m_clicked = nullptr; ///< field that got the focus by a mouse button still held
-    QPoint m_clickedAt;
+    const QObject* m_clicked = nullptr; ///< field that the mouse has given the focus
+    std::optional<QPoint> m_clickedAt;  ///< where the button that did so went down
 };
 
 } // namespace suisui

@@ -1,9 +1,11 @@
 #include "frame/support/FormGate.h"
 
-#include <utility>
-
 #include <QAbstractButton>
+#include <QAbstractSlider>
 #include <QApplication>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QWindow>
 
 #include "platform/widgets/EnterKey.h"
 
@@ -25,12 +27,17 @@ void FormGate::setEnabled(bool enabled)
 
 bool FormGate::eventFilter(QObject* object, QEvent* event)
 {
+    // A press moves the focus before any widget hears of it, so it is stopped at the window itself.
+    if (object->isWindowType())
+        return !m_enabled && object == m_form->windowHandle()
+               && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick);
     if (!object->isWidgetType() || static_cast<QWidget*>(object)->window() != m_form)
         return false;
     switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
-        return filterKey(static_cast<QKeyEvent*>(event));
+    case QEvent::InputMethod:
+        return filterKey(event);
     case QEvent::ShortcutOverride:
         if (m_enabled && m_held.empty())
             return false;
@@ -49,7 +56,7 @@ bool FormGate::eventFilter(QObject* object, QEvent* event)
     }
 }
 
-bool FormGate::filterKey(QKeyEvent* event)
+bool FormGate::filterKey(QEvent* event)
 {
     if (event == m_delivering || (m_enabled && m_held.empty()))
         return false;
@@ -63,10 +70,11 @@ bool FormGate::filterPointer(QObject* object, QEvent* event) const
 {
     switch (event->type()) {
     case QEvent::MouseButtonRelease:
-        // The press came before the window was disabled: let go without a click.
+        // The press may have come before the window was disabled. A button lets go without a click; a scroll
+        // bar must hear of it, else it goes on scrolling.
         if (auto* button = qobject_cast<QAbstractButton*>(object))
             button->setDown(false);
-        return true;
+        return qobject_cast<QAbstractSlider*>(object) == nullptr;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::Wheel:
@@ -80,7 +88,6 @@ bool FormGate::filterPointer(QObject* object, QEvent* event) const
     case QEvent::TabletPress:
     case QEvent::TabletRelease:
     case QEvent::Shortcut:
-    case QEvent::InputMethod:
         return true;
     default:
         return false;
@@ -89,9 +96,12 @@ bool FormGate::filterPointer(QObject* object, QEvent* event) const
 
 /// Somebody leaning on Enter must not fill the queue with it: of its repeats one is held. Repeats of other
 /// keys count, because a reader's "00" may arrive as one key and its repeat.
-bool FormGate::leansOnEnter(const QKeyEvent& event) const
+bool FormGate::leansOnEnter(const QEvent& event) const
 {
-    const auto repeatedEnter = [](const QKeyEvent& key) { return key.isAutoRepeat() && isEnter(key); };
+    const auto repeatedEnter = [](const QEvent& held) {
+        const auto* key = dynamic_cast<const QKeyEvent*>(&held);
+        return key != nullptr && key->isAutoRepeat() && isEnter(*key);
+    };
     return repeatedEnter(event) && !m_held.empty() && repeatedEnter(*m_held.back())
            && (m_held.size() < 2 || repeatedEnter(*m_held[m_held.size() - 2]));
 }
@@ -112,15 +122,21 @@ void FormGate::deliverNext()
     // A box over the window takes its own keys; held ones wait until it is gone.
     if (!m_enabled || m_held.empty() || QApplication::activeModalWidget() != nullptr)
         return;
-    const std::unique_ptr<QKeyEvent> key = std::move(m_held.front());
+    const std::unique_ptr<QEvent> key = std::move(m_held.front());
     m_held.pop_front();
+    deliver(*key);
+    schedule();
+}
+
+void FormGate::deliver(QEvent& event)
+{
     QWidget* target = QApplication::focusWidget();
     if (target == nullptr || target->window() != m_form)
         target = m_form->focusWidget() != nullptr ? m_form->focusWidget() : m_form;
-    const QEvent* outer = std::exchange(m_delivering, key.get());
-    QCoreApplication::sendEvent(target, key.get());
-    m_delivering = outer;
-    schedule();
+    if (event.type() == QEvent::InputMethod && !target->testAttribute(Qt::WA_InputMethodEnabled))
+        return; // a code field takes no composed text
+    const QScopedValueRollback<const QEvent*> passing(m_delivering, &event);
+    QCoreApplication::sendEvent(target, &event);
 }
 
 } // namespace suisui

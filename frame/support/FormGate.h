@@ -3,15 +3,15 @@
 //
 // Keys are not lost: they are held in order and worked, one at a time and each by the widget that has the
 // focus then, when the window is enabled again. A bar-code reader that types at full speed needs just that,
-// for every key of a code field disables the window for a moment.
+// for every key of a code field disables the window for a moment. Text of an input method is held among them.
 #pragma once
 
 #include <deque>
 #include <memory>
 
-#include <QKeyEvent>
 #include <QObject>
 
+class QEvent;
 class QWidget;
 
 namespace suisui {
@@ -33,14 +33,15 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    [[nodiscard]] bool filterKey(QKeyEvent* event);
+    [[nodiscard]] bool filterKey(QEvent* event);
     [[nodiscard]] bool filterPointer(QObject* object, QEvent* event) const;
-    [[nodiscard]] bool leansOnEnter(const QKeyEvent& event) const;
+    [[nodiscard]] bool leansOnEnter(const QEvent& event) const;
     void schedule();
     void deliverNext();
+    void deliver(QEvent& event);
 
     QWidget* m_form;
-    std::deque<std::unique_ptr<QKeyEvent>> m_held;
+    std::deque<std::unique_ptr<QEvent>> m_held;
     const QEvent* m_delivering = nullptr;
     bool m_enabled = true;
     bool m_scheduled = false;

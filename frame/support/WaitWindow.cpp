@@ -1,6 +1,7 @@
 #include "frame/support/WaitWindow.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QScreen>
 
 namespace suisui {
@@ -27,16 +28,16 @@ WaitWindow::WaitWindow()
 
 WaitWindow::~WaitWindow()
 {
-    if (m_hourglass)
+    if (m_loaded)
         QGuiApplication::restoreOverrideCursor();
 }
 
 void WaitWindow::open()
 {
     m_endMark = false;
-    if (!m_hourglass)
+    if (!m_loaded)
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    m_hourglass = true;
+    m_loaded = true;
     adjustSize();
     const QWidget* main = QApplication::activeWindow();
     const QRect around =
@@ -49,13 +50,17 @@ void WaitWindow::open()
 void WaitWindow::unload()
 {
     m_timer1.stop();
-    if (m_hourglass)
-        QGuiApplication::restoreOverrideCursor();
-    m_hourglass = false;
-    if (isVisible()) {
-        hide();
-        closed();
-    }
+    if (!m_loaded)
+        return;
+    m_loaded = false;
+    QGuiApplication::restoreOverrideCursor();
+    hide();
+    closed();
+}
+
+void WaitWindow::closeEvent(QCloseEvent* event)
+{
+    event->setAccepted(!m_loaded);
 }
 
 } // namespace suisui

@@ -27,11 +27,13 @@ protected:
     virtual void tick() {}
     /// The window has closed.
     virtual void closed() {}
+    /// Only the work's end closes the window; a window manager does not.
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     QTimer m_timer1;
     bool m_endMark = false;
-    bool m_hourglass = false;
+    bool m_loaded = false; ///< showing, with the hourglass
 };
 
 } // namespace suisui

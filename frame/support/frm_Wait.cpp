@@ -1,5 +1,7 @@
 #include "frame/support/frm_Wait.h"
 
+#include <algorithm>
+
 #include "platform/core/DoEvents.h"
 #include "ui_frm_Wait.h"
 
@@ -14,8 +16,8 @@ constexpr struct
     int steps;
 } fixedMaxima[] = {{u"履歴保存", 14}, {u"履歴読込", 11}};
 
-constexpr qint64 paintEveryMs = 50;
-constexpr int lookAtClockEvery = 64; // rows; even a look at the clock adds up over a hundred thousand
+constexpr qint64 paintEveryMs = 40;
+constexpr int fewSteps = 64; // so few that each may be seen
 
 } // namespace
 
@@ -34,8 +36,9 @@ void frm_Wait::load(const QString& waitTag, int maximum)
         if (fixed.waitTag == waitTag)
             steps = fixed.steps;
     m_value = 0;
-    m_ui->PrgBar->setRange(0, steps);
+    m_ui->PrgBar->setRange(0, std::max(steps, 1)); // a range of nothing would show as a bar without an end
     m_ui->PrgBar->setValue(0);
+    paintLabel(false);
     m_sincePaint.start();
     open();
 }
@@ -48,10 +51,8 @@ int frm_Wait::maximum() const
 void frm_Wait::setProgress(int value)
 {
     m_value = value;
-    const bool fewSteps = maximum() < lookAtClockEvery;
-    if (!fewSteps && value % lookAtClockEvery != 0 && value != maximum())
-        return;
-    if (!fewSteps && m_sincePaint.elapsed() < paintEveryMs && value != maximum())
+    const bool seen = maximum() < fewSteps || value == maximum() || m_sincePaint.hasExpired(paintEveryMs);
+    if (!seen)
         return;
     m_sincePaint.restart();
     m_ui->PrgBar->setValue(value);
@@ -60,9 +61,14 @@ void frm_Wait::setProgress(int value)
 
 void frm_Wait::tick()
 {
-    m_blue = !m_blue;
+    paintLabel(!m_blue);
+}
+
+void frm_Wait::paintLabel(bool blue)
+{
+    m_blue = blue;
     QPalette palette = m_ui->lblWait->palette();
-    palette.setColor(QPalette::WindowText, m_blue ? QColor(0, 0, 255) : QColor(Qt::black));
+    palette.setColor(QPalette::WindowText, blue ? QColor(0, 0, 255) : QColor(Qt::black));
     m_ui->lblWait->setPalette(palette);
 }
 

@@ -37,6 +37,8 @@ protected:
     void closed() override;
 
 private:
+    void paintLabel(bool blue);
+
     std::unique_ptr<Ui::frm_Wait> m_ui;
     QString m_waitTag;
     QElapsedTimer m_sincePaint;
