@@ -20,7 +20,7 @@ QString existingPlace(QStandardPaths::StandardLocation location)
 
 } // namespace
 
-AppEnv::AppEnv(QString baseFolder) : m_baseFolder(std::move(baseFolder)) {}
+AppEnv::AppEnv(const QString& baseFolder) : m_baseFolder(QDir::cleanPath(baseFolder)) {}
 
 QString AppEnv::MyDocFolder() const
 {

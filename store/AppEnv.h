@@ -23,7 +23,7 @@ class AppEnv
 {
 public:
     /// \a baseFolder: see programFolder.
-    explicit AppEnv(QString baseFolder);
+    explicit AppEnv(const QString& baseFolder);
 
     /// The program folder, no trailing separator.
     [[nodiscard]] QString BaseFolder() const { return m_baseFolder; }

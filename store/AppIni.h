@@ -32,7 +32,7 @@ public:
     [[nodiscard]] QString LastBackupFolder() const;
     bool setLastHistoryTo(const QString& date);
 
-    /// Names of the label settings, in the order in which the label dialog reads and writes them.
+    /// Names of the label settings, in the order in which the label dialog stores them after a print.
     [[nodiscard]] static const QStringList& labelSettingNames();
     /// A setting of the label dialog for the source \a mode; empty when nothing is stored.
     [[nodiscard]] QString labelSetting(int mode, const QString& name) const;

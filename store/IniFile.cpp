@@ -8,7 +8,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QStringDecoder>
 
 #include "platform/core/CodePage.h"
 
@@ -42,13 +41,24 @@ QString quotedIfNeeded(const QString& value)
     return looksQuoted || stripped(value) != value ? u'"' + value + u'"' : value;
 }
 
+/// A file is in the encoding that most of its Japanese lines are in, so that one damaged character does not
+/// garble the rest. What is no text in it becomes U+FFFD.
 QString decoded(QByteArray bytes)
 {
+    bytes.replace('\0', QByteArray()); // a power cut may leave blocks of zeros
     if (bytes.startsWith("\xEF\xBB\xBF"))
         bytes.remove(0, 3);
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    QString text = utf8(bytes);
-    return utf8.hasError() ? QString::fromStdString(fromCp932(bytes.toStdString())) : text;
+    if (bytes.isValidUtf8())
+        return QString::fromUtf8(bytes);
+    int good = 0;
+    int bad = 0;
+    for (const QByteArray& line : bytes.split('\n')) {
+        if (!line.isValidUtf8())
+            ++bad;
+        else if (std::any_of(line.begin(), line.end(), [](char c) { return (c & 0x80) != 0; }))
+            ++good;
+    }
+    return good >= bad ? QString::fromUtf8(bytes) : QString::fromStdString(fromCp932(bytes.toStdString()));
 }
 
 /// A rename is on the disk only when its folder is.
@@ -68,13 +78,18 @@ bool same(QStringView a, QStringView b)
 
 } // namespace
 
-void IniFile::load(const QString& path)
+bool IniFile::load(const QString& path)
 {
     m_path = path;
     m_lines.clear();
     QFile file(path);
-    if (file.open(QIODevice::ReadOnly))
-        parse(decoded(file.readAll()));
+    if (!file.open(QIODevice::ReadOnly))
+        return !QFileInfo(path).isSymLink() && !file.exists();
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return false;
+    parse(decoded(bytes));
+    return true;
 }
 
 void IniFile::parse(QStringView text)
@@ -86,11 +101,15 @@ void IniFile::parse(QStringView text)
         if (line.endsWith(u'\r'))
             line.chop(1);
         const QStringView content = stripped(line);
-        const qsizetype equals = content.indexOf(u'=');
-        if (content.startsWith(u'[') && content.endsWith(u']'))
-            section = stripped(content.sliced(1, content.size() - 2)).toString();
+        const bool heading = content.startsWith(u'[');
+        // What stands under a damaged heading belongs to no section, least of all to the one before.
+        if (heading)
+            section =
+                stripped(content.sliced(1, std::max<qsizetype>(content.indexOf(u']'), 1) - 1)).toString();
         Line parsed{line.toString(), section, {}, {}};
-        if (!content.startsWith(u';') && !content.startsWith(u'[') && equals > 0) {
+        const qsizetype equals = content.indexOf(u'=');
+        if (!heading && !content.startsWith(u';') && equals > 0
+            && !content.contains(QChar::ReplacementCharacter)) {
             parsed.key = stripped(content.first(equals)).toString();
             parsed.value = unquoted(stripped(content.sliced(equals + 1)));
         }
@@ -118,7 +137,8 @@ bool IniFile::setValues(const QString& section, const std::vector<std::pair<QStr
     if (m_path.isEmpty())
         return false;
     IniFile now; // the master-data program may have written since this was read
-    now.load(m_path);
+    if (!now.load(m_path))
+        return false; // what cannot be read must not be replaced by one value
     for (const auto& [key, value] : values)
         now.put(section, key, value);
     if (!save(now.m_lines))
@@ -130,7 +150,7 @@ bool IniFile::setValues(const QString& section, const std::vector<std::pair<QStr
 void IniFile::put(const QString& section, const QString& key, const QString& value)
 {
     QString oneLine = value;
-    oneLine.remove(u'\n').remove(u'\r');
+    oneLine.remove(u'\n').remove(u'\r').remove(QChar(u'\0'));
     const Line line{key + u'=' + quotedIfNeeded(oneLine), section, key, oneLine};
     const auto at = std::find_if(m_lines.begin(), m_lines.end(), [&](const Line& each) {
         return same(each.section, section) && same(each.key, key);
@@ -157,6 +177,9 @@ bool IniFile::save(const std::vector<Line>& lines) const
         return false;
     for (const Line& line : lines)
         file.write((line.text + u"\r\n"_s).toUtf8());
+    // Whether the disk has taken it is asked here: the class itself does not mind when it has not.
+    if (!file.flush() || ::fsync(file.handle()) != 0)
+        file.cancelWriting();
     if (!file.commit())
         return false;
     syncFolder(QFileInfo(m_path).absolutePath());

@@ -1,5 +1,6 @@
 // A plain initialisation file: sections, keys, values, comments. Read tolerantly (UTF-8, else code page 932;
-// a damaged line is skipped), written atomically: a power cut leaves the old file or the new one.
+// a damaged line is skipped), written in UTF-8 and atomically: a power cut leaves the old file or the new
+// one.
 #pragma once
 
 #include <optional>
@@ -13,8 +14,8 @@ namespace suisui {
 class IniFile
 {
 public:
-    /// Reads \a path; a file that is missing or cannot be read is empty.
-    void load(const QString& path);
+    /// Reads \a path. A file that is missing or cannot be read is empty; false only for the latter.
+    bool load(const QString& path);
     /// Takes \a text as the content, with no file behind it.
     void parse(QStringView text);
 
@@ -22,8 +23,8 @@ public:
     /// around a value are dropped unless it stands in double quotes; full-width blanks stay.
     [[nodiscard]] std::optional<QString> value(QStringView section, QStringView key) const;
 
-    /// Sets a value and replaces the file. False when it could not be written; the file is then as it was.
-    /// What another program has written meanwhile is kept.
+    /// Sets a value and replaces the file. False when it could not be written; file and object are then as
+    /// they were. What another program has written meanwhile is kept, and so are comments and the order.
     bool setValue(const QString& section, const QString& key, const QString& value);
     /// Several values of one section in one replacement of the file.
     bool setValues(const QString& section, const std::vector<std::pair<QString, QString>>& values);

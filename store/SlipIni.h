@@ -18,7 +18,14 @@ public:
 
     void setIniFolder(const QString& folder) { m_file.load(folder + QStringLiteral("/SlipIni.ini")); }
 
-    void setCustomerCode(const QString& code) { m_customerCode = code; }
+    /// Begins a hand-over: what the slip before had of its customer is gone, so that a customer who is no
+    /// longer in the master data gets nobody else's name.
+    void setCustomerCode(const QString& code)
+    {
+        m_customerCode = code;
+        m_customerName.clear();
+        m_details.fill({});
+    }
     void setCustomerName(const QString& name) { m_customerName = name; }
     /// \a detail counts from 0.
     void setCustomerDetail(int detail, const QString& text)

@@ -20,10 +20,14 @@ namespace suisui {
     return where;
 }
 
-/// Whether a scanned or typed text can be a code at all. One that holds a quote is never registered.
+/// Whether a scanned or typed text can be a code at all. One that holds a quote or a control character is never
+/// registered.
 [[nodiscard]] inline bool canBeCode(std::string_view text)
 {
-    return !text.empty() && text.find('\'') == std::string_view::npos;
+    for (const char c : text)
+        if (c == '\'' || static_cast<unsigned char>(c) < ' ' || c == '\x7F')
+            return false;
+    return !text.empty();
 }
 
 } // namespace suisui
