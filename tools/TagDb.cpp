@@ -183,6 +183,7 @@ ToolStatus exportTable(const std::string& base, std::string_view name, const std
     std::string text = csvRecord({table->columns.begin(), table->columns.end()});
     for (int row = 1; row <= rows.Count(); ++row) {
         std::vector<std::string_view> fields;
+        fields.reserve(table->columns.size());
         for (int column = 0; column < table->columnCount(); ++column)
             fields.push_back(rows.get(row, column));
         text += csvRecord(fields);
