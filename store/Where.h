@@ -20,8 +20,8 @@ namespace suisui {
     return where;
 }
 
-/// Whether a scanned or typed text can be a code at all. One that holds a quote or a control character is never
-/// registered.
+/// Whether a scanned or typed text can be a code at all. One that holds a quote or a control character is
+/// never registered.
 [[nodiscard]] inline bool canBeCode(std::string_view text)
 {
     for (const char c : text)

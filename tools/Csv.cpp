@@ -101,8 +101,8 @@ std::string csvRecord(const std::vector<std::string_view>& fields)
         if (i > 0)
             record += ',';
         // An empty only field would be a blank line.
-        const bool quoted =
-            fields[i].find_first_of(",\"\r\n") != std::string_view::npos || (fields.size() == 1 && fields[i].empty());
+        const bool quoted = fields[i].find_first_of(",\"\r\n") != std::string_view::npos
+                            || (fields.size() == 1 && fields[i].empty());
         if (!quoted) {
             record += fields[i];
             continue;

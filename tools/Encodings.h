@@ -1,5 +1,6 @@
 // How the texts of each column are written: dates of eight digits, time stamps of fourteen, movement numbers
-// with their zeros, and so on. One table, by which a shop's books are checked and imported records are let in.
+// with their zeros, and so on. One table, by which a shop's books are checked and imported records are let
+// in.
 #pragma once
 
 #include <string_view>
