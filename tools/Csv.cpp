@@ -1,96 +1,69 @@
 #include "tools/Csv.h"
 
-#include <algorithm>
-
 namespace suisui {
 
-std::string textOf(const CsvPlace& place)
+void CsvReader::fault(const std::string& what)
 {
-    return "line " + std::to_string(place.line) + ", column " + std::to_string(place.column);
-}
-
-CsvPlace CsvReader::place() const
-{
-    const std::string_view before = m_text.substr(m_lineStart, m_at - m_lineStart);
-    const auto characters = std::count_if(before.begin(), before.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; // UTF-8: not inside a character
-    });
-    return {m_line, static_cast<int>(characters) + 1};
-}
-
-void CsvReader::fault(const CsvPlace& where, const std::string& what)
-{
-    m_error = textOf(where) + ": " + what;
-}
-
-bool CsvReader::atLineEnd() const
-{
-    const std::string_view rest = m_text.substr(m_at);
-    return rest.starts_with('\n') || rest.starts_with("\r\n");
-}
-
-void CsvReader::passLineEnd()
-{
-    m_at = m_text.find('\n', m_at) + 1;
-    m_lineStart = m_at;
-    ++m_line;
+    m_error =
+        "line " + std::to_string(m_line) + ", column " + std::to_string(m_at - m_lineStart + 1) + ": " + what;
 }
 
 std::optional<std::string> CsvReader::quotedField()
 {
-    const CsvPlace begin = place();
-    std::string text;
+    std::string field;
     ++m_at;
     while (m_at < m_text.size()) {
-        const char c = m_text[m_at++];
+        const char c = m_text[m_at];
         if (c == '"') {
-            if (m_at >= m_text.size() || m_text[m_at] != '"')
-                return text;
+            if (m_at + 1 >= m_text.size() || m_text[m_at + 1] != '"') {
+                ++m_at;
+                return field;
+            }
             ++m_at;
         } else if (c == '\n') {
             ++m_line;
-            m_lineStart = m_at;
+            m_lineStart = m_at + 1;
         }
-        text += c;
+        field += c;
+        ++m_at;
     }
-    fault(begin, "a quoted field has no end");
+    fault("a quoted field has no end");
     return std::nullopt;
 }
 
-std::optional<std::string> CsvReader::field()
+std::optional<std::vector<std::string>> CsvReader::next()
 {
-    if (m_at < m_text.size() && m_text[m_at] == '"')
-        return quotedField();
-    const std::size_t end = std::min(m_text.find_first_of(",\r\n\"", m_at), m_text.size());
-    std::string text(m_text.substr(m_at, end - m_at));
-    m_at = end;
-    return text;
-}
-
-std::optional<std::vector<CsvField>> CsvReader::next()
-{
-    while (m_error.empty() && m_at < m_text.size() && atLineEnd())
-        passLineEnd();
-    if (!m_error.empty() || m_at >= m_text.size())
+    if (m_at >= m_text.size() || !m_error.empty())
         return std::nullopt;
-    std::vector<CsvField> fields;
+    m_recordLine = m_line;
+    std::vector<std::string> fields;
     while (true) {
-        const CsvPlace begin = place();
-        auto text = field();
-        if (!text)
-            return std::nullopt;
-        fields.push_back({std::move(*text), begin});
+        if (m_at < m_text.size() && m_text[m_at] == '"') {
+            auto field = quotedField();
+            if (!field)
+                return std::nullopt;
+            fields.push_back(std::move(*field));
+        } else {
+            const std::size_t end = std::min(m_text.find_first_of(",\r\n\"", m_at), m_text.size());
+            fields.emplace_back(m_text.substr(m_at, end - m_at));
+            m_at = end;
+        }
         if (m_at >= m_text.size())
             return fields;
-        if (atLineEnd()) {
-            passLineEnd();
-            return fields;
+        if (m_text[m_at] == ',') {
+            ++m_at;
+            continue;
         }
-        if (m_text[m_at] != ',') {
-            fault(place(), "a field ends with something else than a comma or the end of the line");
+        if (m_text[m_at] == '\r' && m_at + 1 < m_text.size() && m_text[m_at + 1] == '\n')
+            ++m_at;
+        if (m_text[m_at] != '\n') {
+            fault("a field ends with something else than a comma or the end of the line");
             return std::nullopt;
         }
         ++m_at;
+        ++m_line;
+        m_lineStart = m_at;
+        return fields;
     }
 }
 
@@ -100,10 +73,7 @@ std::string csvRecord(const std::vector<std::string_view>& fields)
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (i > 0)
             record += ',';
-        // An empty only field would be a blank line.
-        const bool quoted = fields[i].find_first_of(",\"\r\n") != std::string_view::npos
-                            || (fields.size() == 1 && fields[i].empty());
-        if (!quoted) {
+        if (fields[i].find_first_of(",\"\r\n") == std::string_view::npos) {
             record += fields[i];
             continue;
         }
