@@ -31,6 +31,8 @@ public:
 
     /// Interval 0: the dialog reads no more.
     void stop() { m_timer1.stop(); }
+    /// Reads again, as before.
+    void start() { m_timer1.start(); }
 
 private:
     QTimer m_timer1;
