@@ -16,6 +16,8 @@ namespace suisui::test {
 
 namespace {
 
+using Rows = std::vector<LabelledRow>;
+
 const QSize a4At300(2480, 3508);
 
 struct Preview
@@ -55,7 +57,7 @@ bool isRed(QRgb pixel)
 
 TEST(PagePicture, isReadByAReader_andLeavesTheMarksOfTheGrid)
 {
-    Preview preview({{"4901234567894", "1"}, {"4901777018888", "2"}});
+    Preview preview(Rows{{"4901234567894", "1"}, {"4901777018888", "2"}});
     const PagePicture page = preview.draw(1, 3, a4At300);
     EXPECT_EQ(readBarCodes(page.image), "4901234567894 4901777018888");
     EXPECT_EQ(page.worst, BarFit::Good);
@@ -65,13 +67,13 @@ TEST(PagePicture, isReadByAReader_andLeavesTheMarksOfTheGrid)
 
 TEST(PagePicture, showsThePageThatIsAskedFor)
 {
-    Preview preview({{"4901234567894", "44"}, {"4901777018888", "2"}});
+    Preview preview(Rows{{"4901234567894", "44"}, {"4901777018888", "2"}});
     EXPECT_EQ(readBarCodes(preview.draw(2, 3, a4At300).image), "4901777018888");
 }
 
 TEST(PagePicture, aCodeThatIsWiderThanItsLabel_isRed)
 {
-    Preview preview({{"4901234567894", "1"}, {"ABCDEFGHIJKLMNOP", "1"}});
+    Preview preview(Rows{{"4901234567894", "1"}, {"ABCDEFGHIJKLMNOP", "1"}});
     const PagePicture page = preview.draw();
     EXPECT_EQ(page.worst, BarFit::TooWide);
     EXPECT_EQ(page.codes, QStringList{u"ABCDEFGHIJKLMNOP"_s});
@@ -81,7 +83,7 @@ TEST(PagePicture, aCodeThatIsWiderThanItsLabel_isRed)
 
 TEST(PagePicture, aQuietZoneThatCannotBeKept_isWarnedOf)
 {
-    Preview preview({{"4901234567894"}});
+    Preview preview(Rows{{"4901234567894"}});
     preview.job.grid.width = 32; // bars of 31.2 mm
     EXPECT_EQ(preview.draw().worst, BarFit::NoQuietZone);
     preview.job.grid.width = 34;
@@ -92,7 +94,7 @@ TEST(PagePicture, aQuietZoneThatCannotBeKept_isWarnedOf)
 
 TEST(PagePicture, barsBeyondThePaper_withoutHeight_orHigherThanTheirLabel_areRed)
 {
-    Preview preview({{"4901234567894"}});
+    Preview preview(Rows{{"4901234567894"}});
     preview.job.grid.start.x = 190;
     EXPECT_EQ(preview.draw().worst, BarFit::TooWide);
     preview.job.grid.start.x = -5;
@@ -109,7 +111,7 @@ TEST(PagePicture, barsBeyondThePaper_withoutHeight_orHigherThanTheirLabel_areRed
 
 TEST(PagePicture, aCodeInJapanese_isCrossedOut)
 {
-    Preview preview({{"鉛筆", "1"}, {"A1", "1"}});
+    Preview preview(Rows{{"鉛筆", "1"}, {"A1", "1"}});
     const PagePicture page = preview.draw();
     EXPECT_EQ(page.worst, BarFit::NotCarried);
     EXPECT_EQ(page.codes, QStringList{u"鉛筆"_s});
@@ -118,7 +120,7 @@ TEST(PagePicture, aCodeInJapanese_isCrossedOut)
 
 TEST(PagePicture, functionCodesThatRunIntoTheLabels_areRed)
 {
-    Preview preview({{"4901234567894", "12"}});
+    Preview preview(Rows{{"4901234567894", "12"}});
     preview.job.grid = {.columns = 2, .rows = 6, .start = {30, 30}, .width = 88, .height = 42};
     preview.job.screenCodes = {true, {5, 208}};
     EXPECT_EQ(preview.draw().worst, BarFit::TooWide) << "the last row of labels stands there";
@@ -129,7 +131,7 @@ TEST(PagePicture, functionCodesThatRunIntoTheLabels_areRed)
 
 TEST(PagePicture, aQuantityThatIsNoNumber_isTold_andThePictureStands)
 {
-    Preview preview({{"A1", "1"}, {"B1", "many"}});
+    Preview preview(Rows{{"A1", "1"}, {"B1", "many"}});
     const PagePicture page = preview.draw();
     EXPECT_TRUE(page.badNumber);
     EXPECT_FALSE(page.image.isNull());
@@ -137,7 +139,7 @@ TEST(PagePicture, aQuantityThatIsNoNumber_isTold_andThePictureStands)
 
 TEST(PagePicture, theDialog_warnsInWords_andTakesTheWarningBack)
 {
-    LabelDialogDesk desk({{"ABCDEFGHIJKLMNOP", "1"}, {"鉛筆", "1"}});
+    LabelDialogDesk desk(Rows{{"ABCDEFGHIJKLMNOP", "1"}, {"鉛筆", "1"}});
     desk.open();
     const auto* warning = desk.find<QLabel>("lblWarning");
     EXPECT_TRUE(eventually([&] { return warning->text() == u"バーコードにできない文字です。\n鉛筆"_s; }));
@@ -151,7 +153,7 @@ TEST(PagePicture, theDialog_warnsInWords_andTakesTheWarningBack)
 
 TEST(PagePicture, theDialog_leafsThroughThePages)
 {
-    LabelDialogDesk desk({{"A", "30"}});
+    LabelDialogDesk desk(Rows{{"A", "30"}});
     desk.open();
     const auto* shown = desk.find<QLabel>("lblShown");
     ASSERT_TRUE(eventually([&] { return shown->text() == u"1 / 3 ページ"_s; }));
