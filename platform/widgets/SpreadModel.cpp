@@ -208,6 +208,38 @@ void SpreadModel::remove(int row, int count)
     }
 }
 
+void SpreadModel::insertAt(std::span<const int> places)
+{
+    std::vector<Row> all;
+    all.reserve(m_rows.size() + places.size());
+    auto place = places.begin();
+    for (int row = 1; row <= rows() + 1; ++row) {
+        for (; place != places.end() && *place <= row; ++place) {
+            all.emplace_back();
+            all.back().texts = m_empty;
+        }
+        if (row <= rows())
+            all.push_back(std::move(m_rows[static_cast<std::size_t>(row - 1)]));
+    }
+    m_rows = std::move(all);
+}
+
+void SpreadModel::removeWhere(const std::function<bool(int row)>& gone)
+{
+    std::vector<bool> leaves(m_rows.size());
+    for (int row = 1; row <= rows(); ++row) // asked before any row moves
+        leaves[static_cast<std::size_t>(row - 1)] = gone(row);
+    std::size_t kept = 0;
+    for (std::size_t at = 0; at < m_rows.size(); ++at) {
+        if (leaves[at])
+            continue;
+        if (kept != at)
+            m_rows[kept] = std::move(m_rows[at]);
+        ++kept;
+    }
+    m_rows.resize(kept);
+}
+
 void SpreadModel::sort(std::span<const vaSpread::SortKey> keys)
 {
     // Figures are read once, not at each comparison.
