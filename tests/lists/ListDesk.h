@@ -112,6 +112,11 @@ struct ListDesk
         page->barCode_KeyPress(key);
     }
     void search() const { page->cmdKensaku_Click(); }
+    /// The operator moves the cursor to a cell.
+    void goTo(int col, int row) const
+    {
+        page->grid()->setCurrentIndex(page->grid()->model()->index(row - 1, col - 1));
+    }
     void clickHeading(int col) const { Q_EMIT grid().HeadingClick(col); }
 
     /// The control whose name carries the letter of the side in place of the X.
