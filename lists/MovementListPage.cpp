@@ -1,5 +1,7 @@
 #include "lists/MovementListPage.h"
 
+#include <utility>
+
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
 #include "lists/ListHeadings.h"
@@ -63,6 +65,10 @@ void MovementListPage::wire()
     enterMovesOn(*m_ui->cmbXLTantou, *m_ui->cmdXLKensaku);
     connect(m_ui->cmdXLKensaku, &QPushButton::clicked, this, &MovementListPage::cmdKensaku_Click);
     connect(grid(), &vaSpread::HeadingClick, this, &MovementListPage::headingClick);
+    if (m_side.printsSlips)
+        connect(m_ui->cmdPrintRptExe, &QPushButton::clicked, this, &MovementListPage::cmdPrintRptExe_Click);
+    else
+        delete std::exchange(m_ui->cmdPrintRptExe, nullptr);
 }
 
 QLineEdit* MovementListPage::barCodeField()

@@ -48,6 +48,12 @@ public:
     [[nodiscard]] QComboBox* staffChoice();
     [[nodiscard]] QWidget* searchButton();
 
+    /// Where slips go: the settings that the slip program reads, and the folder in which it stands and finds
+    /// its file. Only for the side that prints slips.
+    void setSlipPlace(SlipIni& ini, const QString& exeFolder);
+    /// Hands the shown list to the slip program.
+    void cmdPrintRptExe_Click();
+
 private:
     void nameControls();
     void wire();
@@ -66,6 +72,13 @@ private:
     /// NyuSumFill, SyuSumFill.
     void sumFill(int count);
 
+    // MovementListSlip.cpp
+    /// Keeps whom the list is for and by whom it was made, as they are at the search.
+    void rememberSlip(const ListFilter& filter);
+    void printSlip();
+    [[nodiscard]] bool handOverSlip();
+    void slipBox(const QString& text);
+
     void headingClick(int col);
     void sort(ListView view, int col);
 
@@ -77,6 +90,10 @@ private:
     ChoiceList m_partners;
     ChoiceList m_staff;
     std::string m_chosenCode;
+    std::string m_slipPartner; ///< code; empty when the list is for all of them
+    QString m_slipPerson;
+    SlipIni* m_slipIni = nullptr;
+    QString m_exeFolder;
     bool m_searching = false;
 };
 

@@ -77,7 +77,8 @@ void MovementListPage::listLoad()
     AppDB& db = m_services.db;
     const ListView view = m_ui->chkXLSum->isChecked() ? ListView::Summed : ListView::Detail;
     const ListBuffer& buffer = view == ListView::Summed ? m_side.summed : m_side.detail;
-    const int count = buffer.select(db, whereText(m_side, filter()), std::string(buffer.order));
+    const ListFilter conditions = filter();
+    const int count = buffer.select(db, whereText(m_side, conditions), std::string(buffer.order));
     if (count <= 0) {
         emptyGrid();
         return;
@@ -90,6 +91,7 @@ void MovementListPage::listLoad()
         count > rowsWithoutAsking || (view == ListView::Detail && count > rowsWithoutWaitWindow);
     if (waits)
         m_services.frame.showWait(QString::fromUtf16(buffer.waitTag), count);
+    rememberSlip(conditions);
     const ReDrawOff noRedraw(*grid());
     if (view == ListView::Summed)
         sumFill(count);
