@@ -75,6 +75,11 @@ public:
     /// A row that is made of \a source when somebody first looks at it. So a hundred thousand rows cost
     /// little more than their number until they are seen.
     void setRowSource(int row, const PackedRow& source, int number);
+    /// The number that \a row was given with, as long as nobody has looked at the row; 0 afterwards. Whoever
+    /// needs only the number of many rows does not make them all.
+    [[nodiscard]] int pendingNumber(int row) const;
+    /// Gives a row that nobody has looked at yet another number.
+    void renumberPending(int row, int number);
 
     /// Puts \a count empty rows in front of \a row; the rows below move down and keep their colours, and the
     /// cursor stays with its row.
@@ -136,8 +141,16 @@ Q_SIGNALS:
     void HeadingClick(int col);
 
 protected:
+    bool event(QEvent* event) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void keyboardSearch(const QString& search) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
     friend class SpreadDelegate;
@@ -149,6 +162,11 @@ private:
     void toggleCheck(const QModelIndex& index);
     void copySelection() const;
     void showCursor();
+    void cutCursor();
+    void followInputMethod();
+    [[nodiscard]] bool tabToCell(bool forward);
+    void tabOutOfEditor(bool forward);
+    void blankWhileOff();
     void focusMoved(const QWidget* now);
 
     SpreadModel* m_model;
@@ -156,7 +174,9 @@ private:
     KeyPressHandler m_keyPress;
     int m_activeCol = 0;
     int m_activeRow = 0;
+    const QKeyEvent* m_offered = nullptr; ///< the key that the handler has seen already
     bool m_quietCursor = false;
+    bool m_cursorSet = false; ///< the program has moved the cursor since redraw went off
     bool m_hasFocus = false;
 };
 
