@@ -52,6 +52,7 @@ bool writeSlipFile(const QString& path, const std::string& text)
     file.setDirectWriteFallback(false);
     return file.open(QIODevice::WriteOnly)
            && file.write(bytes.data(), static_cast<qint64>(bytes.size())) == static_cast<qint64>(bytes.size())
+           && file.flush() // commit alone overlooks a full disk
            && file.commit();
 }
 
