@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <span>
@@ -54,6 +55,9 @@ public:
     void setRows(int count);
     void insert(int row, int count);
     void remove(int row, int count);
+    /// Many at once, for a view that is told afterwards: redraw must be off.
+    void insertAt(std::span<const int> rows);
+    void removeWhere(const std::function<bool(int row)>& gone);
     void sort(std::span<const vaSpread::SortKey> keys);
 
     void setRedraw(bool on);

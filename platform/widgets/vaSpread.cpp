@@ -158,6 +158,32 @@ void vaSpread::DeleteRows(int row, int count)
     showCursor();
 }
 
+void vaSpread::InsertRowsAt(std::span<const int> rows)
+{
+    const bool shown = ReDraw();
+    setReDraw(false);
+    m_activeRow += static_cast<int>(
+        std::count_if(rows.begin(), rows.end(), [this](int row) { return row <= m_activeRow; }));
+    m_model->insertAt(rows);
+    setReDraw(shown);
+}
+
+void vaSpread::DeleteRowsWhere(const std::function<bool(int row)>& gone)
+{
+    const bool shown = ReDraw();
+    setReDraw(false);
+    int above = 0;
+    bool cursorGoes = false;
+    m_model->removeWhere([&](int row) {
+        const bool leaves = gone(row);
+        above += leaves && row < m_activeRow ? 1 : 0;
+        cursorGoes |= leaves && row == m_activeRow;
+        return leaves;
+    });
+    m_activeRow = cursorGoes ? 0 : m_activeRow - above;
+    setReDraw(shown);
+}
+
 void vaSpread::setReDraw(bool on)
 {
     if (on == ReDraw())

@@ -85,6 +85,11 @@ public:
     /// cursor stays with its row.
     void InsertRows(int row, int count = 1);
     void DeleteRows(int row, int count = 1);
+    /// Puts an empty row in front of each of \a rows, which rise and may repeat; MaxRows() + 1 is the end.
+    /// The numbers are those before the call. One pass over the grid, however many rows there are.
+    void InsertRowsAt(std::span<const int> rows);
+    /// Takes out every row that \a gone says so of, in one pass. The cursor of a row that goes is gone too.
+    void DeleteRowsWhere(const std::function<bool(int row)>& gone);
 
     /// While redraw is off nothing is painted and no view is updated; switching it on shows everything
     /// at once.
