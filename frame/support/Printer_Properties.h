@@ -105,7 +105,7 @@ public:
     /// The box of the label in its back colour.
     void PrintBack(const FormLabel& label) const;
     /// The text of the label. Not \a transparent: with the back colour behind the characters. A left-aligned
-    /// text that is wider than its box is drawn narrower, down to half, so that it stays in it.
+    /// text that is wider than its box is drawn narrower, so that it stays in it.
     void PrintLabel(const FormLabel& label, bool transparent) const;
 
     /// A text for half-width cells throughout: its first character has a code from 32 to 122.
