@@ -62,6 +62,17 @@ std::unique_ptr<QPrinter> copyOf(const QPrinter& from)
     return to;
 }
 
+/// What cannot be printed at the left and at the top of a page, in points. The library tells the margins of
+/// the sheet as it is fed, upright. A page laid crosswise goes onto it turned to the left, as print servers
+/// do it: its left edge comes to the bottom of the sheet and its top to the left.
+QPointF cornerMargins(QPageLayout layout)
+{
+    layout.setUnits(QPageLayout::Point);
+    const QMarginsF sheet = layout.minimumMargins();
+    return layout.orientation() == QPageLayout::Landscape ? QPointF(sheet.bottom(), sheet.left())
+                                                          : QPointF(sheet.left(), sheet.top());
+}
+
 /// \a name as the name of a file that is not there yet.
 QString freeFile(const QDir& folder, QString name)
 {
@@ -110,7 +121,8 @@ bool Printer::choose(QWidget* parent)
     candidate->setCopyCount(1);
     candidate->setFullPage(true);
     if (candidate->outputFormat() == QPrinter::NativeFormat)
-        candidate->setResolution(workingResolution(candidate->supportedResolutions()));
+        candidate->setResolution(
+            workingResolution(QPrinterInfo::printerInfo(candidate->printerName()).supportedResolutions()));
     m_printer = std::move(candidate);
     return true;
 }
@@ -131,16 +143,15 @@ void Printer::proposeFile(QPrinter& printer) const
 
 PrinterGeometry Printer::geometry() const
 {
-    QPageLayout layout = m_printer->pageLayout();
-    layout.setUnits(QPageLayout::Point);
-    const QMarginsF margins = layout.minimumMargins();
+    const QPageLayout layout = m_printer->pageLayout();
+    const QPointF margins = cornerMargins(layout);
     const QRect paper = layout.fullRectPixels(m_printer->resolution());
     const double dpiX = m_printer->logicalDpiX();
     const double dpiY = m_printer->logicalDpiY();
     return {.dpiX = dpiX,
             .dpiY = dpiY,
-            .offsetX = static_cast<double>(qRound(margins.left() * dpiX / pointsPerInch)),
-            .offsetY = static_cast<double>(qRound(margins.top() * dpiY / pointsPerInch)),
+            .offsetX = static_cast<double>(qRound(margins.x() * dpiX / pointsPerInch)),
+            .offsetY = static_cast<double>(qRound(margins.y() * dpiY / pointsPerInch)),
             .width = static_cast<double>(paper.width()),
             .height = static_cast<double>(paper.height())};
 }
