@@ -53,7 +53,9 @@ AppDB::AppDB(std::string databaseFolder, ErrorSink showError)
     : m_databaseFolder(std::move(databaseFolder)), m_showError(std::move(showError)),
       m_inpTbl(*this, inpTable), m_outTbl(*this, outTable), m_masterTbl(*this, masterTable),
       m_kokyakuAll(*this, kokyakuTable), m_kokyakuNyu(*this, kokyakuTable), m_kokyakuSyu(*this, kokyakuTable),
-      m_tantouTbl(*this, tantouTable), m_inpList(*this, inpTable), m_outList(*this, outTable),
+      m_tantouTbl(*this, tantouTable), m_nyuSumTbl(*this, nyuSumQuery), m_syuSumTbl(*this, syuSumQuery),
+      m_zaikoViewTbl(*this, zaikoViewQuery), m_nyuViewTbl(*this, nyuViewQuery),
+      m_syuViewTbl(*this, syuViewQuery), m_inpList(*this, inpTable), m_outList(*this, outTable),
       m_zaikoTbl(*this, zaikoTable), m_masterSyu(*this, masterTable), m_masterPost(*this, masterTable),
       m_hseihinTbl(*this, hseihinTable), m_kokyakuSlip(*this, kokyakuTable), m_rirekiTbl(*this, rirekiTable)
 {

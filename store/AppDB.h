@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+#include "store/QuerySet.h"
 #include "store/Recordset.h"
 #include "store/RowSet.h"
 #include "store/Sqlite.h"
@@ -39,8 +40,11 @@ public:
     [[nodiscard]] KokyakuRec& KokyakuNyu() { return m_kokyakuNyu; }
     [[nodiscard]] KokyakuRec& KokyakuSyu() { return m_kokyakuSyu; }
     [[nodiscard]] TantouRec& TantouTbl() { return m_tantouTbl; }
-    // NyuSumTbl, SyuSumTbl, ZaikoViewTbl, NyuViewTbl, SyuViewTbl: query row sets, here when their
-    // screens come.
+    [[nodiscard]] NyuSumRec& NyuSumTbl() { return m_nyuSumTbl; }
+    [[nodiscard]] SyuSumRec& SyuSumTbl() { return m_syuSumTbl; }
+    [[nodiscard]] ZaikoViewRec& ZaikoViewTbl() { return m_zaikoViewTbl; }
+    [[nodiscard]] NyuViewRec& NyuViewTbl() { return m_nyuViewTbl; }
+    [[nodiscard]] SyuViewRec& SyuViewTbl() { return m_syuViewTbl; }
     [[nodiscard]] InpRec& InpList() { return m_inpList; }
     [[nodiscard]] OutRec& OutList() { return m_outList; }
     [[nodiscard]] ZaikoRec& ZaikoTbl() { return m_zaikoTbl; }
@@ -81,6 +85,7 @@ public:
 
 private:
     friend class RowSet;
+    friend class QuerySet;
 
     /// Opens the unit of work if none is open. Nonzero when another process holds the file, or when the
     /// engine has given up the unit: then nothing more goes in before it has been rolled back.
@@ -118,6 +123,11 @@ private:
     KokyakuRec m_kokyakuNyu;
     KokyakuRec m_kokyakuSyu;
     TantouRec m_tantouTbl;
+    NyuSumRec m_nyuSumTbl;
+    SyuSumRec m_syuSumTbl;
+    ZaikoViewRec m_zaikoViewTbl;
+    NyuViewRec m_nyuViewTbl;
+    SyuViewRec m_syuViewTbl;
     InpRec m_inpList;
     OutRec m_outList;
     ZaikoRec m_zaikoTbl;

@@ -4,6 +4,7 @@
 
 #include "platform/core/RunTimeError.h"
 #include "store/AppDB.h"
+#include "store/Where.h"
 
 namespace suisui {
 
@@ -70,14 +71,6 @@ void append(std::vector<std::string_view>& values, const PackedRow& row)
 {
     for (int column = 0; column < row.columns(); ++column)
         values.push_back(row.text(column));
-}
-
-bool holdsOrder(std::string_view where)
-{
-    std::string upper;
-    for (const char c : where)
-        upper += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    return upper.find("ORDER BY") != std::string::npos;
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// Conditions that name one code.
+// Conditions: one code, and whether an order is asked for.
 #pragma once
 
 #include <string>
@@ -28,6 +28,15 @@ namespace suisui {
         if (c == '\'' || static_cast<unsigned char>(c) < ' ' || c == '\x7F')
             return false;
     return !text.empty();
+}
+
+/// Whether the text of a condition brings its order with it.
+[[nodiscard]] inline bool holdsOrder(std::string_view where)
+{
+    std::string upper;
+    for (const char c : where)
+        upper += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    return upper.find("ORDER BY") != std::string::npos;
 }
 
 } // namespace suisui

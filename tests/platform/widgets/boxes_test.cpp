@@ -1,21 +1,18 @@
-// Message boxes, injected keys, and buttons that a reader must not press by mistake.
+// Message boxes, and buttons that a reader must not press by mistake.
 #include <functional>
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "platform/core/RunTimeError.h"
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/MsgBox.h"
-#include "platform/widgets/SendKeys.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,7 +24,15 @@ namespace {
 BoxAnswer answered(const Box& box, const std::function<void(QWidget&)>& act)
 {
     ScreenMsgBox screen;
-    QTimer::singleShot(0, qApp, [&act] { act(*QApplication::activeModalWidget()); });
+    QTimer looksForIt;
+    QObject::connect(&looksForIt, &QTimer::timeout, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr || !dialog->isVisible())
+            return;
+        looksForIt.stop();
+        act(*dialog);
+    });
+    looksForIt.start(0);
     return screen.show(box);
 }
 
@@ -101,56 +106,109 @@ TEST(EnterButton, enterPresses_butNotBehindTypedCharacters)
     EXPECT_EQ(clicks.size(), 3);
 }
 
-class SendKeysTest : public ::testing::Test
+TEST(MsgBox, aCodeWithTheLetterOfAnAnswer_answersNothing)
 {
-protected:
-    SendKeysTest()
-    {
-        auto* layout = new QVBoxLayout(&window);
-        layout->addWidget(&first);
-        layout->addWidget(&second);
-        window.show();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-        first.setFocus();
-    }
-    void send(const QString& keys)
-    {
-        SendKeys(keys);
-        for (int i = 0; i < 50; ++i)
-            QCoreApplication::processEvents();
-    }
+    EXPECT_EQ(answered(yesNo,
+                       [](QWidget& dialog) {
+                           for (const char key : {'A', 'Y', 'N', '1'})
+                               QTest::keyClick(dialog.focusWidget(), key);
+                           EXPECT_TRUE(dialog.isVisible());
+                           QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+                           EXPECT_TRUE(dialog.isVisible());
+                           QTest::keyClick(dialog.focusWidget(), 'n'); // the operator, after the code
+                       }),
+              BoxAnswer::No);
+}
 
+TEST(MsgBox, theButtonWithTheFocusIsCyan)
+{
+    const auto face = [](QWidget& dialog, const QString& name) {
+        return dialog.findChild<QPushButton*>(name)->palette().color(QPalette::Button);
+    };
+    const QColor cyan(0, 255, 255);
+    answered(yesNo, [&](QWidget& dialog) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        EXPECT_EQ(face(dialog, u"msgBoxNo"_s), cyan);
+        EXPECT_NE(face(dialog, u"msgBoxYes"_s), cyan);
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Left);
+        EXPECT_EQ(face(dialog, u"msgBoxYes"_s), cyan);
+        EXPECT_NE(face(dialog, u"msgBoxNo"_s), cyan);
+        press(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST(MsgBox, buttonsCarryJapaneseWords)
+{
+    Box three = yesNo;
+    three.buttons = BoxButtons::YesNoCancel;
+    answered(three, [](QWidget& dialog) {
+        for (const auto& [name, word] :
+             {std::pair(u"msgBoxYes"_s, u"はい(&Y)"_s), std::pair(u"msgBoxNo"_s, u"いいえ(&N)"_s),
+              std::pair(u"msgBoxCancel"_s, u"キャンセル"_s)})
+            EXPECT_EQ(dialog.findChild<QPushButton*>(name)->text(), word);
+        dialog.close();
+    });
+    answered({u"t"_s, u"x"_s}, [](QWidget& dialog) {
+        EXPECT_EQ(dialog.findChild<QPushButton*>(u"msgBoxOk"_s)->text(), u"OK"_s);
+        dialog.close();
+    });
+}
+
+TEST(MsgBox, aLongLineWidensTheBox_andLineBreaksAreOneLineEach)
+{
+    const QString line(120, u'あ');
+    answered({u"t"_s, line + u"\r\n\r\nx"_s}, [&line](QWidget& dialog) {
+        const auto* text = dialog.findChild<QLabel*>(u"msgBoxText"_s);
+        const QFontMetrics metrics(text->font());
+        EXPECT_GE(text->width(), metrics.horizontalAdvance(line));
+        EXPECT_GE(text->height(), 3 * metrics.height());
+        EXPECT_LT(text->height(), 4 * metrics.lineSpacing());
+        dialog.close();
+    });
+}
+
+TEST(MsgBox, isWorkedAbove_aWindowThatIsDisabled)
+{
     QWidget window;
-    QLineEdit first;
-    QLineEdit second;
-};
-
-TEST_F(SendKeysTest, expressionsAreTypedWhereTheFocusIs)
-{
-    send(u"aB1{+}{-}"_s);
-    EXPECT_EQ(first.text(), u"aB1+-"_s);
-    send(u"{TAB}xy{left}z{BS}{home}>{Del 1}{end}{5 3}"_s);
-    EXPECT_EQ(second.text(), u">y555"_s);
-    send(u"^a+(q)~"_s);
-    EXPECT_EQ(second.text(), u"q"_s);
+    window.show();
+    window.setEnabled(false);
+    ScreenMsgBox screen(&window);
+    QTimer looksForIt;
+    QObject::connect(&looksForIt, &QTimer::timeout, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr || !dialog->isVisible())
+            return;
+        looksForIt.stop();
+        EXPECT_EQ(dialog->parentWidget(), &window);
+        QTest::mouseClick(dialog->findChild<QPushButton*>(u"msgBoxYes"_s), Qt::LeftButton);
+    });
+    looksForIt.start(0);
+    EXPECT_EQ(screen.show(yesNo), BoxAnswer::Yes);
 }
 
-TEST_F(SendKeysTest, keysWaitUntilEventsRun)
+TEST(EnterButton, codeThatHoldsABlank_pressesNothing_andTheFocusComingBackEndsTheRun)
 {
-    SendKeys(u"a"_s);
-    EXPECT_EQ(first.text(), QString());
-    QCoreApplication::processEvents();
-    EXPECT_EQ(first.text(), u"a"_s);
-}
-
-TEST_F(SendKeysTest, expressionWithoutMeaning_typesNothing)
-{
-    for (const QString& bad : {u"abc{NOSUCHKEY}"_s, u"x{"_s, u"(ab"_s, u"a}"_s, u"{A x}"_s, u"^"_s}) {
-        EXPECT_THROW(SendKeys(bad), RunTimeError) << bad.toStdString();
-        QCoreApplication::processEvents();
-        EXPECT_EQ(first.text(), QString());
-    }
+    QWidget window;
+    QVBoxLayout layout(&window);
+    EnterButton button;
+    QPushButton other;
+    layout.addWidget(&button);
+    layout.addWidget(&other);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    button.setFocus();
+    QSignalSpy clicks(&button, &QPushButton::clicked);
+    for (const char key : {'A', ' ', '1'})
+        QTest::keyClick(&button, key);
+    QTest::keyClick(&button, Qt::Key_Return);
+    EXPECT_EQ(clicks.size(), 0);
+    QTest::keyClick(&button, 'A');
+    other.setFocus();
+    button.setFocus();
+    QTest::keyClick(&button, Qt::Key_Return);
+    EXPECT_EQ(clicks.size(), 1);
+    EXPECT_FALSE(button.autoDefault());
 }
 
 } // namespace suisui::test
