@@ -30,10 +30,7 @@ QRect boxOf(double x, double y, double width, double height)
 
 } // namespace
 
-Printer_Properties::Printer_Properties(Printer& printer) : m_printer(printer)
-{
-    takeGeometry();
-}
+Printer_Properties::Printer_Properties(Printer& printer) : m_printer(printer) {}
 
 Printer_Properties::~Printer_Properties() = default;
 

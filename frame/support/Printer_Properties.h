@@ -86,6 +86,7 @@ public:
     /// and values are as they were.
     [[nodiscard]] bool PrinterSelect(QWidget* form);
 
+    // Set by PrinterSelect.
     [[nodiscard]] double PrtOffsetX() const { return m_offsetX; }
     [[nodiscard]] double PrtOffsetY() const { return m_offsetY; }
     [[nodiscard]] double PrtDpiX() const { return m_dpiX; }
