@@ -39,6 +39,7 @@ StockPage::StockPage(const Services& services, QWidget* parent)
     m_ui->Sprd_Zai->setColumns(columns);
     new GridBar(*m_ui->Sprd_Zai);
     m_ui->txtZBarCode->setKeyPressHandler([this](int& key) { barCode_KeyPress(key); });
+    connect(m_ui->cmdRptZList, &QPushButton::clicked, this, &StockPage::cmdRptZList_Click);
 }
 
 StockPage::~StockPage() = default;
@@ -92,6 +93,16 @@ void StockPage::resetGrid()
 {
     plainHeadings();
     grid()->setMaxRows(0);
+}
+
+/// Discount and amount stand in the detail view only.
+void StockPage::cmdRptZList_Click()
+{
+    const auto head = [this] {
+        return ReportHead{.texts = {}, .optionalTitles = m_ui->optZDetail->isChecked()};
+    };
+    if (m_listPrinting)
+        printList(reportOf(Tab::Stock), *grid(), head, *m_listPrinting, window());
 }
 
 } // namespace suisui

@@ -2,10 +2,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "frame/support/Frame.h"
 #include "frame/support/GridBar.h"
 #include "frame/support/Page.h"
+#include "lists/ListPrinting.h"
 
 namespace Ui {
 class StockPage;
@@ -30,12 +32,16 @@ public:
     /// txtZBarCode_KeyPress.
     void barCode_KeyPress(int& keyAscii) override;
 
+    void setListPrinting(const ListPrinting& printing) { m_listPrinting.emplace(printing); }
+    void cmdRptZList_Click();
+
 private:
     void plainHeadings();
     void resetGrid();
 
     Services m_services;
     std::unique_ptr<Ui::StockPage> m_ui;
+    std::optional<ListPrinting> m_listPrinting;
 };
 
 } // namespace suisui

@@ -89,6 +89,13 @@ void frmMain::setSlipPlace(SlipIni& ini, const QString& exeFolder)
     m_lists[static_cast<std::size_t>(Side::Shipment)]->setSlipPlace(ini, exeFolder);
 }
 
+void frmMain::setListPrinting(const ListPrinting& printing)
+{
+    m_stock->setListPrinting(printing);
+    for (MovementListPage* list : m_lists)
+        list->setListPrinting(printing);
+}
+
 QComboBox* frmMain::staffChoice()
 {
     return m_ui->cmbTantou;

@@ -22,6 +22,7 @@ class frmMain;
 namespace suisui {
 
 class FocusPaint;
+struct ListPrinting;
 class MovementListPage;
 class MovementPage;
 class StockPage;
@@ -58,6 +59,8 @@ public:
     void cmdMaster_Click();
     /// What the slip program reads, and the folder in which it stands.
     void setSlipPlace(SlipIni& ini, const QString& exeFolder);
+    /// What the three list reports are printed with.
+    void setListPrinting(const ListPrinting& printing);
 
     /// The window's Enabled property; the main loop reads no scans while it is off.
     [[nodiscard]] bool formEnabled() const { return m_gate.enabled(); }

@@ -29,10 +29,10 @@ public:
         m_timer1.start(intervalMs);
     }
 
+    /// The dialog stays and reads again.
+    void start() { m_timer1.start(); }
     /// Interval 0: the dialog reads no more.
     void stop() { m_timer1.stop(); }
-    /// Reads again, as before.
-    void start() { m_timer1.start(); }
 
 private:
     QTimer m_timer1;

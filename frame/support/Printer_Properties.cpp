@@ -12,7 +12,6 @@ namespace {
 
 constexpr double pointsPerInch = 72;
 constexpr double lineStepsPerInch = 254;
-constexpr double narrowest = 0.5;
 
 // A label that tells its text apart by its first character: these are the codes of half-width ones.
 constexpr char16_t firstHalfWidth = 32;
@@ -31,10 +30,7 @@ QRect boxOf(double x, double y, double width, double height)
 
 } // namespace
 
-Printer_Properties::Printer_Properties(Printer& printer) : m_printer(printer)
-{
-    takeGeometry();
-}
+Printer_Properties::Printer_Properties(Printer& printer) : m_printer(printer) {}
 
 Printer_Properties::~Printer_Properties() = default;
 
@@ -135,7 +131,7 @@ void Printer_Properties::PrintLabel(const FormLabel& label, bool transparent) co
         return;
     }
     const double room = label.width * m_dpiX;
-    const double stretch = width > room && room > 0 ? std::max(narrowest, room / width) : 1;
+    const double stretch = width > room && room > 0 ? room / width : 1;
     text.draw(painter, place.x, place.y, label.caption, stretch);
 }
 

@@ -86,6 +86,7 @@ public:
     /// and values are as they were.
     [[nodiscard]] bool PrinterSelect(QWidget* form);
 
+    // Set by PrinterSelect.
     [[nodiscard]] double PrtOffsetX() const { return m_offsetX; }
     [[nodiscard]] double PrtOffsetY() const { return m_offsetY; }
     [[nodiscard]] double PrtDpiX() const { return m_dpiX; }
@@ -105,7 +106,7 @@ public:
     /// The box of the label in its back colour.
     void PrintBack(const FormLabel& label) const;
     /// The text of the label. Not \a transparent: with the back colour behind the characters. A left-aligned
-    /// text that is wider than its box is drawn narrower, down to half, so that it stays in it.
+    /// text that is wider than its box is drawn narrower, so that it stays in it.
     void PrintLabel(const FormLabel& label, bool transparent) const;
 
     /// A text for half-width cells throughout: its first character has a code from 32 to 122.

@@ -62,6 +62,17 @@ std::unique_ptr<QPrinter> copyOf(const QPrinter& from)
     return to;
 }
 
+/// What cannot be printed at the left and at the top of a page, in points. The library tells the margins of
+/// the sheet as it is fed, upright. A page laid crosswise goes onto it turned to the left, as print servers
+/// do it: its left edge comes to the bottom of the sheet and its top to the left.
+QPointF cornerMargins(QPageLayout layout)
+{
+    layout.setUnits(QPageLayout::Point);
+    const QMarginsF sheet = layout.minimumMargins();
+    return layout.orientation() == QPageLayout::Landscape ? QPointF(sheet.bottom(), sheet.left())
+                                                          : QPointF(sheet.left(), sheet.top());
+}
+
 /// \a name as the name of a file that is not there yet.
 QString freeFile(const QDir& folder, QString name)
 {
@@ -81,28 +92,36 @@ int workingResolution(const QList<int>& supported)
     return *std::max_element(supported.begin(), supported.end());
 }
 
-Printer::Printer(Dialog dialog) : m_dialog(std::move(dialog)), m_printer(newPrinter()) {}
+Printer::Printer(Dialog dialog) : m_dialog(std::move(dialog)) {}
 
 Printer::~Printer()
 {
     Abort();
 }
 
+/// Made when it is first needed: asking the print server for its default takes a while.
+QPrinter& Printer::device() const
+{
+    if (!m_printer)
+        m_printer = newPrinter();
+    return *m_printer;
+}
+
 void Printer::setOrientation(PaperOrientation orientation)
 {
-    m_printer->setPageOrientation(orientation == PaperOrientation::Landscape ? QPageLayout::Landscape
-                                                                             : QPageLayout::Portrait);
+    device().setPageOrientation(orientation == PaperOrientation::Landscape ? QPageLayout::Landscape
+                                                                           : QPageLayout::Portrait);
 }
 
 PaperOrientation Printer::orientation() const
 {
-    return m_printer->pageLayout().orientation() == QPageLayout::Landscape ? PaperOrientation::Landscape
-                                                                           : PaperOrientation::Portrait;
+    return device().pageLayout().orientation() == QPageLayout::Landscape ? PaperOrientation::Landscape
+                                                                         : PaperOrientation::Portrait;
 }
 
 bool Printer::choose(QWidget* parent)
 {
-    auto candidate = copyOf(*m_printer);
+    auto candidate = copyOf(device());
     proposeFile(*candidate);
     if (!m_dialog(*candidate, parent))
         return false;
@@ -110,7 +129,8 @@ bool Printer::choose(QWidget* parent)
     candidate->setCopyCount(1);
     candidate->setFullPage(true);
     if (candidate->outputFormat() == QPrinter::NativeFormat)
-        candidate->setResolution(workingResolution(candidate->supportedResolutions()));
+        candidate->setResolution(
+            workingResolution(QPrinterInfo::printerInfo(candidate->printerName()).supportedResolutions()));
     m_printer = std::move(candidate);
     return true;
 }
@@ -131,28 +151,27 @@ void Printer::proposeFile(QPrinter& printer) const
 
 PrinterGeometry Printer::geometry() const
 {
-    QPageLayout layout = m_printer->pageLayout();
-    layout.setUnits(QPageLayout::Point);
-    const QMarginsF margins = layout.minimumMargins();
-    const QRect paper = layout.fullRectPixels(m_printer->resolution());
-    const double dpiX = m_printer->logicalDpiX();
-    const double dpiY = m_printer->logicalDpiY();
+    const QPageLayout layout = device().pageLayout();
+    const QPointF margins = cornerMargins(layout);
+    const QRect paper = layout.fullRectPixels(device().resolution());
+    const double dpiX = device().logicalDpiX();
+    const double dpiY = device().logicalDpiY();
     return {.dpiX = dpiX,
             .dpiY = dpiY,
-            .offsetX = static_cast<double>(qRound(margins.left() * dpiX / pointsPerInch)),
-            .offsetY = static_cast<double>(qRound(margins.top() * dpiY / pointsPerInch)),
+            .offsetX = static_cast<double>(qRound(margins.x() * dpiX / pointsPerInch)),
+            .offsetY = static_cast<double>(qRound(margins.y() * dpiY / pointsPerInch)),
             .width = static_cast<double>(paper.width()),
             .height = static_cast<double>(paper.height())};
 }
 
 QString Printer::deviceName() const
 {
-    return m_printer->outputFormat() == QPrinter::NativeFormat ? m_printer->printerName() : QString();
+    return device().outputFormat() == QPrinter::NativeFormat ? device().printerName() : QString();
 }
 
 QString Printer::fileName() const
 {
-    return m_printer->outputFileName();
+    return device().outputFileName();
 }
 
 bool Printer::present() const
@@ -163,15 +182,15 @@ bool Printer::present() const
 void Printer::StartDoc()
 {
     Abort();
-    m_printer->setDocName(m_documentName);
-    m_printer->setCreator(u"suisuitag"_s);
+    device().setDocName(m_documentName);
+    device().setCreator(u"suisuitag"_s);
     m_pages = 0;
 }
 
 int Printer::StartPage()
 {
-    const bool open = m_pages == 0 ? present() && m_painter.begin(m_printer.get()) : m_printer->newPage();
-    if (!open || m_printer->printerState() == QPrinter::Error)
+    const bool open = m_pages == 0 ? present() && m_painter.begin(&device()) : device().newPage();
+    if (!open || device().printerState() == QPrinter::Error)
         return -1;
     if (m_pages++ == 0) {
         const PrinterGeometry dots = geometry();
@@ -190,7 +209,7 @@ int Printer::EndDoc()
 
 bool Printer::arrivedWhole() const
 {
-    if (m_printer->printerState() == QPrinter::Error)
+    if (device().printerState() == QPrinter::Error)
         return false;
     return fileName().isEmpty() ? printServerTookIt() : isWholePdf(fileName());
 }

@@ -87,12 +87,13 @@ public:
     static bool platformDialog(QPrinter& printer, QWidget* parent);
 
 private:
+    [[nodiscard]] QPrinter& device() const;
     [[nodiscard]] bool present() const;
     [[nodiscard]] bool arrivedWhole() const;
     void proposeFile(QPrinter& printer) const;
 
     Dialog m_dialog;
-    std::unique_ptr<QPrinter> m_printer;
+    mutable std::unique_ptr<QPrinter> m_printer;
     QPainter m_painter;
     QString m_documentName;
     int m_copies = 1;

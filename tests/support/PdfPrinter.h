@@ -14,7 +14,7 @@ struct PdfSetup
 {
     QString file;
     int dpi = 600;
-    QMarginsF margins{}; ///< points that cannot be printed
+    QMarginsF margins{}; ///< points that cannot be printed, of the page as it is read
     QPageSize paper{QPageSize::A4};
     int copies = 1;
     bool cancelled = false;
@@ -32,7 +32,10 @@ inline Printer::Dialog pdfDialog(std::shared_ptr<PdfSetup> setup)
         printer.setCopyCount(setup->copies);
         QPageLayout layout = printer.pageLayout();
         layout.setPageSize(setup->paper);
-        layout.setMinimumMargins(setup->margins);
+        const QMarginsF& page = setup->margins;
+        layout.setMinimumMargins(layout.orientation() == QPageLayout::Portrait
+                                     ? page
+                                     : QMarginsF(page.top(), page.right(), page.bottom(), page.left()));
         printer.setPageLayout(layout);
         return !setup->cancelled;
     };

@@ -100,6 +100,23 @@ TEST_F(PrinterTest, theValuesAreThoseOfTheChosenPrinterAndPaper)
     EXPECT_EQ(properties.PrtOffsetY(), 100);
 }
 
+TEST_F(PrinterTest, aPageLaidCrosswiseTakesTheMarginsOfTheSheetTurnedToTheLeft)
+{
+    // The sheet as it is fed: 12 points on the left, 24 at the top, 36 on the right, 48 at the bottom.
+    Printer laser([](QPrinter& chosen, QWidget*) {
+        chosen.setOutputFormat(QPrinter::PdfFormat);
+        QPageLayout layout = chosen.pageLayout();
+        layout.setMinimumMargins({12, 24, 36, 48});
+        return chosen.setPageLayout(layout);
+    });
+    ASSERT_TRUE(laser.choose(nullptr));
+    EXPECT_EQ(laser.geometry().offsetX, 100);
+    EXPECT_EQ(laser.geometry().offsetY, 200);
+    laser.setOrientation(PaperOrientation::Landscape);
+    EXPECT_EQ(laser.geometry().offsetX, 400);
+    EXPECT_EQ(laser.geometry().offsetY, 100);
+}
+
 TEST_F(PrinterTest, theDialogMayLeaveItsMarginsInMillimetres)
 {
     Printer metric([](QPrinter& chosen, QWidget*) {
