@@ -67,6 +67,11 @@ const vaSpread* MovementPage::grid() const
     return m_ui->Sprd_X;
 }
 
+QWidget* MovementPage::printButton()
+{
+    return m_ui->cmdXPrint;
+}
+
 void MovementPage::cmdPrint_Click()
 {
     grid()->endEdit();

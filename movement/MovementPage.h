@@ -45,6 +45,7 @@ public:
     /// Partners that this side offers; item i of the choice is entry i.
     void setPartners(const ChoiceList& partners);
     [[nodiscard]] QComboBox* partnerChoice();
+    [[nodiscard]] QWidget* printButton();
 
     /// txtNBarCode_KeyPress, txtSBarCode_KeyPress: every key of the code field; Enter books the code.
     void barCode_KeyPress(int& keyAscii) override;

@@ -30,7 +30,7 @@ struct LabelJob
     std::int64_t startRow = 1;
     std::int64_t endRow = 0;
     std::int64_t eachRow = 1; ///< labels of a row where no column gives a quantity
-    PageRange pages;
+    LabelPageRange pages;
 };
 
 } // namespace suisui

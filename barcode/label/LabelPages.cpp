@@ -49,7 +49,7 @@ std::int32_t pagesNeeded(std::int64_t labels, std::int64_t capacity, std::int64_
     return static_cast<std::int32_t>(std::min<std::int64_t>(pages, std::numeric_limits<std::int32_t>::max()));
 }
 
-PageRange pageRange(const QString& first, const QString& last, std::int32_t total)
+LabelPageRange labelPageRange(const QString& first, const QString& last, std::int32_t total)
 {
     const double pages = total;
     double from = isNumeric(first) ? std::nearbyint(numberIn(first)) : 1;

@@ -21,7 +21,7 @@ namespace suisui {
 /// first page. 0 for no labels.
 [[nodiscard]] std::int32_t pagesNeeded(std::int64_t labels, std::int64_t capacity, std::int64_t start);
 
-struct PageRange
+struct LabelPageRange
 {
     std::int32_t first = 1;
     std::int32_t last = 1;
@@ -29,6 +29,6 @@ struct PageRange
 
 /// The pages that two fields name, within 1 and \a total: what is no number, or lies outside, or ends before
 /// it begins, is taken as the first or the last page.
-[[nodiscard]] PageRange pageRange(const QString& first, const QString& last, std::int32_t total);
+[[nodiscard]] LabelPageRange labelPageRange(const QString& first, const QString& last, std::int32_t total);
 
 } // namespace suisui

@@ -201,7 +201,7 @@ bool frm_PriCheck::enoughToPrint()
              BoxIcon::Stop});
         return false;
     }
-    if (pageRange(m_txtPage[0]->text(), m_txtPage[1]->text(), m_pageTotal).last <= mostPages)
+    if (labelPageRange(m_txtPage[0]->text(), m_txtPage[1]->text(), m_pageTotal).last <= mostPages)
         return true;
     return refuse(
         u"ページ指定 エラー"_s,
@@ -243,7 +243,7 @@ void frm_PriCheck::print()
         for (std::int64_t row = wanted.startRow; row <= wanted.endRow; ++row)
             m_rows.setMark(row, true);
     m_around.barPrt.startDocument();
-    wanted.pages = pageRange(m_txtPage[0]->text(), m_txtPage[1]->text(), m_pageTotal);
+    wanted.pages = labelPageRange(m_txtPage[0]->text(), m_txtPage[1]->text(), m_pageTotal);
     setPages(QString::number(wanted.pages.first), QString::number(wanted.pages.last));
     LabelPrintOut(wanted, m_rows, m_around.ini, m_around.barPrt);
     m_around.barPrt.endDocument();

@@ -94,8 +94,8 @@ TEST(LabelPages, pageRange_takesWhatIsWrongAsFirstOrLast)
                              Case{u"6", u"3", 5, 1, 3}, Case{u"0", u"2", 5, 1, 2}, Case{u"2", u"9", 5, 2, 5},
                              Case{u"3", u"2", 5, 3, 5}, Case{u"-4", u"-1", 5, 1, 5},
                              Case{u"1e99", u"1e99", 7, 1, 7}, Case{u"1", u"0", 1, 1, 1}}) {
-        const PageRange range =
-            pageRange(QString::fromUtf16(each.first), QString::fromUtf16(each.last), each.total);
+        const LabelPageRange range =
+            labelPageRange(QString::fromUtf16(each.first), QString::fromUtf16(each.last), each.total);
         EXPECT_EQ(range.first, each.wantedFirst) << QString::fromUtf16(each.first).toStdString();
         EXPECT_EQ(range.last, each.wantedLast) << QString::fromUtf16(each.last).toStdString();
     }

@@ -61,12 +61,12 @@ protected:
     LabelRows rows(int quantity = quantityColumn) { return {grid, markColumn, quantity}; }
 
     /// Prints the pages that the count gives, or those that were asked for.
-    void print(std::optional<PageRange> pages = {})
+    void print(std::optional<LabelPageRange> pages = {})
     {
         LabelRows source = rows();
         const auto labels = labelsWanted(source, job.startRow, job.endRow, true, job.eachRow);
         counted = pagesNeeded(labels, job.grid.capacity(), job.startLabel);
-        job.pages = pages.value_or(PageRange{1, counted});
+        job.pages = pages.value_or(LabelPageRange{1, counted});
         LabelPrintOut(job, source, ini, paper);
     }
 
@@ -126,7 +126,7 @@ TEST_F(LabelPrint, aQuantityOfFifteenOnASheetOfTwelve_goesOnAtTheHeadOfTheNextPa
 TEST_F(LabelPrint, aPrintFromTheSecondPage_opensOnlyThatOne_withItsLabelsWhereTheWholeJobHasThem)
 {
     fill({{"A", "15"}});
-    print(PageRange{2, 2});
+    print(LabelPageRange{2, 2});
     EXPECT_EQ(paper.calls, (std::vector<std::string>{"start page", "end page"}));
     EXPECT_EQ(labelsOfPage(0), (Labels{"A@0", "A@1", "A@2"}));
 }
@@ -196,7 +196,7 @@ TEST_F(LabelPrint, noCopiesAreOne)
 TEST_F(LabelPrint, marksAreUsedUpByTheRowsWalked_andKeptBehindTheLastPage)
 {
     fill({{"A", "6"}, {"B", "6", false}, {"C", "6"}, {"D", "6"}, {"E", "1"}});
-    print(PageRange{1, 1});
+    print(LabelPageRange{1, 1});
     EXPECT_EQ(labelsOfPage(0).size(), 12U);
     EXPECT_EQ(marks(), "00011"); // the third is the one that the walk ended on
     print();
@@ -206,7 +206,7 @@ TEST_F(LabelPrint, marksAreUsedUpByTheRowsWalked_andKeptBehindTheLastPage)
 TEST_F(LabelPrint, marksOfPagesWalkedWithoutOutput_areUsedUpToo)
 {
     fill({{"A", "12"}, {"B", "3"}});
-    print(PageRange{2, 2});
+    print(LabelPageRange{2, 2});
     EXPECT_EQ(labelsOfPage(0), (Labels{"B@0", "B@1", "B@2"}));
     EXPECT_EQ(marks(), "00");
 }
@@ -215,7 +215,7 @@ TEST_F(LabelPrint, pagesLeftWhenTheLabelsHaveRunOut_areOpenedAndHaveTheirFunctio
 {
     fill({{"A", "2"}});
     job.searchCodes = {true, {-6, 228}};
-    print(PageRange{1, 3});
+    print(LabelPageRange{1, 3});
     ASSERT_EQ(paper.pages.size(), 3U);
     EXPECT_EQ(paper.pages[0].bars.size(), 2U + 5U);
     EXPECT_EQ(paper.pages[2].bars.size(), 5U);
@@ -231,7 +231,7 @@ TEST_F(LabelPrint, aMarkedRowWithoutACode_printsNothing_andTakesNoPlace)
 TEST_F(LabelPrint, theLastRowWithoutAMark_endsTheWalk)
 {
     fill({{"A", "3"}, {"B", "1", false}});
-    print(PageRange{1, 2});
+    print(LabelPageRange{1, 2});
     EXPECT_EQ(labelsOfPage(0), (Labels{"A@0", "A@1", "A@2"}));
     EXPECT_TRUE(labelsOfPage(1).empty());
 }
@@ -239,7 +239,7 @@ TEST_F(LabelPrint, theLastRowWithoutAMark_endsTheWalk)
 TEST_F(LabelPrint, anEmptyQuantityIsNone_aNegativeOneToo)
 {
     fill({{"A", ""}, {"B", "-3"}, {"C", "1"}, {"D", "0"}});
-    print(PageRange{1, 1});
+    print(LabelPageRange{1, 1});
     EXPECT_EQ(labelsOfPage(0), (Labels{"C@0"}));
 }
 
@@ -278,7 +278,7 @@ TEST_F(LabelPrint, textsAreDrawnInTheOrderBarsCodeName)
 TEST_F(LabelPrint, aHugeQuantityWithThePagesThatWereAskedFor_isWalkedOnlySoFar)
 {
     fill({{"A", "99999999999"}, {"B", "1"}});
-    print(PageRange{9998, 9999});
+    print(LabelPageRange{9998, 9999});
     EXPECT_EQ(paper.pages.size(), 2U);
     EXPECT_EQ(marks(), "01");
 }
