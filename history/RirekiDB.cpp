@@ -93,14 +93,16 @@ RirekiDB::Result RirekiDB::fill(const Place& place)
     advance();
     const Result result = moveOut(file);
     if (result != Done) {
-        m_services.db.Rollback();
+        rollBack();
         closeHistory();
         return result;
     }
     file.keep();
     advance();
-    m_services.ini.setLastHistoryFolder(place.folder);
-    m_services.ini.setLastHistoryTo(QString::fromStdString(m_period.to));
+    awayFromLoop([&] {
+        m_services.ini.setLastHistoryFolder(place.folder);
+        m_services.ini.setLastHistoryTo(QString::fromStdString(m_period.to));
+    });
     advance();
     return Done;
 }
@@ -153,9 +155,10 @@ RirekiDB::Result RirekiDB::finish(FileInTheMaking& file)
 {
     advance();
     const bool stored = away([&] {
+        const bool filled = m_history->FinishFilling() == 0;
         m_history->Rollback();
         m_history->CloseFile();
-        return m_history->CloseAfterSave() == 0 && file.putInPlace();
+        return filled && m_history->CloseAfterSave() == 0 && file.putInPlace();
     });
     closeHistory();
     return stored ? Done : Failed;
@@ -173,7 +176,7 @@ RirekiDB::Result RirekiDB::listPeriod(const std::string& path)
     rows.set(1, RirekiCol::KakuTyo, m_historyExt.toStdString());
     rows.set(1, RirekiCol::FileSize, error ? "0" : std::to_string(size));
     rows.set(1, RirekiCol::FileUpdate, stampOf(m_services.clock.now()));
-    return rows.InsertRow(1) == 0 ? Done : Failed;
+    return away([&rows] { return rows.InsertRow(1); }) == 0 ? Done : Failed;
 }
 
 // ---- load
@@ -195,13 +198,13 @@ RirekiDB::Result RirekiDB::load()
     return run(job, [&] {
         const Result result = bringBack(place.fullPath.toStdString());
         if (result != Done) {
-            m_services.db.Rollback();
+            rollBack();
             return result;
         }
         // What goes wrong from here on cannot be helped, and nothing is lost by it.
         awayFromLoop([&] { removeFile(place.fullPath.toStdString()); });
         advance();
-        m_services.ini.setLastHistoryFolder(place.folder);
+        awayFromLoop([&] { m_services.ini.setLastHistoryFolder(place.folder); });
         advance();
         return Done;
     });
@@ -263,7 +266,7 @@ RirekiDB::Result RirekiDB::strikePeriod()
 {
     RirekiRec& rows = m_services.db.RirekiTbl();
     rows.PrepareDelete(1);
-    return rows.DeleteRow(1) == 0 ? Done : Failed;
+    return away([&rows] { return rows.DeleteRow(1); }) == 0 ? Done : Failed;
 }
 
 // ---- both
@@ -284,7 +287,7 @@ RirekiDB::Result RirekiDB::run(const Job& job, const std::function<Result()>& wo
         error = RunTimeError::OutOfMemory;
     }
     if (error && m_history) // the move had begun
-        m_services.db.Rollback();
+        rollBack();
     closeHistory();
     m_services.frame.unloadWait();
     if (error)
@@ -319,6 +322,11 @@ RirekiDB::Result RirekiDB::openHistory(const std::string& path, bool toFill)
     m_history = std::make_unique<AppDB>(folderOf(path));
     const int status = away([&] { return toFill ? m_history->OpenForFilling(path) : m_history->Open(path); });
     return status == 0 ? Done : Failed;
+}
+
+void RirekiDB::rollBack()
+{
+    awayFromLoop([this] { m_services.db.Rollback(); });
 }
 
 void RirekiDB::closeHistory()

@@ -61,6 +61,7 @@ private:
     [[nodiscard]] Result commit(AppDB& db);
     [[nodiscard]] Result openHistory(const std::string& path, bool toFill);
     void closeHistory();
+    void rollBack();
     [[nodiscard]] bool isManaged(const Place& place);
     void report(const Job& job, int number);
     void clearRows();

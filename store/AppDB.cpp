@@ -235,17 +235,6 @@ void AppDB::Rollback()
         rows->unitRolledBack();
 }
 
-int AppDB::OpenForFilling(std::string_view file)
-{
-    if (const int status = Open(file); status != noError)
-        return status;
-    // One flush at the end in place of one at each step.
-    for (const char* statement : {"PRAGMA journal_mode=MEMORY", "PRAGMA synchronous=OFF"})
-        if (const int code = m_engine.execute(statement); code != noError)
-            return fail(code);
-    return noError;
-}
-
 int AppDB::CloseAfterSave()
 {
     return syncToDisk(m_path) ? noError : failure;

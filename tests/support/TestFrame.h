@@ -8,7 +8,7 @@
 
 namespace suisui::test {
 
-class TestFrame final : public Frame
+class TestFrame : public Frame
 {
 public:
     void BusyOn() override { enabled = false; }
