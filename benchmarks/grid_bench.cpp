@@ -1,16 +1,20 @@
 // Filling the entry grid from the table to the first paint, against a bare select into vectors of strings
-// plus the first paint of an empty view; beside it a QTableWidget filled by items.
+// plus the first paint of a plain view over them; beside it a QTableWidget filled by items. And what
+// corrections cost: one cell, and a thousand rows written in one unit of work.
 #include <QApplication>
 #include <QStyleFactory>
 #include <QTableWidget>
 
 #include <malloc.h>
-#include <sqlite3.h>
 #include <sys/resource.h>
 
+#include "benchmarks/BareSqlite.h"
 #include "benchmarks/BenchShop.h"
 #include "benchmarks/Measure.h"
+#include "benchmarks/Painted.h"
+#include "frame/support/frm_Wait.h"
 #include "movement/MovementPage.h"
+#include "platform/core/DoEvents.h"
 #include "store/AppIni.h"
 #include "tests/support/ScriptedMsgBox.h"
 #include "tests/support/TestClock.h"
@@ -24,33 +28,28 @@ using Rows = std::vector<std::vector<std::string>>;
 
 Rows bareSelect(const test::TempShop& shop)
 {
-    sqlite3* db = nullptr;
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_open_v2(shop.databaseFile().c_str(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK
-        || sqlite3_prepare_v2(db, "SELECT * FROM InpTB ORDER BY NyuDate, NyuTime", -1, &statement, nullptr)
-               != SQLITE_OK)
-        std::abort();
-    Rows rows;
-    while (sqlite3_step(statement) == SQLITE_ROW) {
-        std::vector<std::string> row;
-        row.reserve(17);
-        for (int i = 0; i < 17; ++i)
-            row.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)));
-        rows.push_back(std::move(row));
-    }
-    sqlite3_finalize(statement);
-    sqlite3_close(db);
-    return rows;
+    BareSqlite db(shop.databaseFile());
+    return BareSqlite::rows(db.prepared("SELECT * FROM InpTB ORDER BY NyuDate, NyuTime"));
 }
 
-/// Shows \a widget and waits until it has been painted.
-void showPainted(QWidget& widget)
+/// The least that a view can show rows with.
+class RowsModel final : public QAbstractTableModel
 {
-    widget.resize(1100, 700);
-    widget.show();
-    widget.repaint();
-    QCoreApplication::processEvents();
-}
+public:
+    explicit RowsModel(const Rows& rows) : m_rows(rows) {}
+    [[nodiscard]] int rowCount(const QModelIndex&) const override { return static_cast<int>(m_rows.size()); }
+    [[nodiscard]] int columnCount(const QModelIndex&) const override { return 17; }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override
+    {
+        if (role != Qt::DisplayRole)
+            return {};
+        return QString::fromStdString(
+            m_rows[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())]);
+    }
+
+private:
+    const Rows& m_rows;
+};
 
 double heldMegabytes()
 {
@@ -58,39 +57,80 @@ double heldMegabytes()
     return static_cast<double>(info.uordblks + info.hblkhd) / 1048576;
 }
 
+/// A window whose wait window is the real one.
+class WaitingFrame final : public test::TestFrame
+{
+public:
+    void showWait(const QString& tag, int maximum) override
+    {
+        m_wait.load(tag, maximum);
+        DoEvents();
+    }
+    [[nodiscard]] bool waitVisible() const override { return m_wait.isVisible(); }
+    void setWaitProgress(int value) override { m_wait.setProgress(value); }
+    void closeWait() { m_wait.close(); }
+
+private:
+    frm_Wait m_wait;
+};
+
+/// A page over \a shop whose period holds every row.
+struct Desk
+{
+    Desk(const test::TempShop& shop, Frame& frame)
+        : db(shop.databaseFolder()), page(Side::Receipt, {db, ini, clock, box, frame})
+    {
+        if (db.Open("trnvik.mdb") != 0)
+            std::abort();
+        box.answers = {BoxAnswer::Yes};
+        page.setDefaultDates(QStringLiteral("20000101"), QStringLiteral("99991231"));
+    }
+
+    AppDB db;
+    AppIni ini;
+    test::TestClock clock;
+    test::ScriptedMsgBox box;
+    MovementPage page;
+};
+
 void GridFill(benchmark::State& state)
 {
     const test::TempShop shop(QDir::tempPath());
     fill(shop, static_cast<int>(state.range(0)));
     Samples program;
+    Samples waited;
     Samples bare;
     Samples items;
     double held = 0;
     for ([[maybe_unused]] auto turn : state) {
         {
-            AppDB db(shop.databaseFolder());
-            if (db.Open("trnvik.mdb") != 0)
-                std::abort();
-            AppIni ini;
-            test::TestClock clock;
-            test::ScriptedMsgBox box;
-            box.answers = {BoxAnswer::Yes};
             test::TestFrame frame;
             const double before = heldMegabytes();
-            MovementPage page(Side::Receipt, {db, ini, clock, box, frame});
-            page.setDefaultDates(QStringLiteral("20000101"), QStringLiteral("99991231"));
+            Desk desk(shop, frame);
             program.add(timed([&] {
-                page.cmdKensaku_Click();
-                showPainted(page);
+                desk.page.cmdKensaku_Click();
+                showPainted(desk.page);
             }));
             held = heldMegabytes() - before;
-            if (page.grid()->MaxRows() != state.range(0))
+            if (desk.page.grid()->MaxRows() != state.range(0))
                 std::abort();
+        }
+        {
+            WaitingFrame frame;
+            Desk desk(shop, frame);
+            frame.setFormEnabled(true);
+            waited.add(timed([&] {
+                desk.page.cmdKensaku_Click();
+                frame.closeWait();
+                showPainted(desk.page);
+            }));
         }
         Rows rows;
         bare.add(timed([&] {
             rows = bareSelect(shop);
+            RowsModel model(rows);
             QTableView view;
+            view.setModel(&model);
             showPainted(view);
         }));
         items.add(timed([&] {
@@ -104,12 +144,101 @@ void GridFill(benchmark::State& state)
     }
     report(state, program, bare);
     state.counters["to_QTableWidget"] = program.median() / items.median();
+    state.counters["wait_window_share"] = waited.median() / program.median() - 1;
     state.counters["held_MB"] = held;
     struct rusage usage = {};
     getrusage(RUSAGE_SELF, &usage);
     state.counters["peak_MB_all"] = static_cast<double>(usage.ru_maxrss) / 1024;
 }
-BENCHMARK(GridFill)->Arg(25000)->Arg(100000)->Iterations(7)->Unit(benchmark::kMillisecond);
+BENCHMARK(GridFill)->Arg(1000)->Arg(25000)->Arg(100000)->Iterations(7)->Unit(benchmark::kMillisecond);
+
+/// Every row of the grid gets another quantity, and all are written in one unit of work.
+void UpdateRows(benchmark::State& state)
+{
+    const test::TempShop programShop(QDir::tempPath());
+    const test::TempShop bareShop(QDir::tempPath());
+    fill(programShop, static_cast<int>(state.range(0)));
+    fill(bareShop, static_cast<int>(state.range(0)));
+    test::TestFrame frame;
+    Desk desk(programShop, frame);
+    desk.page.cmdKensaku_Click();
+    frame.guardActive = true;
+    BareSqlite db(bareShop.databaseFile());
+    sqlite3_stmt* all = db.prepared("SELECT rowid,* FROM InpTB ORDER BY NyuDate DESC, NyuTime DESC");
+    sqlite3_stmt* parts = db.prepared("SELECT * FROM HSeihinTB WHERE Code=? ORDER BY rowid");
+    sqlite3_stmt* stock = db.prepared("SELECT rowid,* FROM ZaikoTB WHERE Code=? ORDER BY rowid");
+    sqlite3_stmt* master = db.prepared("SELECT * FROM Master WHERE Code=? ORDER BY rowid");
+    sqlite3_stmt* begin = db.prepared("BEGIN IMMEDIATE");
+    sqlite3_stmt* post =
+        db.prepared("UPDATE ZaikoTB SET Code=?,ZaikoSuu=?,KuriSuu=?,InpDate=?,UpdDate=? "
+                    "WHERE rowid=? AND ZaikoSuu=? COLLATE BINARY AND UpdDate=? COLLATE BINARY");
+    std::string sql = "UPDATE InpTB SET ";
+    std::string asRead;
+    for (const std::string_view column : inpTable.columns) {
+        sql += std::string(asRead.empty() ? "" : ",") + std::string(column) + "=?";
+        asRead += std::string(column) + "=? COLLATE BINARY AND ";
+    }
+    sql += " WHERE " + asRead + "rowid=?";
+    sqlite3_stmt* write = db.prepared(sql.c_str());
+    sqlite3_stmt* commit = db.prepared("COMMIT");
+    Samples program;
+    Samples bare;
+    int turns = 0;
+    for ([[maybe_unused]] auto turn : state) {
+        const std::string quantity = std::to_string(10 + ++turns);
+        for (int row = 1; row <= desk.page.grid()->MaxRows(); ++row) {
+            desk.page.grid()->SetText(4, row, std::string_view(quantity));
+            desk.page.cellChange(4, row);
+        }
+        program.add(timed([&] { desk.page.cmdKousin_Click(); }));
+        if (frame.dirty(Side::Receipt))
+            std::abort();
+
+        const auto rows = BareSqlite::rows(all);
+        const std::string stamp = "300001010000" + quantity;
+        bare.add(timed([&] {
+            BareSqlite::step(begin);
+            for (const std::vector<std::string>& row : rows) {
+                (void)BareSqlite::first(parts, row[1]);
+                const std::vector<std::string> kept = BareSqlite::first(stock, row[1]);
+                (void)BareSqlite::first(master, row[1]);
+                BareSqlite::bind(post, {kept[1], std::to_string(std::stol(kept[2]) + 1), kept[3], kept[4],
+                                        stamp, kept[0], kept[2], kept[5]});
+                BareSqlite::step(post);
+                std::vector<std::string> values(row.begin() + 1, row.end());
+                values[3] = "00000" + quantity;
+                values.insert(values.end(), row.begin() + 1, row.end());
+                values.push_back(row[0]);
+                BareSqlite::bind(write, values);
+                BareSqlite::step(write);
+            }
+            BareSqlite::step(commit);
+        }));
+    }
+    report(state, program, bare);
+}
+BENCHMARK(UpdateRows)->Arg(1000)->Iterations(9)->Unit(benchmark::kMillisecond);
+
+/// One changed cell in a long grid.
+void CellChange(benchmark::State& state)
+{
+    const test::TempShop shop(QDir::tempPath());
+    fill(shop, static_cast<int>(state.range(0)));
+    test::TestFrame frame;
+    Desk desk(shop, frame);
+    desk.page.cmdKensaku_Click();
+    showPainted(desk.page);
+    Samples times;
+    int row = 0;
+    for ([[maybe_unused]] auto turn : state) {
+        row = row % desk.page.grid()->MaxRows() + 1;
+        desk.page.grid()->SetText(4, row, std::string_view("9"));
+        times.add(timed([&] { desk.page.cellChange(4, row); }));
+    }
+    state.counters["median_us"] = times.median() * 1e6;
+    state.counters["p99_us"] = times.at(0.99) * 1e6;
+}
+BENCHMARK(CellChange)->Arg(1000)->Arg(100000)->Iterations(1000)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

@@ -1,6 +1,5 @@
 // What one scan asks of the store, against the same statements prepared once on bare SQLite.
-#include <sqlite3.h>
-
+#include "benchmarks/BareSqlite.h"
 #include "benchmarks/BenchShop.h"
 #include "benchmarks/Measure.h"
 #include "movement/ZaikoPost.h"
@@ -68,91 +67,41 @@ private:
 class BareScan
 {
 public:
-    explicit BareScan(const test::TempShop& shop)
-    {
-        if (sqlite3_open_v2(shop.databaseFile().c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
-            std::abort();
-        sqlite3_exec(m_db, "PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
-        m_master = prepared("SELECT * FROM Master WHERE Code=? ORDER BY rowid");
-        m_parts = prepared("SELECT * FROM HSeihinTB WHERE Code=? ORDER BY rowid");
-        m_stock = prepared("SELECT rowid,* FROM ZaikoTB WHERE Code=? ORDER BY rowid");
-        m_begin = prepared("BEGIN IMMEDIATE");
-        m_update =
-            prepared("UPDATE ZaikoTB SET Code=?,ZaikoSuu=?,KuriSuu=?,InpDate=?,UpdDate=? WHERE "
-                     "Code=? COLLATE BINARY AND ZaikoSuu=? COLLATE BINARY AND KuriSuu=? COLLATE BINARY AND "
-                     "InpDate=? COLLATE BINARY AND UpdDate=? COLLATE BINARY AND rowid=?");
-        m_insert = prepared("INSERT INTO InpTB VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
-        m_commit = prepared("COMMIT");
-    }
-    ~BareScan()
-    {
-        for (sqlite3_stmt* statement : {m_master, m_parts, m_stock, m_begin, m_update, m_insert, m_commit})
-            sqlite3_finalize(statement);
-        sqlite3_close(m_db);
-    }
-    BareScan(const BareScan&) = delete;
-    BareScan& operator=(const BareScan&) = delete;
+    explicit BareScan(const test::TempShop& shop) : m_db(shop.databaseFile()) {}
 
     void run(int number)
     {
         const std::string stamp = stampOfScan(number);
-        (void)first(m_master);
-        (void)first(m_parts);
-        const std::vector<std::string> stock = first(m_stock);
-        (void)first(m_master);
-        step(m_begin);
+        (void)BareSqlite::first(m_master, code);
+        (void)BareSqlite::first(m_parts, code);
+        const std::vector<std::string> stock = BareSqlite::first(m_stock, code);
+        (void)BareSqlite::first(m_master, code);
+        BareSqlite::step(m_begin);
         const std::string figure = std::to_string(std::stol(stock.at(2)) + 1);
-        bind(m_update,
-             {stock[1], figure, stock[3], stock[4], stamp, stock[1], stock[2], stock[3], stock[4], stock[5]});
+        BareSqlite::bind(m_update, {stock[1], figure, stock[3], stock[4], stamp, stock[1], stock[2], stock[3],
+                                    stock[4], stock[5]});
         sqlite3_bind_int64(m_update, 11, std::stoll(stock[0]));
-        step(m_update);
+        BareSqlite::step(m_update);
         std::vector<std::string> row(std::begin(columnsOfRow), std::end(columnsOfRow));
         row.push_back(stamp);
         row.push_back(stamp);
-        bind(m_insert, row);
-        step(m_insert);
-        step(m_commit);
+        BareSqlite::bind(m_insert, row);
+        BareSqlite::step(m_insert);
+        BareSqlite::step(m_commit);
     }
 
 private:
-    sqlite3_stmt* prepared(const char* sql)
-    {
-        sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(m_db, sql, -1, &statement, nullptr) != SQLITE_OK)
-            std::abort();
-        return statement;
-    }
-    static void bind(sqlite3_stmt* statement, const std::vector<std::string>& values)
-    {
-        for (std::size_t i = 0; i < values.size(); ++i)
-            sqlite3_bind_text(statement, static_cast<int>(i) + 1, values[i].data(),
-                              static_cast<int>(values[i].size()), SQLITE_TRANSIENT);
-    }
-    static void step(sqlite3_stmt* statement)
-    {
-        if (sqlite3_step(statement) != SQLITE_DONE)
-            std::abort();
-        sqlite3_reset(statement);
-    }
-    static std::vector<std::string> first(sqlite3_stmt* statement)
-    {
-        std::vector<std::string> row;
-        sqlite3_bind_text(statement, 1, code, -1, SQLITE_STATIC);
-        while (sqlite3_step(statement) == SQLITE_ROW)
-            for (int i = 0; i < sqlite3_column_count(statement); ++i)
-                row.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)));
-        sqlite3_reset(statement);
-        return row;
-    }
-
-    sqlite3* m_db = nullptr;
-    sqlite3_stmt* m_master = nullptr;
-    sqlite3_stmt* m_parts = nullptr;
-    sqlite3_stmt* m_stock = nullptr;
-    sqlite3_stmt* m_begin = nullptr;
-    sqlite3_stmt* m_update = nullptr;
-    sqlite3_stmt* m_insert = nullptr;
-    sqlite3_stmt* m_commit = nullptr;
+    BareSqlite m_db;
+    sqlite3_stmt* m_master = m_db.prepared("SELECT * FROM Master WHERE Code=? ORDER BY rowid");
+    sqlite3_stmt* m_parts = m_db.prepared("SELECT * FROM HSeihinTB WHERE Code=? ORDER BY rowid");
+    sqlite3_stmt* m_stock = m_db.prepared("SELECT rowid,* FROM ZaikoTB WHERE Code=? ORDER BY rowid");
+    sqlite3_stmt* m_begin = m_db.prepared("BEGIN IMMEDIATE");
+    sqlite3_stmt* m_update =
+        m_db.prepared("UPDATE ZaikoTB SET Code=?,ZaikoSuu=?,KuriSuu=?,InpDate=?,UpdDate=? WHERE "
+                      "Code=? COLLATE BINARY AND ZaikoSuu=? COLLATE BINARY AND KuriSuu=? COLLATE BINARY AND "
+                      "InpDate=? COLLATE BINARY AND UpdDate=? COLLATE BINARY AND rowid=?");
+    sqlite3_stmt* m_insert = m_db.prepared("INSERT INTO InpTB VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+    sqlite3_stmt* m_commit = m_db.prepared("COMMIT");
 };
 
 void ScanStoreWork(benchmark::State& state)

@@ -1,16 +1,68 @@
-// What tells the receipt list from the shipment list: grid, columns, headings, names of the controls.
+// What tells the receipt list from the shipment list: grid, columns, headings, conditions, names of the
+// controls. Everything else about the two lists is the same.
 #pragma once
 
+#include <array>
 #include <span>
+#include <string>
+#include <string_view>
 
 #include <QString>
 
 #include "frame/support/Frame.h"
+#include "platform/core/PackedRow.h"
 #include "platform/widgets/vaSpread.h"
+#include "store/Side.h"
 
 namespace suisui {
 
 class AppIni;
+
+/// Columns of a list's grid; noListCell where a side has none.
+inline constexpr int noListCell = 0;
+
+struct ListCells
+{
+    int date;
+    int name;
+    int partner;
+    int price;
+    int quantity;
+    int discount;
+    int amount;
+    int code;
+    int staff;
+    std::array<int, 2> returned;
+    int unit;
+    int remark;
+    int index; ///< the row's number in the row set; never seen
+};
+
+/// Columns of the summed selection.
+struct SumColumns
+{
+    int code;
+    int name;
+    int price;
+    int unit;
+    int quantity;
+    int discount;
+    int amount;
+    std::array<int, 2> returned; ///< noColumn where the side has none
+};
+
+/// A buffer of selected rows, whichever class holds it.
+struct ListBuffer
+{
+    /// Number of rows, or a negative number when the selection failed.
+    int (*select)(AppDB& db, const std::string& where, const std::string& order);
+    const PackedRow& (*row)(AppDB& db, int row);
+    /// The row has left its table since it was read.
+    bool (*gone)(AppDB& db, int row);
+    void (*clear)(AppDB& db);
+    const char16_t* waitTag;
+    std::string_view order;
+};
 
 struct ListSide
 {
@@ -20,6 +72,13 @@ struct ListSide
     int termIndex;
     QString (AppIni::*heading)(int) const;
     std::span<const SpreadColumn> columns;
+    ListCells cells;
+    SumColumns sumColumns;
+    ListBuffer detail;
+    ListBuffer summed;
+    std::string_view dateColumn;
+    std::string_view partnerColumn;
+    bool printsSlips;
     const char16_t* gridName;
     const char16_t* listFrameName;
     const char16_t* whereFrameCaption;

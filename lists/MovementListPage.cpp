@@ -1,9 +1,17 @@
 #include "lists/MovementListPage.h"
 
+#include <utility>
+
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
+#include "lists/ListHeadings.h"
+#include "lists/ListSubtotals.h"
+#include "lists/ReDrawOff.h"
+#include "platform/core/FillIn.h"
 #include "platform/widgets/EnterButton.h"
+#include "store/AppDB.h"
 #include "store/AppIni.h"
+#include "store/Where.h"
 #include "ui_MovementListPage.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -30,12 +38,11 @@ MovementListPage::MovementListPage(Side side, const Services& services, QWidget*
     m_period = {{m_ui->txtXLyyyy_F, m_ui->txtXLmm_F, m_ui->txtXLdd_F},
                 {m_ui->txtXLyyyy_T, m_ui->txtXLmm_T, m_ui->txtXLdd_T}};
     m_ui->Sprd_XHyou->setColumns(m_side.columns);
-    new GridBar(*m_ui->Sprd_XHyou);
+    m_ui->lblXLSyouhin->setTextFormat(Qt::PlainText);
+    m_bar = new GridBar(
+        *grid(), [this](int row) { return restColor(*grid(), m_side.cells, row); }, BarWithNoFocus::Grey);
     nameControls();
-    m_ui->txtXLBarCode->setKeyPressHandler([this](int& key) { barCode_KeyPress(key); });
-    wirePeriod(m_period, m_ui->cmdXLKensaku);
-    enterMovesOn(*m_ui->cmbXLSaki, *m_ui->cmbXLTantou);
-    enterMovesOn(*m_ui->cmbXLTantou, *m_ui->cmdXLKensaku);
+    wire();
 }
 
 MovementListPage::~MovementListPage() = default;
@@ -48,6 +55,20 @@ void MovementListPage::nameControls()
     letterNames(*this, QChar(m_side.letter));
     m_ui->fraXLWhere->setTitle(QString::fromUtf16(m_side.whereFrameCaption));
     m_ui->fraXList->setTitle(QString::fromUtf16(m_side.listFrameCaption));
+}
+
+void MovementListPage::wire()
+{
+    m_ui->txtXLBarCode->setKeyPressHandler([this](int& key) { barCode_KeyPress(key); });
+    wirePeriod(m_period, m_ui->cmdXLKensaku);
+    enterMovesOn(*m_ui->cmbXLSaki, *m_ui->cmbXLTantou);
+    enterMovesOn(*m_ui->cmbXLTantou, *m_ui->cmdXLKensaku);
+    connect(m_ui->cmdXLKensaku, &QPushButton::clicked, this, &MovementListPage::cmdKensaku_Click);
+    connect(grid(), &vaSpread::HeadingClick, this, &MovementListPage::headingClick);
+    if (m_side.printsSlips)
+        connect(m_ui->cmdPrintRptExe, &QPushButton::clicked, this, &MovementListPage::cmdPrintRptExe_Click);
+    else
+        delete std::exchange(m_ui->cmdPrintRptExe, nullptr);
 }
 
 QLineEdit* MovementListPage::barCodeField()
@@ -83,7 +104,7 @@ void MovementListPage::setCaptions(const AppIni& ini)
     m_ui->lblXLSyouhin_M->setText(heading(goodsHeading));
     m_ui->lblXLSaki->setText(heading(partnerHeading));
     m_ui->lblXLTantou->setText(heading(staffHeading));
-    plainHeadings();
+    writePlainHeadings(m_side, ini, *grid());
 }
 
 void MovementListPage::setDefaultDates(const QString& from, const QString& to)
@@ -94,11 +115,13 @@ void MovementListPage::setDefaultDates(const QString& from, const QString& to)
 
 void MovementListPage::setPartners(const ChoiceList& partners)
 {
+    m_partners = partners;
     fillCombo(*m_ui->cmbXLSaki, partners, true);
 }
 
 void MovementListPage::setStaff(const ChoiceList& staff)
 {
+    m_staff = staff;
     fillCombo(*m_ui->cmbXLTantou, staff, true);
 }
 
@@ -111,29 +134,104 @@ void MovementListPage::firstShow()
     m_ui->txtXLBarCode->setText(kept);
 }
 
+// ---- the goods to be listed
+
 void MovementListPage::barCode_KeyPress(int& keyAscii)
 {
     SearchKeyCheck(keyAscii);
     limitLength(*m_ui->txtXLBarCode, codeLength, true, keyAscii);
-    if (keyAscii == enterKey && m_ui->txtXLBarCode->text().isEmpty())
+    if (keyAscii != enterKey)
+        return;
+    const QString text = m_ui->txtXLBarCode->text();
+    if (text.isEmpty()) {
         resetTab();
+        return;
+    }
+    if (text.size() > codeLength)
+        return;
+    m_services.frame.BusyOn();
+    const bool taken = takeCode(text);
+    m_services.frame.BusyOff();
+    if (taken)
+        m_ui->cmdXLKensaku->setFocus();
+    else
+        m_ui->txtXLBarCode->setFocus();
 }
 
-void MovementListPage::plainHeadings()
+/// Keeps the code, the pattern or "all of them" for the next search. False when there is no such code; then
+/// everything is as it was.
+bool MovementListPage::takeCode(const QString& text)
 {
-    for (int column = 1; column <= grid()->MaxCols(); ++column)
-        grid()->SetText(column, 0, (m_services.ini.*m_side.heading)(column));
+    const std::string code = text.toStdString();
+    if (!canBeCode(code)) {
+        unregistered(text);
+        return false;
+    }
+    if (text == u"*") {
+        m_ui->lblXLSyouhin->setText(allChoices);
+    } else if (text.contains(u'*') || text.contains(u'?')) {
+        m_ui->lblXLSyouhin->setText(text);
+    } else {
+        MasterRec& goods = m_services.db.MasterSyu();
+        if (goods.Select(whereCode(code)) <= 0) {
+            unregistered(text);
+            return false;
+        }
+        m_ui->lblXLSyouhin->setText(QString::fromUtf8(goods.get(1, MasterCol::Name)));
+        goods.Clear();
+    }
+    m_chosenCode = code;
+    return true;
+}
+
+void MovementListPage::unregistered(const QString& code)
+{
+    const QString goods = m_services.ini.MasterTerm(0);
+    m_services.msgBox.show(
+        {fillIn(u"{goods} 未登録エラー", {{u"goods", goods}}),
+         fillIn(u"入力された コード 「 {text} 」 は\r\n「{master term 0}」 "
+                u"に登録されていません。\r\n\r\n登録されているコードを入力して下さい。　　　",
+                {{u"master term 0", goods}, {u"text", code}}),
+         BoxIcon::Stop});
 }
 
 void MovementListPage::resetTab()
 {
+    m_chosenCode.clear();
     m_ui->lblXLSyouhin->setText(allChoices);
     m_ui->cmbXLSaki->setCurrentIndex(m_ui->cmbXLSaki->count() - 1);
     m_ui->cmbXLTantou->setCurrentIndex(m_ui->cmbXLTantou->count() - 1);
     m_ui->chkXLSum->setChecked(false);
-    plainHeadings();
-    grid()->setMaxRows(0);
+    writePlainHeadings(m_side, m_services.ini, *grid());
+    emptyGrid();
     m_ui->cmdXLKensaku->setFocus();
+}
+
+// ---- sorting
+
+void MovementListPage::headingClick(int col)
+{
+    if (grid()->MaxRows() < 2)
+        return;
+    m_services.frame.BusyOn();
+    const ListView view = shownView(*grid(), m_side.cells);
+    if (sortsBy(m_side, view, col))
+        sort(view, col);
+    m_services.frame.BusyOff();
+}
+
+/// The bar stays with its movement, wherever that has gone.
+void MovementListPage::sort(ListView view, int col)
+{
+    vaSpread& sheet = *grid();
+    const int activeCol = sheet.ActiveCol();
+    const RowFinder finder(sheet, m_side.cells);
+    const ReDrawOff noRedraw(sheet);
+    sheet.setRowBackColor(sheet.ActiveRow(), Qt::white);
+    sortList(m_side, m_services.ini, sheet, view, col);
+    const int row = finder.find(sheet);
+    m_bar->move(0, row);
+    sheet.SetActiveCell(activeCol, row);
 }
 
 } // namespace suisui

@@ -1,5 +1,6 @@
-// Tabs 3 and 4: the movements of a period as a list. They start blank on purpose: the operator asks for a
-// list.
+// Tabs 3 and 4: the movements of a period as a list, each with its amount, or summed by goods. They start
+// blank on purpose: the operator asks for a list. Nothing is changed here; what the grid shows is what the
+// reports and the slip are made of.
 #pragma once
 
 #include <memory>
@@ -7,7 +8,9 @@
 #include "frame/support/Check_Csv.h"
 #include "frame/support/GridBar.h"
 #include "frame/support/Page.h"
+#include "lists/ListFilter.h"
 #include "lists/ListSide.h"
+#include "lists/ListSort.h"
 
 class QComboBox;
 
@@ -16,6 +19,8 @@ class MovementListPage;
 }
 
 namespace suisui {
+
+class SlipIni;
 
 class MovementListPage final : public Page
 {
@@ -31,7 +36,10 @@ public:
     void setDefaultDates(const QString& from, const QString& to) override;
     /// First sight, or the first after a movement: the blank list.
     void firstShow() override;
+    /// txtNLBarCode_KeyPress, txtSLBarCode_KeyPress: takes the goods to be listed.
     void barCode_KeyPress(int& keyAscii) override;
+    /// cmdNLKensaku_Click, cmdSLKensaku_Click.
+    void cmdKensaku_Click();
 
     /// Both end in "（すべて）", which is chosen at first.
     void setPartners(const ChoiceList& partners);
@@ -40,15 +48,53 @@ public:
     [[nodiscard]] QComboBox* staffChoice();
     [[nodiscard]] QWidget* searchButton();
 
+    /// Where slips go: the settings that the slip program reads, and the folder in which it stands and finds
+    /// its file. Only for the side that prints slips.
+    void setSlipPlace(SlipIni& ini, const QString& exeFolder);
+    /// Hands the shown list to the slip program.
+    void cmdPrintRptExe_Click();
+
 private:
     void nameControls();
-    void plainHeadings();
+    void wire();
     void resetTab();
+    [[nodiscard]] bool takeCode(const QString& text);
+    void unregistered(const QString& code);
+
+    // MovementListSearch.cpp
+    [[nodiscard]] ListFilter filter() const;
+    /// NyuListLoad, SyuListLoad.
+    void listLoad();
+    [[nodiscard]] bool agreesToShow(int count);
+    void emptyGrid();
+    /// NyuDetailFill, SyuDetailFill.
+    void detailFill(int count);
+    /// NyuSumFill, SyuSumFill.
+    void sumFill(int count);
+
+    // MovementListSlip.cpp
+    /// Keeps whom the list is for and by whom it was made, as they are at the search.
+    void rememberSlip(const ListFilter& filter);
+    void printSlip();
+    [[nodiscard]] bool handOverSlip();
+    void slipBox(const QString& text);
+
+    void headingClick(int col);
+    void sort(ListView view, int col);
 
     const ListSide& m_side;
     Services m_services;
     std::unique_ptr<Ui::MovementListPage> m_ui;
     PeriodBoxes m_period;
+    GridBar* m_bar;
+    ChoiceList m_partners;
+    ChoiceList m_staff;
+    std::string m_chosenCode;
+    std::string m_slipPartner; ///< code; empty when the list is for all of them
+    QString m_slipPerson;
+    SlipIni* m_slipIni = nullptr;
+    QString m_exeFolder;
+    bool m_searching = false;
 };
 
 } // namespace suisui

@@ -1,7 +1,6 @@
 #include "movement/MovementPage.h"
 
 #include "frame/support/PageTools.h"
-#include "movement/Deltas.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
@@ -62,6 +61,11 @@ vaSpread* MovementPage::grid()
     return m_ui->Sprd_X;
 }
 
+const vaSpread* MovementPage::grid() const
+{
+    return m_ui->Sprd_X;
+}
+
 QComboBox* MovementPage::partnerChoice()
 {
     return m_ui->cmbXSaki;
@@ -117,6 +121,8 @@ Figures MovementPage::shownFigures(int row) const
 
 int MovementPage::bufferIndex(int row) const
 {
+    if (const int number = grid()->pendingNumber(row); number != 0)
+        return number; // nobody has looked at the row: its texts need not be made for this
     return static_cast<int>(numberOf(m_ui->Sprd_X->text(m_side.cells.index, row)));
 }
 

@@ -6,11 +6,14 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "frame/support/Check_Csv.h"
 #include "frame/support/Frame.h"
 #include "frame/support/GridBar.h"
 #include "frame/support/Page.h"
+#include "movement/Deltas.h"
 #include "movement/MovementSide.h"
 
 namespace Ui {
@@ -22,7 +25,6 @@ namespace suisui {
 class EnterButton;
 class KeyField;
 class RowSet;
-struct Figures;
 
 class MovementPage final : public Page
 {
@@ -60,6 +62,7 @@ public:
 private:
     struct Scan;
 
+    [[nodiscard]] const vaSpread* grid() const;
     void nameControls();
     void wire();
 
@@ -80,9 +83,13 @@ private:
     [[nodiscard]] bool postUpdate(int row, int rowIndex, const Figures& posted, const Figures& now,
                                   const std::string& stamp);
     void restorePosted(int row, int rowIndex, const Figures& posted);
+    void showPosted(int row, const Figures& figures);
+    void putBackPosted();
     [[nodiscard]] bool postDelete(int rowIndex, double delta, const std::string& stamp);
     void takeOutOfGrid(int row, int rowIndex);
     void concurrentChange(bool deleting);
+    /// Whether \a row still shows what the buffer holds for it.
+    [[nodiscard]] bool inStep(int row) const;
 
     [[nodiscard]] Figures postedFigures(int row) const;
     [[nodiscard]] Figures shownFigures(int row) const;
@@ -100,6 +107,10 @@ private:
     GridBar* m_bar = nullptr;
     PeriodBoxes m_period;
     ChoiceList m_partners;
+    /// Posted figures of rows as they were before an update that was rolled back, by grid row.
+    std::vector<std::pair<int, Figures>> m_takenBack;
+    /// Rows at the bottom of the grid that the buffer has left behind.
+    int m_outOfStep = 0;
 };
 
 } // namespace suisui

@@ -9,7 +9,6 @@
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
 #include "movement/Components.h"
-#include "movement/Deltas.h"
 #include "movement/ZaikoPost.h"
 #include "platform/core/Clock.h"
 #include "platform/core/FillIn.h"
@@ -88,6 +87,7 @@ void MovementPage::book(const std::string& code)
         m_services.frame.BusyOff();
         return;
     }
+    putBackPosted(); // by row, and the rows are about to move down
     const int barRow = grid()->ActiveRow();
     grid()->setReDraw(false);
     putOnTop(scan);
@@ -101,6 +101,7 @@ void MovementPage::book(const std::string& code)
             {u"データベースエラー"_s, QString::fromUtf16(m_side.insertErrorText), BoxIcon::Stop});
         // The row that was not stored stays in view until the next search; the count is what it was.
         grid()->setMaxRows(grid()->MaxRows() - 1);
+        m_outOfStep = std::max(m_outOfStep - 1, 0);
     }
     waitForNextSecond(scan);
     m_services.frame.setFormEnabled(true);

@@ -135,9 +135,14 @@ class Screen:
     def type(self, text):
         """Types as fast as the server takes it, as a keyboard-style reader does; a line break is Enter.
 
-        Key by key, since xdotool's own typing would send a line feed instead of Enter."""
+        Key by key, since xdotool's own typing would send a line feed instead of Enter. A second Enter in a row
+        is the one of the number pad: the same key twice within a millisecond would pass for a held key."""
         names = {"\n": "Return", "-": "minus"}
-        done = self._xdotool("key", "--delay", "0", *(names.get(letter, letter) for letter in text))
+        keys = []
+        for letter in text:
+            key = names.get(letter, letter)
+            keys.append("KP_Enter" if key == "Return" and keys[-1:] == ["Return"] else key)
+        done = self._xdotool("key", "--delay", "0", *keys)
         if done.returncode != 0:
             raise DeskError(f"typing {text!r}: {done.stderr}")
 

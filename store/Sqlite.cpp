@@ -12,7 +12,8 @@ namespace suisui {
 namespace {
 
 constexpr int busyMilliseconds = 500; // another program's write is short; a longer one is a lock to report
-constexpr int widestTable = 32;       // columns of a row that are handed over without a heap block
+constexpr const char* nulCharacter = "the statement holds a NUL character";
+constexpr int widestTable = 32; // columns of a row that are handed over without a heap block
 
 std::string_view columnText(sqlite3_stmt* statement, int column)
 {
@@ -20,6 +21,55 @@ std::string_view columnText(sqlite3_stmt* statement, int column)
     if (text == nullptr)
         return {};
     return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+/// Leaves a kept statement as it was found, whatever happens in between: one half done would hold a lock.
+struct InUse
+{
+    explicit InUse(sqlite3_stmt* kept) : statement(kept) {}
+    ~InUse()
+    {
+        sqlite3_reset(statement);
+        sqlite3_clear_bindings(statement);
+    }
+    InUse(const InUse&) = delete;
+    InUse& operator=(const InUse&) = delete;
+    sqlite3_stmt* statement;
+};
+
+/// A statement with its quoted texts taken out, so that it is prepared once for all codes and dates.
+struct Template
+{
+    std::string sql;
+    std::vector<std::string> texts;
+};
+
+Template withoutTexts(std::string_view sql)
+{
+    Template result;
+    result.sql.reserve(sql.size());
+    std::size_t at = 0;
+    while (at < sql.size()) {
+        if (sql[at] != '\'') {
+            result.sql += sql[at++];
+            continue;
+        }
+        std::string text;
+        std::size_t end = at + 1;
+        for (; end < sql.size(); ++end) {
+            if (sql[end] == '\'' && (end + 1 >= sql.size() || sql[end + 1] != '\''))
+                break;
+            if (sql[end] == '\'')
+                ++end; // a doubled quote is one quote
+            text += sql[end];
+        }
+        if (end >= sql.size())
+            return {std::string(sql), {}}; // an open quote: the engine says what is wrong with it
+        result.sql += '?';
+        result.texts.push_back(std::move(text));
+        at = end + 1;
+    }
+    return result;
 }
 
 /// Statements of the connection that make it what the rules count on.
@@ -88,7 +138,7 @@ int Sqlite::prepare(std::string_view sql, unsigned flags, sqlite3_stmt** stateme
         return SQLITE_MISUSE;
     }
     if (sql.find('\0') != std::string_view::npos) {
-        m_ownError = "the statement holds a NUL character";
+        m_ownError = nulCharacter;
         return SQLITE_ERROR;
     }
     const char* tail = nullptr;
@@ -136,6 +186,7 @@ int Sqlite::executeBound(const std::string& sql, std::span<const std::string_vie
     int code = kept(sql, &statement);
     if (code != SQLITE_OK)
         return code;
+    const InUse inUse{statement};
     int parameter = 0;
     for (const std::string_view value : values) {
         // An empty view may have no address, which would bind a Null.
@@ -151,27 +202,35 @@ int Sqlite::executeBound(const std::string& sql, std::span<const std::string_vie
         if (code == SQLITE_DONE || code == SQLITE_ROW)
             code = SQLITE_OK;
     }
-    sqlite3_reset(statement);
-    sqlite3_clear_bindings(statement);
     return code;
 }
 
 int Sqlite::select(std::string_view sql, const RowHandler& handler)
 {
-    sqlite3_stmt* raw = nullptr;
-    int code = prepare(sql, 0, &raw);
+    if (sql.find('\0') != std::string_view::npos) {
+        m_ownError = nulCharacter;
+        return SQLITE_ERROR;
+    }
+    const Template wanted = withoutTexts(sql);
+    sqlite3_stmt* statement = nullptr;
+    int code = kept(wanted.sql, &statement);
     if (code != SQLITE_OK)
         return code;
-    const Statement statement(raw);
-    const int count = sqlite3_column_count(raw) - 1;
+    const InUse inUse{statement};
+    for (std::size_t i = 0; i < wanted.texts.size() && code == SQLITE_OK; ++i)
+        code = sqlite3_bind_text64(statement, static_cast<int>(i) + 1, wanted.texts[i].c_str(),
+                                   wanted.texts[i].size(), SQLITE_STATIC, SQLITE_UTF8);
+    const int count = sqlite3_column_count(statement) - 1;
     std::array<std::string_view, widestTable> few;
     std::vector<std::string_view> many(count > widestTable ? static_cast<std::size_t>(count) : 0);
     const std::span<std::string_view> texts =
         many.empty() ? std::span(few).first(static_cast<std::size_t>(count)) : std::span(many);
-    while ((code = sqlite3_step(raw)) == SQLITE_ROW) {
-        for (int i = 0; i < count; ++i)
-            texts[static_cast<std::size_t>(i)] = columnText(raw, i + 1);
-        handler(sqlite3_column_int64(raw, 0), texts);
+    if (code == SQLITE_OK) {
+        while ((code = sqlite3_step(statement)) == SQLITE_ROW) {
+            for (int i = 0; i < count; ++i)
+                texts[static_cast<std::size_t>(i)] = columnText(statement, i + 1);
+            handler(sqlite3_column_int64(statement, 0), texts);
+        }
     }
     return code == SQLITE_DONE ? SQLITE_OK : code;
 }
@@ -198,13 +257,13 @@ int Sqlite::selectNumberBound(const std::string& sql, std::int64_t rowId, std::i
     int code = kept(sql, &statement);
     if (code != SQLITE_OK)
         return code;
+    const InUse inUse{statement};
     number = 0;
     code = sqlite3_bind_int64(statement, 1, rowId);
     if (code == SQLITE_OK)
         code = sqlite3_step(statement);
     if (code == SQLITE_ROW)
         number = sqlite3_column_int64(statement, 0);
-    sqlite3_reset(statement);
     return code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_OK : code;
 }
 

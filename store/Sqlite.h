@@ -46,7 +46,8 @@ public:
     /// Runs a statement with \a values bound as texts in order; the statement is prepared once and kept.
     [[nodiscard]] int executeBound(const std::string& sql, std::span<const std::string_view> values,
                                    std::int64_t rowId = 0);
-    /// Runs a SELECT whose first column is the row id and hands each row's other columns to \a handler.
+    /// Runs a SELECT whose first column is the row id and hands each row's other columns to \a handler, which
+    /// must not select with the same statement itself. The statement is kept; its quoted texts are bound.
     [[nodiscard]] int select(std::string_view sql, const RowHandler& handler);
     /// First column of the first row as a number.
     [[nodiscard]] int selectNumber(std::string_view sql, std::int64_t& number);

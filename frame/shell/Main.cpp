@@ -122,6 +122,7 @@ bool Main_Module::loadWindow()
 {
     m_frmMain = std::make_unique<frmMain>(
         Surroundings{*m_appDB, *m_appIni, m_clock, m_msgBox, *m_shortWait, *m_wait, m_lastDate});
+    m_frmMain->setSlipPlace(*m_slipIni, m_appEnv->BaseFolder() + u"/exe"_s);
     m_frmMain->askEnd = [this] { return askEnd(); };
     m_frmMain->setMasterStartFlag = [this] { m_masterStartFlag = true; };
     m_frmMain->clearMasterStartFlag = [this] { m_masterStartFlag = false; };

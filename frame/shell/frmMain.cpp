@@ -84,6 +84,11 @@ void frmMain::buildPages()
     }
 }
 
+void frmMain::setSlipPlace(SlipIni& ini, const QString& exeFolder)
+{
+    m_lists[static_cast<std::size_t>(Side::Shipment)]->setSlipPlace(ini, exeFolder);
+}
+
 QComboBox* frmMain::staffChoice()
 {
     return m_ui->cmbTantou;

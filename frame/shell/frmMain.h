@@ -25,6 +25,7 @@ class FocusPaint;
 class MovementListPage;
 class MovementPage;
 class StockPage;
+class SlipIni;
 class frm_ShortWait;
 class frm_Wait;
 
@@ -55,6 +56,8 @@ public:
     /// Brings tab \a tab to the front with everything that a change of tab does, even if it is there.
     void showTab(Tab tab);
     void cmdMaster_Click();
+    /// What the slip program reads, and the folder in which it stands.
+    void setSlipPlace(SlipIni& ini, const QString& exeFolder);
 
     /// The window's Enabled property; the main loop reads no scans while it is off.
     [[nodiscard]] bool formEnabled() const { return m_gate.enabled(); }

@@ -13,13 +13,17 @@ namespace suisui {
 inline const QColor focusColor(0, 255, 255);
 inline const QColor barWithoutFocus(192, 192, 192);
 
+/// Colour of the bar while no control at all has the focus.
+enum class BarWithNoFocus { Cyan, Grey };
+
 class GridBar : public QObject
 {
 public:
     /// Follows the cursor and the focus of \a grid. \a rest gives the colour of a row that the bar leaves;
     /// without it, white.
-    explicit GridBar(vaSpread& grid, std::function<QColor(int row)> rest = {})
-        : QObject(&grid), m_grid(grid), m_rest(std::move(rest))
+    explicit GridBar(vaSpread& grid, std::function<QColor(int row)> rest = {},
+                     BarWithNoFocus noFocus = BarWithNoFocus::Cyan)
+        : QObject(&grid), m_grid(grid), m_rest(std::move(rest)), m_noFocus(noFocus)
     {
         connect(&grid, &vaSpread::LeaveCell, this, [this](int, int row, int newCol, int newRow) {
             if (newCol > 0)
@@ -41,7 +45,8 @@ private:
     [[nodiscard]] QColor barColor() const
     {
         const QWidget* active = QApplication::focusWidget();
-        const bool onGrid = active == nullptr || active == &m_grid || m_grid.isAncestorOf(active);
+        const bool onGrid = active == nullptr ? m_noFocus == BarWithNoFocus::Cyan
+                                              : active == &m_grid || m_grid.isAncestorOf(active);
         return onGrid ? focusColor : barWithoutFocus;
     }
 
@@ -53,6 +58,7 @@ private:
 
     vaSpread& m_grid;
     std::function<QColor(int)> m_rest;
+    BarWithNoFocus m_noFocus;
 };
 
 } // namespace suisui

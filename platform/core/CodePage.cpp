@@ -77,4 +77,20 @@ std::optional<std::string> toCp932(std::string_view utf8)
     return bytes;
 }
 
+std::string toCp932(std::string_view utf8, char instead)
+{
+    if (isAscii(utf8))
+        return std::string(utf8);
+    Converter converter("CP932", "UTF-8");
+    std::string bytes;
+    bytes.reserve(utf8.size());
+    while (!converter.convert(utf8, bytes)) {
+        bytes += instead;
+        do // the whole character, or as much of one as is there
+            utf8.remove_prefix(1);
+        while (!utf8.empty() && (static_cast<unsigned char>(utf8.front()) & 0xC0U) == 0x80U);
+    }
+    return bytes;
+}
+
 } // namespace suisui

@@ -13,4 +13,7 @@ namespace suisui {
 /// \a utf8 in code page 932; nothing when a character has no place in it.
 [[nodiscard]] std::optional<std::string> toCp932(std::string_view utf8);
 
+/// \a utf8 in code page 932, with \a instead for each character that has no place in it.
+[[nodiscard]] std::string toCp932(std::string_view utf8, char instead);
+
 } // namespace suisui

@@ -4,19 +4,25 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QStyle>
+#include <QTimer>
 
 #include "platform/widgets/AppFont.h"
 #include "platform/widgets/EnterButton.h"
+#include "platform/widgets/EnterKey.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
 namespace {
+
+/// Milliseconds within which the next character of a reader that types has come.
+constexpr int longestGapOfReader = 60;
 
 struct BoxButton
 {
@@ -105,6 +111,8 @@ public:
         all->addLayout(top);
         all->addLayout(bottom);
         all->setSizeConstraint(QLayout::SetFixedSize);
+        m_letter.setSingleShot(true);
+        connect(&m_letter, &QTimer::timeout, this, [this] { m_wanted->click(); });
     }
 
     [[nodiscard]] BoxAnswer answer() const { return m_answer; }
@@ -116,6 +124,7 @@ private:
         widget->setObjectName(QString::fromUtf16(button.name));
         widget->setText(QString::fromUtf16(button.caption));
         widget->setMinimumSize(100, 30);
+        widget->installEventFilter(this);
         connect(widget, &QPushButton::clicked, this, [this, answer = button.answer] {
             m_answer = answer;
             accept();
@@ -128,20 +137,55 @@ private:
         }
     }
 
+    /// A letter alone answers, as on every system's own boxes. But a bar-code reader that types sends its
+    /// letters in a burst, and an Enter behind them: a letter counts when it stands alone.
     void keyPressEvent(QKeyEvent* event) override
     {
-        // A letter alone presses, as on every system's own boxes: the mnemonics need no Alt here.
-        for (QPushButton* button : findChildren<QPushButton*>()) {
-            const qsizetype mark = button->text().indexOf(u'&');
-            if (mark >= 0
-                && event->text().compare(button->text().mid(mark + 1, 1), Qt::CaseInsensitive) == 0) {
-                button->click();
-                return;
-            }
+        m_letter.stop();
+        const QString text = event->text();
+        if (text.isEmpty() || !text[0].isPrint()) {
+            m_burst = false;
+            QDialog::keyPressEvent(event);
+            return;
         }
-        QDialog::keyPressEvent(event);
+        const bool alone = !m_burst || m_lastKey.hasExpired(longestGapOfReader);
+        m_burst = true;
+        m_lastKey.start();
+        m_wanted = alone ? buttonOf(text) : nullptr;
+        if (m_wanted != nullptr)
+            m_letter.start(longestGapOfReader);
     }
 
+    /// The button with the focus is cyan, as everywhere in the program.
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+            auto* button = static_cast<QPushButton*>(object);
+            QPalette colors = palette();
+            if (event->type() == QEvent::FocusIn)
+                colors.setColor(QPalette::Button, Qt::cyan);
+            button->setPalette(colors);
+        } else if (event->type() == QEvent::KeyPress && isEnter(*static_cast<QKeyEvent*>(event))) {
+            m_burst = false; // the end of a code; the button presses nothing
+            m_letter.stop();
+        }
+        return QDialog::eventFilter(object, event);
+    }
+
+    [[nodiscard]] QPushButton* buttonOf(const QString& letter) const
+    {
+        for (QPushButton* button : findChildren<QPushButton*>()) {
+            const qsizetype mark = button->text().indexOf(u'&');
+            if (mark >= 0 && letter.compare(button->text().mid(mark + 1, 1), Qt::CaseInsensitive) == 0)
+                return button;
+        }
+        return nullptr;
+    }
+
+    QTimer m_letter{this};
+    QElapsedTimer m_lastKey;
+    QPushButton* m_wanted = nullptr;
+    bool m_burst = false; ///< characters have come since the last other key
     BoxAnswer m_answer;
 };
 

@@ -58,6 +58,7 @@ constexpr NamedKey namedKeys[] = {
 };
 
 constexpr int mostRepeats = 1000;
+constexpr int deepestGroup = 64;
 
 [[noreturn]] void meaningless(QStringView expression)
 {
@@ -73,22 +74,27 @@ public:
     std::vector<KeyStroke> read()
     {
         while (m_at < m_text.size())
-            item(Qt::NoModifier);
+            item(Qt::NoModifier, 0);
         return std::move(m_keys);
     }
 
 private:
-    void item(Qt::KeyboardModifiers held)
+    void item(Qt::KeyboardModifiers held, int depth)
     {
-        const QChar c = m_text[m_at++];
-        if (const Qt::KeyboardModifiers modifier = modifierOf(c); modifier != Qt::NoModifier) {
-            if (m_at >= m_text.size())
+        QChar c = m_text[m_at++];
+        Qt::KeyboardModifiers here = Qt::NoModifier;
+        while (modifierOf(c) != Qt::NoModifier) {
+            const bool twice = (here & modifierOf(c)) != 0;
+            here |= modifierOf(c);
+            if (twice || m_at >= m_text.size())
                 meaningless(m_text);
-            item(held | modifier);
-        } else if (c == u'(') {
-            while (m_at < m_text.size() && m_text[m_at] != u')')
-                item(held);
-            if (m_at++ >= m_text.size())
+            c = m_text[m_at++];
+        }
+        held |= here;
+        if (c == u'(') {
+            while (m_at < m_text.size() && m_text[m_at] != u')' && depth < deepestGroup)
+                item(held, depth + 1);
+            if (m_at >= m_text.size() || m_text[m_at++] != u')')
                 meaningless(m_text);
         } else if (c == u'{') {
             braces(held);
@@ -127,7 +133,8 @@ private:
                 return repeat({named.key, named.text == 0 ? QString() : QString(QChar(named.text)), held},
                               count);
         if (name.startsWith(u'F', Qt::CaseInsensitive)) {
-            const int number = name.sliced(1).toInt();
+            const bool digits = name.size() > 1 && name[1].isDigit();
+            const int number = digits ? name.sliced(1).toInt() : 0;
             if (number >= 1 && number <= 16)
                 return repeat({Qt::Key_F1 + number - 1, {}, held}, count);
         }
@@ -166,13 +173,16 @@ private:
     std::vector<KeyStroke> m_keys;
 };
 
-/// Whoever would get a key of the keyboard at this moment.
+/// Whoever would get a key of the keyboard at this moment. A box that has just come up takes its keys before
+/// the screen has made it the active window.
 QWidget* receiver()
 {
-    if (QWidget* focused = QApplication::focusWidget())
-        return focused;
-    if (QWidget* modal = QApplication::activeModalWidget())
+    QWidget* focused = QApplication::focusWidget();
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr && (focused == nullptr || (focused != modal && !modal->isAncestorOf(focused))))
         return modal->focusWidget() != nullptr ? modal->focusWidget() : modal;
+    if (focused != nullptr)
+        return focused;
     QWidget* active = QApplication::activeWindow();
     return active != nullptr && active->focusWidget() != nullptr ? active->focusWidget() : active;
 }

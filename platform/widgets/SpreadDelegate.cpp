@@ -111,6 +111,11 @@ bool SpreadDelegate::eventFilter(QObject* object, QEvent* event)
             m_spread->endEdit();
             return true;
         }
+        if (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab) {
+            m_spread->tabOutOfEditor(key.key() == Qt::Key_Tab
+                                     && !key.modifiers().testFlag(Qt::ShiftModifier));
+            return true;
+        }
     }
     return QStyledItemDelegate::eventFilter(object, event);
 }

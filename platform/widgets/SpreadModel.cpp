@@ -1,12 +1,10 @@
 #include "platform/widgets/SpreadModel.h"
 
 #include <algorithm>
-#include <limits>
-#include <numeric>
 
 #include <QFont>
 
-#include "store/Numbers.h"
+#include "platform/widgets/SpreadSort.h"
 
 namespace suisui {
 
@@ -31,31 +29,6 @@ QString grouped(std::string_view text)
     for (qsizetype at = shown.size() - 3; at > first; at -= 3)
         shown.insert(at, u',');
     return shown;
-}
-
-char folded(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-int compareFolded(std::string_view a, std::string_view b)
-{
-    const std::size_t common = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < common; ++i)
-        if (folded(a[i]) != folded(b[i]))
-            return static_cast<unsigned char>(folded(a[i])) < static_cast<unsigned char>(folded(b[i])) ? -1
-                                                                                                       : 1;
-    return a.size() == b.size() ? 0 : (a.size() < b.size() ? -1 : 1);
-}
-
-/// Order of a figure; texts that are no numbers come before all numbers.
-double sortValue(std::string_view text)
-{
-    try {
-        return CDbl(text);
-    } catch (const std::exception&) {
-        return -std::numeric_limits<double>::infinity();
-    }
 }
 
 bool comparesAsNumber(CellType type)
@@ -208,35 +181,51 @@ void SpreadModel::remove(int row, int count)
     }
 }
 
+void SpreadModel::insertAt(std::span<const int> places)
+{
+    std::vector<Row> all;
+    all.reserve(m_rows.size() + places.size());
+    auto place = places.begin();
+    for (int row = 1; row <= rows() + 1; ++row) {
+        for (; place != places.end() && *place <= row; ++place) {
+            all.emplace_back();
+            all.back().texts = m_empty;
+        }
+        if (row <= rows())
+            all.push_back(std::move(m_rows[static_cast<std::size_t>(row - 1)]));
+    }
+    m_rows = std::move(all);
+}
+
+void SpreadModel::removeWhere(const std::function<bool(int row)>& gone)
+{
+    std::vector<bool> leaves(m_rows.size());
+    for (int row = 1; row <= rows(); ++row) // asked before any row moves
+        leaves[static_cast<std::size_t>(row - 1)] = gone(row);
+    std::size_t kept = 0;
+    for (std::size_t at = 0; at < m_rows.size(); ++at) {
+        if (leaves[at])
+            continue;
+        if (kept != at)
+            m_rows[kept] = std::move(m_rows[at]);
+        ++kept;
+    }
+    m_rows.resize(kept);
+}
+
 void SpreadModel::sort(std::span<const vaSpread::SortKey> keys)
 {
-    // Figures are read once, not at each comparison.
-    std::vector<std::vector<double>> figures(keys.size());
-    for (std::size_t k = 0; k < keys.size(); ++k) {
-        if (keys[k].col < 1 || keys[k].col > cols() || !comparesAsNumber(column(keys[k].col).type))
+    std::vector<SortColumn> columns;
+    for (const vaSpread::SortKey& key : keys) {
+        if (key.col < 1 || key.col > cols())
             continue;
+        SortColumn& texts = columns.emplace_back(key.ascending, comparesAsNumber(column(key.col).type));
         for (int row = 1; row <= rows(); ++row)
-            figures[k].push_back(sortValue(text(keys[k].col, row)));
+            texts.add(text(key.col, row));
     }
-    const auto before = [&](std::size_t a, std::size_t b) {
-        for (std::size_t k = 0; k < keys.size(); ++k) {
-            int order = 0;
-            if (!figures[k].empty())
-                order = figures[k][a] < figures[k][b] ? -1 : (figures[k][b] < figures[k][a] ? 1 : 0);
-            else
-                order = compareFolded(text(keys[k].col, static_cast<int>(a) + 1),
-                                      text(keys[k].col, static_cast<int>(b) + 1));
-            if (order != 0)
-                return keys[k].ascending ? order < 0 : order > 0;
-        }
-        return false;
-    };
-    std::vector<std::size_t> order(m_rows.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(), before);
     std::vector<Row> sorted;
     sorted.reserve(m_rows.size());
-    for (const std::size_t from : order)
+    for (const std::size_t from : sortedRows(m_rows.size(), columns))
         sorted.push_back(std::move(m_rows[from]));
     m_rows = std::move(sorted);
     if (m_redraw && rows() > 0)

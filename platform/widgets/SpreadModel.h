@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <span>
@@ -42,9 +43,21 @@ public:
     void setRowTexts(int row, std::span<const std::string_view> texts);
     void setRowMaker(vaSpread::RowMaker maker) { m_maker = std::move(maker); }
     void setRowSource(int row, const PackedRow& source, int number);
+    [[nodiscard]] int pendingNumber(int row) const
+    {
+        return row >= 1 && row <= rows() ? m_rows[static_cast<std::size_t>(row - 1)].pending : 0;
+    }
+    void renumberPending(int row, int number)
+    {
+        if (pendingNumber(row) != 0)
+            m_rows[static_cast<std::size_t>(row - 1)].pending = number;
+    }
     void setRows(int count);
     void insert(int row, int count);
     void remove(int row, int count);
+    /// Many at once, for a view that is told afterwards: redraw must be off.
+    void insertAt(std::span<const int> rows);
+    void removeWhere(const std::function<bool(int row)>& gone);
     void sort(std::span<const vaSpread::SortKey> keys);
 
     void setRedraw(bool on);

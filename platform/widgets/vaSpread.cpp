@@ -3,34 +3,18 @@
 #include <algorithm>
 
 #include <QApplication>
-#include <QClipboard>
 #include <QHeaderView>
-#include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
-#include "platform/widgets/CellEditor.h"
-#include "platform/widgets/EnterKey.h"
 #include "platform/widgets/SpreadDelegate.h"
 #include "platform/widgets/SpreadModel.h"
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
 namespace {
 
 constexpr int rowHeight = 24;
-
-/// Character code of the keys that a KeyPress handler is told of, 0 for the others.
-int keyAscii(const QKeyEvent& event)
-{
-    if (isEnter(event))
-        return 13;
-    if (event.key() == Qt::Key_Backspace)
-        return 8;
-    const QString text = event.text();
-    return text.size() == 1 && text[0].isPrint() ? text[0].unicode() : 0;
-}
 
 QHeaderView* still(QHeaderView* header)
 {
@@ -55,9 +39,12 @@ vaSpread::vaSpread(QWidget* parent)
     setSelectionMode(QAbstractItemView::ContiguousSelection);
     setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed
                     | QAbstractItemView::DoubleClicked);
-    setTabKeyNavigation(false); // Tab leaves the grid; the arrows move in it
+    setTabKeyNavigation(false); // Tab goes by rules of its own
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setWordWrap(false);
+    // A click on a heading sorts; it selects no column and moves no cursor.
+    disconnect(horizontalHeader(), &QHeaderView::sectionPressed, this, nullptr);
+    disconnect(horizontalHeader(), &QHeaderView::sectionEntered, this, nullptr);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this](int section) { Q_EMIT HeadingClick(section + 1); });
     connect(this, &QAbstractItemView::clicked, this, &vaSpread::toggleCheck);
@@ -71,6 +58,8 @@ vaSpread::~vaSpread()
 
 void vaSpread::setColumns(std::span<const SpreadColumn> columns)
 {
+    const QScopedValueRollback quiet(m_quietCursor, true);
+    endEdit();
     m_model->setColumns(columns);
     m_activeCol = m_activeRow = 0;
     for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
@@ -90,8 +79,21 @@ int vaSpread::MaxRows() const
 
 void vaSpread::setMaxRows(int rows)
 {
-    m_model->setRows(rows);
-    m_activeRow = std::min(m_activeRow, m_model->rows());
+    endEdit();
+    {
+        const QScopedValueRollback quiet(m_quietCursor, true);
+        m_model->setRows(rows);
+    }
+    cutCursor();
+    showCursor();
+}
+
+/// The cursor never stands below the last row.
+void vaSpread::cutCursor()
+{
+    m_activeRow = std::min(m_activeRow, MaxRows());
+    if (m_activeRow == 0)
+        m_activeCol = 0;
 }
 
 std::string_view vaSpread::text(int col, int row) const
@@ -123,26 +125,63 @@ void vaSpread::setRowSource(int row, const PackedRow& source, int number)
 {
     m_model->setRowSource(row, source, number);
 }
+int vaSpread::pendingNumber(int row) const
+{
+    return m_model->pendingNumber(row);
+}
+void vaSpread::renumberPending(int row, int number)
+{
+    m_model->renumberPending(row, number);
+}
 
 void vaSpread::InsertRows(int row, int count)
 {
     if (row < 1 || row > MaxRows() + 1 || count < 1)
         return;
-    m_quietCursor = true;
+    endEdit();
+    const QScopedValueRollback quiet(m_quietCursor, true);
     m_model->insert(row, count);
-    m_quietCursor = false;
     if (m_activeRow >= row)
         m_activeRow += count;
 }
 
 void vaSpread::DeleteRows(int row, int count)
 {
-    m_quietCursor = true;
-    m_model->remove(row, count);
-    m_quietCursor = false;
+    endEdit();
+    {
+        const QScopedValueRollback quiet(m_quietCursor, true);
+        m_model->remove(row, count);
+    }
     if (m_activeRow >= row)
         m_activeRow = std::clamp(m_activeRow - count, std::min(row, MaxRows()), MaxRows());
+    cutCursor();
     showCursor();
+}
+
+void vaSpread::InsertRowsAt(std::span<const int> rows)
+{
+    const bool shown = ReDraw();
+    setReDraw(false);
+    m_activeRow += static_cast<int>(
+        std::count_if(rows.begin(), rows.end(), [this](int row) { return row <= m_activeRow; }));
+    m_model->insertAt(rows);
+    setReDraw(shown);
+}
+
+void vaSpread::DeleteRowsWhere(const std::function<bool(int row)>& gone)
+{
+    const bool shown = ReDraw();
+    setReDraw(false);
+    int above = 0;
+    bool cursorGoes = false;
+    m_model->removeWhere([&](int row) {
+        const bool leaves = gone(row);
+        above += leaves && row < m_activeRow ? 1 : 0;
+        cursorGoes |= leaves && row == m_activeRow;
+        return leaves;
+    });
+    m_activeRow = cursorGoes ? 0 : m_activeRow - above;
+    setReDraw(shown);
 }
 
 void vaSpread::setReDraw(bool on)
@@ -150,18 +189,23 @@ void vaSpread::setReDraw(bool on)
     if (on == ReDraw())
         return;
     if (!on) {
+        endEdit(); // what was typed belongs to the row that is still there
         setUpdatesEnabled(false);
         m_model->setRedraw(false);
+        m_cursorSet = false;
         return;
     }
     const int across = horizontalScrollBar()->value();
     const int down = verticalScrollBar()->value();
-    m_quietCursor = true;
-    m_model->setRedraw(true);
-    m_quietCursor = false;
-    horizontalScrollBar()->setValue(across);
-    verticalScrollBar()->setValue(down);
+    {
+        const QScopedValueRollback quiet(m_quietCursor, true);
+        m_model->setRedraw(true);
+    }
     showCursor();
+    if (!m_cursorSet) {
+        horizontalScrollBar()->setValue(across);
+        verticalScrollBar()->setValue(down);
+    }
     setUpdatesEnabled(true);
 }
 
@@ -212,6 +256,7 @@ void vaSpread::SetActiveCell(int col, int row)
     }
     m_activeCol = col;
     m_activeRow = row;
+    m_cursorSet = true;
     showCursor();
 }
 
@@ -234,127 +279,8 @@ void vaSpread::showCursor()
 
 void vaSpread::Sort(std::span<const SortKey> keys)
 {
+    endEdit();
     m_model->sort(keys);
-}
-
-void vaSpread::endEdit()
-{
-    QWidget* editor = m_delegate->openEditor();
-    if (editor == nullptr || !isEditing())
-        return; // a closed editor lives on until events have run
-    commitData(editor);
-    closeEditor(editor, QAbstractItemDelegate::NoHint);
-}
-
-bool vaSpread::isEditing() const
-{
-    return state() == QAbstractItemView::EditingState;
-}
-
-void vaSpread::setKeyPressHandler(KeyPressHandler handler)
-{
-    m_keyPress = std::move(handler);
-}
-
-bool vaSpread::swallowed(const QKeyEvent& event)
-{
-    int key = keyAscii(event);
-    if (key == 0 || !m_keyPress)
-        return false;
-    m_keyPress(key);
-    return key == 0;
-}
-
-void vaSpread::commitText(const QModelIndex& index, const QString& typed)
-{
-    const int col = index.column() + 1;
-    const int row = index.row() + 1;
-    if (!m_model->holds(col, row))
-        return;
-    const std::optional<QString> wanted = cellText(m_model->column(col).type, typed);
-    if (!wanted)
-        return;
-    const std::string before(text(col, row));
-    SetText(col, row, *wanted);
-    if (text(col, row) != before)
-        Q_EMIT Change(col, row);
-}
-
-void vaSpread::toggleCheck(const QModelIndex& index)
-{
-    const int col = index.column() + 1;
-    const int row = index.row() + 1;
-    if (!m_model->holds(col, row) || m_model->column(col).type != CellType::CheckBox)
-        return;
-    SetText(col, row, std::string_view(text(col, row) == "1" ? "0" : "1"));
-    Q_EMIT Change(col, row);
-}
-
-void vaSpread::currentChanged(const QModelIndex& current, const QModelIndex& previous)
-{
-    QTableView::currentChanged(current, previous);
-    const bool text = current.isValid() && m_model->column(current.column() + 1).type == CellType::Text;
-    setAttribute(Qt::WA_InputMethodEnabled, text);
-    if (m_quietCursor)
-        return;
-    const int oldCol = m_activeCol;
-    const int oldRow = m_activeRow;
-    m_activeCol = current.column() + 1;
-    m_activeRow = current.row() + 1;
-    Q_EMIT LeaveCell(oldCol, oldRow, current.isValid() ? m_activeCol : -1, m_activeRow);
-}
-
-void vaSpread::keyPressEvent(QKeyEvent* event)
-{
-    if (swallowed(*event)) {
-        event->accept();
-        return;
-    }
-    if (isEnter(*event)) {
-        endEdit();
-        event->accept();
-    } else if (event->matches(QKeySequence::Copy)) {
-        copySelection();
-        event->accept();
-    } else if (event->key() == Qt::Key_Space && currentIndex().isValid()
-               && m_model->column(currentIndex().column() + 1).type == CellType::CheckBox) {
-        toggleCheck(currentIndex());
-        event->accept();
-    } else {
-        QTableView::keyPressEvent(event);
-    }
-}
-
-/// The selected cells as lines of tab-separated texts, as spreadsheets take them.
-void vaSpread::copySelection() const
-{
-    QItemSelection selection = selectionModel()->selection();
-    if (selection.isEmpty() && currentIndex().isValid())
-        selection.select(currentIndex(), currentIndex());
-    if (selection.isEmpty())
-        return;
-    const QItemSelectionRange range = selection.first();
-    QStringList lines;
-    for (int row = range.top(); row <= range.bottom(); ++row) {
-        QStringList cells;
-        for (int column = range.left(); column <= range.right(); ++column)
-            if (!isColumnHidden(column))
-                cells << qtext(column + 1, row + 1);
-        lines << cells.join(u'\t');
-    }
-    QGuiApplication::clipboard()->setText(lines.join(u"\r\n"_s));
-}
-
-void vaSpread::focusMoved(const QWidget* now)
-{
-    const bool here = now == this || isAncestorOf(now);
-    if (here == m_hasFocus)
-        return;
-    m_hasFocus = here;
-    if (here)
-        Q_EMIT GotFocus();
-    else
-        Q_EMIT LostFocus();
 }
 
 } // namespace suisui

@@ -75,11 +75,21 @@ public:
     /// A row that is made of \a source when somebody first looks at it. So a hundred thousand rows cost
     /// little more than their number until they are seen.
     void setRowSource(int row, const PackedRow& source, int number);
+    /// The number that \a row was given with, as long as nobody has looked at the row; 0 afterwards. Whoever
+    /// needs only the number of many rows does not make them all.
+    [[nodiscard]] int pendingNumber(int row) const;
+    /// Gives a row that nobody has looked at yet another number.
+    void renumberPending(int row, int number);
 
     /// Puts \a count empty rows in front of \a row; the rows below move down and keep their colours, and the
     /// cursor stays with its row.
     void InsertRows(int row, int count = 1);
     void DeleteRows(int row, int count = 1);
+    /// Puts an empty row in front of each of \a rows, which rise and may repeat; MaxRows() + 1 is the end.
+    /// The numbers are those before the call. One pass over the grid, however many rows there are.
+    void InsertRowsAt(std::span<const int> rows);
+    /// Takes out every row that \a gone says so of, in one pass. The cursor of a row that goes is gone too.
+    void DeleteRowsWhere(const std::function<bool(int row)>& gone);
 
     /// While redraw is off nothing is painted and no view is updated; switching it on shows everything
     /// at once.
@@ -131,8 +141,16 @@ Q_SIGNALS:
     void HeadingClick(int col);
 
 protected:
+    bool event(QEvent* event) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void keyboardSearch(const QString& search) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
     friend class SpreadDelegate;
@@ -144,6 +162,11 @@ private:
     void toggleCheck(const QModelIndex& index);
     void copySelection() const;
     void showCursor();
+    void cutCursor();
+    void followInputMethod();
+    [[nodiscard]] bool tabToCell(bool forward);
+    void tabOutOfEditor(bool forward);
+    void blankWhileOff();
     void focusMoved(const QWidget* now);
 
     SpreadModel* m_model;
@@ -151,7 +174,9 @@ private:
     KeyPressHandler m_keyPress;
     int m_activeCol = 0;
     int m_activeRow = 0;
+    const QKeyEvent* m_offered = nullptr; ///< the key that the handler has seen already
     bool m_quietCursor = false;
+    bool m_cursorSet = false; ///< the program has moved the cursor since redraw went off
     bool m_hasFocus = false;
 };
 

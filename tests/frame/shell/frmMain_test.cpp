@@ -12,14 +12,8 @@
 #include <QTabWidget>
 #include <QTest>
 
-#include "frame/support/frm_ShortWait.h"
-#include "frame/support/frm_Wait.h"
-#include "movement/MovementPage.h"
 #include "platform/core/RunTimeError.h"
-#include "store/AppIni.h"
-#include "tests/support/ScriptedMsgBox.h"
-#include "tests/support/TempShop.h"
-#include "tests/support/TestClock.h"
+#include "tests/support/MainWindowDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,73 +21,8 @@ namespace suisui::test {
 
 namespace {
 
-class MainWindowTest : public ::testing::Test
+class MainWindowTest : public ::testing::Test, protected MainWindowDesk
 {
-protected:
-    MainWindowTest() : db(shop.databaseFolder()) { EXPECT_EQ(db.Open("trnvik.mdb"), 0); }
-
-    void furnish()
-    {
-        partner("101", "東商店", "1", "");
-        partner("102", "西商店", "1", "");
-        partner("201", "南商店", "", "1");
-        shop.add(tantouTable, {"01", "山田"});
-        shop.add(tantouTable, {"02", "佐藤"});
-        shop.add(masterTable, {"4901001000017", "鉛筆", "", "12", "50", "1", "80", "本", "0"});
-    }
-    void partner(const std::string& code, const std::string& name, const std::string& nyu,
-                 const std::string& syu)
-    {
-        shop.add(kokyakuTable, {code, name, "", "", "", "", "", "", "", "", "", "", "", nyu, syu});
-    }
-    frmMain& open(bool shown = true)
-    {
-        window = std::make_unique<frmMain>(Surroundings{db, ini, clock, box, shortWait, wait, u"20260401"_s});
-        window->askEnd = [this] { return ++asked, endAnswer; };
-        window->setMasterStartFlag = [this] { masterStart = true; };
-        window->clearMasterStartFlag = [this] { masterStart = false; };
-        window->masterStartFlag = [this] { return masterStart; };
-        window->unloaded = [this] { gone = true; };
-        window->load();
-        if (shown) {
-            window->show();
-            window->showTab(Tab::Receipt);
-            window->activateWindow();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-            field(Tab::Receipt).setFocus();
-        }
-        return *window;
-    }
-    QLineEdit& field(Tab tab) const { return *window->page(tab).barCodeField(); }
-    vaSpread& grid(Tab tab) const { return *window->page(tab).grid(); }
-    template <typename Widget> Widget& control(const QString& name) const
-    {
-        auto* found = window->findChild<Widget*>(name);
-        if (found == nullptr)
-            throw std::runtime_error("no control " + name.toStdString());
-        return *found;
-    }
-    /// Books a receipt and leaves its quantity changed and not saved.
-    void leaveAnEdit()
-    {
-        window->GoodsCodeSet(u"4901001000017"_s);
-        grid(Tab::Receipt).SetText(4, 1, std::string_view("20"));
-        Q_EMIT grid(Tab::Receipt).Change(4, 1);
-        ASSERT_TRUE(window->dirty(Side::Receipt));
-    }
-
-    TempShop shop;
-    AppDB db;
-    AppIni ini;
-    TestClock clock;
-    ScriptedMsgBox box;
-    frm_ShortWait shortWait;
-    frm_Wait wait;
-    std::unique_ptr<frmMain> window;
-    int asked = 0;
-    bool endAnswer = true;
-    bool masterStart = false;
-    bool gone = false;
 };
 
 } // namespace

@@ -100,6 +100,18 @@ TEST(CodePage932, textThatIsNoUtf8IsRefused)
         EXPECT_EQ(toCp932(text), std::nullopt);
 }
 
+TEST(CodePage932, charactersWithoutAPlaceCanBeReplacedOneForOne)
+{
+    EXPECT_EQ(toCp932("a\U00020BB7b", '?'), "a?b");
+    EXPECT_EQ(toCp932("𠮷野家", '?'), "?" + *toCp932("野家"));
+    EXPECT_EQ(toCp932("入荷😀😀", '?'), *toCp932("入荷") + "??");
+    EXPECT_EQ(toCp932("～－①", '?'), toCp932("～－①"));
+    EXPECT_EQ(toCp932("abc", '?'), "abc");
+    EXPECT_EQ(toCp932("", '?'), "");
+    EXPECT_EQ(toCp932("入\xE3\x81", '?'), *toCp932("入") + "?") << "a character cut short";
+    EXPECT_EQ(toCp932("\xFF入", '?'), "?" + *toCp932("入"));
+}
+
 TEST(CodePage932, textsLongerThanAnyBufferComeThroughWhole)
 {
     std::string bytes;

@@ -127,6 +127,7 @@ TEST(MsgBox, theButtonWithTheFocusIsCyan)
     };
     const QColor cyan(0, 255, 255);
     answered(yesNo, [&](QWidget& dialog) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
         EXPECT_EQ(face(dialog, u"msgBoxNo"_s), cyan);
         EXPECT_NE(face(dialog, u"msgBoxYes"_s), cyan);
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Left);

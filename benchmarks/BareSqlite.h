@@ -1,0 +1,80 @@
+// SQLite by hand, as little as it takes: what the program's own work is measured against.
+#pragma once
+
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <sqlite3.h>
+
+namespace suisui::bench {
+
+class BareSqlite
+{
+public:
+    explicit BareSqlite(const std::string& file)
+    {
+        if (sqlite3_open_v2(file.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
+            std::abort();
+        sqlite3_exec(m_db, "PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
+    }
+    ~BareSqlite()
+    {
+        for (sqlite3_stmt* statement : m_statements)
+            sqlite3_finalize(statement);
+        sqlite3_close(m_db);
+    }
+    BareSqlite(const BareSqlite&) = delete;
+    BareSqlite& operator=(const BareSqlite&) = delete;
+
+    /// The statement lives as long as the connection.
+    sqlite3_stmt* prepared(const char* sql)
+    {
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v2(m_db, sql, -1, &statement, nullptr) != SQLITE_OK)
+            std::abort();
+        m_statements.push_back(statement);
+        return statement;
+    }
+    static void bind(sqlite3_stmt* statement, const std::vector<std::string>& values)
+    {
+        for (std::size_t i = 0; i < values.size(); ++i)
+            sqlite3_bind_text(statement, static_cast<int>(i) + 1, values[i].data(),
+                              static_cast<int>(values[i].size()), SQLITE_TRANSIENT);
+    }
+    static void step(sqlite3_stmt* statement)
+    {
+        if (sqlite3_step(statement) != SQLITE_DONE)
+            std::abort();
+        sqlite3_reset(statement);
+    }
+    /// Rows of a SELECT, texts in column order.
+    static std::vector<std::vector<std::string>> rows(sqlite3_stmt* statement)
+    {
+        std::vector<std::vector<std::string>> found;
+        const int columns = sqlite3_column_count(statement);
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            std::vector<std::string> row;
+            row.reserve(static_cast<std::size_t>(columns));
+            for (int i = 0; i < columns; ++i)
+                row.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)));
+            found.push_back(std::move(row));
+        }
+        sqlite3_reset(statement);
+        return found;
+    }
+    /// First row of a SELECT with one parameter; empty when there is none.
+    static std::vector<std::string> first(sqlite3_stmt* statement, std::string_view parameter)
+    {
+        sqlite3_bind_text(statement, 1, parameter.data(), static_cast<int>(parameter.size()), SQLITE_STATIC);
+        auto found = rows(statement);
+        return found.empty() ? std::vector<std::string>() : std::move(found.front());
+    }
+
+private:
+    sqlite3* m_db = nullptr;
+    std::vector<sqlite3_stmt*> m_statements;
+};
+
+} // namespace suisui::bench
