@@ -13,6 +13,7 @@ namespace suisui {
 /// The question for a folder, when a period is saved, or for a file, when one is loaded.
 struct PlaceQuestion
 {
+    QString kind = QStringLiteral("履歴"); ///< what the files are; each kind remembers a folder of its own
     bool saveMode = false;
     QString caption;
     QString pattern;  ///< of the files that are shown
