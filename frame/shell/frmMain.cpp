@@ -308,6 +308,11 @@ bool frmMain::waitVisible() const
     return m_around.wait.isVisible();
 }
 
+void frmMain::unloadWait()
+{
+    m_around.wait.unload();
+}
+
 void frmMain::setWaitProgress(int value)
 {
     m_around.wait.setProgress(value);
