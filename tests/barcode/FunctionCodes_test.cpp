@@ -40,6 +40,19 @@ TEST(FunctionCodes, listReport_pressesTheButtonOfTheListInFront)
         EXPECT_TRUE(buttonOf(u"F", entry).isEmpty()) << entry;
 }
 
+TEST(FunctionCodes, labels_areChosenAndPrinted_onTheEntryTabInFront)
+{
+    EXPECT_EQ(buttonOf(u"L", 0), u"optNPrint1"_s);
+    EXPECT_EQ(buttonOf(u"L", 1), u"optSPrint1"_s);
+    EXPECT_EQ(buttonOf(u"M", 0), u"optNPrintS"_s);
+    EXPECT_EQ(buttonOf(u"M", 1), u"optSPrintS"_s);
+    EXPECT_EQ(buttonOf(u"N", 0), u"cmdNPrint"_s);
+    EXPECT_EQ(buttonOf(u"N", 1), u"cmdSPrint"_s);
+    for (int tab = 2; tab < tabs; ++tab)
+        for (const QStringView function : {u"L", u"M", u"N"})
+            EXPECT_TRUE(buttonOf(function, tab).isEmpty()) << tab;
+}
+
 TEST(FunctionCodes, masterDataAndEnd_arePressedOnEveryTab)
 {
     for (int tab = 0; tab < tabs; ++tab) {
