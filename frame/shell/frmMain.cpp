@@ -1,6 +1,7 @@
 #include "frame/shell/frmMain.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGuiApplication>
@@ -47,6 +48,8 @@ frmMain::frmMain(const Surroundings& surroundings, QWidget* parent)
     m_ui->lblBCReference->hide();
     buildPages();
     m_focusPaint = std::make_unique<FocusPaint>(this, baseColor(*m_ui->lblBCReference));
+    m_focusPaint->exempt(m_stock->lowBox());
+    m_focusPaint->exempt(m_stock->zeroBox());
     connect(m_ui->cmdMaster, &QPushButton::clicked, this, &frmMain::cmdMaster_Click);
     connect(m_ui->CmdEnd, &QPushButton::clicked, this, [this] { close(); });
     connect(m_ui->SSTab, &QTabWidget::currentChanged, this, [this](int tab) {
@@ -303,6 +306,11 @@ void frmMain::showWait(const QString& waitTag, int maximum)
 bool frmMain::waitVisible() const
 {
     return m_around.wait.isVisible();
+}
+
+void frmMain::unloadWait()
+{
+    m_around.wait.unload();
 }
 
 void frmMain::setWaitProgress(int value)

@@ -99,6 +99,7 @@ public:
     [[nodiscard]] QString tantouName() const override;
     void showWait(const QString& waitTag, int maximum) override;
     [[nodiscard]] bool waitVisible() const override;
+    void unloadWait() override;
     void setWaitProgress(int value) override;
 
     // ScanTarget
