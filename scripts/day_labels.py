@@ -1,5 +1,5 @@
-"""Labels on the sample day: as many as came in for the day's receipts, and a sheet with the function codes; the reader
-then reads a label back. The PDFs stay beside the pictures."""
+"""Labels on the sample day: as many as came in for the day's receipts, and a sheet with the function codes. The PDFs
+stay beside the pictures."""
 
 import pathlib
 
@@ -7,8 +7,8 @@ import desk
 
 LABELS, PRINTER = "バーコード印刷", "印刷"
 PAPER = LABELS.removesuffix("印刷")  # name of the PDF files
-# Enters from the first field to the box of the screen codes, and from there to that of the search codes.
-TO_SCREEN_CODES, TO_SEARCH_CODES = 18, 3
+# Enters from the choice of rows to the box of the screen codes, and from there to that of the search codes.
+TO_SCREEN_CODES, TO_SEARCH_CODES = 20, 3
 
 
 def _print(day, screen, reader, folder, *keys, picture):
@@ -34,9 +34,7 @@ def work(day, screen, reader, folder):
     reader.scan("[0]")
     reader.scan("[M]")  # as many labels as the quantity says
     _print(day, screen, reader, folder, picture="labels")
-    # The marks are used up: the search brings the rows back with theirs.
-    reader.scan("[E]")
-    day.picture("labels-used-up")
+    # The marks are used up, so the rows are named: the second choice proposes those from the cursor on.
     reader.scan("[L]")
-    _print(day, screen, reader, folder, ["Return"] * TO_SCREEN_CODES, ["space"], ["Return"] * TO_SEARCH_CODES,
-           ["space"], picture="labels-functions")
+    _print(day, screen, reader, folder, ["Down"], ["Return"] * TO_SCREEN_CODES, ["space"],
+           ["Return"] * TO_SEARCH_CODES, ["space"], picture="labels-functions")
