@@ -343,6 +343,9 @@ TEST(PriCheckKeys, pastedColumns_areNoMoreThanTheFieldHolds)
     desk.field("txtOnePageNum_1")->selectAll();
     desk.field("txtOnePageNum_1")->insert(u"99999999"_s);
     EXPECT_EQ(desk.choice("cmbStart")->count(), 99 * 99);
+    desk.field("txtOnePageNum_1")->selectAll();
+    desk.field("txtOnePageNum_1")->insert(u"-5"_s);
+    EXPECT_EQ(desk.text("txtOnePageNum_1"), "99");
 }
 
 // ---- the ways in
