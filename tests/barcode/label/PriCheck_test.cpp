@@ -346,6 +346,23 @@ TEST(PriCheck, whatWasPrintedLast_isProposedAgain_forItsSourceAlone)
     EXPECT_EQ(desk.text("txtBarHeight"), "12.00");
 }
 
+TEST(PriCheck, theStripOfFunctionCodes_isRememberedWithItsRow)
+{
+    Desk desk;
+    desk.open();
+    desk.button("chkKinou_1")->setChecked(true);
+    desk.dialog->CmdOK_Click();
+    desk.fill({{"A"}});
+    desk.open();
+    EXPECT_TRUE(desk.button("chkKinou_1")->isChecked());
+    EXPECT_FALSE(desk.button("chkKinou_0")->isChecked());
+    EXPECT_EQ(desk.text("txtOnePageNum_1"), "5");
+    EXPECT_EQ(desk.choice("cmbStart")->count(), 10);
+    EXPECT_FALSE(desk.button("opt0_10")->isVisible());
+    EXPECT_TRUE(desk.field("txtKinouXYpoint_2")->isEnabled());
+    EXPECT_FALSE(desk.field("txtKinouXYpoint_0")->isEnabled());
+}
+
 TEST(PriCheck, aCancelledPrint_writesNothing_andKeepsTheDialog)
 {
     Desk desk;
