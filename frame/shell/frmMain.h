@@ -10,6 +10,7 @@
 
 #include "barcode/ScanDispatch.h"
 #include "frame/support/FormGate.h"
+#include "frame/support/TypedScan.h"
 #include "frame/support/Frame.h"
 #include "frame/support/Page.h"
 
@@ -67,6 +68,13 @@ public:
 
     /// The window's Enabled property; the main loop reads no scans while it is off.
     [[nodiscard]] bool formEnabled() const { return m_gate.enabled(); }
+    /// Recognises what a keyboard-style reader scans, wherever the focus is. Without it such a reader is
+    /// understood in the code fields only.
+    void recogniseTypedScans();
+    /// The next value that such a reader has scanned, to be dispatched like one of the serial reader; empty
+    /// when there is none.
+    [[nodiscard]] QString takeTypedScan() { return m_gate.takeScan(); }
+    [[nodiscard]] bool hasTypedScan() const { return m_gate.hasScan(); }
     /// The pages and the shared choice of staff, for whoever drives the window.
     [[nodiscard]] Page& page(Tab tab) { return *m_pages.at(static_cast<std::size_t>(tab)); }
     [[nodiscard]] QComboBox* staffChoice();
@@ -136,6 +144,7 @@ private:
     std::unique_ptr<Ui::frmMain> m_ui;
     FormGate m_gate;
     std::unique_ptr<FocusPaint> m_focusPaint;
+    std::unique_ptr<TypedScan> m_typedScan;
 
     std::array<Page*, static_cast<std::size_t>(Tab::Count)> m_pages{};
     std::array<MovementPage*, 2> m_entry{};
