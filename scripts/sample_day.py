@@ -13,6 +13,7 @@ import sys
 import time
 
 sys.dont_write_bytecode = True  # the source tree stays as it is
+import day_shipments
 import desk
 
 STAFF, PARTNER = "02", "102"
@@ -146,6 +147,7 @@ def work(shop, screen, reader, pictures):
         day.unknown(UNKNOWN_CODE)
         day.goods(product)
         day.picture("product")
+        day_shipments.work(day, shop, screen, reader)
         day.end(program)
         day.expect(f"nothing is complained of, but: {program.said()}", not program.said())
 
