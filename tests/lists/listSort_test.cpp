@@ -1,6 +1,9 @@
 // Sorting both lists by a click on a heading.
 #include <gtest/gtest.h>
 
+#include <QHeaderView>
+#include <QTest>
+
 #include "tests/lists/ListDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -251,6 +254,19 @@ TEST_P(ListSorting, whatIsShownTellsTheViewAndNotTheBoxForSums)
     desk.clickHeading(8);
     EXPECT_EQ(desk.grid().MaxRows(), 4) << "still sums";
     EXPECT_EQ(desk.cell(1, 0), "－");
+}
+
+TEST_P(ListSorting, aClickWithTheMouseOnTheHeadingSorts)
+{
+    storeShelf();
+    desk.search();
+    desk.page->resize(1100, 600);
+    desk.page->show();
+    QHeaderView& header = *desk.grid().horizontalHeader();
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                      {header.sectionViewportPosition(1) + 20, header.height() / 2});
+    EXPECT_EQ(desk.cell(2, 0), "商品名▲ ");
+    EXPECT_EQ(desk.cell(2, 1), "みかん");
 }
 
 // ---- sums by goods
