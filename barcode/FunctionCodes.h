@@ -18,6 +18,9 @@ struct FunctionCode
 inline constexpr FunctionCode functionCodes[] = {
     {u'E', 0, u"cmdNKensaku"},        {u'E', 1, u"cmdSKensaku"},     {u'I', 0, u"cmdNKousin"},
     {u'I', 1, u"cmdSKousin"},         {u'J', 0, u"cmdNDelete"},      {u'J', 1, u"cmdSDelete"},
+    {u'F', 2, u"cmdRptZList"},        {u'F', 3, u"cmdRptNList"},     {u'F', 4, u"cmdRptSList"},
+    {u'L', 0, u"optNPrint1"},         {u'L', 1, u"optSPrint1"},      {u'M', 0, u"optNPrintS"},
+    {u'M', 1, u"optSPrintS"},         {u'N', 0, u"cmdNPrint"},       {u'N', 1, u"cmdSPrint"},
     {u'O', onEveryTab, u"cmdMaster"}, {u'U', onEveryTab, u"CmdEnd"},
 };
 

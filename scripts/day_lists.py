@@ -5,7 +5,7 @@ import os
 
 import desk
 
-TO_SLIP = 11  # tab stops behind the code field
+TO_SLIP = 12  # tab stops behind the code field
 
 
 def _search(screen, program, picture, day):

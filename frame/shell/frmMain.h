@@ -21,7 +21,9 @@ class frmMain;
 
 namespace suisui {
 
+class BarPrt;
 class FocusPaint;
+struct ListPrinting;
 class MovementListPage;
 class MovementPage;
 class StockPage;
@@ -58,6 +60,10 @@ public:
     void cmdMaster_Click();
     /// What the slip program reads, and the folder in which it stands.
     void setSlipPlace(SlipIni& ini, const QString& exeFolder);
+    /// What labels are printed with; \a readLine is the next line of the reader.
+    void setLabelPrinting(BarPrt& barPrt, const std::function<QString()>& readLine);
+    /// What the three list reports are printed with.
+    void setListPrinting(const ListPrinting& printing);
 
     /// The window's Enabled property; the main loop reads no scans while it is off.
     [[nodiscard]] bool formEnabled() const { return m_gate.enabled(); }
@@ -93,6 +99,7 @@ public:
     [[nodiscard]] QString tantouName() const override;
     void showWait(const QString& waitTag, int maximum) override;
     [[nodiscard]] bool waitVisible() const override;
+    void unloadWait() override;
     void setWaitProgress(int value) override;
 
     // ScanTarget
@@ -123,6 +130,7 @@ private:
     void gridKeyPress(Tab tab, int& keyAscii);
     void setPointer(bool hourglass);
     [[nodiscard]] MovementPage* entryPage(Tab tab);
+    void cmdPrint_Click(Side side, int printColumn, int quantityColumn);
 
     Surroundings m_around;
     std::unique_ptr<Ui::frmMain> m_ui;
@@ -146,6 +154,7 @@ private:
     bool m_masterMissing = false;
     bool m_hourglass = false;
     bool m_unloadAgreed = false;
+    std::function<void(int mode, vaSpread& grid, int printColumn, int quantityColumn)> m_printLabels;
 };
 
 } // namespace suisui

@@ -31,6 +31,15 @@ TEST(FunctionCodes, searchUpdateAndDelete_pressTheButtonsOfTheEntryTabInFront)
             EXPECT_TRUE(buttonOf(function, tab).isEmpty()) << tab;
 }
 
+TEST(FunctionCodes, listReport_pressesTheButtonOfTheListInFront)
+{
+    EXPECT_EQ(buttonOf(u"F", 2), u"cmdRptZList"_s);
+    EXPECT_EQ(buttonOf(u"F", 3), u"cmdRptNList"_s);
+    EXPECT_EQ(buttonOf(u"F", 4), u"cmdRptSList"_s);
+    for (const int entry : {0, 1})
+        EXPECT_TRUE(buttonOf(u"F", entry).isEmpty()) << entry;
+}
+
 TEST(FunctionCodes, masterDataAndEnd_arePressedOnEveryTab)
 {
     for (int tab = 0; tab < tabs; ++tab) {
