@@ -360,4 +360,16 @@ TEST_P(ListSorting, theBarStaysWithItsGoodsInTheSums)
     EXPECT_EQ(desk.grid().ActiveCol(), 2);
 }
 
+TEST_P(ListSorting, ofSumsWithOneCodeTheFirstGetsTheBarAndOnlyIt)
+{
+    desk.store({{.code = "1", .price = "0000010"}, {.code = "1", .price = "0000020"}, {.code = "2"}});
+    desk.sumBox().setChecked(true);
+    desk.search();
+    desk.goTo(2, 2);
+    ASSERT_EQ(desk.cell(8, 2), "1");
+    desk.clickHeading(8);
+    EXPECT_EQ(barRow(), 1);
+    EXPECT_EQ(desk.grid().ActiveRow(), 1);
+}
+
 } // namespace suisui::test
