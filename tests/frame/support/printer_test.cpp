@@ -1,5 +1,7 @@
 // The chosen printer and the arithmetic of a form on its paper. The dots expected here were worked out by
 // hand.
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include <QDir>
@@ -59,11 +61,20 @@ FormLabel label(const QString& caption, FormAlign alignment)
 /// The box around all pixels of \a picture darker than \a limit.
 QRect inked(const QImage& picture, int limit = 128)
 {
+    const QImage grey = picture.convertToFormat(QImage::Format_Grayscale8);
+    const auto isInk = [limit](uchar shade) { return shade < limit; };
     QRect box;
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            if (qGray(picture.pixel(x, y)) < limit)
-                box |= QRect(x, y, 1, 1);
+    for (int y = 0; y < grey.height(); ++y) {
+        const uchar* begin = grey.constScanLine(y);
+        const uchar* end = begin + grey.width();
+        const uchar* first = std::find_if(begin, end, isInk);
+        if (first == end)
+            continue;
+        const uchar* last = end;
+        while (!isInk(*--last)) {
+        }
+        box |= QRect(QPoint(static_cast<int>(first - begin), y), QPoint(static_cast<int>(last - begin), y));
+    }
     return box;
 }
 
