@@ -52,6 +52,7 @@ struct FixedLine
     int x2;
     int y2;
     int borderWidth = 1;
+    bool optional = false; ///< stands between optional titles
 };
 
 struct ReportTemplate

@@ -5,6 +5,8 @@
 
 #include <QFileInfo>
 
+#include <malloc.h>
+
 #include "platform/core/RunTimeError.h"
 #include "tests/lists/report/ReportDesk.h"
 #include "tests/support/PdfText.h"
@@ -366,6 +368,24 @@ TEST_F(ListReportTest, textsOfAnyKindAndLengthStayInTheirBox)
         if (word.text.startsWith(u'長')) {
             EXPECT_LE(word.box.right(), cellBox(rptList_Stock, rptList_Stock.cells[2], 0).left());
         }
+}
+
+TEST_F(ListReportTest, memoryDoesNotGrowWithThePages)
+{
+    const auto grid = filledGrid(rptList_In, 5000);
+    ASSERT_TRUE(desk.select());
+    std::size_t early = 0;
+    std::size_t late = 0;
+    const auto held = [] { return mallinfo2().uordblks + mallinfo2().hblkhd; };
+    const auto look = [&](int done, int) {
+        if (done == 100)
+            early = held();
+        if (done == 500)
+            late = held();
+    };
+    ASSERT_EQ(ListReport(rptList_In, *grid).print(desk.paper, {}, {1, 500}, 500, look),
+              ReportStatus::Printed);
+    EXPECT_LT(late, early + 512 * 1024);
 }
 
 // The pictures were looked at before they were stored. After a wanted change of a form: delete them, run this
