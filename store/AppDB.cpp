@@ -1,11 +1,12 @@
 #include "store/AppDB.h"
 
 #include <array>
-#include <cstdio>
 #include <filesystem>
 
 #include <fcntl.h>
 #include <unistd.h>
+
+#include "platform/core/Files.h"
 
 namespace suisui {
 
@@ -36,17 +37,6 @@ constexpr Advice advices[] = {
     {EngineError::NoDatabase, "データベースを開けません。　　　\r\n\r\nデータファイルを確認して下さい。"},
 };
 
-/// Flushes a file or folder to the disk.
-bool synced(const std::filesystem::path& path)
-{
-    const int handle = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (handle < 0)
-        return false;
-    const bool good = ::fsync(handle) == 0;
-    ::close(handle);
-    return good;
-}
-
 } // namespace
 
 AppDB::AppDB(std::string databaseFolder, ErrorSink showError)
@@ -72,6 +62,7 @@ int AppDB::Open(std::string_view file)
     const std::string path = file.find('/') == std::string_view::npos
                                  ? m_databaseFolder + "/" + std::string(file)
                                  : std::string(file);
+    m_path = path;
     int code = m_engine.open(path);
     // A file that takes no write, now or ever, is no use to a shop: better to hear it at the start than at
     // the first scan.
@@ -189,6 +180,14 @@ void AppDB::failRead(int engineCode)
     report(engineCode);
 }
 
+int AppDB::failOwn(std::string why)
+{
+    m_lastErrNo = std::to_string(failure);
+    m_lastErrText = std::move(why);
+    m_lastStatus = failure;
+    return failure;
+}
+
 /// A duplicate key is the caller's to speak of; everything else the operator learns from here.
 void AppDB::report(int engineCode)
 {
@@ -238,7 +237,7 @@ void AppDB::Rollback()
 
 int AppDB::CloseAfterSave()
 {
-    return noError;
+    return syncToDisk(m_path) ? noError : failure;
 }
 
 void AppDB::CloseFile()
@@ -257,7 +256,12 @@ int AppDB::OpenRecordset(std::string_view sql)
         failRead(code);
         return failure;
     }
-    m_recordset.start(std::move(cursor));
+    const int first = m_recordset.start(std::move(cursor));
+    if (first != noError) {
+        failRead(first);
+        m_recordset.close();
+        return failure;
+    }
     return noError;
 }
 
@@ -323,10 +327,7 @@ int AppDB::Create(const std::string& path, std::string* error)
             return give(why);
         }
     }
-    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    if (!synced(aside)
-        || ::renameat2(AT_FDCWD, aside.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) != 0
-        || !synced(folder)) {
+    if (!syncToDisk(aside) || !renameToNew(aside, target) || !syncToDisk(folderOf(target))) {
         fs::remove(aside, code);
         return give("cannot write " + path);
     }

@@ -66,14 +66,27 @@ public:
     /// unreadable, read-only, damaged, foreign, newer than this program, or held by another process; the
     /// file is then as it was. An older layout is upgraded.
     [[nodiscard]] int Open(std::string_view file);
+    /// As Open, for a new file that is thrown away unless the work on it ends well: what is written to it is
+    /// safe only after FinishFilling, CloseFile and CloseAfterSave, and takes no file beside it meanwhile.
+    [[nodiscard]] int OpenForFilling(std::string_view file);
+    /// Makes the file what any database is, and commits.
+    [[nodiscard]] int FinishFilling();
     void Commit();
     void Rollback();
-    int CloseAfterSave();
+    /// Flushes the file that was closed last. Nonzero when that failed.
+    [[nodiscard]] int CloseAfterSave();
     void CloseFile();
     [[nodiscard]] int OpenRecordset(std::string_view sql);
     void CloseRecordset();
+    /// Adds the rows from the cursor of \a source's Recordset on, which must have all columns of \a table in
+    /// their order. A row whose key is there already is skipped. Nonzero when a row could not be read or
+    /// added; one that holds a quote or a NUL is never added, since no INSERT text could carry it. The cursor
+    /// is closed. \a added counts the rows that were not there already.
+    [[nodiscard]] int copyRows(AppDB& source, const TableDef& table, std::int64_t& added);
     /// One INSERT, UPDATE or DELETE; the outcome stands in LastStatus and LastErrNo.
     void Execute(std::string_view sql);
+    /// Rows that the last Execute added, changed or deleted.
+    [[nodiscard]] std::int64_t RowsChanged() const { return m_engine.changes(); }
     void Release();
 
     /// True while writes are pending.
@@ -97,6 +110,9 @@ private:
     int refuse();
     /// Records a failed selection.
     void failRead(int engineCode);
+    [[nodiscard]] int copyCursor(AppDB& source, const TableDef& table, std::int64_t& added);
+    /// Records a failure that is not the engine's.
+    int failOwn(std::string why);
     void report(int engineCode);
     [[nodiscard]] std::string adviceFor(int engineCode) const;
     [[nodiscard]] bool isOurs();
@@ -108,6 +124,7 @@ private:
     std::vector<RowSet*> m_rowSets; // before the row sets, which enter themselves
     Sqlite m_engine;
     std::string m_databaseFolder;
+    std::string m_path; ///< of the file opened last
     ErrorSink m_showError;
     bool m_showErrors = true;
     bool m_inUnit = false;

@@ -33,19 +33,28 @@ void Recordset::MoveNext()
 {
     if (m_eof)
         throw RunTimeError(RunTimeError::InvalidCall, "no current row");
-    m_eof = m_cursor.next() != 0;
+    step();
 }
 
-void Recordset::start(Sqlite::Cursor cursor)
+int Recordset::start(Sqlite::Cursor cursor)
 {
     m_cursor = std::move(cursor);
-    m_eof = m_cursor.next() != 0;
+    step();
+    return m_status;
+}
+
+void Recordset::step()
+{
+    const int code = m_cursor.next();
+    m_eof = code != 0;
+    m_status = code == Sqlite::Cursor::endOfRows ? 0 : code;
 }
 
 void Recordset::close()
 {
     m_cursor.close();
     m_eof = true;
+    m_status = 0;
 }
 
 } // namespace suisui

@@ -11,19 +11,26 @@ namespace suisui {
 class Recordset
 {
 public:
-    /// EOF: no row is current.
+    /// EOF: no row is current. At the end of the rows, or because one could not be read: see status.
     [[nodiscard]] bool atEof() const { return m_eof; }
     /// Text of a column of the current row by its name, whatever its letter case; Null reads as empty.
     /// Throws RunTimeError::SubscriptOutOfRange for a name that the rows do not have, InvalidCall at EOF.
     [[nodiscard]] std::string Fields(std::string_view name) const;
     void MoveNext();
+    /// Number of columns, and the text of one by its place, counted from 0; the view lives until MoveNext.
+    [[nodiscard]] int columns() const { return m_cursor.columnCount(); }
+    [[nodiscard]] std::string_view text(int column) const { return m_cursor.text(column); }
+    /// 0 while every row so far could be read, otherwise the engine's code of the failure.
+    [[nodiscard]] int status() const { return m_status; }
 
 private:
     friend class AppDB;
-    void start(Sqlite::Cursor cursor);
+    [[nodiscard]] int start(Sqlite::Cursor cursor);
+    void step();
     void close();
 
     Sqlite::Cursor m_cursor;
+    int m_status = 0;
     bool m_eof = true;
 };
 

@@ -59,11 +59,12 @@ std::vector<std::string> statementsFor(const TableDef& table)
     }
     create.replace(create.size() - 2, 2, ")");
     std::vector<std::string> statements{create};
-    int number = 0;
-    for (const IndexDef& index : table.indexes)
+    for (std::size_t i = 0; i < table.indexes.size(); ++i) {
+        const IndexDef& index = table.indexes[i];
         statements.push_back("CREATE " + std::string(index.unique ? "UNIQUE INDEX " : "INDEX ")
-                             + std::string(table.name) + "_" + std::to_string(++number) + " ON "
-                             + std::string(table.name) + " (" + std::string(index.columns) + ")");
+                             + indexName(table, i) + " ON " + std::string(table.name) + " ("
+                             + std::string(index.columns) + ")");
+    }
     return statements;
 }
 
@@ -86,6 +87,11 @@ std::span<const TableDef* const> allTables()
     static constexpr std::array tables{&inpTable,     &outTable,     &zaikoTable,  &masterTable,
                                        &hseihinTable, &kokyakuTable, &tantouTable, &rirekiTable};
     return tables;
+}
+
+std::string indexName(const TableDef& table, std::size_t index)
+{
+    return std::string(table.name) + "_" + std::to_string(index + 1);
 }
 
 std::span<const std::string> createStatements(const TableDef& table)

@@ -143,7 +143,10 @@ extern const TableDef rirekiTable;  // RirekiTB, history control
 /// Version of the layout that this program writes; stands in the file as PRAGMA user_version.
 inline constexpr int schemaVersion = 1;
 
-/// CREATE TABLE and CREATE INDEX statements of \a table, one statement an entry.
+/// Name of index \a index of \a table, counted from 0.
+[[nodiscard]] std::string indexName(const TableDef& table, std::size_t index);
+
+/// CREATE TABLE and CREATE INDEX statements of \a table, one statement an entry, the table's first.
 [[nodiscard]] std::span<const std::string> createStatements(const TableDef& table);
 
 } // namespace suisui

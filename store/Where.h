@@ -1,4 +1,4 @@
-// Conditions: one code, and whether an order is asked for.
+// Conditions: texts in quotes, one code, and whether an order is asked for.
 #pragma once
 
 #include <string>
@@ -6,18 +6,23 @@
 
 namespace suisui {
 
-/// "WHERE Code='{code}'". Quotes in a code that stands in the database are doubled, so that the condition
-/// never means anything else.
+/// \a text in single quotes. Quotes within it are doubled, so that a condition never means anything else.
+[[nodiscard]] inline std::string inQuotes(std::string_view text)
+{
+    std::string result = "'";
+    for (const char c : text) {
+        result += c;
+        if (c == '\'')
+            result += c;
+    }
+    result += '\'';
+    return result;
+}
+
+/// "WHERE Code='{code}'", for a code that stands in the database.
 [[nodiscard]] inline std::string whereCode(std::string_view code)
 {
-    std::string where = "WHERE Code='";
-    for (const char c : code) {
-        where += c;
-        if (c == '\'')
-            where += c;
-    }
-    where += '\'';
-    return where;
+    return "WHERE Code=" + inQuotes(code);
 }
 
 /// Whether a scanned or typed text can be a code at all. One that holds a quote or a control character is

@@ -127,6 +127,12 @@ bool Main_Module::loadWindow()
     m_printer = std::make_unique<Printer>();
     m_frmMain->setListPrinting({*m_appIni, m_clock, m_msgBox, *m_printer, m_appEnv->BaseFolder(),
                                 [this] { return m_barcode ? m_barcode->line() : QString(); }});
+    m_barPrt1 = std::make_unique<PrinterBarPrt>(*m_printer, [this] {
+        m_msgBox.show({u" 印刷エラー"_s,
+                       u"印刷中に エラーが発生しました。　　　\r\n\r\n　　印刷を中止します。"_s,
+                       BoxIcon::Stop});
+    });
+    m_frmMain->setLabelPrinting(*m_barPrt1, [this] { return m_barcode ? m_barcode->line() : QString(); });
     m_frmMain->askEnd = [this] { return askEnd(); };
     m_frmMain->setMasterStartFlag = [this] { m_masterStartFlag = true; };
     m_frmMain->clearMasterStartFlag = [this] { m_masterStartFlag = false; };
@@ -195,6 +201,7 @@ void Main_Module::stop()
     m_msComm1.reset();
     m_msgBox.setParent(nullptr);
     m_frmMain.reset();
+    m_barPrt1.reset();
     m_printer.reset();
     m_shortWait.reset();
     m_wait.reset();

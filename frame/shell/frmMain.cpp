@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QScreen>
 
+#include "barcode/label/BarCodePrintOut.h"
 #include "frame/shell/TitleBar.h"
 #include "frame/support/FocusPaint.h"
 #include "frame/support/PageTools.h"
@@ -31,6 +32,7 @@ namespace suisui {
 namespace {
 
 constexpr int enterKey = 13;
+constexpr int firstLabelMode = 3; ///< receipts; shipments are the next
 
 QColor baseColor(const QWidget& form)
 {
@@ -68,6 +70,10 @@ void frmMain::buildPages()
         const auto at = static_cast<std::size_t>(side);
         m_entry[at] = new MovementPage(side, services, this);
         m_lists[at] = new MovementListPage(side, services, this);
+        connect(m_entry[at], &MovementPage::labelsWanted, this,
+                [this, side](int printColumn, int quantityColumn) {
+                    cmdPrint_Click(side, printColumn, quantityColumn);
+                });
     }
     m_stock = new StockPage(services, this);
     m_pages = {m_entry[0], m_entry[1], m_stock, m_lists[0], m_lists[1]};
@@ -97,6 +103,24 @@ void frmMain::setListPrinting(const ListPrinting& printing)
     m_stock->setListPrinting(printing);
     for (MovementListPage* list : m_lists)
         list->setListPrinting(printing);
+}
+
+void frmMain::setLabelPrinting(BarPrt& barPrt, const std::function<QString()>& readLine)
+{
+    m_printLabels = [this, &barPrt, readLine](int mode, vaSpread& grid, int printColumn, int quantityColumn) {
+        MainBarCodePrintOut({m_around.ini, m_around.msgBox, barPrt, readLine, this}, mode, grid, printColumn,
+                            quantityColumn);
+    };
+}
+
+/// cmdNPrint_Click, cmdSPrint_Click.
+void frmMain::cmdPrint_Click(Side side, int printColumn, int quantityColumn)
+{
+    const auto at = static_cast<std::size_t>(side);
+    m_focusPaint->setNormal(m_entry[at]->printButton());
+    setFormEnabled(false);
+    m_printLabels(firstLabelMode + static_cast<int>(side), *m_entry[at]->grid(), printColumn, quantityColumn);
+    setFormEnabled(true);
 }
 
 QComboBox* frmMain::staffChoice()
@@ -282,6 +306,11 @@ void frmMain::showWait(const QString& waitTag, int maximum)
 bool frmMain::waitVisible() const
 {
     return m_around.wait.isVisible();
+}
+
+void frmMain::unloadWait()
+{
+    m_around.wait.unload();
 }
 
 void frmMain::setWaitProgress(int value)

@@ -21,6 +21,7 @@ class frmMain;
 
 namespace suisui {
 
+class BarPrt;
 class FocusPaint;
 struct ListPrinting;
 class MovementListPage;
@@ -59,6 +60,8 @@ public:
     void cmdMaster_Click();
     /// What the slip program reads, and the folder in which it stands.
     void setSlipPlace(SlipIni& ini, const QString& exeFolder);
+    /// What labels are printed with; \a readLine is the next line of the reader.
+    void setLabelPrinting(BarPrt& barPrt, const std::function<QString()>& readLine);
     /// What the three list reports are printed with.
     void setListPrinting(const ListPrinting& printing);
 
@@ -96,6 +99,7 @@ public:
     [[nodiscard]] QString tantouName() const override;
     void showWait(const QString& waitTag, int maximum) override;
     [[nodiscard]] bool waitVisible() const override;
+    void unloadWait() override;
     void setWaitProgress(int value) override;
 
     // ScanTarget
@@ -126,6 +130,7 @@ private:
     void gridKeyPress(Tab tab, int& keyAscii);
     void setPointer(bool hourglass);
     [[nodiscard]] MovementPage* entryPage(Tab tab);
+    void cmdPrint_Click(Side side, int printColumn, int quantityColumn);
 
     Surroundings m_around;
     std::unique_ptr<Ui::frmMain> m_ui;
@@ -149,6 +154,7 @@ private:
     bool m_masterMissing = false;
     bool m_hourglass = false;
     bool m_unloadAgreed = false;
+    std::function<void(int mode, vaSpread& grid, int printColumn, int quantityColumn)> m_printLabels;
 };
 
 } // namespace suisui

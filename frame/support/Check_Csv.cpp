@@ -68,16 +68,6 @@ QString withSlashes(const DateBoxes& date)
     return date.year->text() + u'/' + date.month->text() + u'/' + date.day->text();
 }
 
-/// Tells the operator and puts the focus on \a field. Always false.
-bool refuse(const QString& text, QLineEdit* field, Frame& form, MsgBox& msgBox)
-{
-    msgBox.show({dateErrorTitle, text, BoxIcon::Stop});
-    form.setFormEnabled(true); // brings the pointer back as well
-    field->setFocus();
-    DoEvents();
-    return false;
-}
-
 bool outside(const QString& text, QLatin1StringView lowest, QLatin1StringView highest)
 {
     return text < lowest || text > highest; // compared as text
@@ -126,26 +116,49 @@ QString DateBoxes::stored() const
            + padded(day->text(), monthLength);
 }
 
+bool refuseDate(const QString& text, QLineEdit* field, const std::function<void()>& enableForm,
+                MsgBox& msgBox)
+{
+    msgBox.show({dateErrorTitle, text, BoxIcon::Stop});
+    enableForm();
+    field->setFocus();
+    DoEvents();
+    return false;
+}
+
+QString laterThan(const QString& from, const QString& to)
+{
+    return fillIn(u"「開始年月日」 が 「終了年月日」 より未来日です。　　　\r\n\r\n　{from}   >   "
+                  u"{to}\r\n\r\n\r\n　　　 正しい 「日付」 を入力して下さい。",
+                  {{u"from", from}, {u"to", to}});
+}
+
 bool DateCheck(const DateBoxes& date, Frame& form, MsgBox& msgBox)
 {
+    return DateCheck(
+        date, [&form] { form.setFormEnabled(true); }, msgBox); // brings the pointer back as well
+}
+
+bool DateCheck(const DateBoxes& date, const std::function<void()>& enableForm, MsgBox& msgBox)
+{
     if (date.year->text().isEmpty())
-        return refuse(u"「年」 を入力して下さい。　　　"_s, date.year, form, msgBox);
+        return refuseDate(u"「年」 を入力して下さい。　　　"_s, date.year, enableForm, msgBox);
     if (date.month->text().isEmpty())
-        return refuse(u"「月」 を入力して下さい。　　　"_s, date.month, form, msgBox);
+        return refuseDate(u"「月」 を入力して下さい。　　　"_s, date.month, enableForm, msgBox);
     if (date.day->text().isEmpty())
-        return refuse(u"「日」 を入力して下さい。　　　"_s, date.day, form, msgBox);
+        return refuseDate(u"「日」 を入力して下さい。　　　"_s, date.day, enableForm, msgBox);
     pad(date);
     if (outside(date.month->text(), "01"_L1, "12"_L1))
-        return refuse(u"「月」 が 正しく入力されていません。　　　"_s, date.month, form, msgBox);
+        return refuseDate(u"「月」 が 正しく入力されていません。　　　"_s, date.month, enableForm, msgBox);
     if (outside(date.day->text(), "01"_L1, "31"_L1))
-        return refuse(u"「日」 が 正しく入力されていません。　　　"_s, date.day, form, msgBox);
+        return refuseDate(u"「日」 が 正しく入力されていません。　　　"_s, date.day, enableForm, msgBox);
     if (isCalendarDay(date.year->text().toInt(), date.month->text().toInt(), date.day->text().toInt()))
         return true;
-    return refuse(
+    return refuseDate(
         fillIn(u"存在しない 「日付」 です。　( {yyyy}/{mm}/{dd} )　　　\r\n\r\n正しい 「日付」 "
                u"を入力して下さい。",
                {{u"yyyy", date.year->text()}, {u"mm", date.month->text()}, {u"dd", date.day->text()}}),
-        date.day, form, msgBox);
+        date.day, enableForm, msgBox);
 }
 
 bool PeriodCheck(const PeriodBoxes& period, Frame& form, MsgBox& msgBox)
@@ -158,10 +171,8 @@ bool PeriodCheck(const PeriodBoxes& period, Frame& form, MsgBox& msgBox)
     const QString to = withSlashes(period.to);
     if (from <= to)
         return true;
-    return refuse(fillIn(u"「開始年月日」 が 「終了年月日」 より未来日です。　　　\r\n\r\n　{from}   >   "
-                         u"{to}\r\n\r\n\r\n　　　 正しい 「日付」 を入力して下さい。",
-                         {{u"from", from}, {u"to", to}}),
-                  period.from.year, form, msgBox);
+    return refuseDate(
+        laterThan(from, to), period.from.year, [&form] { form.setFormEnabled(true); }, msgBox);
 }
 
 void wirePeriod(const PeriodBoxes& period, QWidget* last)

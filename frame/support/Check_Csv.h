@@ -2,6 +2,8 @@
 // whether a date that stands in three boxes is a date.
 #pragma once
 
+#include <functional>
+
 #include <QString>
 
 class QLineEdit;
@@ -46,6 +48,15 @@ struct PeriodBoxes
 /// True if the boxes hold a date; they are zero-padded then. Otherwise the operator has been told, \a form
 /// is enabled and the focus stands on the box concerned.
 [[nodiscard]] bool DateCheck(const DateBoxes& date, Frame& form, MsgBox& msgBox);
+/// The same on a dialog, which \a enableForm enables.
+[[nodiscard]] bool DateCheck(const DateBoxes& date, const std::function<void()>& enableForm, MsgBox& msgBox);
+
+/// Tells the operator of \a text under the title of all date errors, enables the form and puts the focus on
+/// \a field. Always false.
+bool refuseDate(const QString& text, QLineEdit* field, const std::function<void()>& enableForm,
+                MsgBox& msgBox);
+/// The message that \a from is later than \a to, both "YYYY/MM/DD".
+[[nodiscard]] QString laterThan(const QString& from, const QString& to);
 
 /// True if both dates are good and in order.
 [[nodiscard]] bool PeriodCheck(const PeriodBoxes& period, Frame& form, MsgBox& msgBox);

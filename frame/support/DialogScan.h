@@ -33,6 +33,8 @@ public:
     void start() { m_timer1.start(); }
     /// Interval 0: the dialog reads no more.
     void stop() { m_timer1.stop(); }
+    /// The dialog goes on waiting.
+    void resume() { m_timer1.start(1); }
 
 private:
     QTimer m_timer1;

@@ -120,7 +120,8 @@ void FormGate::deliverNext()
 {
     m_scheduled = false;
     // A box over the window takes its own keys; held ones wait until it is gone.
-    if (!m_enabled || m_held.empty() || QApplication::activeModalWidget() != nullptr)
+    const QWidget* modal = QApplication::activeModalWidget();
+    if (!m_enabled || m_held.empty() || (modal != nullptr && modal != m_form))
         return;
     const std::unique_ptr<QEvent> key = std::move(m_held.front());
     m_held.pop_front();

@@ -1,4 +1,4 @@
-// The main window's Enabled property as the rules mean it. While it is off the window takes no input, but
+// The Enabled property of a window as the rules mean it. While it is off the window takes no input, but
 // nothing turns grey and the focus stays where it is, which a widget's own enabled property would not grant.
 //
 // Keys are not lost: they are held in order and worked, one at a time and each by the widget that has the

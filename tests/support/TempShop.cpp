@@ -4,12 +4,12 @@
 
 namespace suisui::test {
 
-std::vector<std::string> TempShop::query(const std::string& sql) const
+std::vector<std::string> queryFile(const std::string& file, const std::string& sql)
 {
     std::vector<std::string> rows;
     sqlite3* db = nullptr;
     sqlite3_stmt* statement = nullptr;
-    if (sqlite3_open_v2(databaseFile().c_str(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK
+    if (sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK
         || sqlite3_prepare_v2(db, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
         std::abort();
     while (sqlite3_step(statement) == SQLITE_ROW) {

@@ -13,6 +13,9 @@
 
 namespace suisui::test {
 
+/// Rows of "SELECT ..." in the database \a file as a connection of its own sees them, columns joined by "|".
+[[nodiscard]] std::vector<std::string> queryFile(const std::string& file, const std::string& sql);
+
 class TempShop
 {
 public:
@@ -49,7 +52,10 @@ public:
     }
 
     /// Rows of "SELECT ..." as a second connection sees them, columns joined by "|".
-    [[nodiscard]] std::vector<std::string> query(const std::string& sql) const;
+    [[nodiscard]] std::vector<std::string> query(const std::string& sql) const
+    {
+        return queryFile(databaseFile(), sql);
+    }
 
 private:
     static QString inMemory()

@@ -40,6 +40,7 @@ public:
         waitShown = true;
     }
     [[nodiscard]] bool waitVisible() const override { return waitShown; }
+    void unloadWait() override { waitShown = false; }
     void setWaitProgress(int value) override { waitValue = value; }
 
     bool enabled = true;

@@ -1,0 +1,49 @@
+#include "history/CarryForward.h"
+
+#include <array>
+#include <string_view>
+
+#include "store/AppDB.h"
+#include "store/Where.h"
+
+namespace suisui {
+
+namespace {
+
+// What the movements take from a stock row or give to it, summed by stock row. Codes without one are left
+// out, so that a text in them that is no number does no harm. The movements are read in the order of their
+// table, which is quicker than one code after the other.
+constexpr std::array<std::string_view, 3> sums{
+    // received
+    "SELECT ZaikoTB.rowid AS Item, -SUM(CDbl(InpTB.NyuSuu)) AS Moved FROM InpTB NOT INDEXED "
+    "CROSS JOIN ZaikoTB ON ZaikoTB.Code = InpTB.Code GROUP BY ZaikoTB.rowid",
+    // shipped
+    "SELECT ZaikoTB.rowid AS Item, SUM(CDbl(OutTB.SyuSuu)) AS Moved FROM OutTB NOT INDEXED "
+    "CROSS JOIN ZaikoTB ON ZaikoTB.Code = OutTB.Code GROUP BY ZaikoTB.rowid",
+    // taken as a component
+    "SELECT ZaikoTB.rowid AS Item, SUM(CDbl(InpTB.NyuSuu) * CDbl(HSeihinTB.Suuryou)) AS Moved "
+    "FROM HSeihinTB INNER JOIN InpTB ON InpTB.Code = HSeihinTB.Code "
+    "INNER JOIN ZaikoTB ON ZaikoTB.Code = HSeihinTB.HSeihinCD GROUP BY ZaikoTB.rowid",
+};
+
+} // namespace
+
+int carryForward(AppDB& db, const std::string& stamp, const std::function<void()>& stepDone)
+{
+    const std::string now = inQuotes(stamp);
+    const std::string before = "iif(UpdDate = " + now + ", CDbl(KuriSuu), CDbl(ZaikoSuu))";
+    for (const std::string_view sum : sums) {
+        db.Execute("UPDATE ZaikoTB SET KuriSuu = CStr(" + before + " + Movements.Moved), UpdDate = " + now
+                   + " FROM (" + std::string(sum) + ") AS Movements WHERE Movements.Item = ZaikoTB.rowid");
+        if (db.LastStatus() != 0)
+            return db.LastStatus();
+        stepDone();
+    }
+    db.Execute("UPDATE ZaikoTB SET KuriSuu = CStr(CDbl(ZaikoSuu)), UpdDate = " + now + " WHERE UpdDate <> "
+               + now);
+    if (db.LastStatus() == 0)
+        stepDone();
+    return db.LastStatus();
+}
+
+} // namespace suisui

@@ -1,0 +1,135 @@
+#include "history/RirekiButtons.h"
+
+#include <QWidget>
+
+#include "platform/core/FillIn.h"
+#include "store/AppDB.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui {
+
+struct RirekiButtons::Words
+{
+    QString doneTitle;
+    QString failedTitle;
+    QString failedText;
+};
+
+namespace {
+
+// The row of RirekiTB that carries the extension of all history files.
+constexpr std::string_view sentinel =
+    "Where DateFrom = 'Trn' And DateTo = 'Vik'   And FileSize = '00000000' AND FileUpdate = '00000000000000'";
+constexpr std::string_view sentinelFrom = "Trn";
+constexpr std::string_view sentinelTo = "Vik";
+constexpr std::string_view sentinelSize = "00000000";
+constexpr std::string_view sentinelUpdate = "00000000000000";
+
+} // namespace
+
+RirekiButtons::RirekiButtons(const Services& services, HistoryPrompts& prompts, RirekiDB& history,
+                             Controls controls)
+    : m_services(services), m_prompts(prompts), m_history(history), m_controls(std::move(controls))
+{
+}
+
+void RirekiButtons::cmdRirekiOut_Click()
+{
+    static const Words words{
+        u"保存の完了"_s, u"保存の失敗"_s,
+        u"「 履歴の保存 」 に 失敗しました。　　　　　\r\n\r\n　　　再度、実行して下さい。"_s};
+    m_services.frame.BusyOn();
+    if (!editsAreSettled() || !(findSentinel() || makeSentinel())) {
+        m_services.frame.BusyOff();
+        m_controls.cmdRirekiOut.setFocus();
+        return;
+    }
+    takeExtension();
+    const RirekiDB::Result result = m_history.save();
+    m_services.frame.BusyOff();
+    tell(result, words,
+         fillIn(u"「 履歴の保存 」 が 完了しました。\r\n\r\n　（ 履歴ファイル ： \r\n　　 RRK "
+                u"{DateFrom}-{DateTo} . {KakuTyo} ）　　　",
+                {{u"DateFrom", QString::fromStdString(m_history.period().from)},
+                 {u"DateTo", QString::fromStdString(m_history.period().to)},
+                 {u"KakuTyo", m_history.HistoryExt()}}));
+    m_controls.cmdRirekiOut.setFocus();
+}
+
+void RirekiButtons::cmdRirekiIn_Click()
+{
+    static const Words words{
+        u"読込の完了"_s, u"読込の失敗"_s,
+        u"「 履歴の読込 」 に 失敗しました。　　　　　\r\n\r\n　　　再度、実行して下さい。"_s};
+    m_services.frame.BusyOn();
+    bool ready = editsAreSettled();
+    if (ready && (m_services.db.RirekiTbl().CountRows({}) < 2 || !findSentinel())) {
+        ready = false;
+        m_services.msgBox.show(
+            {u" 履歴の未保存"_s,
+             u"履歴が保存されていません。\r\n\r\n　　「履歴の保存」 を 行った後に\r\n　  「履歴の読込」 を 実行して下さい。　　　"_s,
+             BoxIcon::Stop});
+    }
+    if (!ready) {
+        m_services.frame.BusyOff();
+        m_controls.cmdRirekiIn.setFocus();
+        return;
+    }
+    takeExtension();
+    const RirekiDB::Result result = m_history.load();
+    m_services.frame.BusyOff();
+    tell(result, words, u"「 履歴の読込 」 が 完了しました。　　　"_s);
+    m_controls.cmdRirekiIn.setFocus();
+}
+
+/// False when the operator keeps unsaved edits.
+bool RirekiButtons::editsAreSettled()
+{
+    return m_services.frame.EditGuard(m_services.frame.currentTab()) != BoxAnswer::Cancel;
+}
+
+bool RirekiButtons::findSentinel()
+{
+    return m_services.db.RirekiTbl().Select(sentinel) >= 1;
+}
+
+/// The first save of a database asks for the extension of its history files. The row is stored with the next
+/// commit and goes with the next rollback.
+bool RirekiButtons::makeSentinel()
+{
+    const QString extension = m_prompts.askExtension();
+    if (extension.isEmpty())
+        return false;
+    RirekiRec& rows = m_services.db.RirekiTbl();
+    rows.Clear();
+    rows.NewRows(1);
+    rows.set(1, RirekiCol::DateFrom, sentinelFrom);
+    rows.set(1, RirekiCol::DateTo, sentinelTo);
+    rows.set(1, RirekiCol::KakuTyo, extension.toStdString());
+    rows.set(1, RirekiCol::FileSize, sentinelSize);
+    rows.set(1, RirekiCol::FileUpdate, sentinelUpdate);
+    (void)rows.InsertRow(1); // a failure shows itself at the first step of the save
+    return true;
+}
+
+void RirekiButtons::takeExtension()
+{
+    m_history.setHistoryExt(QString::fromUtf8(m_services.db.RirekiTbl().get(1, RirekiCol::KakuTyo)));
+}
+
+/// A cancel says nothing, and leaves what is pending pending.
+void RirekiButtons::tell(RirekiDB::Result result, const Words& words, const QString& doneText)
+{
+    if (result == RirekiDB::Done) {
+        for (int tab = 0; tab < static_cast<int>(Tab::Count); ++tab)
+            m_services.frame.setTabLoaded(static_cast<Tab>(tab), false);
+        m_controls.showFirstTab();
+        m_services.msgBox.show({words.doneTitle, doneText, BoxIcon::Information});
+    } else if (result == RirekiDB::Failed) {
+        m_services.db.Rollback();
+        m_services.msgBox.show({words.failedTitle, words.failedText, BoxIcon::Stop});
+    }
+}
+
+} // namespace suisui

@@ -1,0 +1,54 @@
+#include "history/ScreenPrompts.h"
+
+#include <QGuiApplication>
+
+#include "history/frmRirekiFileExt.h"
+#include "history/frmRirekiFromTo.h"
+#include "history/frm_DirFile.h"
+
+namespace suisui {
+
+namespace {
+
+/// Shows \a dialog until it is answered. The window behind it is busy, the dialog is not.
+void ask(QDialog& dialog, QWidget& window)
+{
+    QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    dialog.exec();
+    QGuiApplication::restoreOverrideCursor();
+    window.activateWindow(); // without a window manager nothing else does
+}
+
+} // namespace
+
+ScreenPrompts::ScreenPrompts(AppDB& db, const AppIni& ini, const AppEnv& env, const Clock& clock,
+                             MsgBox& msgBox, DialogScan::ReadLine readLine, QWidget& window)
+    : m_db(db), m_ini(ini), m_env(env), m_clock(clock), m_msgBox(msgBox), m_readLine(std::move(readLine)),
+      m_window(window)
+{
+}
+
+QString ScreenPrompts::askExtension()
+{
+    frmRirekiFileExt dialog(m_msgBox, m_readLine, &m_window);
+    ask(dialog, m_window);
+    return dialog.HistoryExt();
+}
+
+std::optional<Period> ScreenPrompts::askPeriod()
+{
+    frmRirekiFromTo dialog(m_db, m_clock, m_msgBox, m_readLine, &m_window);
+    ask(dialog, m_window);
+    if (dialog.DateFrom().empty())
+        return std::nullopt;
+    return Period{dialog.DateFrom(), dialog.DateTo()};
+}
+
+Place ScreenPrompts::askPlace(const PlaceQuestion& question)
+{
+    frm_DirFile dialog(question, m_ini, m_env, m_msgBox, m_readLine, &m_window);
+    ask(dialog, m_window);
+    return dialog.place();
+}
+
+} // namespace suisui

@@ -1,0 +1,167 @@
+// The carried stock, against a running sum worked out by hand, row after row.
+#include <cmath>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "history/CarryForward.h"
+#include "store/Numbers.h"
+#include "tests/support/HistoryDesk.h"
+#include "tests/support/Seed.h"
+
+namespace suisui::test {
+
+namespace {
+
+const std::string now = "20260401090000";
+constexpr double tolerance = 1e-9;
+
+int carried(HistoryDesk& desk, const std::string& stamp = now)
+{
+    const int status = carryForward(desk.db, stamp, [] {});
+    if (status == 0)
+        desk.db.Commit();
+    else
+        desk.db.Rollback();
+    return status;
+}
+
+using Lines = std::vector<std::string>;
+
+} // namespace
+
+TEST(CarryForward, isWhatTheMovementsLeaveOver)
+{
+    HistoryDesk desk;
+    desk.stock("A", "10", "999");
+    desk.receipt("A", "0000012", "20260301", "20260301090000");
+    desk.receipt("A", "-000002", "20260302", "20260302090000");
+    desk.shipment("A", "0000004", "20260303", "20260303090000");
+    ASSERT_EQ(carried(desk), 0);
+    EXPECT_EQ(desk.rows("ZaikoTB"), Lines{"A|10|4|20260101000000|" + now});
+}
+
+TEST(CarryForward, codeWithoutMovements_carriesItsWholeStock_asAPlainNumber)
+{
+    HistoryDesk desk;
+    desk.stock("A", "0000012", "5");
+    desk.stock("B", "-3", "0");
+    ASSERT_EQ(carried(desk), 0);
+    EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"A|12", "B|-3"}));
+    EXPECT_EQ(desk.stockColumn("ZaikoSuu"), (Lines{"A|0000012", "B|-3"})) << "the stock itself never moves";
+}
+
+TEST(CarryForward, receiptsOfAProduct_giveBackItsComponents_shipmentsDoNot)
+{
+    HistoryDesk desk;
+    desk.stock("SET", "3", "0");
+    desk.stock("PART", "100", "0");
+    desk.component("SET", "PART", "2.5");
+    desk.component("SET", "MISSING", "1");
+    desk.receipt("SET", "0000004", "20260301", "20260301090000");
+    desk.shipment("SET", "0000001", "20260302", "20260302090000");
+    ASSERT_EQ(carried(desk), 0);
+    EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"PART|110", "SET|0"}));
+}
+
+TEST(CarryForward, returnedQuantitiesHaveNoPartInIt)
+{
+    HistoryDesk desk;
+    desk.stock("A", "10", "0");
+    desk.receipt("A", "0000012", "20260301", "20260301090000", "", "0000002");
+    ASSERT_EQ(carried(desk), 0);
+    EXPECT_EQ(desk.stockColumn("KuriSuu"), Lines{"A|-2"});
+}
+
+TEST(CarryForward, codesMeetWithoutRegardToLetterCase)
+{
+    HistoryDesk desk;
+    desk.stock("abc", "10", "0");
+    desk.component("Set", "ABC", "1");
+    desk.receipt("ABC", "0000001", "20260301", "20260301090000");
+    desk.receipt("SET", "0000002", "20260301", "20260301090000");
+    ASSERT_EQ(carried(desk), 0);
+    EXPECT_EQ(desk.stockColumn("KuriSuu"), Lines{"abc|11"});
+}
+
+TEST(CarryForward, rowPostedInTheSameSecond_goesOnFromWhatItCarried)
+{
+    HistoryDesk desk;
+    desk.shop->add(zaikoTable, {"A", "10", "3", "20260101000000", now});
+    desk.shop->add(zaikoTable, {"B", "10", "0000003", "20260101000000", now});
+    desk.receipt("A", "0000001", "20260301", "20260301090000");
+    ASSERT_EQ(carried(desk), 0);
+    EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"A|2", "B|0000003"}));
+}
+
+TEST(CarryForward, runAgain_givesTheSame)
+{
+    HistoryDesk desk;
+    desk.stock("A", "10.5", "0");
+    desk.receipt("A", "0000012", "20260301", "20260301090000");
+    ASSERT_EQ(carried(desk), 0);
+    const Lines once = desk.stockColumn("KuriSuu");
+    ASSERT_EQ(carried(desk, "20260401090001"), 0);
+    EXPECT_EQ(desk.stockColumn("KuriSuu"), once);
+    EXPECT_EQ(desk.stockColumn("UpdDate"), Lines{"A|20260401090001"});
+}
+
+TEST(CarryForward, quantityThatIsNoNumber_failsForAStockedCode_andChangesNothing)
+{
+    HistoryDesk desk;
+    desk.stock("A", "10", "3");
+    desk.receipt("NOSTOCK", "many", "20260301", "20260301090000");
+    ASSERT_EQ(carried(desk), 0) << "no stock row asks for that quantity";
+    desk.receipt("A", "many", "20260301", "20260301090001");
+    const Lines before = desk.rows("ZaikoTB");
+    EXPECT_NE(carried(desk, "20260401090001"), 0);
+    EXPECT_EQ(desk.rows("ZaikoTB"), before);
+}
+
+TEST(CarryForward, ofRandomBooks_isTheRunningSumOfEveryRow)
+{
+    std::mt19937 random(printedSeed());
+    const auto below = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+    for (int turn = 0; turn < 20; ++turn) {
+        HistoryDesk desk;
+        std::map<std::string, double> expected;
+        for (int i = 0; i < 12; ++i) {
+            const std::string code = "G" + std::to_string(i);
+            const std::string figure = CStr(below(2000) / 8.0 - 50);
+            desk.stock(code, figure, CStr(below(100)));
+            expected[code] = CDbl(figure);
+        }
+        std::vector<std::tuple<std::string, std::string, std::string>> parts;
+        for (int i = 0; i < 6; ++i) {
+            parts.emplace_back("G" + std::to_string(below(4)), "G" + std::to_string(4 + below(10)),
+                               CStr(below(30) / 10.0));
+            desk.component(std::get<0>(parts.back()), std::get<1>(parts.back()), std::get<2>(parts.back()));
+        }
+        for (int i = 0; i < 60; ++i) {
+            const std::string code = "G" + std::to_string(below(14));
+            const std::string quantity = movementNumber(CStr(below(100) - 20));
+            const std::string stamp = std::to_string(20260301000000 + i);
+            if (below(2) == 0) {
+                desk.receipt(code, quantity, "20260301", stamp);
+                expected[code] -= CDbl(quantity);
+                for (const auto& [product, part, each] : parts)
+                    if (product == code)
+                        expected[part] += CDbl(quantity) * CDbl(each);
+            } else {
+                desk.shipment(code, quantity, "20260301", stamp);
+                expected[code] += CDbl(quantity);
+            }
+        }
+        ASSERT_EQ(carried(desk), 0);
+        desk.db.ZaikoTbl().Select({});
+        ASSERT_EQ(desk.db.ZaikoTbl().Count(), 12);
+        for (int row = 1; row <= 12; ++row) {
+            const std::string code(desk.db.ZaikoTbl().get(row, ZaikoCol::Code));
+            EXPECT_NEAR(CDbl(desk.db.ZaikoTbl().get(row, ZaikoCol::KuriSuu)), expected[code], tolerance)
+                << code;
+            EXPECT_EQ(desk.db.ZaikoTbl().get(row, ZaikoCol::UpdDate), now);
+        }
+    }
+}
+
+} // namespace suisui::test
