@@ -16,9 +16,16 @@ struct FunctionCode
 };
 
 inline constexpr FunctionCode functionCodes[] = {
-    {u'E', 0, u"cmdNKensaku"},        {u'E', 1, u"cmdSKensaku"},     {u'I', 0, u"cmdNKousin"},
-    {u'I', 1, u"cmdSKousin"},         {u'J', 0, u"cmdNDelete"},      {u'J', 1, u"cmdSDelete"},
-    {u'O', onEveryTab, u"cmdMaster"}, {u'U', onEveryTab, u"CmdEnd"},
+    {u'E', 0, u"cmdNKensaku"},
+    {u'E', 1, u"cmdSKensaku"},
+    {u'I', 0, u"cmdNKousin"},
+    {u'I', 1, u"cmdSKousin"},
+    {u'J', 0, u"cmdNDelete"},
+    {u'J', 1, u"cmdSDelete"},
+    {u'Q', onEveryTab, u"cmdRirekiOut"},
+    {u'S', onEveryTab, u"cmdRirekiIn"},
+    {u'O', onEveryTab, u"cmdMaster"},
+    {u'U', onEveryTab, u"CmdEnd"},
 };
 
 /// Name of the button that \a function presses on tab \a tab; empty when it presses none there.

@@ -21,9 +21,13 @@ class frmMain;
 
 namespace suisui {
 
+class AppEnv;
 class FocusPaint;
 class MovementListPage;
 class MovementPage;
+class RirekiButtons;
+class RirekiDB;
+class ScreenPrompts;
 class StockPage;
 class SlipIni;
 class frm_ShortWait;
@@ -57,6 +61,8 @@ public:
     void showTab(Tab tab);
     void cmdMaster_Click();
     /// What the slip program reads, and the folder in which it stands.
+    /// Where periods are saved to and loaded from by and large, and the reader for the dialogs that ask.
+    void setHistoryPlace(const AppEnv& env, const std::function<QString()>& readLine);
     void setSlipPlace(SlipIni& ini, const QString& exeFolder);
 
     /// The window's Enabled property; the main loop reads no scans while it is off.
@@ -134,6 +140,10 @@ private:
     std::array<MovementPage*, 2> m_entry{};
     StockPage* m_stock = nullptr;
     std::array<MovementListPage*, 2> m_lists{};
+
+    std::unique_ptr<ScreenPrompts> m_historyPrompts;
+    std::unique_ptr<RirekiDB> m_history;
+    std::unique_ptr<RirekiButtons> m_historyButtons;
 
     ChoiceList m_staff;                   // TantouCodes
     std::array<ChoiceList, 2> m_partners; // NSakiCodes, SSakiCodes
