@@ -95,7 +95,10 @@ void frm_DirFile::dress(const AppEnv& env)
     name.setColor(QPalette::Disabled, QPalette::Text, Qt::black);
     m_ui->txtFileName->setPalette(name);
     connect(m_ui->FileList, &QListWidget::itemSelectionChanged, this, &frm_DirFile::FileList_Click);
-    connect(m_ui->FileList, &QListWidget::itemActivated, this, [this] { m_ui->CmdOK->click(); });
+    connect(m_ui->FileList, &QListWidget::itemActivated, this, [this] {
+        FileList_Click(); // Enter takes the file that is marked, chosen before or not
+        m_ui->CmdOK->click();
+    });
     const std::pair<QPushButton*, QString> places[] = {{m_ui->cmdMyDoc, env.MyDocFolder()},
                                                        {m_ui->cmdDeskTop, env.DeskTopFolder()}};
     for (const auto& [button, folder] : places) {
