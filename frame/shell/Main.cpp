@@ -6,6 +6,7 @@
 
 #include "frame/shell/frm_End.h"
 #include "lists/ListPrinting.h"
+#include "platform/core/AwayFromLoop.h"
 #include "platform/core/DoEvents.h"
 #include "platform/core/FillIn.h"
 #include "platform/core/FindWindow.h"
@@ -77,7 +78,10 @@ int Main_Module::Main()
 bool Main_Module::openDatabase()
 {
     const auto showError = [this](const std::string& text) {
-        m_msgBox.show({u"データベースエラー"_s, QString::fromStdString(text), BoxIcon::Stop});
+        // Long work on the database runs away from the loop; a box never does.
+        inLoop([this, &text] {
+            m_msgBox.show({u"データベースエラー"_s, QString::fromStdString(text), BoxIcon::Stop});
+        });
     };
     m_appDB = std::make_unique<AppDB>((m_base + u"/DB"_s).toStdString(), showError);
     m_appDB->ShowErrors(false);
@@ -123,6 +127,7 @@ bool Main_Module::loadWindow()
 {
     m_frmMain = std::make_unique<frmMain>(
         Surroundings{*m_appDB, *m_appIni, m_clock, m_msgBox, *m_shortWait, *m_wait, m_lastDate});
+    m_frmMain->setHistoryPlace(*m_appEnv, [this] { return m_barcode ? m_barcode->line() : QString(); });
     m_frmMain->setSlipPlace(*m_slipIni, m_appEnv->BaseFolder() + u"/exe"_s);
     m_printer = std::make_unique<Printer>();
     m_frmMain->setListPrinting({*m_appIni, m_clock, m_msgBox, *m_printer, m_appEnv->BaseFolder(),

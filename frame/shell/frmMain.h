@@ -23,10 +23,14 @@ class frmMain;
 namespace suisui {
 
 class BarPrt;
+class AppEnv;
 class FocusPaint;
 struct ListPrinting;
 class MovementListPage;
 class MovementPage;
+class RirekiButtons;
+class RirekiDB;
+class ScreenPrompts;
 class StockPage;
 class SlipIni;
 class frm_ShortWait;
@@ -59,6 +63,8 @@ public:
     /// Brings tab \a tab to the front with everything that a change of tab does, even if it is there.
     void showTab(Tab tab);
     void cmdMaster_Click();
+    /// Where periods are saved to and loaded from by and large, and the reader for the dialogs that ask.
+    void setHistoryPlace(const AppEnv& env, const std::function<QString()>& readLine);
     /// What the slip program reads, and the folder in which it stands.
     void setSlipPlace(SlipIni& ini, const QString& exeFolder);
     /// What labels are printed with; \a readLine is the next line of the reader.
@@ -150,6 +156,10 @@ private:
     std::array<MovementPage*, 2> m_entry{};
     StockPage* m_stock = nullptr;
     std::array<MovementListPage*, 2> m_lists{};
+
+    std::unique_ptr<ScreenPrompts> m_historyPrompts;
+    std::unique_ptr<RirekiDB> m_history;
+    std::unique_ptr<RirekiButtons> m_historyButtons;
 
     ChoiceList m_staff;                   // TantouCodes
     std::array<ChoiceList, 2> m_partners; // NSakiCodes, SSakiCodes
