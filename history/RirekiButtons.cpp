@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "history/Sentinel.h"
 #include "platform/core/FillIn.h"
 #include "store/AppDB.h"
 
@@ -16,18 +17,6 @@ struct RirekiButtons::Words
     QString failedText;
 };
 
-namespace {
-
-// The row of RirekiTB that carries the extension of all history files.
-constexpr std::string_view sentinel =
-    "Where DateFrom = 'Trn' And DateTo = 'Vik'   And FileSize = '00000000' AND FileUpdate = '00000000000000'";
-constexpr std::string_view sentinelFrom = "Trn";
-constexpr std::string_view sentinelTo = "Vik";
-constexpr std::string_view sentinelSize = "00000000";
-constexpr std::string_view sentinelUpdate = "00000000000000";
-
-} // namespace
-
 RirekiButtons::RirekiButtons(const Services& services, HistoryPrompts& prompts, RirekiDB& history,
                              Controls controls)
     : m_services(services), m_prompts(prompts), m_history(history), m_controls(std::move(controls))
@@ -40,7 +29,7 @@ void RirekiButtons::cmdRirekiOut_Click()
         u"保存の完了"_s, u"保存の失敗"_s,
         u"「 履歴の保存 」 に 失敗しました。　　　　　\r\n\r\n　　　再度、実行して下さい。"_s};
     m_services.frame.BusyOn();
-    if (!editsAreSettled() || !(findSentinel() || makeSentinel())) {
+    if (!editsAreSettled() || !(findSentinel(m_services.db) || makeSentinel())) {
         m_services.frame.BusyOff();
         m_controls.cmdRirekiOut.setFocus();
         return;
@@ -64,7 +53,7 @@ void RirekiButtons::cmdRirekiIn_Click()
         u"「 履歴の読込 」 に 失敗しました。　　　　　\r\n\r\n　　　再度、実行して下さい。"_s};
     m_services.frame.BusyOn();
     bool ready = editsAreSettled();
-    if (ready && (m_services.db.RirekiTbl().CountRows({}) < 2 || !findSentinel())) {
+    if (ready && (m_services.db.RirekiTbl().CountRows({}) < 2 || !findSentinel(m_services.db))) {
         ready = false;
         m_services.msgBox.show(
             {u" 履歴の未保存"_s,
@@ -89,33 +78,19 @@ bool RirekiButtons::editsAreSettled()
     return m_services.frame.EditGuard(m_services.frame.currentTab()) != BoxAnswer::Cancel;
 }
 
-bool RirekiButtons::findSentinel()
-{
-    return m_services.db.RirekiTbl().Select(sentinel) >= 1;
-}
-
-/// The first save of a database asks for the extension of its history files. The row is stored with the next
-/// commit and goes with the next rollback.
+/// The first save of a database asks for the extension of its history files.
 bool RirekiButtons::makeSentinel()
 {
     const QString extension = m_prompts.askExtension();
     if (extension.isEmpty())
         return false;
-    RirekiRec& rows = m_services.db.RirekiTbl();
-    rows.Clear();
-    rows.NewRows(1);
-    rows.set(1, RirekiCol::DateFrom, sentinelFrom);
-    rows.set(1, RirekiCol::DateTo, sentinelTo);
-    rows.set(1, RirekiCol::KakuTyo, extension.toStdString());
-    rows.set(1, RirekiCol::FileSize, sentinelSize);
-    rows.set(1, RirekiCol::FileUpdate, sentinelUpdate);
-    (void)rows.InsertRow(1); // a failure shows itself at the first step of the save
+    (void)addSentinel(m_services.db, extension.toStdString()); // a save that completes sees to it again
     return true;
 }
 
 void RirekiButtons::takeExtension()
 {
-    m_history.setHistoryExt(QString::fromUtf8(m_services.db.RirekiTbl().get(1, RirekiCol::KakuTyo)));
+    m_history.setHistoryExt(QString::fromStdString(sentinelExtension(m_services.db)));
 }
 
 /// A cancel says nothing, and leaves what is pending pending.

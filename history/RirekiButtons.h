@@ -28,7 +28,6 @@ private:
     struct Words;
 
     [[nodiscard]] bool editsAreSettled();
-    [[nodiscard]] bool findSentinel();
     [[nodiscard]] bool makeSentinel();
     void takeExtension();
     void tell(RirekiDB::Result result, const Words& words, const QString& doneText);

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "history/CarryForward.h"
+#include "history/Sentinel.h"
 #include "platform/core/AwayFromLoop.h"
 #include "platform/core/Clock.h"
 #include "platform/core/Files.h"
@@ -168,12 +169,16 @@ RirekiDB::Result RirekiDB::listPeriod(const std::string& path)
 {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
+    // Without the row of the extension nobody would find the way back to the files.
+    const std::string extension = m_historyExt.toStdString();
+    if (!findSentinel(m_services.db) && addSentinel(m_services.db, extension) != 0)
+        return Failed;
     RirekiRec& rows = m_services.db.RirekiTbl();
     rows.Clear();
     rows.NewRows(1);
     rows.set(1, RirekiCol::DateFrom, m_period.from);
     rows.set(1, RirekiCol::DateTo, m_period.to);
-    rows.set(1, RirekiCol::KakuTyo, m_historyExt.toStdString());
+    rows.set(1, RirekiCol::KakuTyo, extension);
     rows.set(1, RirekiCol::FileSize, error ? "0" : std::to_string(size));
     rows.set(1, RirekiCol::FileUpdate, stampOf(m_services.clock.now()));
     return away([&rows] { return rows.InsertRow(1); }) == 0 ? Done : Failed;

@@ -1,10 +1,12 @@
 #include "history/frm_DirFile.h"
 
+#include <QAbstractFileIconProvider>
+#include <QApplication>
 #include <QDir>
-#include <QFileIconProvider>
 #include <QFileSystemModel>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QStyle>
 
 #include "frame/support/FocusPaint.h"
 #include "platform/core/FillIn.h"
@@ -27,6 +29,21 @@ constexpr struct
     QString (AppIni::*lastFolder)() const;
 } kinds[] = {{u"履歴", &AppIni::LastHistoryFolder}, {u"バックアップ", &AppIni::LastBackupFolder}};
 
+/// Pictures of the style: a desktop without an icon theme shows them as well.
+class StylePictures final : public QAbstractFileIconProvider
+{
+public:
+    [[nodiscard]] QIcon icon(IconType type) const override
+    {
+        const bool file = type == File;
+        return QApplication::style()->standardIcon(file ? QStyle::SP_FileIcon : QStyle::SP_DirIcon);
+    }
+    [[nodiscard]] QIcon icon(const QFileInfo& info) const override
+    {
+        return icon(info.isDir() ? Folder : File);
+    }
+};
+
 bool canBeReached(const QString& folder)
 {
     const QFileInfo info(folder);
@@ -43,7 +60,7 @@ QString pathIn(const QString& folder, const QString& name)
 frm_DirFile::frm_DirFile(const PlaceQuestion& question, const AppIni& ini, const AppEnv& env, MsgBox& msgBox,
                          DialogScan::ReadLine readLine, QWidget* parent)
     : HistoryDialog(msgBox, std::move(readLine), parent), m_question(question),
-      m_ui(std::make_unique<Ui::frm_DirFile>())
+      m_ui(std::make_unique<Ui::frm_DirFile>()), m_pictures(std::make_unique<StylePictures>())
 {
     m_ui->setupUi(this);
     makeTree();
@@ -55,7 +72,11 @@ frm_DirFile::frm_DirFile(const PlaceQuestion& question, const AppIni& ini, const
         goTo(QDir::rootPath());
     wire(*m_ui->CmdOK, *m_ui->CmdEnd, 1);
     focusPaint().keepSelection(m_ui->txtFileName);
-    m_ui->DirList->setFocus();
+    // The next Enter saves to the folder that is shown; a file has to be chosen first.
+    if (m_question.saveMode)
+        m_ui->CmdOK->setFocus();
+    else
+        m_ui->FileList->setFocus();
 }
 
 frm_DirFile::~frm_DirFile() = default;
@@ -70,8 +91,14 @@ void frm_DirFile::dress(const AppEnv& env)
     m_ui->FileList->setEnabled(!m_question.saveMode);
     m_ui->txtFileName->setEnabled(false);
     m_ui->txtFileName->setText(m_question.fileName);
+    QPalette name = m_ui->txtFileName->palette(); // to be read, though not to be typed in
+    name.setColor(QPalette::Disabled, QPalette::Text, Qt::black);
+    m_ui->txtFileName->setPalette(name);
     connect(m_ui->FileList, &QListWidget::itemSelectionChanged, this, &frm_DirFile::FileList_Click);
-    connect(m_ui->FileList, &QListWidget::itemActivated, this, [this] { m_ui->CmdOK->click(); });
+    connect(m_ui->FileList, &QListWidget::itemActivated, this, [this] {
+        FileList_Click(); // Enter takes the file that is marked, chosen before or not
+        m_ui->CmdOK->click();
+    });
     const std::pair<QPushButton*, QString> places[] = {{m_ui->cmdMyDoc, env.MyDocFolder()},
                                                        {m_ui->cmdDeskTop, env.DeskTopFolder()}};
     for (const auto& [button, folder] : places) {
@@ -82,21 +109,35 @@ void frm_DirFile::dress(const AppEnv& env)
 
 void frm_DirFile::makeTree()
 {
-    m_folders = new QFileSystemModel(this);
+    m_folders = std::make_unique<QFileSystemModel>();
+    m_folders->setIconProvider(m_pictures.get());
     m_folders->setFilter(QDir::Dirs | QDir::NoDotAndDotDot | QDir::Drives);
     m_folders->setRootPath(QDir::rootPath());
     QTreeView& tree = *m_ui->DirList;
-    tree.setModel(m_folders);
+    tree.setModel(m_folders.get());
     tree.setHeaderHidden(true);
     for (int column = 1; column < m_folders->columnCount(); ++column)
         tree.hideColumn(column);
     connect(tree.selectionModel(), &QItemSelectionModel::currentChanged, this, &frm_DirFile::DirList_Change);
-    // The folders come in bit by bit; the one that is shown stays in sight.
-    connect(m_folders, &QFileSystemModel::directoryLoaded, this,
-            [&tree] { tree.scrollTo(tree.currentIndex()); });
+    connect(m_folders.get(), &QFileSystemModel::directoryLoaded, this, &frm_DirFile::keepInSight);
+    connect(m_folders.get(), &QFileSystemModel::layoutChanged, this, &frm_DirFile::keepInSight);
     connect(&tree, &QTreeView::activated, &tree,
             [&tree](const QModelIndex& index) { tree.setExpanded(index, !tree.isExpanded(index)); });
     tree.setExpandsOnDoubleClick(false); // activated does it, by key or mouse
+}
+
+/// The folders come in bit by bit and are sorted afterwards; the one that is shown stays in sight, unless the
+/// operator is moving about in the tree.
+void frm_DirFile::keepInSight()
+{
+    if (!m_ui->DirList->hasFocus())
+        m_ui->DirList->scrollTo(m_ui->DirList->currentIndex());
+}
+
+void frm_DirFile::showEvent(QShowEvent* event)
+{
+    HistoryDialog::showEvent(event);
+    keepInSight();
 }
 
 bool frm_DirFile::goTo(const QString& folder)
@@ -106,7 +147,7 @@ bool frm_DirFile::goTo(const QString& folder)
     const QModelIndex index = m_folders->index(folder);
     m_ui->DirList->setCurrentIndex(index);
     m_ui->DirList->expand(index.parent());
-    m_ui->DirList->scrollTo(index);
+    keepInSight();
     return true;
 }
 
@@ -136,11 +177,10 @@ void frm_DirFile::showFiles()
     QListWidget& list = *m_ui->FileList;
     const QSignalBlocker quiet(list);
     list.clear();
-    const QFileIconProvider icons;
     const std::string pattern = m_question.pattern.toStdString();
     for (const QFileInfo& file : QDir(m_folder).entryInfoList(QDir::Files, QDir::Name))
         if (like(file.fileName().toStdString(), pattern))
-            new QListWidgetItem(icons.icon(file), file.fileName(), &list);
+            new QListWidgetItem(m_pictures->icon(file), file.fileName(), &list);
     if (list.count() > 0)
         return;
     m_fullPath.clear();

@@ -4,6 +4,7 @@
 #include "history/HistoryDialog.h"
 #include "history/HistoryPrompts.h"
 
+class QAbstractFileIconProvider;
 class QFileSystemModel;
 class QModelIndex;
 
@@ -37,10 +38,12 @@ public:
 protected:
     void CmdOK_Click() override;
     void CmdEnd_Click() override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void dress(const AppEnv& env);
     void makeTree();
+    void keepInSight();
     void DirList_Change(const QModelIndex& current);
     void FileList_Click();
     void showFiles();
@@ -50,9 +53,10 @@ private:
 
     PlaceQuestion m_question;
     std::unique_ptr<Ui::frm_DirFile> m_ui;
-    QFileSystemModel* m_folders = nullptr;
-    QString m_folder;   ///< shown now
-    QString m_fullPath; ///< of the file chosen last
+    std::unique_ptr<QAbstractFileIconProvider> m_pictures;
+    std::unique_ptr<QFileSystemModel> m_folders; // asks for pictures as long as it lives
+    QString m_folder;                            ///< shown now
+    QString m_fullPath;                          ///< of the file chosen last
     Place m_place;
 };
 

@@ -13,6 +13,7 @@ import sys
 import time
 
 sys.dont_write_bytecode = True  # the source tree stays as it is
+import day_lists
 import day_labels
 import day_reports
 import day_shipments
@@ -150,6 +151,7 @@ def work(shop, screen, reader, pictures):
         day.goods(product)
         day.picture("product")
         day_shipments.work(day, shop, screen, reader)
+        day_lists.work(day, shop, screen, reader, program)
         day_reports.work(day, screen, reader, pictures)
         day_labels.work(day, screen, reader, pictures)
         day.end(program)

@@ -6,6 +6,7 @@
 
 #include "frame/shell/frm_End.h"
 #include "lists/ListPrinting.h"
+#include "platform/core/AwayFromLoop.h"
 #include "platform/core/DoEvents.h"
 #include "platform/core/FillIn.h"
 #include "platform/core/FindWindow.h"
@@ -77,7 +78,10 @@ int Main_Module::Main()
 bool Main_Module::openDatabase()
 {
     const auto showError = [this](const std::string& text) {
-        m_msgBox.show({u"データベースエラー"_s, QString::fromStdString(text), BoxIcon::Stop});
+        // Long work on the database runs away from the loop; a box never does.
+        inLoop([this, &text] {
+            m_msgBox.show({u"データベースエラー"_s, QString::fromStdString(text), BoxIcon::Stop});
+        });
     };
     m_appDB = std::make_unique<AppDB>((m_base + u"/DB"_s).toStdString(), showError);
     m_appDB->ShowErrors(false);
@@ -123,6 +127,7 @@ bool Main_Module::loadWindow()
 {
     m_frmMain = std::make_unique<frmMain>(
         Surroundings{*m_appDB, *m_appIni, m_clock, m_msgBox, *m_shortWait, *m_wait, m_lastDate});
+    m_frmMain->setHistoryPlace(*m_appEnv, [this] { return m_barcode ? m_barcode->line() : QString(); });
     m_frmMain->setSlipPlace(*m_slipIni, m_appEnv->BaseFolder() + u"/exe"_s);
     m_printer = std::make_unique<Printer>();
     m_frmMain->setListPrinting({*m_appIni, m_clock, m_msgBox, *m_printer, m_appEnv->BaseFolder(),
@@ -150,6 +155,8 @@ bool Main_Module::loadWindow()
     m_frmMain->show();
     m_frmMain->showTab(Tab::Receipt);
     m_frmMain->setFormEnabled(true);
+    if (m_appEnv->typedScans())
+        m_frmMain->recogniseTypedScans();
 
     m_msComm1 = std::make_unique<MSComm>([this](int port) { return m_appEnv->portDevice(port); });
     m_barcode = std::make_unique<Barcode>([this] { return m_appEnv->readerSettings(); }, m_msgBox,
@@ -163,7 +170,8 @@ bool Main_Module::loadWindow()
 void Main_Module::mainLoop()
 {
     while (true) {
-        const bool lineWaits = m_barcode && m_frmMain->formEnabled() && m_barcode->hasLine();
+        const bool lineWaits =
+            m_barcode && m_frmMain->formEnabled() && (m_frmMain->hasTypedScan() || m_barcode->hasLine());
         if (lineWaits || m_endFlag)
             DoEvents();
         else
@@ -172,7 +180,8 @@ void Main_Module::mainLoop()
             return;
         if (!m_frmMain->formEnabled())
             continue;
-        MainBarCodeChk(m_barcode->line(), *m_frmMain);
+        const QString typed = m_frmMain->takeTypedScan();
+        MainBarCodeChk(typed.isEmpty() ? m_barcode->line() : typed, *m_frmMain);
     }
 }
 

@@ -14,6 +14,8 @@
 #include "frame/support/PageTools.h"
 #include "frame/support/frm_ShortWait.h"
 #include "frame/support/frm_Wait.h"
+#include "history/RirekiButtons.h"
+#include "history/ScreenPrompts.h"
 #include "lists/MovementListPage.h"
 #include "lists/StockPage.h"
 #include "movement/MovementPage.h"
@@ -21,6 +23,7 @@
 #include "platform/core/DoEvents.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppDB.h"
+#include "store/AppEnv.h"
 #include "store/AppIni.h"
 #include "store/Stamps.h"
 #include "ui_frmMain.h"
@@ -93,6 +96,22 @@ void frmMain::buildPages()
     }
 }
 
+void frmMain::setHistoryPlace(const AppEnv& env, const std::function<QString()>& readLine)
+{
+    const Services services{m_around.db, m_around.ini, m_around.clock, m_around.msgBox, *this};
+    m_historyPrompts = std::make_unique<ScreenPrompts>(m_around.db, m_around.ini, env, m_around.clock,
+                                                       m_around.msgBox, readLine, *this);
+    m_history = std::make_unique<RirekiDB>(services, *m_historyPrompts,
+                                           (env.BaseFolder() + u"/db/trnorg.mdb"_s).toStdString());
+    m_historyButtons = std::make_unique<RirekiButtons>(
+        services, *m_historyPrompts, *m_history,
+        RirekiButtons::Controls{*m_ui->cmdRirekiOut, *m_ui->cmdRirekiIn, [this] { showTab(Tab::Receipt); }});
+    connect(m_ui->cmdRirekiOut, &QPushButton::clicked, this,
+            [this] { m_historyButtons->cmdRirekiOut_Click(); });
+    connect(m_ui->cmdRirekiIn, &QPushButton::clicked, this,
+            [this] { m_historyButtons->cmdRirekiIn_Click(); });
+}
+
 void frmMain::setSlipPlace(SlipIni& ini, const QString& exeFolder)
 {
     m_lists[static_cast<std::size_t>(Side::Shipment)]->setSlipPlace(ini, exeFolder);
@@ -121,6 +140,16 @@ void frmMain::cmdPrint_Click(Side side, int printColumn, int quantityColumn)
     setFormEnabled(false);
     m_printLabels(firstLabelMode + static_cast<int>(side), *m_entry[at]->grid(), printColumn, quantityColumn);
     setFormEnabled(true);
+}
+
+void frmMain::recogniseTypedScans()
+{
+    const auto inCodeField = [this] {
+        return m_gate.enabled() && m_gate.heldKeys() == 0
+               && QApplication::focusWidget() == page(currentTab()).barCodeField();
+    };
+    m_typedScan = std::make_unique<TypedScan>(*this, inCodeField,
+                                              [this](const QString& value) { m_gate.scanned(value); });
 }
 
 QComboBox* frmMain::staffChoice()

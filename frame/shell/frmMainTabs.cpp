@@ -116,10 +116,12 @@ BoxAnswer frmMain::EditGuard(Tab tab)
 /// way, not to take the focus from the grid.
 void frmMain::backToGuardedTab(Tab tab)
 {
+    const bool tabChanges = currentTab() != tab;
     m_ui->SSTab->setCurrentIndex(static_cast<int>(tab));
     setFormEnabled(true);
     page(tab).grid()->setFocus();
-    page(tab).barCodeField()->setEnabled(false);
+    if (tabChanges)
+        page(tab).barCodeField()->setEnabled(false);
     m_gate.setEnabled(false);
 }
 

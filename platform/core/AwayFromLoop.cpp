@@ -1,20 +1,21 @@
 #include "platform/core/AwayFromLoop.h"
 
+#include <atomic>
 #include <exception>
 #include <system_error>
 #include <thread>
 
 #include <QCoreApplication>
-#include <QEventLoop>
 #include <QThread>
 
 namespace suisui {
 
 void awayFromLoop(const std::function<void()>& work)
 {
-    QEventLoop untilDone;
+    std::atomic<bool> done = false;
     std::exception_ptr error;
     std::thread helper;
+    QObject loop; // whatever is posted to it ends a sleep of the loop
     try {
         helper = std::thread([&] {
             try {
@@ -22,14 +23,17 @@ void awayFromLoop(const std::function<void()>& work)
             } catch (...) {
                 error = std::current_exception();
             }
-            QMetaObject::invokeMethod(&untilDone, &QEventLoop::quit, Qt::QueuedConnection);
+            done = true;
+            QMetaObject::invokeMethod(
+                &loop, [] {}, Qt::QueuedConnection);
         });
     } catch (const std::system_error&) {
         work(); // no thread to be had: the windows wait, the work is done all the same
         return;
     }
-    untilDone.exec();
-    helper.join(); // an application that is told to quit leaves the loop early
+    while (!done)
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    helper.join();
     if (error)
         std::rethrow_exception(error);
 }

@@ -331,7 +331,7 @@ TEST(LoadFaults, fileThatIsGone_keepsItsPlaceOnTheList)
     ASSERT_EQ(desk.save(january), RirekiDB::Done);
     ASSERT_TRUE(QFile::remove(desk.fileOf(january)));
     desk.expectLoadFails();
-    EXPECT_EQ(desk.rows("RirekiTB").size(), 1U);
+    EXPECT_EQ(desk.listed().size(), 1U);
 }
 
 TEST(LoadFaults, fileHeldByAnother_canBeLoadedLater)
@@ -408,7 +408,7 @@ TEST(LoadFaults, fileThatCannotBeDeleted_isLoadedAllTheSame)
         EXPECT_EQ(desk.load(january), RirekiDB::Done);
     }
     EXPECT_EQ(desk.movements(), movements);
-    EXPECT_TRUE(desk.rows("RirekiTB").empty());
+    EXPECT_TRUE(desk.listed().empty());
     EXPECT_TRUE(QFile::exists(desk.fileOf(january)));
 }
 

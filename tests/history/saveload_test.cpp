@@ -60,7 +60,7 @@ TEST(Save, movesThePeriodIntoAFileOfItsOwn_andListsIt)
         Lines{"A|品名|ヒン|0000004|0000150|201|西商店|20260115|100000|個|0000000|0000000|0000000|01|山田||"
               "20260101|120000|20260115090000|20260115090000"});
     const std::string size = std::to_string(QFileInfo(file).size());
-    EXPECT_EQ(desk.rows("RirekiTB"), Lines{"20260101|20260131|hst|" + size + "|20260401090000"});
+    EXPECT_EQ(desk.listed(), Lines{"20260101|20260131|hst|" + size + "|20260401090000"});
     EXPECT_EQ(desk.stockColumn("ZaikoSuu"), (Lines{"A|11", "B|-2", "C|7"}));
     EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"A|11", "B|0", "C|7"}));
     EXPECT_EQ(desk.stockColumn("UpdDate"),
@@ -149,7 +149,7 @@ TEST(Load, bringsEveryRowBack_andTakesThePeriodOffTheList)
     ASSERT_EQ(desk.load(january), RirekiDB::Done);
     EXPECT_TRUE(desk.box.shown.empty());
     EXPECT_EQ(desk.movements(), movements);
-    EXPECT_TRUE(desk.rows("RirekiTB").empty());
+    EXPECT_TRUE(desk.listed().empty());
     EXPECT_TRUE(filesIn(desk.folder()).empty());
     EXPECT_EQ(desk.stockColumn("ZaikoSuu"), (Lines{"A|11", "B|-2", "C|7"}));
     EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"A|0", "B|0", "C|7"}));
@@ -217,10 +217,10 @@ TEST(Load, extensionWithAQuote_worksLikeAnyOther)
 {
     HistoryDesk desk;
     fill(desk);
-    desk.history.setHistoryExt(QStringLiteral("o'ld"));
+    desk.useExtension("o'ld");
     ASSERT_EQ(desk.save(january), RirekiDB::Done);
     EXPECT_EQ(desk.load(january), RirekiDB::Done);
-    EXPECT_TRUE(desk.rows("RirekiTB").empty());
+    EXPECT_TRUE(desk.listed().empty());
 }
 
 TEST(Load, ofTwoPeriodsInEitherOrder_givesTheSameTables)
@@ -326,7 +326,7 @@ TEST(SaveAndLoad, ofRandomHistories_moveNoStock_andLoseNoRow)
             EXPECT_EQ(desk.stockColumn("ZaikoSuu"), stock);
         }
         EXPECT_EQ(desk.movements(), movements);
-        EXPECT_TRUE(desk.rows("RirekiTB").empty());
+        EXPECT_TRUE(desk.listed().empty());
         desk.db.ZaikoTbl().Select({});
         for (int row = 1; row <= desk.db.ZaikoTbl().Count(); ++row) {
             const std::string code(desk.db.ZaikoTbl().get(row, ZaikoCol::Code));

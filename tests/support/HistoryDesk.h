@@ -11,6 +11,7 @@
 #include <QFile>
 
 #include "history/RirekiDB.h"
+#include "history/Sentinel.h"
 #include "store/AppIni.h"
 #include "tests/support/ScriptedMsgBox.h"
 #include "tests/support/TempShop.h"
@@ -59,7 +60,17 @@ struct HistoryDesk
         if (AppDB::Create(emptyDatabase()) != 0 || db.Open("trnvik.mdb") != 0)
             std::abort();
         ini.setIniFolder(shop->base() + QStringLiteral("/Ini"));
-        history.setHistoryExt(QStringLiteral("hst"));
+        useExtension("hst");
+    }
+
+    /// As the first save of a database leaves it.
+    void useExtension(const std::string& extension)
+    {
+        db.Execute("DELETE FROM RirekiTB WHERE DateFrom='Trn'");
+        if (addSentinel(db, extension) != 0)
+            std::abort();
+        db.Commit();
+        history.setHistoryExt(QString::fromStdString(extension));
     }
 
     [[nodiscard]] std::string emptyDatabase() const
@@ -124,6 +135,11 @@ struct HistoryDesk
         const std::vector<std::string> out = shop->query("SELECT * FROM OutTB ORDER BY InpDate, Code");
         all.insert(all.end(), out.begin(), out.end());
         return all;
+    }
+    /// The periods on the list.
+    [[nodiscard]] std::vector<std::string> listed() const
+    {
+        return shop->query("SELECT * FROM RirekiTB WHERE DateFrom<>'Trn' ORDER BY DateFrom, DateTo");
     }
     /// Code and figure of a column of the stock.
     [[nodiscard]] std::vector<std::string> stockColumn(const std::string& column) const
