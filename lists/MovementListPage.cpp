@@ -65,6 +65,7 @@ void MovementListPage::wire()
     enterMovesOn(*m_ui->cmbXLTantou, *m_ui->cmdXLKensaku);
     connect(m_ui->cmdXLKensaku, &QPushButton::clicked, this, &MovementListPage::cmdKensaku_Click);
     connect(grid(), &vaSpread::HeadingClick, this, &MovementListPage::headingClick);
+    connect(m_ui->cmdRptXList, &QPushButton::clicked, this, &MovementListPage::cmdRptList_Click);
     if (m_side.printsSlips)
         connect(m_ui->cmdPrintRptExe, &QPushButton::clicked, this, &MovementListPage::cmdPrintRptExe_Click);
     else

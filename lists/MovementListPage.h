@@ -4,11 +4,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "frame/support/Check_Csv.h"
 #include "frame/support/GridBar.h"
 #include "frame/support/Page.h"
 #include "lists/ListFilter.h"
+#include "lists/ListPrinting.h"
 #include "lists/ListSide.h"
 #include "lists/ListSort.h"
 
@@ -54,6 +56,10 @@ public:
     /// Hands the shown list to the slip program.
     void cmdPrintRptExe_Click();
 
+    void setListPrinting(const ListPrinting& printing) { m_listPrinting.emplace(printing); }
+    /// cmdRptNList_Click, cmdRptSList_Click.
+    void cmdRptList_Click();
+
 private:
     void nameControls();
     void wire();
@@ -71,6 +77,10 @@ private:
     void detailFill(int count);
     /// NyuSumFill, SyuSumFill.
     void sumFill(int count);
+
+    // MovementListReport.cpp
+    /// What the report's head shows: the conditions as they stand now, whatever was searched.
+    [[nodiscard]] ReportHead reportHead() const;
 
     // MovementListSlip.cpp
     /// Keeps whom the list is for and by whom it was made, as they are at the search.
@@ -94,6 +104,7 @@ private:
     QString m_slipPerson;
     SlipIni* m_slipIni = nullptr;
     QString m_exeFolder;
+    std::optional<ListPrinting> m_listPrinting;
     bool m_searching = false;
 };
 

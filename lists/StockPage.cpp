@@ -1,10 +1,12 @@
 #include "lists/StockPage.h"
 
-#include <array>
+#include <QFocusEvent>
 
 #include "frame/support/Check_Csv.h"
 #include "frame/support/KeyField.h"
+#include "lists/ReDrawOff.h"
 #include "platform/widgets/EnterButton.h"
+#include "store/AppDB.h"
 #include "store/AppIni.h"
 #include "ui_StockPage.h"
 
@@ -14,34 +16,76 @@ namespace suisui {
 
 namespace {
 
-constexpr std::array columns{
-    SpreadColumn{.heading = "コード", .width = 120},
-    SpreadColumn{.heading = "名称", .width = 240},
-    SpreadColumn{.heading = "在庫数", .type = CellType::Figure, .width = 120},
-    SpreadColumn{.heading = "入荷単価", .type = CellType::Figure, .width = 100},
-    SpreadColumn{.heading = "出荷単価", .type = CellType::Figure, .width = 100},
-    SpreadColumn{.heading = "値引き", .type = CellType::Figure, .width = 90},
-    SpreadColumn{.heading = "合計", .type = CellType::Figure, .width = 130},
-    SpreadColumn{.heading = "単位", .width = 60},
-    SpreadColumn{.heading = "最低在庫", .type = CellType::Figure, .width = 100},
-    SpreadColumn{.heading = "", .hidden = true},
-};
-
 constexpr int codeLength = 13;
 constexpr int enterKey = 13;
+constexpr int rowsForASort = 2;
+
+// Pixel sizes that the screen font has two half-width characters to a full-width one at.
+constexpr int tickedFontSize = 16;
+constexpr int plainFontSize = 14;
+
+constexpr const char* nothingHere = "－";
+
+bool isWords(int col)
+{
+    return col == StockCells::code || col == StockCells::name;
+}
+
+bool isEmptyColumn(int col)
+{
+    return col == StockCells::discount || col == StockCells::amount;
+}
 
 } // namespace
 
 StockPage::StockPage(const Services& services, QWidget* parent)
-    : Page(parent), m_services(services), m_ui(std::make_unique<Ui::StockPage>())
+    : Page(parent), m_services(services), m_ui(std::make_unique<Ui::StockPage>()),
+      m_rows((m_ui->setupUi(this), *m_ui->Sprd_Zai), services.ini)
 {
-    m_ui->setupUi(this);
-    m_ui->Sprd_Zai->setColumns(columns);
-    new GridBar(*m_ui->Sprd_Zai);
-    m_ui->txtZBarCode->setKeyPressHandler([this](int& key) { barCode_KeyPress(key); });
+    m_bar = new GridBar(
+        *grid(),
+        [this](int row) {
+            const bool goods = !grid()->text(StockCells::code, row).empty();
+            return detailView() && goods ? goodsRowWithBlock : QColor(Qt::white);
+        },
+        BarWithNoFocus::Grey);
+    wire();
 }
 
 StockPage::~StockPage() = default;
+
+void StockPage::wire()
+{
+    connect(m_ui->cmdRptZList, &QPushButton::clicked, this, &StockPage::cmdRptZList_Click);
+    m_ui->txtZBarCode->setKeyPressHandler([this](int& key) { barCode_KeyPress(key); });
+    connect(m_ui->cmdZKensaku, &QPushButton::clicked, this, [this] {
+        int key = enterKey;
+        barCode_KeyPress(key);
+    });
+    connect(m_ui->chkStock_Low, &QCheckBox::toggled, this, [this](bool ticked) {
+        if (ticked) {
+            m_ui->chkStock_Zero->setChecked(true); // goods that have run out are below any minimum
+            check_LostFocus(*m_ui->chkStock_Zero);
+        }
+        m_ui->cmdZKensaku->setFocus();
+    });
+    connect(m_ui->chkStock_Zero, &QCheckBox::toggled, this, [this] { m_ui->cmdZKensaku->setFocus(); });
+    connect(m_ui->optZNormal, &QRadioButton::toggled, this, [this](bool on) {
+        if (on)
+            viewChosen(false);
+    });
+    connect(m_ui->optZDetail, &QRadioButton::toggled, this, [this](bool on) {
+        if (on)
+            viewChosen(true);
+    });
+    connect(grid(), &vaSpread::HeadingClick, this, &StockPage::headingClick);
+    connect(grid(), &vaSpread::LeaveCell, this, [this](int, int, int newCol, int newRow) {
+        if (newCol > 0)
+            m_rowPointer = newRow;
+    });
+    for (QCheckBox* box : {m_ui->chkStock_Low, m_ui->chkStock_Zero})
+        box->installEventFilter(this);
+}
 
 QLineEdit* StockPage::barCodeField()
 {
@@ -51,6 +95,21 @@ QLineEdit* StockPage::barCodeField()
 vaSpread* StockPage::grid()
 {
     return m_ui->Sprd_Zai;
+}
+
+QCheckBox* StockPage::lowBox()
+{
+    return m_ui->chkStock_Low;
+}
+
+QCheckBox* StockPage::zeroBox()
+{
+    return m_ui->chkStock_Zero;
+}
+
+bool StockPage::detailView() const
+{
+    return m_ui->optZDetail->isChecked();
 }
 
 void StockPage::setCaptions(const AppIni& ini)
@@ -76,22 +135,149 @@ void StockPage::firstShow()
 
 void StockPage::barCode_KeyPress(int& keyAscii)
 {
+    if (m_keyBusy) {
+        keyAscii = 0;
+        return;
+    }
     SearchKeyCheck(keyAscii);
     limitLength(*m_ui->txtZBarCode, codeLength, true, keyAscii);
-    if (keyAscii == enterKey && m_ui->txtZBarCode->text().isEmpty())
+    if (keyAscii != enterKey)
+        return;
+    m_keyBusy = true;
+    m_services.frame.BusyOn();
+    const QString text = m_ui->txtZBarCode->text();
+    if (text.isEmpty()) {
         resetGrid();
+        m_services.frame.setTabLoaded(Tab::Stock, true);
+        m_services.frame.BusyOff();
+    } else {
+        search(text);
+    }
+    m_keyBusy = false;
 }
+
+// ---- check boxes
+
+void StockPage::check_LostFocus(QCheckBox& box)
+{
+    const bool ticked = box.isChecked();
+    QPalette colors = box.parentWidget()->palette();
+    if (ticked) {
+        colors.setColor(QPalette::Window, QColor(255, 255, 0));
+        colors.setColor(QPalette::Button, QColor(255, 255, 0));
+        colors.setColor(QPalette::WindowText, QColor(255, 0, 0));
+    }
+    box.setPalette(colors);
+    box.setAutoFillBackground(ticked);
+    QFont font = box.font();
+    font.setPixelSize(ticked ? tickedFontSize : plainFontSize);
+    box.setFont(font);
+}
+
+bool StockPage::eventFilter(QObject* object, QEvent* event)
+{
+    if (event->type() == QEvent::FocusOut
+        && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+        check_LostFocus(*static_cast<QCheckBox*>(object));
+    return Page::eventFilter(object, event);
+}
+
+// ---- the two views
+
+/// optZNormal_Click, optZDetail_Click: the same rows in the other view.
+void StockPage::viewChosen(bool detail)
+{
+    ZaikoViewRec& goods = m_services.db.ZaikoViewTbl();
+    const int count = goods.Count();
+    if (count == 0)
+        return;
+    m_services.frame.BusyOn();
+    if (detail && !agreesToShow(count)) {
+        m_services.frame.BusyOff();
+        m_ui->optZDetail->repaint();
+        m_ui->optZNormal->setChecked(true);
+        return;
+    }
+    goods.setKeepRows(false);
+    constexpr int rowsBeforeWaitWindow = 1000;
+    constexpr int detailedRowsBeforeWaitWindow = 30;
+    if (count > (detail ? detailedRowsBeforeWaitWindow : rowsBeforeWaitWindow))
+        m_services.frame.showWait(u"在庫検索"_s, count);
+    stockListLoad();
+    showFromTheTop();
+    m_services.frame.BusyOff();
+    grid()->setFocus();
+}
+
+// ---- headings
 
 void StockPage::plainHeadings()
 {
     for (int column = 1; column <= grid()->MaxCols(); ++column)
         grid()->SetText(column, 0, m_services.ini.StockHeading(column));
+    m_rowPointer = 0;
 }
 
+void StockPage::writeHeadings(int sortedCol)
+{
+    if (detailView()) {
+        plainHeadings();
+        return;
+    }
+    for (int column = 1; column < StockCells::index; ++column) {
+        if (isEmptyColumn(column)) {
+            grid()->SetText(column, 0, std::string_view(nothingHere));
+            continue;
+        }
+        const QString mark = column == sortedCol ? u"▲"_s : u"▽"_s;
+        const QString gap = isWords(column) ? u" "_s : QString(); // the marks of figures stand closer
+        grid()->SetText(column, 0, m_services.ini.StockHeading(column) + mark + gap);
+    }
+    m_rowPointer = 0;
+}
+
+void StockPage::headingClick(int col)
+{
+    vaSpread& sheet = *grid();
+    if (sheet.MaxRows() < rowsForASort || detailView() || isEmptyColumn(col))
+        return;
+    m_services.frame.BusyOn();
+    // Nothing has moved the cursor since the headings were written: there is no row to go back to.
+    const QString kept = m_rowPointer > 0 ? sheet.qtext(StockCells::code, m_rowPointer) : QString();
+    const bool ascending = isWords(col) || col == StockCells::unit;
+    const vaSpread::SortKey keys[] = {{col, ascending}, {StockCells::code, true}, {StockCells::name, true}};
+    {
+        const ReDrawOff noRedraw(sheet);
+        const int activeCol = sheet.ActiveCol();
+        const int activeRow = sheet.ActiveRow();
+        sheet.Sort(keys);
+        writeHeadings(col);
+        for (int row = 1; !kept.isEmpty() && row <= sheet.MaxRows(); ++row) {
+            if (sheet.qtext(StockCells::code, row) != kept)
+                continue;
+            m_bar->move(row == activeRow ? 0 : activeRow, row);
+            sheet.SetActiveCell(activeCol, row);
+            m_rowPointer = row;
+            break;
+        }
+    }
+    m_services.frame.BusyOff();
+}
+
+/// The grid without a row, under plain headings.
 void StockPage::resetGrid()
 {
     plainHeadings();
     grid()->setMaxRows(0);
+    m_services.db.ZaikoViewTbl().Clear();
+}
+
+/// Discount and amount stand in the detail view only.
+void StockPage::cmdRptZList_Click()
+{
+    const auto head = [this] { return ReportHead{.texts = {}, .optionalTitles = detailView()}; };
+    if (m_listPrinting)
+        printList(reportOf(Tab::Stock), *grid(), head, *m_listPrinting, window());
 }
 
 } // namespace suisui

@@ -1,11 +1,20 @@
-// Tab 2: how much of each goods item is on hand.
+// Tab 2: how much of each goods item is on hand, and, in the detail view, how each figure came about. A
+// pattern replaces what the grid shows; a single code is looked for in it and added when it is not there, so
+// that the grid serves as a pick list. Nothing is changed here; the stock report prints the cells of the
+// grid.
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "frame/support/Frame.h"
 #include "frame/support/GridBar.h"
 #include "frame/support/Page.h"
+#include "lists/ListPrinting.h"
+#include "lists/StockRows.h"
+
+class QCheckBox;
+class QRadioButton;
 
 namespace Ui {
 class StockPage;
@@ -25,17 +34,55 @@ public:
     [[nodiscard]] vaSpread* grid() override;
     void setCaptions(const AppIni& ini) override;
     void setToday(const QString& text) override;
-    /// First sight: the empty grid with its plain headings.
+    /// First sight, and the first after a movement: the empty grid with its plain headings.
     void firstShow() override;
     /// txtZBarCode_KeyPress.
     void barCode_KeyPress(int& keyAscii) override;
 
+    /// StockListLoad: fills the grid from all rows of the row set.
+    void stockListLoad();
+
+    /// The two check boxes; they paint themselves when the focus leaves them.
+    [[nodiscard]] QCheckBox* lowBox();
+    [[nodiscard]] QCheckBox* zeroBox();
+    /// chkStock_Low_LostFocus, chkStock_Zero_LostFocus: a ticked box stays marked.
+    static void check_LostFocus(QCheckBox& box);
+
+    void setListPrinting(const ListPrinting& printing) { m_listPrinting.emplace(printing); }
+    void cmdRptZList_Click();
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+
 private:
-    void plainHeadings();
+    void wire();
+    [[nodiscard]] bool detailView() const;
+    void viewChosen(bool detail);
+    void headingClick(int col);
     void resetGrid();
+    void plainHeadings();
+    /// The words of the heading row after a search or a sort, whose order is that of \a sortedCol.
+    void writeHeadings(int sortedCol);
+
+    // StockSearch.cpp
+    void search(const QString& text);
+    [[nodiscard]] bool patternSearch(const std::string& pattern);
+    [[nodiscard]] bool singleSearch(const std::string& code);
+    [[nodiscard]] std::string selection(const std::string& code) const;
+    [[nodiscard]] int shownRowOf(const QString& code) const;
+    void notUnderConditions(const std::string& code);
+    /// StockRowInsert: the newest row of the row set on top of the grid.
+    void stockRowInsert();
+    [[nodiscard]] bool agreesToShow(int count);
+    void showFromTheTop();
 
     Services m_services;
     std::unique_ptr<Ui::StockPage> m_ui;
+    std::optional<ListPrinting> m_listPrinting;
+    StockRows m_rows;
+    GridBar* m_bar = nullptr;
+    int m_rowPointer = 0; ///< the row that the cursor came to last; 0 while that was the heading row
+    bool m_keyBusy = false;
 };
 
 } // namespace suisui

@@ -48,6 +48,7 @@ void MovementPage::wire()
     connect(m_ui->cmdXKensaku, &QPushButton::clicked, this, &MovementPage::cmdKensaku_Click);
     connect(m_ui->cmdXKousin, &QPushButton::clicked, this, &MovementPage::cmdKousin_Click);
     connect(m_ui->cmdXDelete, &QPushButton::clicked, this, &MovementPage::cmdDelete_Click);
+    connect(m_ui->cmdXPrint, &QPushButton::clicked, this, &MovementPage::cmdPrint_Click);
     connect(m_ui->Sprd_X, &vaSpread::Change, this, &MovementPage::cellChange);
 }
 
@@ -64,6 +65,19 @@ vaSpread* MovementPage::grid()
 const vaSpread* MovementPage::grid() const
 {
     return m_ui->Sprd_X;
+}
+
+QWidget* MovementPage::printButton()
+{
+    return m_ui->cmdXPrint;
+}
+
+void MovementPage::cmdPrint_Click()
+{
+    grid()->endEdit();
+    const MovementCells& cells = m_side.cells;
+    Q_EMIT labelsWanted(cells.print, m_ui->optXPrint1->isChecked() ? noCell : cells.quantity);
+    m_ui->cmdXPrint->setFocus();
 }
 
 QComboBox* MovementPage::partnerChoice()

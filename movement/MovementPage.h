@@ -45,6 +45,7 @@ public:
     /// Partners that this side offers; item i of the choice is entry i.
     void setPartners(const ChoiceList& partners);
     [[nodiscard]] QComboBox* partnerChoice();
+    [[nodiscard]] QWidget* printButton();
 
     /// txtNBarCode_KeyPress, txtSBarCode_KeyPress: every key of the code field; Enter books the code.
     void barCode_KeyPress(int& keyAscii) override;
@@ -54,10 +55,16 @@ public:
     void cmdKousin_Click();
     /// cmdNDelete_Click, cmdSDelete_Click: removes the row under the cursor and undoes its stock effect.
     void cmdDelete_Click();
+    /// cmdNPrint_Click, cmdSPrint_Click: labels of the rows as they stand in the grid, saved or not.
+    void cmdPrint_Click();
     /// InpCellChange, OutCellChange: takes a changed cell into the row buffer.
     void cellChange(int column, int row);
     /// InpGridLoad, OutGridLoad: fills the grid from the buffer, newest row first.
     void gridLoad();
+
+Q_SIGNALS:
+    /// The operator wants labels: column of the marks, column of the quantity or noCell for one of each row.
+    void labelsWanted(int printColumn, int quantityColumn);
 
 private:
     struct Scan;

@@ -1,5 +1,9 @@
 #include "store/AppIni.h"
 
+#include <algorithm>
+#include <utility>
+#include <vector>
+
 #include "store/ShippedWording.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -97,6 +101,14 @@ QString AppIni::labelSetting(int mode, const QString& name) const
 bool AppIni::setLabelSetting(int mode, const QString& name, const QString& value)
 {
     return m_file.setValue(u"Label%1"_s.arg(mode), name, value);
+}
+
+bool AppIni::setLabelSettings(int mode, const QStringList& values)
+{
+    std::vector<std::pair<QString, QString>> pairs;
+    for (qsizetype i = 0; i < std::min(values.size(), labelSettingNames().size()); ++i)
+        pairs.emplace_back(labelSettingNames().at(i), values.at(i));
+    return m_file.setValues(u"Label%1"_s.arg(mode), pairs);
 }
 
 } // namespace suisui

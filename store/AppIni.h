@@ -37,6 +37,8 @@ public:
     /// A setting of the label dialog for the source \a mode; empty when nothing is stored.
     [[nodiscard]] QString labelSetting(int mode, const QString& name) const;
     bool setLabelSetting(int mode, const QString& name, const QString& value);
+    /// All of them at once, in the order of labelSettingNames.
+    bool setLabelSettings(int mode, const QStringList& values);
 
 private:
     [[nodiscard]] QString word(QStringView section, int index) const;

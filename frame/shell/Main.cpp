@@ -5,6 +5,7 @@
 #include <QDir>
 
 #include "frame/shell/frm_End.h"
+#include "lists/ListPrinting.h"
 #include "platform/core/AwayFromLoop.h"
 #include "platform/core/DoEvents.h"
 #include "platform/core/FillIn.h"
@@ -128,6 +129,15 @@ bool Main_Module::loadWindow()
         Surroundings{*m_appDB, *m_appIni, m_clock, m_msgBox, *m_shortWait, *m_wait, m_lastDate});
     m_frmMain->setHistoryPlace(*m_appEnv, [this] { return m_barcode ? m_barcode->line() : QString(); });
     m_frmMain->setSlipPlace(*m_slipIni, m_appEnv->BaseFolder() + u"/exe"_s);
+    m_printer = std::make_unique<Printer>();
+    m_frmMain->setListPrinting({*m_appIni, m_clock, m_msgBox, *m_printer, m_appEnv->BaseFolder(),
+                                [this] { return m_barcode ? m_barcode->line() : QString(); }});
+    m_barPrt1 = std::make_unique<PrinterBarPrt>(*m_printer, [this] {
+        m_msgBox.show({u" 印刷エラー"_s,
+                       u"印刷中に エラーが発生しました。　　　\r\n\r\n　　印刷を中止します。"_s,
+                       BoxIcon::Stop});
+    });
+    m_frmMain->setLabelPrinting(*m_barPrt1, [this] { return m_barcode ? m_barcode->line() : QString(); });
     m_frmMain->askEnd = [this] { return askEnd(); };
     m_frmMain->setMasterStartFlag = [this] { m_masterStartFlag = true; };
     m_frmMain->clearMasterStartFlag = [this] { m_masterStartFlag = false; };
@@ -196,6 +206,8 @@ void Main_Module::stop()
     m_msComm1.reset();
     m_msgBox.setParent(nullptr);
     m_frmMain.reset();
+    m_barPrt1.reset();
+    m_printer.reset();
     m_shortWait.reset();
     m_wait.reset();
     m_appDB.reset(); // the pages refer to it until they are gone

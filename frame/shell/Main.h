@@ -17,6 +17,8 @@
 #include "platform/core/MSComm.h"
 #include "platform/core/SingleInstance.h"
 #include "platform/widgets/MsgBox.h"
+#include "platform/widgets/Printer.h"
+#include "platform/widgets/PrinterBarPrt.h"
 #include "store/AppDB.h"
 #include "store/AppEnv.h"
 #include "store/AppIni.h"
@@ -66,6 +68,8 @@ private:
     std::unique_ptr<AppDB> m_appDB;
     std::unique_ptr<frm_ShortWait> m_shortWait;
     std::unique_ptr<frm_Wait> m_wait;
+    std::unique_ptr<Printer> m_printer;
+    std::unique_ptr<PrinterBarPrt> m_barPrt1;
     std::unique_ptr<frmMain> m_frmMain;
     std::unique_ptr<MSComm> m_msComm1;
     std::unique_ptr<Barcode> m_barcode;

@@ -1,12 +1,14 @@
 #include "frame/shell/frmMain.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QScreen>
 
+#include "barcode/label/BarCodePrintOut.h"
 #include "frame/shell/TitleBar.h"
 #include "frame/support/FocusPaint.h"
 #include "frame/support/PageTools.h"
@@ -33,6 +35,7 @@ namespace suisui {
 namespace {
 
 constexpr int enterKey = 13;
+constexpr int firstLabelMode = 3; ///< receipts; shipments are the next
 
 QColor baseColor(const QWidget& form)
 {
@@ -48,6 +51,8 @@ frmMain::frmMain(const Surroundings& surroundings, QWidget* parent)
     m_ui->lblBCReference->hide();
     buildPages();
     m_focusPaint = std::make_unique<FocusPaint>(this, baseColor(*m_ui->lblBCReference));
+    m_focusPaint->exempt(m_stock->lowBox());
+    m_focusPaint->exempt(m_stock->zeroBox());
     connect(m_ui->cmdMaster, &QPushButton::clicked, this, &frmMain::cmdMaster_Click);
     connect(m_ui->CmdEnd, &QPushButton::clicked, this, [this] { close(); });
     connect(m_ui->SSTab, &QTabWidget::currentChanged, this, [this](int tab) {
@@ -68,6 +73,10 @@ void frmMain::buildPages()
         const auto at = static_cast<std::size_t>(side);
         m_entry[at] = new MovementPage(side, services, this);
         m_lists[at] = new MovementListPage(side, services, this);
+        connect(m_entry[at], &MovementPage::labelsWanted, this,
+                [this, side](int printColumn, int quantityColumn) {
+                    cmdPrint_Click(side, printColumn, quantityColumn);
+                });
     }
     m_stock = new StockPage(services, this);
     m_pages = {m_entry[0], m_entry[1], m_stock, m_lists[0], m_lists[1]};
@@ -106,6 +115,31 @@ void frmMain::setHistoryPlace(const AppEnv& env, const std::function<QString()>&
 void frmMain::setSlipPlace(SlipIni& ini, const QString& exeFolder)
 {
     m_lists[static_cast<std::size_t>(Side::Shipment)]->setSlipPlace(ini, exeFolder);
+}
+
+void frmMain::setListPrinting(const ListPrinting& printing)
+{
+    m_stock->setListPrinting(printing);
+    for (MovementListPage* list : m_lists)
+        list->setListPrinting(printing);
+}
+
+void frmMain::setLabelPrinting(BarPrt& barPrt, const std::function<QString()>& readLine)
+{
+    m_printLabels = [this, &barPrt, readLine](int mode, vaSpread& grid, int printColumn, int quantityColumn) {
+        MainBarCodePrintOut({m_around.ini, m_around.msgBox, barPrt, readLine, this}, mode, grid, printColumn,
+                            quantityColumn);
+    };
+}
+
+/// cmdNPrint_Click, cmdSPrint_Click.
+void frmMain::cmdPrint_Click(Side side, int printColumn, int quantityColumn)
+{
+    const auto at = static_cast<std::size_t>(side);
+    m_focusPaint->setNormal(m_entry[at]->printButton());
+    setFormEnabled(false);
+    m_printLabels(firstLabelMode + static_cast<int>(side), *m_entry[at]->grid(), printColumn, quantityColumn);
+    setFormEnabled(true);
 }
 
 QComboBox* frmMain::staffChoice()

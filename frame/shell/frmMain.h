@@ -22,7 +22,9 @@ class frmMain;
 namespace suisui {
 
 class AppEnv;
+class BarPrt;
 class FocusPaint;
+struct ListPrinting;
 class MovementListPage;
 class MovementPage;
 class RirekiButtons;
@@ -64,6 +66,10 @@ public:
     /// Where periods are saved to and loaded from by and large, and the reader for the dialogs that ask.
     void setHistoryPlace(const AppEnv& env, const std::function<QString()>& readLine);
     void setSlipPlace(SlipIni& ini, const QString& exeFolder);
+    /// What labels are printed with; \a readLine is the next line of the reader.
+    void setLabelPrinting(BarPrt& barPrt, const std::function<QString()>& readLine);
+    /// What the three list reports are printed with.
+    void setListPrinting(const ListPrinting& printing);
 
     /// The window's Enabled property; the main loop reads no scans while it is off.
     [[nodiscard]] bool formEnabled() const { return m_gate.enabled(); }
@@ -130,6 +136,7 @@ private:
     void gridKeyPress(Tab tab, int& keyAscii);
     void setPointer(bool hourglass);
     [[nodiscard]] MovementPage* entryPage(Tab tab);
+    void cmdPrint_Click(Side side, int printColumn, int quantityColumn);
 
     Surroundings m_around;
     std::unique_ptr<Ui::frmMain> m_ui;
@@ -157,6 +164,7 @@ private:
     bool m_masterMissing = false;
     bool m_hourglass = false;
     bool m_unloadAgreed = false;
+    std::function<void(int mode, vaSpread& grid, int printColumn, int quantityColumn)> m_printLabels;
 };
 
 } // namespace suisui

@@ -2,7 +2,9 @@
 #include "frame/shell/frmMain.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 
 #include "barcode/FunctionCodes.h"
@@ -180,9 +182,41 @@ void frmMain::sendKeys(const QString& expression)
 
 void frmMain::MainBarEtc(const QString& function)
 {
-    const QStringView name = buttonOf(function, m_currentTab);
-    if (auto* button = name.isEmpty() ? nullptr : findChild<QAbstractButton*>(name.toString()))
-        button->click();
+    const FunctionCode* entry = functionOn(function, m_currentTab);
+    if (entry == nullptr)
+        return;
+    QWidget* control = findChild<QWidget*>(entry->control.toString());
+    auto* button = qobject_cast<QAbstractButton*>(control);
+    auto* list = qobject_cast<QComboBox*>(control);
+    auto* caption = qobject_cast<QLabel*>(control);
+    switch (entry->action) {
+    case FunctionAction::Press:
+        if (button != nullptr)
+            button->click();
+        break;
+    case FunctionAction::Choose:
+        if (button != nullptr)
+            button->setChecked(true);
+        break;
+    case FunctionAction::Tick:
+        if (auto* box = qobject_cast<QCheckBox*>(control)) {
+            box->setChecked(true);
+            StockPage::check_LostFocus(*box);
+        }
+        break;
+    case FunctionAction::Flip:
+        if (button != nullptr)
+            button->setChecked(!button->isChecked());
+        break;
+    case FunctionAction::AllGoods:
+        if (caption != nullptr)
+            caption->setText(allChoices);
+        break;
+    case FunctionAction::AllOfList:
+        if (const int all = list != nullptr ? list->findText(allChoices) : -1; all >= 0)
+            list->setCurrentIndex(all);
+        break;
+    }
 }
 
 } // namespace suisui

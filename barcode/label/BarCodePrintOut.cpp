@@ -1,0 +1,88 @@
+#include "barcode/label/BarCodePrintOut.h"
+
+#include <QGuiApplication>
+
+#include "barcode/label/frm_PriCheck.h"
+#include "platform/widgets/MsgBox.h"
+#include "platform/widgets/vaSpread.h"
+#include "store/AppIni.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui {
+
+namespace {
+
+constexpr int receiptMode = 3; ///< the modes behind the lists of master data are those of the tabs
+
+/// False, and the operator is told, when \a grid has less than \a least rows.
+bool hasRows(const LabelDesk& desk, const vaSpread& grid, int least)
+{
+    if (grid.MaxRows() >= least)
+        return true;
+    desk.msgBox.show(
+        {u"バーコード印刷"_s,
+         u"印刷する情報がありません。　　　\r\n\r\n対象の情報を表示した後に\r\n再度、印刷して下さい。"_s,
+         BoxIcon::Stop});
+    return false;
+}
+
+void showDialog(const LabelDesk& desk, const LabelSource& source)
+{
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    frm_PriCheck dialog(source, {desk.ini, desk.msgBox, desk.barPrt, desk.readLine}, desk.form);
+    QGuiApplication::restoreOverrideCursor();
+    dialog.exec();
+}
+
+LabelSource entryRows(int mode, vaSpread& grid, int checkCol, int qtyCol)
+{
+    return {.mode = mode,
+            .grid = &grid,
+            .checkColumn = checkCol,
+            .quantityColumn = qtyCol,
+            .firstRow = grid.ActiveRow(),
+            .lastRow = grid.MaxRows(),
+            .asksForNumber = false,
+            .word = {},
+            .markedCaption = {}};
+}
+
+} // namespace
+
+void MstBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol)
+{
+    if (!hasRows(desk, grid, 2))
+        return;
+    const bool onEmptyRow = grid.ActiveRow() == grid.MaxRows();
+    showDialog(desk, {.mode = mode,
+                      .grid = &grid,
+                      .checkColumn = checkCol,
+                      .quantityColumn = 0,
+                      .firstRow = onEmptyRow ? grid.ActiveRow() - 1 : grid.ActiveRow(),
+                      .lastRow = grid.MaxRows() - 1,
+                      .asksForNumber = true,
+                      .word = desk.ini.MasterTerm(mode),
+                      .markedCaption = {}});
+}
+
+void MainBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol, int qtyCol)
+{
+    if (!hasRows(desk, grid, 1))
+        return;
+    LabelSource source = entryRows(mode, grid, checkCol, qtyCol);
+    source.word = desk.ini.Term(mode - receiptMode);
+    showDialog(desk, source);
+}
+
+void RptBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol, int qtyCol)
+{
+    if (!hasRows(desk, grid, 1))
+        return;
+    LabelSource source = entryRows(mode, grid, checkCol, qtyCol);
+    source.word = u"伝 票"_s;
+    source.markedCaption = u" 「コード」 が入力されている すべての行を印刷する。"_s;
+    showDialog(desk, source);
+}
+
+} // namespace suisui

@@ -1,0 +1,36 @@
+// One job of labels, as the dialog describes it when the print begins.
+#pragma once
+
+#include <cstdint>
+
+#include <QString>
+
+#include "barcode/label/LabelGeometry.h"
+#include "barcode/label/LabelPages.h"
+
+namespace suisui {
+
+/// Something that is printed beside the bars, or not.
+struct LabelPart
+{
+    bool on = false;
+    Millimetres place; ///< of a text: from the corner of its bars; of a strip: from the first label
+};
+
+struct LabelJob
+{
+    LabelGrid grid;
+    std::int64_t startLabel = 1; ///< place of the first label on the first page, from 1
+    double barHeight = 0;        ///< millimetres
+    LabelPart name;
+    LabelPart code;
+    LabelPart screenCodes; ///< strip of the function codes that switch the screen
+    LabelPart searchCodes; ///< strip of those that search
+    QString wrap;          ///< stands before and behind the code, in bars and text
+    std::int64_t startRow = 1;
+    std::int64_t endRow = 0;
+    std::int64_t eachRow = 1; ///< labels of a row where no column gives a quantity
+    LabelPageRange pages;
+};
+
+} // namespace suisui

@@ -1,0 +1,64 @@
+#include "barcode/label/LabelPages.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+#include "platform/core/RunTimeError.h"
+#include "store/Numbers.h"
+
+namespace suisui {
+
+namespace {
+
+constexpr double mostLabels = 1e12;
+
+} // namespace
+
+bool isNumeric(const QString& text)
+{
+    try {
+        (void)CDbl(text.toStdString());
+        return true;
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+double numberIn(const QString& text)
+{
+    return isNumeric(text) ? CDbl(text.toStdString()) : 0;
+}
+
+std::int64_t labelsOf(double quantity)
+{
+    return static_cast<std::int64_t>(std::nearbyint(std::clamp(quantity, -mostLabels, mostLabels)));
+}
+
+std::int32_t pagesNeeded(std::int64_t labels, std::int64_t capacity, std::int64_t start)
+{
+    if (labels == 0 || capacity < 1)
+        return 0;
+    const std::int64_t firstPage = std::abs(capacity + 1 - start) % capacity;
+    const std::int64_t behind = labels - firstPage;
+    const std::int64_t lastPage = behind > 0 ? behind % capacity : 0;
+    std::int64_t pages = (lastPage != 0 ? 1 : 0) + (start != 1 ? 1 : 0);
+    if (behind > 0)
+        pages += std::abs(behind - lastPage) / capacity;
+    return static_cast<std::int32_t>(std::min<std::int64_t>(pages, std::numeric_limits<std::int32_t>::max()));
+}
+
+LabelPageRange labelPageRange(const QString& first, const QString& last, std::int32_t total)
+{
+    const double pages = total;
+    double from = isNumeric(first) ? std::nearbyint(numberIn(first)) : 1;
+    double to = isNumeric(last) ? std::nearbyint(numberIn(last)) : pages;
+    if (from > pages || from < 1)
+        from = 1;
+    if (to > pages || to < 1 || to < from)
+        to = pages;
+    return {static_cast<std::int32_t>(from), static_cast<std::int32_t>(to)};
+}
+
+} // namespace suisui

@@ -1,0 +1,34 @@
+// How many pages a job of labels needs, and which of them go on paper. Pure arithmetic; the walk of the
+// engine comes to the same pages, and the tests hold the two together.
+#pragma once
+
+#include <cstdint>
+
+#include <QString>
+
+namespace suisui {
+
+/// The platform's test for a numeric text.
+[[nodiscard]] bool isNumeric(const QString& text);
+/// A text as a number; 0 for one that is none.
+[[nodiscard]] double numberIn(const QString& text);
+
+/// Labels that a quantity asks for: whole, halves to the even neighbour. A quantity beyond all paper stands
+/// at a bound, so that sums of quantities never overflow.
+[[nodiscard]] std::int64_t labelsOf(double quantity);
+
+/// Pages for \a labels on sheets of \a capacity when the first label goes to place \a start (from 1) of the
+/// first page. 0 for no labels.
+[[nodiscard]] std::int32_t pagesNeeded(std::int64_t labels, std::int64_t capacity, std::int64_t start);
+
+struct LabelPageRange
+{
+    std::int32_t first = 1;
+    std::int32_t last = 1;
+};
+
+/// The pages that two fields name, within 1 and \a total: what is no number, or lies outside, or ends before
+/// it begins, is taken as the first or the last page.
+[[nodiscard]] LabelPageRange labelPageRange(const QString& first, const QString& last, std::int32_t total);
+
+} // namespace suisui

@@ -1,0 +1,19 @@
+// Texts of a label.
+#pragma once
+
+#include <QString>
+
+namespace suisui {
+
+inline constexpr int labelTextLength = 15;
+
+/// The first 15 characters of \a text; a character of two units is not torn apart.
+[[nodiscard]] inline QString cutForLabel(const QString& text)
+{
+    QString cut = text.left(labelTextLength);
+    if (cut.size() < text.size() && cut.back().isHighSurrogate())
+        cut.chop(1);
+    return cut;
+}
+
+} // namespace suisui

@@ -1,0 +1,102 @@
+#include "barcode/label/SheetPicture.h"
+
+#include <algorithm>
+
+#include <QPainter>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOption>
+
+#include "barcode/label/LabelPages.h"
+#include "barcode/label/LabelSheets.h"
+#include "barcode/label/PagePicture.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui {
+
+namespace {
+
+constexpr double widthOfSingleColumn = 110; ///< a sheet of one column gives no width
+
+} // namespace
+
+SheetPicture::SheetPicture(QWidget* parent) : QWidget(parent)
+{
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void SheetPicture::setSheet(const LabelSheet& sheet, const QString& name)
+{
+    const double width = numberIn(QString::fromUtf16(sheet.width));
+    const double barHeight = numberIn(QString::fromUtf16(sheet.barHeight));
+    const LabelGrid grid{
+        .columns = sheet.columns,
+        .rows = sheet.rows,
+        .start = {numberIn(QString::fromUtf16(sheet.startX)), numberIn(QString::fromUtf16(sheet.startY))},
+        .width = width > 0 ? width : widthOfSingleColumn,
+        .height = numberIn(QString::fromUtf16(sheet.height))};
+    for (int position = 0; position < grid.capacity(); ++position) {
+        auto* button = new QRadioButton(this);
+        button->setObjectName(name + QString::number(position));
+        button->setToolTip(u"%1"_s.arg(position + 1));
+        button->adjustSize();
+        const Millimetres label = grid.placeOf(position);
+        m_buttons.push_back(button);
+        m_places.push_back({label.x + grid.width, label.y + barHeight / 2});
+    }
+}
+
+void SheetPicture::setPage(const QImage& page, const Millimetres& corner)
+{
+    m_page = page;
+    m_corner = corner;
+    update();
+}
+
+QRect SheetPicture::paper() const
+{
+    const double scale = std::min(width() / paperWidth, height() / paperHeight);
+    QRect sheet(0, 0, static_cast<int>(paperWidth * scale), static_cast<int>(paperHeight * scale));
+    sheet.moveCenter(rect().center());
+    return sheet;
+}
+
+QPoint SheetPicture::pixelOf(const Millimetres& place) const
+{
+    const QRect sheet = paper();
+    return sheet.topLeft()
+           + QPoint(static_cast<int>(place.x * sheet.width() / paperWidth),
+                    static_cast<int>(place.y * sheet.height() / paperHeight));
+}
+
+void SheetPicture::paintEvent(QPaintEvent*)
+{
+    constexpr int pointRadius = 3;
+    QPainter painter(this);
+    const QRect sheet = paper();
+    painter.fillRect(sheet, Qt::white);
+    if (!m_page.isNull())
+        painter.drawImage(sheet, m_page);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRect(sheet.adjusted(0, 0, -1, -1));
+    painter.setClipRect(sheet);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 90, 200));
+    painter.drawEllipse(pixelOf(m_corner), pointRadius, pointRadius);
+}
+
+void SheetPicture::resizeEvent(QResizeEvent* event)
+{
+    constexpr int gap = 3; // to the next label
+    QWidget::resizeEvent(event);
+    for (std::size_t i = 0; i < m_buttons.size(); ++i) {
+        QRadioButton& button = *m_buttons[i];
+        const QSize size = button.sizeHint();
+        button.setGeometry(QRect(pixelOf(m_places[i]) - QPoint(size.width() + gap, size.height() / 2), size));
+    }
+    Q_EMIT resized();
+}
+
+} // namespace suisui

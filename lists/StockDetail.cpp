@@ -1,0 +1,201 @@
+#include "lists/StockDetail.h"
+
+#include "platform/core/RunTimeError.h"
+#include "store/AppDB.h"
+#include "store/Numbers.h"
+#include "store/Where.h"
+
+namespace suisui {
+
+namespace {
+
+constexpr int noColumnHere = -1;
+constexpr int fewGoods = 30; // for so few it never pays to read everything
+
+/// A code as the key of a look-up: letters a to z without regard to case, as the store compares them.
+std::string folded(std::string_view code)
+{
+    std::string key(code);
+    for (char& c : key)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    return key;
+}
+
+} // namespace
+
+/// What differs between the receipts' half of a block and the shipments'.
+struct StockDetail::Side
+{
+    QuerySet& rows;
+    int price;
+    int quantity;
+    int unit;
+    int discount;
+    int returned; ///< noColumnHere where returns do not come back into stock
+    int code;
+    StockLineKind group;
+
+    static Side receipts(AppDB& db)
+    {
+        using enum NyuViewCol;
+        return {db.NyuViewTbl(), at(NyuPrice), at(NyuSuu), at(Unit),
+                at(NyuNebiki),   at(Henkyaku), at(Code),   StockLineKind::In};
+    }
+    static Side shipments(AppDB& db)
+    {
+        using enum SyuViewCol;
+        return {db.SyuViewTbl(), at(SyuPrice), at(SyuSuu), at(Unit),
+                at(SyuNebiki),   noColumnHere, at(Code),   StockLineKind::Out};
+    }
+
+private:
+    template <typename Column> static int at(Column column) { return static_cast<int>(column); }
+};
+
+StockDetail::StockDetail(AppDB& db, int goodsRows)
+    : m_db(db), m_allAtOnce(goodsRows > fewGoods && goodsRows * 2 >= db.ZaikoTbl().CountRows({}))
+{
+    if (!m_allAtOnce)
+        return;
+    indexAll(Side::receipts(db), m_receipts);
+    indexAll(Side::shipments(db), m_shipments);
+}
+
+StockDetail::~StockDetail()
+{
+    m_db.NyuViewTbl().Clear();
+    m_db.SyuViewTbl().Clear();
+}
+
+void StockDetail::indexAll(const Side& side, Places& places)
+{
+    const int count = side.rows.Select({}, {});
+    for (int row = 1; row <= count; ++row) {
+        Range& range = places[folded(side.rows.get(row, side.code))];
+        if (range.count++ == 0)
+            range.first = row;
+    }
+    if (count < 0)
+        m_allAtOnce = false; // each code will find out by itself
+}
+
+StockDetail::Range StockDetail::movementsOf(const Side& side, Places& places, std::string_view code)
+{
+    if (!m_allAtOnce)
+        return {1, side.rows.Select(" " + whereCode(code) + " ", {})};
+    const auto found = places.find(folded(code));
+    return found == places.end() ? Range{} : found->second;
+}
+
+/// One line for each price and unit. Rows with equal ones stand next to each other.
+StockDetail::Totals StockDetail::addGroups(const Side& side, const Range& range,
+                                           std::vector<StockLine>& lines)
+{
+    Totals totals;
+    std::string_view priceKey;
+    std::string_view unitKey;
+    StockLine group{.kind = side.group, .unit = {}};
+    const auto close = [&](bool last) {
+        group.lastGroup = last;
+        group.amount = group.price * group.quantity - group.discount;
+        lines.push_back(group);
+    };
+    for (int row = range.first; row < range.first + range.count; ++row) {
+        const PackedRow& texts = side.rows.packed(row);
+        const std::string_view price = texts.text(side.price);
+        const std::string_view unit = texts.text(side.unit);
+        if (row == range.first || price != priceKey || unit != unitKey) {
+            if (row != range.first)
+                close(false);
+            priceKey = price;
+            unitKey = unit;
+            group = {.kind = side.group, .price = numberOf(price), .unit = std::string(unit)};
+        }
+        const double returned = side.returned == noColumnHere ? 0 : numberOf(texts.text(side.returned));
+        const double net = numberOf(texts.text(side.quantity)) - returned;
+        const double discount = numberOf(texts.text(side.discount));
+        group.quantity += net;
+        group.discount += discount;
+        totals.quantity += net;
+        totals.discount += discount;
+        totals.amount += group.price * net - discount;
+    }
+    close(true);
+    return totals;
+}
+
+StockBlock StockDetail::block(const ZaikoViewRec& goods, int row)
+{
+    StockBlock block;
+    double total = 0;
+    try {
+        block.complete =
+            stockDetailIn(goods, row, block.lines, total) && stockDetailOut(goods, row, total, block.lines);
+    } catch (const RunTimeError&) {
+        block.complete = false; // a figure of a damaged table that is no number: as if it could not be read
+    }
+    return block;
+}
+
+bool StockDetail::stockDetailIn(const ZaikoViewRec& goods, int row, std::vector<StockLine>& lines,
+                                double& total)
+{
+    const Side side = Side::receipts(m_db);
+    const Range range = movementsOf(side, m_receipts, goods.get(row, ZaikoViewCol::Code));
+    if (range.count < 0)
+        return false;
+    const std::string unit(goods.get(row, ZaikoViewCol::Unit));
+    const double price = numberOf(goods.get(row, ZaikoViewCol::NyuPrice));
+    const double carried = numberOf(goods.get(row, ZaikoViewCol::KuriSuu));
+    Totals totals;
+    if (range.count > 0)
+        totals = addGroups(side, range, lines);
+    else
+        lines.push_back({.kind = StockLineKind::NoIn, .price = price, .unit = unit});
+    lines.push_back({.kind = StockLineKind::Carried,
+                     .quantity = carried,
+                     .price = price,
+                     .amount = price * carried,
+                     .unit = unit});
+    total = carried + totals.quantity;
+    lines.push_back({.kind = StockLineKind::InTotal,
+                     .quantity = total,
+                     .discount = totals.discount,
+                     .amount = price * carried + totals.amount,
+                     .unit = unit});
+    return true;
+}
+
+bool StockDetail::stockDetailOut(const ZaikoViewRec& goods, int row, double total,
+                                 std::vector<StockLine>& lines)
+{
+    const Side side = Side::shipments(m_db);
+    const Range range = movementsOf(side, m_shipments, goods.get(row, ZaikoViewCol::Code));
+    if (range.count < 0)
+        return false;
+    const std::string unit(goods.get(row, ZaikoViewCol::Unit));
+    const double price = numberOf(goods.get(row, ZaikoViewCol::NyuPrice));
+    Totals totals;
+    if (range.count > 0)
+        totals = addGroups(side, range, lines);
+    else
+        lines.push_back({.kind = StockLineKind::NoOut,
+                         .price = numberOf(goods.get(row, ZaikoViewCol::SyuPrice)),
+                         .unit = unit});
+    // What has left the stock and is no shipment has gone into other goods.
+    const double consumed = -(numberOf(goods.get(row, ZaikoViewCol::ZaikoSuu)) - total + totals.quantity);
+    lines.push_back({.kind = StockLineKind::Consumed,
+                     .quantity = consumed,
+                     .price = price,
+                     .amount = price * consumed,
+                     .unit = unit});
+    lines.push_back({.kind = StockLineKind::OutTotal,
+                     .quantity = totals.quantity + consumed,
+                     .discount = totals.discount,
+                     .amount = price * consumed + totals.amount,
+                     .unit = unit});
+    return true;
+}
+
+} // namespace suisui

@@ -1,0 +1,53 @@
+// One page of a list report while it is filled: the template's lines and labels, with the texts and the
+// visibility that they have now.
+#pragma once
+
+#include <vector>
+
+#include <QString>
+
+#include "lists/report/ReportTemplate.h"
+
+namespace suisui {
+
+class vaSpread;
+
+class ReportForm
+{
+public:
+    explicit ReportForm(const ReportTemplate& report);
+
+    /// Writes the fixed texts of that name.
+    void setText(std::u16string_view name, const QString& text);
+    /// Shows or hides the titles of the columns that not every view fills.
+    void showOptionalTitles(bool shown);
+
+    /// Row \a n of the form takes \a gridRow of \a grid; without such a row it is hidden.
+    void fillRow(int n, const vaSpread& grid, int gridRow);
+    /// Empties all rows and shows their lines and bands again.
+    void clearRows();
+
+    /// Draws the page: head, titles, frame, then the rows: bands, and on them texts and lines. The bands come
+    /// before all lines because each reaches up to the line of the row above.
+    void draw(const Printer_Properties& paper) const;
+
+private:
+    struct Row
+    {
+        FormLabel band;
+        std::vector<FormLabel> cells;
+        FormLine line;
+    };
+
+    void addTexts(std::span<const FixedText> texts);
+    void addRow(int n);
+
+    const ReportTemplate& m_report;
+    FormLabel m_titleBand;
+    std::vector<FormLabel> m_texts;
+    std::vector<const FixedText*> m_textData; ///< what m_texts were made from
+    std::vector<FormLine> m_lines;
+    std::vector<Row> m_rows;
+};
+
+} // namespace suisui

@@ -1,0 +1,86 @@
+// The three forms that the list reports fill: where each text, line and shaded band stands on a sheet of A4
+// laid crosswise. Data only, in twips (1440 to the inch), to be held beside the printed form.
+//
+// A form has head, column titles and frame once, and its rows many times: what is told for a row is the place
+// in the first one, and row n stands n times the pitch lower. A row of the form takes one row of the grid.
+#pragma once
+
+#include <array>
+#include <span>
+#include <string_view>
+
+#include "frame/support/Frame.h"
+#include "frame/support/Printer_Properties.h"
+
+namespace suisui {
+
+inline constexpr int twipsPerInch = 1440;
+
+struct TwipBox
+{
+    int left;
+    int top;
+    int width;
+    int height;
+};
+
+/// A text of a row, taken from a column of the grid.
+struct RowElement
+{
+    std::u16string_view name;
+    int column;
+    TwipBox box;
+    FormAlign alignment = FormAlign::Left;
+};
+
+/// A text that stands once on a page. Without a text of its own it is written by the engine.
+struct FixedText
+{
+    std::u16string_view name;
+    std::u16string_view text;
+    TwipBox box;
+    FormAlign alignment = FormAlign::Left;
+    double size = 9;
+    bool bold = false;
+    bool optional = false; ///< title of a column that not every view fills
+};
+
+struct FixedLine
+{
+    int x1;
+    int y1;
+    int x2;
+    int y2;
+    int borderWidth = 1;
+};
+
+struct ReportTemplate
+{
+    std::u16string_view name;
+    std::u16string_view title;    ///< of the report, and of its job at the printer
+    std::u16string_view listName; ///< as the dialog names it
+    Tab tab;
+    int termIndex;
+    std::u16string_view drawingError; ///< told when a page cannot be drawn
+    int rowsPerPage;
+    int pitch;
+    std::span<const RowElement> cells;
+    FixedLine LnIn;                   ///< under the row
+    TwipBox LbYerrow;                 ///< shaded band behind the row
+    int rowsPerBand;                  ///< 2: behind every other row
+    TwipBox titleBand;                ///< behind the column titles
+    std::span<const FixedLine> lines; ///< frame; the first is the left reference line, the second the top one
+    std::array<std::span<const FixedText>, 2> texts;
+};
+
+extern const ReportTemplate rptList_Stock;
+extern const ReportTemplate rptList_In;
+extern const ReportTemplate rptList_Out;
+
+/// The report of a list tab.
+[[nodiscard]] const ReportTemplate& reportOf(Tab tab);
+
+/// Pages that \a gridRows rows fill.
+[[nodiscard]] int pageCount(const ReportTemplate& report, int gridRows);
+
+} // namespace suisui

@@ -1,0 +1,76 @@
+// The printing object of the labels: a pen that is set to a dot and leaves bars or a text there, page by
+// page, on a printer that it lets the operator choose. Dots are those of the chosen printer and count from
+// where it begins to print. The symbology is Code 128.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include <QPoint>
+#include <QString>
+
+class QWidget;
+
+namespace suisui {
+
+inline constexpr int portrait = 1;
+
+/// Thickness steps of the bars, 1 to 20: the width of a module in millimetres. A step is a 300th of an inch,
+/// so every step is a whole number of dots on 300 and on 600 dots per inch, and a sheet looks the same on
+/// both.
+inline constexpr int barPitchSteps = 20;
+inline constexpr std::array<double, barPitchSteps> barPitchMillimetres{
+    0.08467, 0.16933, 0.25400, 0.33867, 0.42333, 0.50800, 0.59267, 0.67733, 0.76200, 0.84667,
+    0.93133, 1.01600, 1.10067, 1.18533, 1.27000, 1.35467, 1.43933, 1.52400, 1.60867, 1.69333};
+
+/// A measure that is drawn: the nearest number of dots, at least one.
+[[nodiscard]] std::int32_t millimetreDots(double millimetres, std::int32_t perInch);
+/// Dots of a module at \a step on a printer of \a perInch dots per inch: whole, at least one. A step outside
+/// 1 to 20 counts as the nearest.
+[[nodiscard]] std::int32_t barPitchDots(int step, std::int32_t perInch);
+
+class BarPrt
+{
+public:
+    virtual ~BarPrt() = default;
+
+    void setPen(QPoint dot) { m_pen = dot; }
+    [[nodiscard]] QPoint pen() const { return m_pen; }
+    /// In dots. Bars that are not higher than 0 are not there.
+    void setBarHeight(std::int32_t dots) { m_barHeight = dots; }
+    [[nodiscard]] std::int32_t barHeight() const { return m_barHeight; }
+    /// A step of barPitchMillimetres.
+    void setBarPitch(int step) { m_barPitch = step; }
+    [[nodiscard]] int barPitch() const { return m_barPitch; }
+
+    /// 1 is portrait.
+    virtual void setOrientation(int orientation) = 0;
+    [[nodiscard]] virtual int orientation() const = 0;
+    /// Copies asked for in the printer dialog.
+    [[nodiscard]] virtual std::int32_t copies() const = 0;
+    [[nodiscard]] virtual std::int32_t dotsPerInchX() const = 0;
+    [[nodiscard]] virtual std::int32_t dotsPerInchY() const = 0;
+    /// Margin that the printer cannot print.
+    [[nodiscard]] virtual std::int32_t physicalOffsetX() const = 0;
+    [[nodiscard]] virtual std::int32_t physicalOffsetY() const = 0;
+
+    /// Shows the printer dialog over \a form. 1 means go on, anything else that the operator has cancelled.
+    [[nodiscard]] virtual int choosePrinter(QWidget* form) = 0;
+    virtual void startDocument() = 0;
+    virtual void endDocument() = 0;
+    virtual void startPage() = 0;
+    /// Without an open page nothing happens.
+    virtual void endPage() = 0;
+
+    /// The bars of \a text with their top left corner at the pen. A text that Code 128 cannot carry has none.
+    virtual void printBar(const QString& text) = 0;
+    /// \a text with its top left corner at the pen.
+    virtual void printText(const QString& text) = 0;
+
+private:
+    QPoint m_pen;
+    std::int32_t m_barHeight = 0;
+    int m_barPitch = 1;
+};
+
+} // namespace suisui

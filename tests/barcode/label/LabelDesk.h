@@ -1,0 +1,114 @@
+// A desk with a grid of rows to be labelled, the label dialog over it, and paper that keeps what it was
+// given.
+#pragma once
+
+#include <memory>
+
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTemporaryDir>
+
+#include "barcode/label/frm_PriCheck.h"
+#include "platform/widgets/vaSpread.h"
+#include "store/AppIni.h"
+#include "tests/support/RecordingBarPrt.h"
+#include "tests/support/ScriptedMsgBox.h"
+
+namespace suisui::test {
+
+inline constexpr int labelQuantityColumn = 3;
+inline constexpr int labelMarkColumn = 4;
+
+struct LabelledRow
+{
+    std::string code;
+    std::string quantity = "1";
+    bool mark = true;
+};
+
+struct LabelDialogDesk
+{
+    using Row = LabelledRow;
+
+    explicit LabelDialogDesk(const std::vector<Row>& rows = {{"A"}, {"B"}, {"C"}})
+    {
+        static constexpr std::array columns{SpreadColumn{.heading = "code"}, SpreadColumn{.heading = "name"},
+                                            SpreadColumn{.heading = "quantity", .type = CellType::Number},
+                                            SpreadColumn{.heading = "mark", .type = CellType::CheckBox}};
+        grid.setColumns(columns);
+        fill(rows);
+        QDir(folder.path()).mkpath(QStringLiteral("Ini"));
+        iniFolder = folder.filePath(QStringLiteral("Ini"));
+        ini.setIniFolder(iniFolder);
+    }
+
+    void fill(const std::vector<Row>& rows)
+    {
+        grid.setMaxRows(static_cast<int>(rows.size()));
+        for (int row = 1; row <= grid.MaxRows(); ++row) {
+            const Row& from = rows[static_cast<std::size_t>(row) - 1];
+            grid.SetText(1, row, from.code);
+            grid.SetText(2, row, "name of " + from.code);
+            grid.SetText(labelQuantityColumn, row, from.quantity);
+            grid.SetText(labelMarkColumn, row, std::string_view(from.mark ? "1" : "0"));
+        }
+        source = {.mode = 3,
+                  .grid = &grid,
+                  .checkColumn = labelMarkColumn,
+                  .quantityColumn = labelQuantityColumn,
+                  .firstRow = 1,
+                  .lastRow = grid.MaxRows(),
+                  .asksForNumber = true,
+                  .word = QStringLiteral("入荷"),
+                  .markedCaption = {}};
+    }
+
+    frm_PriCheck& open()
+    {
+        dialog = std::make_unique<frm_PriCheck>(
+            source, frm_PriCheck::Surroundings{ini, box, paper, [this] { return std::exchange(scan, {}); }},
+            nullptr);
+        dialog->show();
+        dialog->activateWindow();
+        return *dialog;
+    }
+
+    template <typename Widget> [[nodiscard]] Widget* find(const char* name) const
+    {
+        auto* widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
+        if (widget == nullptr)
+            throw std::runtime_error(std::string("no control ") + name);
+        return widget;
+    }
+    [[nodiscard]] QLineEdit* field(const char* name) const { return find<QLineEdit>(name); }
+    [[nodiscard]] QAbstractButton* button(const char* name) const { return find<QAbstractButton>(name); }
+    [[nodiscard]] QComboBox* choice(const char* name) const { return find<QComboBox>(name); }
+    [[nodiscard]] std::string text(const char* name) const { return field(name)->text().toStdString(); }
+    void type(const char* name, const char16_t* text) const
+    {
+        field(name)->setText(QString::fromUtf16(text));
+    }
+    void sheet(int index) const { button(("optYousi_" + std::to_string(index)).c_str())->setChecked(true); }
+    [[nodiscard]] std::string pages() const { return text("txtPage_0") + "-" + text("txtPage_1"); }
+    [[nodiscard]] std::string marks() const
+    {
+        std::string all;
+        for (int row = 1; row <= grid.MaxRows(); ++row)
+            all += grid.text(labelMarkColumn, row) == "1" ? '1' : '0';
+        return all;
+    }
+
+    QTemporaryDir folder;
+    QString iniFolder;
+    vaSpread grid;
+    AppIni ini;
+    RecordingBarPrt paper;
+    ScriptedMsgBox box;
+    LabelSource source;
+    QString scan; ///< the next line of the reader
+    std::unique_ptr<frm_PriCheck> dialog;
+};
+
+} // namespace suisui::test

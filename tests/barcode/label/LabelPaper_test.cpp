@@ -1,0 +1,284 @@
+// Labels on paper: the PDF is rendered at the printer's own resolution, looked at dot by dot and read by a
+// bar-code reader.
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include "barcode/label/LabelPrint.h"
+#include "barcode/label/LabelRows.h"
+#include "barcode/label/LabelSheets.h"
+#include "platform/core/Code128.h"
+#include "platform/widgets/Printer.h"
+#include "platform/widgets/PrinterBarPrt.h"
+#include "platform/widgets/vaSpread.h"
+#include "store/AppIni.h"
+#include "tests/support/BarReader.h"
+#include "tests/support/PdfPrinter.h"
+#include "tests/support/PdfText.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui::test {
+
+namespace {
+
+constexpr int markColumn = 3;
+
+double number(const char16_t* text)
+{
+    return numberIn(QString::fromUtf16(text));
+}
+
+LabelJob jobOf(const LabelSheet& sheet)
+{
+    LabelJob job;
+    job.grid = {.columns = sheet.columns,
+                .rows = sheet.rows,
+                .start = {number(sheet.startX), number(sheet.startY)},
+                .width = number(sheet.width),
+                .height = number(sheet.height)};
+    job.barHeight = number(sheet.barHeight);
+    job.name = {sheet.name.on, {number(sheet.name.x), number(sheet.name.y)}};
+    job.code = {sheet.code.on, {number(sheet.code.x), number(sheet.code.y)}};
+    return job;
+}
+
+class LabelPaper : public ::testing::Test
+{
+protected:
+    LabelPaper()
+    {
+        static constexpr std::array columns{SpreadColumn{.heading = "code"}, SpreadColumn{.heading = "name"},
+                                            SpreadColumn{.heading = "mark", .type = CellType::CheckBox}};
+        grid.setColumns(columns);
+        ini.setIniFolder(folder.path());
+        setup->file = folder.filePath(u"labels.pdf"_s);
+    }
+
+    void fill(const QStringList& codes)
+    {
+        grid.setMaxRows(static_cast<int>(codes.size()));
+        for (int row = 1; row <= grid.MaxRows(); ++row) {
+            grid.SetText(1, row, codes.at(row - 1));
+            grid.SetText(2, row, u"鉛筆 ＨＢ　１２本入り"_s);
+            grid.SetText(markColumn, row, std::string_view("1"));
+        }
+    }
+
+    void print(LabelJob job, int step)
+    {
+        BarPrt& paper = barPrt;
+        ASSERT_EQ(paper.choosePrinter(nullptr), 1);
+        paper.setBarPitch(step);
+        LabelRows rows(grid, markColumn, 0);
+        job.startRow = 1;
+        job.endRow = grid.MaxRows();
+        job.pages = {1, pagesNeeded(labelsWanted(rows, 1, job.endRow, true, job.eachRow), job.grid.capacity(),
+                                    job.startLabel)};
+        paper.startDocument();
+        LabelPrintOut(job, rows, ini, paper);
+        paper.endDocument();
+    }
+
+    /// In the row \a at.y() of \a page the bars of \a code stand from \a at on: every edge within a dot,
+    /// nothing between them, and white for the quiet zone on both sides.
+    [[nodiscard]] static ::testing::AssertionResult barsStandAt(const QImage& page, QPoint at,
+                                                                const QString& code, int dots)
+    {
+        const auto modules = encodeCode128(code.toStdString());
+        if (!modules)
+            return ::testing::AssertionFailure() << "no symbol";
+        const int quiet = quietModules * dots;
+        const auto black =
+            blackRuns(page, at.y(), at.x() - quiet + 1, at.x() + modules->width * dots + quiet - 1);
+        if (black.size() != modules->bars.size())
+            return ::testing::AssertionFailure() << code.toStdString() << ": " << black.size() << " bars";
+        for (std::size_t i = 0; i < black.size(); ++i) {
+            const BarSpan& bar = modules->bars[i];
+            const int first = at.x() + bar.start * dots;
+            if (std::abs(black[i].first - first) > 1
+                || std::abs(black[i].second - (first + bar.width * dots)) > 1)
+                return ::testing::AssertionFailure() << code.toStdString() << ": bar " << i << " from "
+                                                     << black[i].first << ", not " << first;
+        }
+        return ::testing::AssertionSuccess();
+    }
+
+    /// First and one behind the last dot of each black run in the row \a y between \a from and \a to.
+    [[nodiscard]] static std::vector<std::pair<int, int>> blackRuns(const QImage& page, int y, int from,
+                                                                    int to)
+    {
+        constexpr int halfGrey = 128;
+        std::vector<std::pair<int, int>> runs;
+        for (int x = std::max(from, 0); x < std::min(to, page.width()); ++x) {
+            if (y < 0 || y >= page.height() || qGray(page.pixel(x, y)) >= halfGrey)
+                continue;
+            if (!runs.empty() && runs.back().second == x)
+                ++runs.back().second;
+            else
+                runs.emplace_back(x, x + 1);
+        }
+        return runs;
+    }
+
+    int failures = 0;
+    QTemporaryDir folder;
+    std::shared_ptr<PdfSetup> setup = std::make_shared<PdfSetup>();
+    Printer printer{pdfDialog(setup)};
+    PrinterBarPrt barPrt{printer, [this] { ++failures; }};
+    vaSpread grid;
+    AppIni ini;
+};
+
+std::string joined(const QStringList& texts)
+{
+    return texts.join(u' ').toStdString();
+}
+
+/// As many different codes as a sheet has labels.
+QStringList codesFor(const LabelJob& job, const QString& pattern)
+{
+    QStringList codes;
+    for (int i = 0; i < job.grid.capacity(); ++i)
+        codes += pattern.arg(i, 3, 10, QChar(u'0'));
+    return codes;
+}
+
+} // namespace
+
+TEST_F(LabelPaper, everyLabelOfEverySheet_readsBackToItsCode_withItsBarsOnTheirDots)
+{
+    for (const LabelSheet& sheet : labelSheets) {
+        const LabelJob job = jobOf(sheet);
+        const QStringList codes = codesFor(job, u"4901234567%1"_s);
+        fill(codes);
+        const int step = QString::fromUtf16(sheet.barPitch).toInt();
+        print(job, step);
+        ASSERT_EQ(pdfPages(setup->file), 1);
+        const QImage page = pdfPicture(setup->file, 1, 600, true);
+        ASSERT_NEAR(page.width(), 4960, 3); // A4
+        ASSERT_NEAR(page.height(), 7016, 3);
+        EXPECT_EQ(readBarCodes(page), joined(codes));
+        for (int i = 0; i < job.grid.capacity(); ++i) {
+            const QPoint at = placeInDots(job.grid.placeOf(i), {600, 600, 0, 0});
+            const int dots = barPitchDots(step, 600);
+            const double clear =
+                std::min(job.barHeight, job.code.place.y); // millimetres above the code's text
+            EXPECT_TRUE(barsStandAt(page, at + QPoint(0, 2), codes.at(i), dots));
+            EXPECT_TRUE(barsStandAt(page, at + QPoint(0, lengthInDots(clear, 600) - 3), codes.at(i), dots));
+        }
+    }
+    EXPECT_EQ(failures, 0);
+}
+
+TEST_F(LabelPaper, everyPitchThatFitsTheLabel_readsBack_onEverySheet)
+{
+    for (const LabelSheet& sheet : labelSheets) {
+        const LabelJob job = jobOf(sheet);
+        const QStringList codes = codesFor(job, u"4901234567%1"_s);
+        const auto modules = encodeCode128(codes.front().toStdString());
+        ASSERT_TRUE(modules);
+        const double room = job.grid.columns > 1 ? job.grid.width : 205;
+        int fitting = 0;
+        for (int step = 1; step <= barPitchSteps; ++step) {
+            const int dpi = step == 1 ? 600 : 300; // a module of two dots at the least, as readers want it
+            setup->dpi = dpi;
+            if ((modules->width + quietModules) * barPitchDots(step, dpi) > lengthInDots(room, dpi))
+                continue;
+            ++fitting;
+            fill(codes);
+            print(job, step);
+            EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, dpi, true)), joined(codes))
+                << "step " << step << " on " << QString::fromUtf16(sheet.title).toStdString();
+        }
+        EXPECT_GE(fitting, 4) << QString::fromUtf16(sheet.title).toStdString();
+    }
+}
+
+TEST_F(LabelPaper, theFunctionCodes_readBack_beneathTenLabels)
+{
+    LabelJob job = jobOf(labelSheets[0]);
+    job.grid.rows = 5;
+    job.screenCodes = {true, {number(screenStrip.x), number(screenStrip.y)}};
+    job.searchCodes = {true, {number(searchStrip.x), number(searchStrip.y)}};
+    QStringList wanted = codesFor(job, u"490123456700%1"_s);
+    for (const QChar function : u"01234ABCDE"_s)
+        wanted += u'[' + QString(function) + u']';
+    for (int step = 2; step <= 4; ++step) {
+        fill(wanted.first(10));
+        print(job, step);
+        EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 600, true)), joined(wanted)) << "step " << step;
+    }
+}
+
+TEST_F(LabelPaper, aCodeOfSixteenCharactersOfEveryKind_readsBack)
+{
+    const LabelJob job = jobOf(labelSheets[0]);
+    QStringList codes{u"ABCdef-123456789"_s, u"#101#"_s, u"@A01@"_s, u"{ENTER}"_s, u"a b*c?d(e)f/g.h$"_s};
+    codes.sort();
+    fill(codes);
+    print(job, 3);
+    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 600, true)), joined(codes));
+}
+
+TEST_F(LabelPaper, onAPrinterWithAMargin_theBarsStandAtTheSameMillimetres)
+{
+    setup->margins = {18, 24, 18, 18};
+    const LabelJob job = jobOf(labelSheets[0]);
+    const QStringList codes = codesFor(job, u"490123456700%1"_s);
+    fill(codes);
+    print(job, 3);
+    const QImage page = pdfPicture(setup->file, 1, 600, true);
+    for (int i = 0; i < job.grid.capacity(); ++i) {
+        const QPoint corner = placeInDots(job.grid.placeOf(i), {600, 600, 150, 200}) + QPoint(150, 200);
+        EXPECT_TRUE(barsStandAt(page, corner + QPoint(0, 20), codes.at(i), 6));
+    }
+}
+
+TEST_F(LabelPaper, aCodeThatTheSymbologyCannotCarry_hasNoBars_andTheOthersStand)
+{
+    fill({u"鉛筆01"_s, u"A1"_s, u"ﾊﾞｰ"_s, QString(200, u'X'), u"A2"_s});
+    print(jobOf(labelSheets[0]), 3);
+    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 600, true)), joined((QStringList{u"A1"_s, u"A2"_s})));
+    EXPECT_EQ(failures, 0);
+}
+
+TEST_F(LabelPaper, labelsBeyondThePaper_andBarsWithoutHeight_areNotThere)
+{
+    LabelJob job = jobOf(labelSheets[0]);
+    job.grid.width = 999999;
+    job.grid.height = 999999;
+    fill({u"A1"_s, u"A2"_s, u"A3"_s});
+    print(job, 3);
+    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 600, true)), joined((QStringList{u"A1"_s})));
+    job.barHeight = -12;
+    fill({u"A1"_s});
+    print(job, 3);
+    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 600, true)), joined(QStringList()));
+    EXPECT_EQ(failures, 0);
+}
+
+TEST_F(LabelPaper, aFileThatCannotBeWritten_isReportedOnce)
+{
+    setup->file = folder.filePath(u"no such folder/labels.pdf"_s);
+    fill({u"A1"_s, u"A2"_s});
+    LabelJob job = jobOf(labelSheets[0]);
+    job.grid.rows = 1;
+    job.grid.columns = 1;
+    print(job, 3);
+    EXPECT_EQ(failures, 1);
+}
+
+TEST_F(LabelPaper, aStepIsAsWideOnThreeHundredDotsAsOnSixHundred)
+{
+    for (int step = 1; step <= barPitchSteps; ++step) {
+        EXPECT_EQ(barPitchDots(step, 300), step);
+        EXPECT_EQ(barPitchDots(step, 600), 2 * step);
+        EXPECT_NEAR(barPitchMillimetres.at(static_cast<std::size_t>(step) - 1), step * 25.4 / 300, 1e-5);
+    }
+    EXPECT_EQ(barPitchDots(1, 72), 1);
+    EXPECT_EQ(barPitchDots(0, 600), 2);
+    EXPECT_EQ(barPitchDots(99, 600), 40);
+}
+
+} // namespace suisui::test

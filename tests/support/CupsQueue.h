@@ -1,0 +1,43 @@
+// A print server of a test's own, with one queue whose printer keeps the jobs that it is sent. Started in a
+// folder of its own and ended with the object; the machine's own queues are not touched.
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+namespace suisui::test {
+
+class CupsQueue
+{
+public:
+    /// The queue's printer: 300 dots per inch, A4 and A5, upright margins of 12, 48, 36 and 24 points (left,
+    /// top, right, bottom).
+    static constexpr auto name = "Laser";
+
+    CupsQueue();
+    ~CupsQueue();
+    CupsQueue(const CupsQueue&) = delete;
+    CupsQueue& operator=(const CupsQueue&) = delete;
+
+    /// Why there is no queue; empty when there is one.
+    [[nodiscard]] QString missing() const { return m_missing; }
+    /// The file that job \a number brought, once it is there. Empty when it does not come.
+    [[nodiscard]] QString job(int number) const;
+    /// What the printer was told with it: number, user, title, copies, options.
+    [[nodiscard]] QString jobTicket(int number) const;
+
+    void addPrinter();
+    void removePrinter();
+
+private:
+    void start();
+    [[nodiscard]] bool write(const QString& to, const QByteArray& text, bool program = false) const;
+    [[nodiscard]] bool lpadmin(const QStringList& arguments);
+
+    QTemporaryDir m_folder;
+    QProcess m_server;
+    QString m_missing;
+};
+
+} // namespace suisui::test

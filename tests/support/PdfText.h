@@ -1,0 +1,32 @@
+// A PDF read back by poppler: its words and where they stand, in points from the corner of the page, and its
+// pages as pictures.
+#pragma once
+
+#include <vector>
+
+#include <QImage>
+#include <QRectF>
+#include <QString>
+
+namespace suisui::test {
+
+struct PdfWord
+{
+    int page = 0; ///< from 1
+    QRectF box;   ///< points
+    QString text;
+};
+
+/// Pages of \a file, 0 when it is no PDF.
+[[nodiscard]] int pdfPages(const QString& file);
+
+/// All words of \a file, page after page.
+[[nodiscard]] std::vector<PdfWord> pdfWords(const QString& file);
+
+/// A page as a grey picture of \a dpi dots per inch, one bit without smoothing when \a exact.
+[[nodiscard]] QImage pdfPicture(const QString& file, int page, int dpi, bool exact = false);
+
+/// Those of \a words that stand on \a page and touch \a box (points), left to right, joined by nothing.
+[[nodiscard]] QString textIn(const std::vector<PdfWord>& words, int page, const QRectF& box);
+
+} // namespace suisui::test
