@@ -13,6 +13,7 @@ import sys
 import time
 
 sys.dont_write_bytecode = True  # the source tree stays as it is
+import day_history
 import day_shipments
 import desk
 
@@ -148,6 +149,7 @@ def work(shop, screen, reader, pictures):
         day.goods(product)
         day.picture("product")
         day_shipments.work(day, shop, screen, reader)
+        day_history.work(day, shop, screen, reader)
         day.end(program)
         day.expect(f"nothing is complained of, but: {program.said()}", not program.said())
 
