@@ -42,8 +42,8 @@ private:
 /// shipment; and a tenth as many of the days after, which stay when the others are saved.
 void fill(AppDB& db, int rows)
 {
-    const std::string numbers =
-        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<" + std::to_string(rows + rows / 10) + ") ";
+    const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<"
+                                + std::to_string(rows + rows / 10) + ") ";
     const std::string code = "printf('49%011d', i*7919%" + std::to_string(goods) + ")";
     const std::string when = "strftime('%Y%m%d',julianday('2025-12-31')+(i-" + std::to_string(rows) + ")/"
                              + std::to_string(perDay) + "),printf('%06d',i%86400)";

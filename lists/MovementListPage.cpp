@@ -4,10 +4,10 @@
 
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
+#include "frame/support/Questions.h"
 #include "lists/ListHeadings.h"
 #include "lists/ListSubtotals.h"
 #include "lists/ReDrawOff.h"
-#include "platform/core/FillIn.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
@@ -165,7 +165,7 @@ bool MovementListPage::takeCode(const QString& text)
 {
     const std::string code = text.toStdString();
     if (!canBeCode(code)) {
-        unregistered(text);
+        sayUnregistered(m_services.msgBox, m_services.ini, code);
         return false;
     }
     if (text == u"*") {
@@ -175,7 +175,7 @@ bool MovementListPage::takeCode(const QString& text)
     } else {
         MasterRec& goods = m_services.db.MasterSyu();
         if (goods.Select(whereCode(code)) <= 0) {
-            unregistered(text);
+            sayUnregistered(m_services.msgBox, m_services.ini, code);
             return false;
         }
         m_ui->lblXLSyouhin->setText(QString::fromUtf8(goods.get(1, MasterCol::Name)));
@@ -183,17 +183,6 @@ bool MovementListPage::takeCode(const QString& text)
     }
     m_chosenCode = code;
     return true;
-}
-
-void MovementListPage::unregistered(const QString& code)
-{
-    const QString goods = m_services.ini.MasterTerm(0);
-    m_services.msgBox.show(
-        {fillIn(u"{goods} 未登録エラー", {{u"goods", goods}}),
-         fillIn(u"入力された コード 「 {text} 」 は\r\n「{master term 0}」 "
-                u"に登録されていません。\r\n\r\n登録されているコードを入力して下さい。　　　",
-                {{u"master term 0", goods}, {u"text", code}}),
-         BoxIcon::Stop});
 }
 
 void MovementListPage::resetTab()

@@ -65,13 +65,11 @@ private:
     void wire();
     void resetTab();
     [[nodiscard]] bool takeCode(const QString& text);
-    void unregistered(const QString& code);
 
     // MovementListSearch.cpp
     [[nodiscard]] ListFilter filter() const;
     /// NyuListLoad, SyuListLoad.
     void listLoad();
-    [[nodiscard]] bool agreesToShow(int count);
     void emptyGrid();
     /// NyuDetailFill, SyuDetailFill.
     void detailFill(int count);

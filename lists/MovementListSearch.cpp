@@ -7,10 +7,10 @@
 
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
+#include "frame/support/Questions.h"
 #include "lists/ListHeadings.h"
 #include "lists/ListSubtotals.h"
 #include "lists/ReDrawOff.h"
-#include "platform/core/FillIn.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppDB.h"
 #include "ui_MovementListPage.h"
@@ -83,7 +83,7 @@ void MovementListPage::listLoad()
         emptyGrid();
         return;
     }
-    if (!agreesToShow(count)) {
+    if (count > rowsWithoutAsking && !agreesToManyRows(m_services.msgBox, count)) {
         buffer.clear(db);
         return;
     }
@@ -102,20 +102,6 @@ void MovementListPage::listLoad()
     grid()->SetActiveCell(m_side.cells.partner, 1); // by way of it, so that the first columns are in view
     grid()->SetActiveCell(m_side.cells.date, 1);
     writeSearchHeadings(m_side, m_services.ini, *grid(), view);
-}
-
-/// Many rows are loaded only when the operator wants to wait for them.
-bool MovementListPage::agreesToShow(int count)
-{
-    if (count <= rowsWithoutAsking)
-        return true;
-    return m_services.msgBox.show(
-               {u"表示の確認"_s,
-                fillIn(u"検索結果のデータが多いため\r\n表示に時間が掛かる可能性があります。　　　\r\n\r\n　　"
-                       u"　（検索結果： {count} 件）\r\n\r\n表示を行っても、よろしいですか？",
-                       {{u"count", QString::number(count)}}),
-                BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::Yes})
-           == BoxAnswer::Yes;
 }
 
 void MovementListPage::emptyGrid()

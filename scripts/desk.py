@@ -20,6 +20,7 @@ import urllib.parse
 MAIN_WINDOW = " すいすいＴＡＧ　　【 入出荷在庫管理 】　　Tarnvik Works Co.,Ltd."
 END_DIALOG = " システムを終了します"
 NO_PORT_BOX = "通信ポート(COM) 未設定"
+UNSAVED_BOX = "すいすいＴＡＧ"
 UNREGISTERED_BOX = "商品 未登録エラー"
 SHORTAGE_BOXES = (" 在庫不足", " 最低在庫数 未満")
 
@@ -27,6 +28,11 @@ FIRST_SCREEN = 90
 DEADLINE = 20.0  # seconds; generous, since nothing waits longer than it must
 LOOK_AGAIN = 0.02
 STANDS_STILL = 0.3
+
+
+# Names of the keys that xdotool does not know by their character.
+KEYS = {"\n": "Return", "-": "minus", "[": "bracketleft", "]": "bracketright", "{": "braceleft", "}": "braceright",
+        "#": "numbersign", "@": "at"}
 
 
 class DeskError(AssertionError):
@@ -132,15 +138,18 @@ class Screen:
         if done.returncode != 0:
             raise DeskError(f"keys {keys}: {done.stderr}")
 
+    def type_by_hand(self, text, milliseconds=120):
+        """Types as a fast typist does."""
+        self._xdotool("key", "--delay", str(milliseconds), *(KEYS.get(letter, letter) for letter in text))
+
     def type(self, text):
         """Types as fast as the server takes it, as a keyboard-style reader does; a line break is Enter.
 
         Key by key, since xdotool's own typing would send a line feed instead of Enter. A second Enter in a row
         is the one of the number pad: the same key twice within a millisecond would pass for a held key."""
-        names = {"\n": "Return", "-": "minus"}
         keys = []
         for letter in text:
-            key = names.get(letter, letter)
+            key = KEYS.get(letter, letter)
             keys.append("KP_Enter" if key == "Return" and keys[-1:] == ["Return"] else key)
         done = self._xdotool("key", "--delay", "0", *keys)
         if done.returncode != 0:

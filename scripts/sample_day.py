@@ -14,6 +14,9 @@ import time
 
 sys.dont_write_bytecode = True  # the source tree stays as it is
 import day_history
+import day_lists
+import day_labels
+import day_reports
 import day_shipments
 import desk
 
@@ -149,6 +152,9 @@ def work(shop, screen, reader, pictures):
         day.goods(product)
         day.picture("product")
         day_shipments.work(day, shop, screen, reader)
+        day_lists.work(day, shop, screen, reader, program)
+        day_reports.work(day, screen, reader, pictures)
+        day_labels.work(day, screen, reader, pictures)
         day_history.work(day, shop, screen, reader)
         day.end(program)
         day.expect(f"nothing is complained of, but: {program.said()}", not program.said())
@@ -168,7 +174,7 @@ def main():
     output = pathlib.Path(chosen.output)
     shutil.rmtree(output / "app", ignore_errors=True)
     output.mkdir(parents=True, exist_ok=True)
-    for old in output.glob("*.png"):
+    for old in (*output.glob("*.png"), *output.glob("*.pdf")):
         old.unlink()
 
     sys.stdout.reconfigure(line_buffering=True, encoding="utf-8")
@@ -176,6 +182,7 @@ def main():
     shop.fill()
     with desk.Screen(1200, 800) as screen, desk.Reader() as reader:
         shop.use_reader(reader.device)
+        day_reports.prepare(screen, output)
         try:
             work(shop, screen, reader, output)
         except desk.DeskError as error:

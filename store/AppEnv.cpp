@@ -58,6 +58,11 @@ ReaderSettings AppEnv::readerSettings() const
             item(u"CommParity"), item(u"CommDataBit"), item(u"CommStopBit")};
 }
 
+bool AppEnv::typedScans() const
+{
+    return file().value(u"Reader", u"TypedScan").value_or(QString()) != u"0";
+}
+
 QString AppEnv::portDevice(int number) const
 {
     const QString mapped = file().value(u"Ports", QString::number(number)).value_or(QString());

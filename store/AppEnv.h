@@ -36,6 +36,9 @@ public:
     bool setLastUseDate(const QString& date);
 
     [[nodiscard]] ReaderSettings readerSettings() const;
+    /// Whether scans of a reader that types are recognised wherever the focus is: section Reader, key
+    /// TypedScan; on unless it is "0".
+    [[nodiscard]] bool typedScans() const;
     /// Device of port \a number: from section Ports, else "/dev/ttyS{number-1}".
     [[nodiscard]] QString portDevice(int number) const;
 

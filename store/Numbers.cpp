@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "platform/core/RunTimeError.h"
 
@@ -76,10 +77,26 @@ std::string plainForm(std::string_view text)
     return plain;
 }
 
+/// The number, if \a text is nothing but so few digits that every step is exact; otherwise nothing.
+std::optional<double> fewDigits(std::string_view text)
+{
+    if (text.empty() || text.size() > std::size_t{significantDigits})
+        return std::nullopt;
+    std::int64_t whole = 0;
+    for (const char c : text) {
+        if (!isDigit(c))
+            return std::nullopt;
+        whole = whole * 10 + (c - '0');
+    }
+    return static_cast<double>(whole);
+}
+
 double parse(std::string_view text)
 {
+    // The usual cases first: plain digits, as the tables hold them, and other plain numbers.
+    if (const auto few = fewDigits(text))
+        return *few;
     double value = 0;
-    // The usual case first: plain digits, as the tables hold them.
     const auto quick =
         std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
     if (quick.ec == std::errc() && quick.ptr == text.data() + text.size() && std::isfinite(value))
@@ -110,6 +127,11 @@ template <typename Integer> Integer toInteger(double number)
 std::string wholeDigits(double number)
 {
     std::array<char, 64> text{};
+    if (number < 1e15 && std::trunc(number) == number) {
+        const auto whole =
+            std::to_chars(text.data(), text.data() + text.size(), static_cast<std::int64_t>(number));
+        return {text.data(), whole.ptr};
+    }
     const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
                                    std::chars_format::scientific, significantDigits - 1);
     const std::string_view scientific(text.data(), static_cast<std::size_t>(end.ptr - text.data()));

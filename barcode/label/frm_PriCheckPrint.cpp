@@ -8,6 +8,7 @@
 #include "platform/widgets/BarPrt.h"
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/MsgBox.h"
+#include "platform/widgets/vaSpread.h"
 #include "store/AppIni.h"
 #include "store/Numbers.h"
 #include "ui_frm_PriCheck.h"
@@ -239,6 +240,7 @@ void frm_PriCheck::print()
     m_startRow = range ? m_txtLine[0]->text() : u"1"_s;
     m_endRow = range ? m_txtLine[1]->text() : QString::number(m_source.lastRow);
     LabelJob wanted = job();
+    m_source.grid->setReDraw(false); // every row that is walked loses its mark
     if (range)
         for (std::int64_t row = wanted.startRow; row <= wanted.endRow; ++row)
             m_rows.setMark(row, true);
@@ -247,6 +249,7 @@ void frm_PriCheck::print()
     setPages(QString::number(wanted.pages.first), QString::number(wanted.pages.last));
     LabelPrintOut(wanted, m_rows, m_around.ini, m_around.barPrt);
     m_around.barPrt.endDocument();
+    m_source.grid->setReDraw(true);
     saveSettings();
 }
 

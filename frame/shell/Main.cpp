@@ -155,6 +155,8 @@ bool Main_Module::loadWindow()
     m_frmMain->show();
     m_frmMain->showTab(Tab::Receipt);
     m_frmMain->setFormEnabled(true);
+    if (m_appEnv->typedScans())
+        m_frmMain->recogniseTypedScans();
 
     m_msComm1 = std::make_unique<MSComm>([this](int port) { return m_appEnv->portDevice(port); });
     m_barcode = std::make_unique<Barcode>([this] { return m_appEnv->readerSettings(); }, m_msgBox,
@@ -168,7 +170,8 @@ bool Main_Module::loadWindow()
 void Main_Module::mainLoop()
 {
     while (true) {
-        const bool lineWaits = m_barcode && m_frmMain->formEnabled() && m_barcode->hasLine();
+        const bool lineWaits =
+            m_barcode && m_frmMain->formEnabled() && (m_frmMain->hasTypedScan() || m_barcode->hasLine());
         if (lineWaits || m_endFlag)
             DoEvents();
         else
@@ -177,7 +180,8 @@ void Main_Module::mainLoop()
             return;
         if (!m_frmMain->formEnabled())
             continue;
-        MainBarCodeChk(m_barcode->line(), *m_frmMain);
+        const QString typed = m_frmMain->takeTypedScan();
+        MainBarCodeChk(typed.isEmpty() ? m_barcode->line() : typed, *m_frmMain);
     }
 }
 

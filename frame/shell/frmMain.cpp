@@ -142,6 +142,16 @@ void frmMain::cmdPrint_Click(Side side, int printColumn, int quantityColumn)
     setFormEnabled(true);
 }
 
+void frmMain::recogniseTypedScans()
+{
+    const auto inCodeField = [this] {
+        return m_gate.enabled() && m_gate.heldKeys() == 0
+               && QApplication::focusWidget() == page(currentTab()).barCodeField();
+    };
+    m_typedScan = std::make_unique<TypedScan>(*this, inCodeField,
+                                              [this](const QString& value) { m_gate.scanned(value); });
+}
+
 QComboBox* frmMain::staffChoice()
 {
     return m_ui->cmbTantou;

@@ -10,6 +10,7 @@
 
 #include "barcode/ScanDispatch.h"
 #include "frame/support/FormGate.h"
+#include "frame/support/TypedScan.h"
 #include "frame/support/Frame.h"
 #include "frame/support/Page.h"
 
@@ -62,9 +63,9 @@ public:
     /// Brings tab \a tab to the front with everything that a change of tab does, even if it is there.
     void showTab(Tab tab);
     void cmdMaster_Click();
-    /// What the slip program reads, and the folder in which it stands.
     /// Where periods are saved to and loaded from by and large, and the reader for the dialogs that ask.
     void setHistoryPlace(const AppEnv& env, const std::function<QString()>& readLine);
+    /// What the slip program reads, and the folder in which it stands.
     void setSlipPlace(SlipIni& ini, const QString& exeFolder);
     /// What labels are printed with; \a readLine is the next line of the reader.
     void setLabelPrinting(BarPrt& barPrt, const std::function<QString()>& readLine);
@@ -73,6 +74,13 @@ public:
 
     /// The window's Enabled property; the main loop reads no scans while it is off.
     [[nodiscard]] bool formEnabled() const { return m_gate.enabled(); }
+    /// Recognises what a keyboard-style reader scans, wherever the focus is. Without it such a reader is
+    /// understood in the code fields only.
+    void recogniseTypedScans();
+    /// The next value that such a reader has scanned, to be dispatched like one of the serial reader; empty
+    /// when there is none.
+    [[nodiscard]] QString takeTypedScan() { return m_gate.takeScan(); }
+    [[nodiscard]] bool hasTypedScan() const { return m_gate.hasScan(); }
     /// The pages and the shared choice of staff, for whoever drives the window.
     [[nodiscard]] Page& page(Tab tab) { return *m_pages.at(static_cast<std::size_t>(tab)); }
     [[nodiscard]] QComboBox* staffChoice();
@@ -142,6 +150,7 @@ private:
     std::unique_ptr<Ui::frmMain> m_ui;
     FormGate m_gate;
     std::unique_ptr<FocusPaint> m_focusPaint;
+    std::unique_ptr<TypedScan> m_typedScan;
 
     std::array<Page*, static_cast<std::size_t>(Tab::Count)> m_pages{};
     std::array<MovementPage*, 2> m_entry{};

@@ -1,5 +1,7 @@
 #include "frame/support/FormGate.h"
 
+#include <utility>
+
 #include <QAbstractButton>
 #include <QAbstractSlider>
 #include <QApplication>
@@ -10,6 +12,23 @@
 #include "platform/widgets/EnterKey.h"
 
 namespace suisui {
+
+namespace {
+
+/// A scanned value among the held keys.
+class ScanEvent final : public QEvent
+{
+public:
+    explicit ScanEvent(QString scanned) : QEvent(kind()), value(std::move(scanned)) {}
+    static Type kind()
+    {
+        static const auto number = static_cast<Type>(registerEventType());
+        return number;
+    }
+    const QString value;
+};
+
+} // namespace
 
 FormGate::FormGate(QWidget* form) : m_form(form)
 {
@@ -39,7 +58,7 @@ bool FormGate::eventFilter(QObject* object, QEvent* event)
     case QEvent::InputMethod:
         return filterKey(event);
     case QEvent::ShortcutOverride:
-        if (m_enabled && m_held.empty())
+        if (m_enabled && m_held.empty() && m_scan.isEmpty())
             return false;
         event->accept(); // a key to be held, not a shortcut
         return true;
@@ -58,7 +77,7 @@ bool FormGate::eventFilter(QObject* object, QEvent* event)
 
 bool FormGate::filterKey(QEvent* event)
 {
-    if (event == m_delivering || (m_enabled && m_held.empty()))
+    if (event == m_delivering || (m_enabled && m_held.empty() && m_scan.isEmpty()))
         return false;
     if (m_held.size() < mostHeldKeys && !leansOnEnter(*event))
         m_held.emplace_back(event->clone());
@@ -106,6 +125,22 @@ bool FormGate::leansOnEnter(const QEvent& event) const
            && (m_held.size() < 2 || repeatedEnter(*m_held[m_held.size() - 2]));
 }
 
+void FormGate::scanned(const QString& value)
+{
+    if (m_enabled && m_held.empty() && m_scan.isEmpty())
+        m_scan = value;
+    else if (m_held.size() < mostHeldKeys)
+        m_held.push_back(std::make_unique<ScanEvent>(value));
+}
+
+QString FormGate::takeScan()
+{
+    const QString value = std::exchange(m_scan, QString());
+    if (!value.isEmpty())
+        schedule();
+    return value;
+}
+
 /// Delivery is posted, so that no key is worked inside the handler that enables the window.
 void FormGate::schedule()
 {
@@ -121,11 +156,14 @@ void FormGate::deliverNext()
     m_scheduled = false;
     // A box over the window takes its own keys; held ones wait until it is gone.
     const QWidget* modal = QApplication::activeModalWidget();
-    if (!m_enabled || m_held.empty() || (modal != nullptr && modal != m_form))
+    if (!m_enabled || m_held.empty() || hasScan() || (modal != nullptr && modal != m_form))
         return;
     const std::unique_ptr<QEvent> key = std::move(m_held.front());
     m_held.pop_front();
-    deliver(*key);
+    if (key->type() == ScanEvent::kind())
+        m_scan = static_cast<const ScanEvent&>(*key).value;
+    else
+        deliver(*key);
     schedule();
 }
 

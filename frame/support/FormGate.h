@@ -10,6 +10,7 @@
 #include <memory>
 
 #include <QObject>
+#include <QString>
 
 class QEvent;
 class QWidget;
@@ -29,6 +30,13 @@ public:
     [[nodiscard]] bool enabled() const { return m_enabled; }
     [[nodiscard]] std::size_t heldKeys() const { return m_held.size(); }
 
+    /// A value that a typing reader has scanned takes its turn behind the keys that are held.
+    void scanned(const QString& value);
+    /// The scanned value whose turn has come; the keys behind it wait until it is taken. Empty: there is
+    /// none.
+    [[nodiscard]] QString takeScan();
+    [[nodiscard]] bool hasScan() const { return !m_scan.isEmpty(); }
+
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -42,6 +50,7 @@ private:
 
     QWidget* m_form;
     std::deque<std::unique_ptr<QEvent>> m_held;
+    QString m_scan;
     const QEvent* m_delivering = nullptr;
     bool m_enabled = true;
     bool m_scheduled = false;

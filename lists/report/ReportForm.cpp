@@ -87,6 +87,9 @@ void ReportForm::showOptionalTitles(bool shown)
     for (std::size_t i = 0; i < m_texts.size(); ++i)
         if (m_textData[i]->optional)
             m_texts[i].visible = shown;
+    for (std::size_t i = 0; i < m_lines.size(); ++i)
+        if (m_report.lines[i].optional)
+            m_lines[i].visible = shown;
 }
 
 void ReportForm::fillRow(int n, const vaSpread& grid, int gridRow)

@@ -40,7 +40,7 @@ struct FixedText
     std::u16string_view text;
     TwipBox box;
     FormAlign alignment = FormAlign::Left;
-    double size = 9;
+    int size = 9; ///< points
     bool bold = false;
     bool optional = false; ///< title of a column that not every view fills
 };
@@ -52,6 +52,7 @@ struct FixedLine
     int x2;
     int y2;
     int borderWidth = 1;
+    bool optional = false; ///< stands between optional titles
 };
 
 struct ReportTemplate

@@ -83,7 +83,7 @@ public:
     void Abort();
     [[nodiscard]] int pagesStarted() const { return m_pages; }
 
-    /// The print dialog of the platform, without the page range that the program asks for itself.
+    /// The print dialog of the platform.
     static bool platformDialog(QPrinter& printer, QWidget* parent);
 
 private:

@@ -169,6 +169,23 @@ TEST_P(ListSearch, aPatternWithAQuoteIsAnUnknownCode)
     EXPECT_EQ(codes(), "4901 ");
 }
 
+TEST_P(ListSearch, aGoodsNameThatLooksLikeAPatternStillListsItsCodeAlone)
+{
+    desk.goods("4901", "ボルト 5*10?");
+    desk.store({{.code = "4901"}, {.code = "4902"}, {.code = "49011"}});
+    desk.enter(u"4901"_s);
+    EXPECT_EQ(desk.goodsCaption(), u"ボルト 5*10?"_s);
+    desk.search();
+    EXPECT_EQ(codes(), "4901 ");
+}
+
+TEST_P(ListSearch, aFigureThatIsNoNumberIsARunTimeErrorAndNotALaterSurprise)
+{
+    desk.store({{.quantity = "三個"}});
+    EXPECT_THROW(desk.search(), RunTimeError);
+    EXPECT_TRUE(desk.grid().ReDraw());
+}
+
 TEST_P(ListSearch, aScannedTextOfMoreThanThirteenCharactersDoesNothing)
 {
     desk.goods("12345678901234", "長い");

@@ -1,6 +1,9 @@
 // Sorting both lists by a click on a heading.
 #include <gtest/gtest.h>
 
+#include <QHeaderView>
+#include <QTest>
+
 #include "tests/lists/ListDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -253,6 +256,19 @@ TEST_P(ListSorting, whatIsShownTellsTheViewAndNotTheBoxForSums)
     EXPECT_EQ(desk.cell(1, 0), "－");
 }
 
+TEST_P(ListSorting, aClickWithTheMouseOnTheHeadingSorts)
+{
+    storeShelf();
+    desk.search();
+    desk.page->resize(1100, 600);
+    desk.page->show();
+    QHeaderView& header = *desk.grid().horizontalHeader();
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                      {header.sectionViewportPosition(1) + 20, header.height() / 2});
+    EXPECT_EQ(desk.cell(2, 0), "商品名▲ ");
+    EXPECT_EQ(desk.cell(2, 1), "みかん");
+}
+
 // ---- sums by goods
 
 TEST_P(ListSorting, sumsSortByFiguresFromTheGreatestDownAndByTextsUp)
@@ -342,6 +358,18 @@ TEST_P(ListSorting, theBarStaysWithItsGoodsInTheSums)
     EXPECT_EQ(desk.cell(8, desk.grid().ActiveRow()), "3");
     EXPECT_EQ(barRow(), 3);
     EXPECT_EQ(desk.grid().ActiveCol(), 2);
+}
+
+TEST_P(ListSorting, ofSumsWithOneCodeTheFirstGetsTheBarAndOnlyIt)
+{
+    desk.store({{.code = "1", .price = "0000010"}, {.code = "1", .price = "0000020"}, {.code = "2"}});
+    desk.sumBox().setChecked(true);
+    desk.search();
+    desk.goTo(2, 2);
+    ASSERT_EQ(desk.cell(8, 2), "1");
+    desk.clickHeading(8);
+    EXPECT_EQ(barRow(), 1);
+    EXPECT_EQ(desk.grid().ActiveRow(), 1);
 }
 
 } // namespace suisui::test

@@ -225,8 +225,11 @@ TEST_F(Slip, readsBackCellByCellWithEveryCharacterThatTheCodePageHas)
                        "?",     "表ソ能", "a\tb",   "一  二",  "終わり\\"};
     std::vector<Movement> movements;
     for (std::size_t i = 0; i < names.size(); ++i)
-        movements.push_back(
-            {.code = std::to_string(10 + i), .name = names[i], .price = "7", .partner = "102", .remark = names[i]});
+        movements.push_back({.code = std::to_string(10 + i),
+                             .name = names[i],
+                             .price = "7",
+                             .partner = "102",
+                             .remark = names[i]});
     desk.store(movements);
     choosePartner(1);
     desk.search();

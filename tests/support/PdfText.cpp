@@ -53,14 +53,14 @@ QImage pdfPicture(const QString& file, int page, int dpi, bool exact)
 {
     const QTemporaryDir folder;
     const QString number = QString::number(page);
-    QStringList arguments{u"-r"_s, QString::number(dpi), u"-f"_s,    number,   u"-l"_s,
-                          number,  u"-singlefile"_s,     u"-gray"_s, u"-png"_s};
+    QStringList arguments{u"-r"_s, QString::number(dpi), u"-f"_s,   number, u"-l"_s,
+                          number,  u"-singlefile"_s,     u"-gray"_s};
     if (exact)
         arguments << u"-aa"_s << u"no"_s << u"-aaVector"_s << u"no"_s;
     arguments << file << folder.filePath(u"page"_s);
     outputOf(u"pdftoppm"_s, arguments);
     QImageReader::setAllocationLimit(0); // a page has a pixel for each dot
-    return QImage(folder.filePath(u"page.png"_s));
+    return QImage(folder.filePath(u"page.pgm"_s));
 }
 
 QString textIn(const std::vector<PdfWord>& words, int page, const QRectF& box)

@@ -21,6 +21,69 @@ class TypingReader(ShopTest):
         self.end(program)
         self.assertWhole()
 
+    def test_codes_typed_one_behind_the_other_are_scans_wherever_the_cursor_is(self):
+        codes = self.plain_codes(4)
+        program = self.open()
+        # After the first the cursor stands in a quantity, or will, when the window takes keys again.
+        self.screen.type("".join(f"{code}\n" for code in codes))
+        self.wait_receipts(len(codes))
+        self.assertEqual(codes, [code for code, in self.receipts("Code")])
+        program.wait_idle()
+        for way in (("Tab",), ("shift+Tab", "shift+Tab"), ("F2",)):  # other cells, buttons, an open editor
+            self.screen.press(*way)
+            self.screen.type(f"{codes[0]}\n")
+        self.wait_receipts(len(codes) + 3)
+        program.wait_idle()
+        defaults = {code: suu for code, suu in self.shop.rows("SELECT Code, NyuSuu FROM Master")}
+        for code, suu in self.receipts("Code", "NyuSuu"):
+            self.assertEqual(float(defaults[code]), float(suu), "no quantity has been touched")
+        self.end(program)  # nothing asks about unsaved cells
+        self.assertWhole()
+
+    def test_functions_are_understood_when_they_are_typed(self):
+        program = self.open()
+        self.screen.type("[1]\n")
+        self.screen.type(f"{self.plain_codes(1)[0]}\n")
+        self.screen.answer(desk.SHORTAGE_BOXES[0])
+        wait_for("a shipment", lambda: self.shop.count("OutTB") == 1)
+        program.wait_idle()
+        self.screen.type("[U]\n")
+        self.screen.wait_active(desk.END_DIALOG)
+        self.screen.press("Escape")
+        self.screen.wait_gone(desk.END_DIALOG)
+        self.end(program)
+
+    def test_a_typist_is_no_reader(self):
+        code = self.plain_codes(1)[0]
+        program = self.open()
+        self.screen.type(f"{code}\n")
+        self.wait_receipts(1)
+        program.wait_idle()
+        self.screen.type_by_hand("1234567")
+        self.screen.press("Return")
+        self.screen.press("ctrl+a")
+        self.screen.type_by_hand(f"{code}\n")
+        self.wait_receipts(2)
+        program.wait_idle()
+        self.assertEqual(2, self.shop.count("InpTB"))
+        self.screen.press("alt+F4")
+        self.screen.answer(desk.UNSAVED_BOX, "y")  # the quantity that was typed
+
+    def test_with_the_setting_off_typed_codes_go_where_the_cursor_is(self):
+        code = self.plain_codes(1)[0]
+        settings = self.shop.folder / "Ini" / "AppEnv.ini"
+        text = settings.read_text(encoding="utf-8").replace("[Reader]\n", "[Reader]\nTypedScan=0\n")
+        settings.write_text(text, encoding="utf-8")
+        program = self.open()
+        self.screen.type(f"{code}\n")
+        self.wait_receipts(1)
+        program.wait_idle()
+        self.screen.type("1234567\n")
+        program.wait_idle()
+        self.screen.type("12345678\n")  # the code field again: unregistered
+        self.screen.answer(desk.UNREGISTERED_BOX)
+        self.assertEqual(1, self.shop.count("InpTB"))
+
     def test_an_unknown_code_shows_the_box_and_the_next_one_is_stored(self):
         known = self.plain_codes(1)[0]
         program = self.open()

@@ -38,7 +38,7 @@ class Labels(ShopTest):
         folder = tempfile.TemporaryDirectory(prefix="suisui-home-")
         self.addCleanup(folder.cleanup)
         self.home = pathlib.Path(folder.name)
-        self.screen.environment["HOME"] = folder.name
+        self.screen.environment.update(HOME=folder.name, CUPS_SERVER="/none")
 
     def book(self, codes):
         for code in codes:

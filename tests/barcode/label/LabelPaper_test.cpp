@@ -224,15 +224,28 @@ TEST_F(LabelPaper, aCodeOfSixteenCharactersOfEveryKind_readsBack)
 TEST_F(LabelPaper, onAPrinterWithAMargin_theBarsStandAtTheSameMillimetres)
 {
     setup->margins = {18, 24, 18, 18};
-    const LabelJob job = jobOf(labelSheets[0]);
+    LabelJob job = jobOf(labelSheets[0]);
     const QStringList codes = codesFor(job, u"490123456700%1"_s);
     fill(codes);
+    job.eachRow = 2; // two pages, the second of rows 7 to 12
     print(job, 3);
-    const QImage page = pdfPicture(setup->file, 1, 600, true);
+    const QImage page = pdfPicture(setup->file, 2, 600, true);
     for (int i = 0; i < job.grid.capacity(); ++i) {
         const QPoint corner = placeInDots(job.grid.placeOf(i), {600, 600, 150, 200}) + QPoint(150, 200);
-        EXPECT_TRUE(barsStandAt(page, corner + QPoint(0, 20), codes.at(i), 6));
+        EXPECT_TRUE(barsStandAt(page, corner + QPoint(0, 20), codes.at(6 + i / 2), 6));
     }
+}
+
+TEST_F(LabelPaper, aMarginWiderThanTheStart_leavesTheBarsAtTheirMillimetres)
+{
+    setup->margins = {72, 72, 72, 72}; // an inch, the labels begin 10 mm from the corner
+    const LabelJob job = jobOf(labelSheets[3]);
+    fill({u"A1"_s});
+    print(job, 3);
+    const QImage page = pdfPicture(setup->file, 1, 600, true);
+    const QPoint corner = placeInDots(job.grid.placeOf(0), {600, 600, 600, 600}) + QPoint(600, 600);
+    EXPECT_TRUE(barsStandAt(page, corner + QPoint(0, 20), u"A1"_s, 6));
+    EXPECT_EQ(failures, 0);
 }
 
 TEST_F(LabelPaper, aCodeThatTheSymbologyCannotCarry_hasNoBars_andTheOthersStand)

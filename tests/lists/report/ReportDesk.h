@@ -59,6 +59,23 @@ inline QStringList rowTexts(const ReportTemplate& report, int row)
     return report.tab == Tab::Stock ? stockTexts(row) : movementTexts(row, report.tab == Tab::ShipmentList);
 }
 
+inline const ReportTemplate* const reports[] = {&rptList_Stock, &rptList_In, &rptList_Out};
+
+/// What a tab may have told its report.
+inline ReportHead sampleHead()
+{
+    return {.texts = {{u"LbDate", u"2026/11/21  08:05  現在"_s},
+                      {u"LbSYear", u"2026"_s},
+                      {u"LbSMonth", u"11"_s},
+                      {u"LbSDate", u"01"_s},
+                      {u"LbEYear", u"2026"_s},
+                      {u"LbEMonth", u"11"_s},
+                      {u"LbEDate", u"21"_s},
+                      {u"LbNyuka", u"株式会社 山田商店"_s},
+                      {u"LbSyouhin", u"（すべて）"_s},
+                      {u"LbTantou", u"（すべて）"_s}}};
+}
+
 /// A grid of \a rows rows for \a report.
 inline std::unique_ptr<vaSpread> filledGrid(const ReportTemplate& report, int rows)
 {

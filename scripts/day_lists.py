@@ -1,0 +1,79 @@
+"""The lists on the sample day: what has come in, what has gone out to one customer, the same summed by goods, and a
+slip of it handed to the slip program, which is played by a script here."""
+
+import os
+
+import desk
+
+TO_SLIP = 12  # tab stops behind the code field
+
+
+def _search(screen, program, picture, day):
+    """Enter on the search button shows the list, and the cursor is in it."""
+    screen.press("Return")
+    program.wait_idle()
+    day.picture(picture)
+
+
+def _receipts(day, shop, screen, reader, program):
+    reader.scan("[3]")
+    program.wait_idle()
+    screen.press("Return")  # an empty code field: no conditions
+    program.wait_idle()
+    _search(screen, program, "receipt-list", day)
+    print(f"scan [3], Enter, Enter  入荷一覧: {shop.count('InpTB')} rows, a subtotal for the day and the total")
+
+
+def _slip_program(shop):
+    """Stands where the slip program would, and keeps the file as it found it at its start."""
+    path = shop.folder / "exe" / "PrintRpt.exe"
+    path.write_text("#!/bin/sh\ncp FileCsv.csv printed.tmp && mv printed.tmp printed.csv\n", encoding="ascii")
+    os.chmod(path, 0o755)
+
+
+def _printed(shop):
+    """Lines of the slip that the slip program got."""
+    got = shop.folder / "exe" / "printed.csv"
+    desk.wait_for("the slip program was started", got.exists)
+    lines = got.read_bytes().decode("cp932").split("\r\n")[:-1]
+    got.unlink()
+    return lines
+
+
+def _slip(day, shop, screen, reader, program):
+    customer, name, rows = shop.rows("SELECT SyuSakiCD, SysName, count(*) FROM OutTB GROUP BY SyuSakiCD"
+                                     " ORDER BY count(*) DESC LIMIT 1")[0]
+    _slip_program(shop)
+    reader.scan("[4]")
+    program.wait_idle()
+    reader.scan(f"#{customer}#")
+    program.wait_idle()
+    _search(screen, program, "shipment-list", day)
+    print(f"scan [4], #{customer}#, Enter  出荷一覧: {rows} rows of {name}")
+
+    screen.press("Return", *["Tab"] * TO_SLIP, "Return")
+    lines = _printed(shop)
+    day.expect(f"headings, {rows} rows, a subtotal and the total are on the slip, not {len(lines)} lines",
+               len(lines) == rows + 3)
+    codes = [code for code, in shop.rows("SELECT Code FROM OutTB WHERE SyuSakiCD = ? ORDER BY SyuDate,"
+                                         " Name COLLATE NOCASE, Code", customer)]
+    day.expect("the slip carries the rows in their order", [line.split(",")[0] for line in lines[1:-2]] == codes)
+    told = shop.settings("SlipIni.ini")
+    day.expect("the slip program is told the customer",
+               (told["Slip", "CustomerCode"], told["Slip", "CustomerName"]) == (customer, name))
+    print("button 伝票            FileCsv.csv for the slip program:")
+    for line in lines:
+        print(f"                      {line}")
+    program.wait_idle()
+
+    reader.scan(f"#{customer}#")
+    program.wait_idle()
+    screen.press("shift+Tab", "space", "Tab")  # the box for sums, and back to the search button
+    program.wait_idle()
+    _search(screen, program, "shipment-sums", day)
+    print("box 商品で集計して表示   出荷一覧, summed by goods")
+
+
+def work(day, shop, screen, reader, program):
+    _receipts(day, shop, screen, reader, program)
+    _slip(day, shop, screen, reader, program)
