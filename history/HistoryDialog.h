@@ -33,7 +33,7 @@ protected:
 
     /// Timer1 stands still while a box is up or work is under way.
     void stopTimer() { m_scan->stop(); }
-    void restartTimer() { m_scan->resume(); }
+    void restartTimer() { m_scan->start(); }
     void unload();
 
     [[nodiscard]] FocusPaint& focusPaint() { return *m_focusPaint; }

@@ -13,6 +13,7 @@ import sys
 import time
 
 sys.dont_write_bytecode = True  # the source tree stays as it is
+import day_history
 import day_lists
 import day_labels
 import day_reports
@@ -154,6 +155,7 @@ def work(shop, screen, reader, pictures):
         day_lists.work(day, shop, screen, reader, program)
         day_reports.work(day, screen, reader, pictures)
         day_labels.work(day, screen, reader, pictures)
+        day_history.work(day, shop, screen, reader)
         day.end(program)
         day.expect(f"nothing is complained of, but: {program.said()}", not program.said())
 

@@ -123,40 +123,64 @@ std::string folded(std::string_view code)
     return text;
 }
 
+/// What movements make of a code's stock.
+struct Moved
+{
+    double net = 0;   ///< with the returns of receipts taken off, as postings have it
+    double gross = 0; ///< without, as the carry-forward has it
+
+    void add(double netQuantity, double grossQuantity)
+    {
+        net += netQuantity;
+        gross += grossQuantity;
+    }
+    /// Whether \a quantity is what they make. Once periods were saved it may be counted either way, movement
+    /// by movement: without returns up to the last save or load, with them since.
+    [[nodiscard]] bool make(double quantity, bool periodsWereSaved) const
+    {
+        const double other = periodsWereSaved ? gross : net;
+        return quantity > std::min(net, other) - tolerance && quantity < std::max(net, other) + tolerance;
+    }
+};
+
 /// What the movements now in the tables make of each code's stock.
-std::map<std::string, double> movedStock(const InpRec& receipts, const OutRec& shipments,
-                                         const HSeihinRec& parts)
+std::map<std::string, Moved> movedStock(const InpRec& receipts, const OutRec& shipments,
+                                        const HSeihinRec& parts)
 {
     std::multimap<std::string, std::pair<std::string, double>> components;
     for (int row = 1; row <= parts.Count(); ++row)
         components.emplace(folded(parts.get(row, HSeihinCol::Code)),
                            std::pair(folded(parts.get(row, HSeihinCol::HSeihinCD)),
                                      numberOf(parts.get(row, HSeihinCol::Suuryou))));
-    std::map<std::string, double> moved;
+    std::map<std::string, Moved> moved;
     for (int row = 1; row <= receipts.Count(); ++row) {
         const std::string code = folded(receipts.get(row, InpCol::Code));
-        const double net =
-            numberOf(receipts.get(row, InpCol::NyuSuu)) - numberOf(receipts.get(row, InpCol::Henkyaku));
-        moved[code] += net;
+        const double gross = numberOf(receipts.get(row, InpCol::NyuSuu));
+        const double net = gross - numberOf(receipts.get(row, InpCol::Henkyaku));
+        moved[code].add(net, gross);
         const auto [first, last] = components.equal_range(code);
         for (auto part = first; part != last; ++part)
-            moved[part->second.first] -= net * part->second.second;
+            moved[part->second.first].add(-net * part->second.second, -gross * part->second.second);
     }
-    for (int row = 1; row <= shipments.Count(); ++row)
-        moved[folded(shipments.get(row, OutCol::Code))] -= numberOf(shipments.get(row, OutCol::SyuSuu));
+    for (int row = 1; row <= shipments.Count(); ++row) {
+        const double shipped = numberOf(shipments.get(row, OutCol::SyuSuu));
+        moved[folded(shipments.get(row, OutCol::Code))].add(-shipped, -shipped);
+    }
     return moved;
 }
 
-void checkStock(AppDB& db, const ZaikoRec& stock, std::map<std::string, double> moved, Problems& problems)
+void checkStock(AppDB& db, const ZaikoRec& stock, std::map<std::string, Moved> moved, Problems& problems)
 {
+    const bool periodsWereSaved = db.RirekiTbl().CountRows("WHERE DateFrom='Trn'") > 0;
     for (int row = 1; row <= stock.Count(); ++row) {
         const std::string code = folded(stock.get(row, ZaikoCol::Code));
         const double figure = numberOf(stock.get(row, ZaikoCol::ZaikoSuu));
-        const double expected = numberOf(stock.get(row, ZaikoCol::KuriSuu)) + moved[code];
+        const double carried = numberOf(stock.get(row, ZaikoCol::KuriSuu));
+        const Moved made = moved[code];
         moved.erase(code);
-        if (std::abs(figure - expected) > tolerance)
+        if (!made.make(figure - carried, periodsWereSaved))
             problems.push_back("stock of " + std::string(stock.get(row, ZaikoCol::Code)) + " is "
-                               + CStr(figure) + ", its movements make " + CStr(expected));
+                               + CStr(figure) + ", its movements make " + CStr(carried + made.net));
     }
     MasterRec& master = db.MasterPost();
     std::map<std::string, bool> known;
@@ -166,8 +190,8 @@ void checkStock(AppDB& db, const ZaikoRec& stock, std::map<std::string, double> 
     master.Clear();
     // A code that is in neither table is skipped by the postings, so it owes nothing here either.
     for (const auto& [code, quantity] : moved)
-        if (std::abs(quantity) > tolerance && known.contains(code))
-            problems.push_back("no stock row for " + code + ", its movements make " + CStr(quantity));
+        if (std::abs(quantity.net) > tolerance && known.contains(code))
+            problems.push_back("no stock row for " + code + ", its movements make " + CStr(quantity.net));
 }
 
 } // namespace

@@ -13,7 +13,8 @@ class AppDB;
 ///
 /// For a code c: ZaikoSuu = KuriSuu + received - shipped - consumed. Received is NyuSuu less Henkyaku of its
 /// receipts, as postings have it; shipped is SyuSuu, since a shipment's returns never reach the stock;
-/// consumed is what receipts of products took of c as their component.
+/// consumed is what receipts of products took of c as their component. The carry-forward that goes with
+/// saving and loading periods counts NyuSuu alone, so from the first one on either is right.
 [[nodiscard]] std::vector<std::string> checkShop(AppDB& db);
 
 } // namespace suisui

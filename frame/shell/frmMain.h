@@ -22,8 +22,8 @@ class frmMain;
 
 namespace suisui {
 
-class BarPrt;
 class AppEnv;
+class BarPrt;
 class FocusPaint;
 struct ListPrinting;
 class MovementListPage;

@@ -29,12 +29,10 @@ public:
         m_timer1.start(intervalMs);
     }
 
-    /// The dialog stays and reads again.
-    void start() { m_timer1.start(); }
+    /// The dialog stays and reads again, whatever interval it began with.
+    void start() { m_timer1.start(1); }
     /// Interval 0: the dialog reads no more.
     void stop() { m_timer1.stop(); }
-    /// The dialog goes on waiting.
-    void resume() { m_timer1.start(1); }
 
 private:
     QTimer m_timer1;

@@ -30,11 +30,11 @@ class History(ShopTest):
             both = {"Code": code, "Name": "品", "Unit": "個", "TanCD": "01", "TanName": "山田", "InpDate": stamp,
                     "UpdDate": stamp}
             self.shop.add("InpTB", {**both, "NyuSuu": "0000005", "NyuPrice": "0000100", "NyuDate": day,
-                                    "NyuTime": "090000", "NyuNebiki": "0000000", "Henkyaku": "0000000"})
+                                    "NyuTime": "090000", "NyuNebiki": "0000000", "Henkyaku": "0000001"})
             self.shop.add("OutTB", {**both, "SyuSuu": "0000002", "SyuPrice": "0000150", "SyuDate": day,
                                     "SyuTime": "100000", "SyuNebiki": "0000000", "RHenkyaku": "0000000",
                                     "FHenkyaku": "0000000"})
-        self.shop.add("ZaikoTB", {"Code": code, "ZaikoSuu": str(3 * len(days)), "KuriSuu": "0",
+        self.shop.add("ZaikoTB", {"Code": code, "ZaikoSuu": str(2 * len(days)), "KuriSuu": "0",
                                   "InpDate": "20260101000000", "UpdDate": "20260101000000"})
 
     def movements(self):

@@ -100,6 +100,9 @@ TEST_F(TagDbTest, check_findsWrongStock_andWrongEncodings)
             "('A','-2','10','20260401090000','20260401090000')");
     EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Good) << out.str();
     execute("UPDATE ZaikoTB SET ZaikoSuu='9' WHERE Code='P'");
+    execute("INSERT INTO RirekiTB (DateFrom) VALUES ('Trn')");
+    EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Good) << "the return may be carried";
+    execute("DELETE FROM RirekiTB");
     execute("UPDATE InpTB SET NyuDate='2026/4/1', NyuPrice='50'");
     out.str({});
     EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Found);
