@@ -1,5 +1,5 @@
-// The whole program: from its start to its window, against a bare Qt window; and what it takes of a processor
-// while nobody does anything. Needs an X display.
+// The whole program: from its start to its window, against a bare Qt window; from a scan to its row; and what
+// it takes of a processor while nobody does anything. Needs an X display.
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -8,6 +8,7 @@
 
 #include <unistd.h>
 
+#include "benchmarks/BareSqlite.h"
 #include "benchmarks/BenchShop.h"
 #include "benchmarks/Measure.h"
 #include "platform/core/FindWindow.h"
@@ -84,16 +85,21 @@ double processorSeconds(qint64 pid)
            / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
+/// With the dialog open whose timer reads the port, or without.
 void IdleProgram(benchmark::State& state)
 {
     constexpr int seconds = 20;
-    const test::Pty pty;
+    test::Pty pty;
     const test::TempShop shop(QDir::tempPath());
     furnish(shop, pty.device());
     for ([[maybe_unused]] auto turn : state) {
         QProcess process;
         (void)toWindow(process, shop.base() + QStringLiteral("/suisuitag"), programTitle);
         QThread::sleep(2);
+        if (state.range(0) != 0) {
+            pty.write("[U]\r\n");
+            QThread::sleep(2);
+        }
         const double before = processorSeconds(process.processId());
         QThread::sleep(seconds);
         state.counters["percent_of_core"] = (processorSeconds(process.processId()) - before) / seconds * 100;
@@ -101,7 +107,38 @@ void IdleProgram(benchmark::State& state)
         process.waitForFinished();
     }
 }
-BENCHMARK(IdleProgram)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(IdleProgram)->ArgName("dialog")->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kSecond);
+
+/// From the last byte of a frame to the receipt that a second connection can see. A scan keeps the window for
+/// the rest of its second, so the next one is sent when that is over.
+void ScanToRow(benchmark::State& state)
+{
+    test::Pty pty;
+    const test::TempShop shop(QDir::tempPath());
+    furnish(shop, pty.device());
+    QProcess process;
+    (void)toWindow(process, shop.base() + QStringLiteral("/suisuitag"), programTitle);
+    QThread::sleep(2);
+    BareSqlite db(shop.databaseFile());
+    sqlite3_stmt* count = db.prepared("SELECT count(*) FROM InpTB");
+    const auto receipts = [&] { return std::stoi(BareSqlite::rows(count).at(0).at(0)); };
+    Samples times;
+    for ([[maybe_unused]] auto turn : state) {
+        const int before = receipts();
+        const double seconds = timed([&] {
+            pty.write(QByteArray(code) + "\r\n");
+            while (receipts() == before)
+                QThread::usleep(100);
+        });
+        times.add(seconds);
+        QThread::msleep(1300);
+    }
+    process.kill();
+    process.waitForFinished();
+    state.counters["median_ms"] = times.median() * 1e3;
+    state.counters["p99_ms"] = times.at(0.99) * 1e3;
+}
+BENCHMARK(ScanToRow)->Iterations(40)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

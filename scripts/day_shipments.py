@@ -58,10 +58,7 @@ def work(day, shop, screen, reader):
     # The cursor stands in the quantity of the new row: three pieces more, one of them returned in good order.
     quantity = round(float(shop.rows("SELECT SyuSuu FROM Master WHERE Code = ?", enough)[0][0])) + 3
     before = float(shop.stock()[enough])
-    screen.type(str(quantity))
-    screen.press(*["Tab"] * FROM_QUANTITY_TO_GOOD_RETURNS)
-    screen.type("1")
-    screen.press("Return")
+    reader.scan("{" + "}{".join(str(quantity)) + "}{TAB %d}{1}{ENTER}" % FROM_QUANTITY_TO_GOOD_RETURNS)
     day.picture("shipment-corrected")
     reader.scan("[I]")
     screen.answer(UPDATE, "y")
