@@ -292,7 +292,7 @@ RirekiDB::Result RirekiDB::run(const Job& job, const std::function<Result()>& wo
     } catch (const std::bad_alloc&) {
         error = RunTimeError::OutOfMemory;
     }
-    if (error && m_history) // the move had begun
+    if (error && m_progress > 0) // rows may be on their way
         rollBack();
     closeHistory();
     m_services.frame.unloadWait();

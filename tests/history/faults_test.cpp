@@ -2,6 +2,7 @@
 // lies about.
 #include <sys/stat.h>
 
+#include "platform/core/RunTimeError.h"
 #include "tests/history/FaultyDesk.h"
 
 namespace suisui::test {
@@ -10,7 +11,39 @@ namespace {
 
 const QString writeProtected = QStringLiteral("　　　書き込み禁止になっています。");
 
+/// Breaks as soon as it is asked for the time.
+class BrokenClock final : public Clock
+{
+public:
+    [[nodiscard]] QDateTime now() const override
+    {
+        throw RunTimeError(RunTimeError::InternalError, "no time");
+    }
+    [[nodiscard]] std::chrono::milliseconds steady() const override { return {}; }
+    void letPass(std::chrono::milliseconds /*span*/) override {}
+};
+
 } // namespace
+
+TEST(SaveFaults, errorWhenTheRowsHaveLeft_isReported_andBringsThemBack)
+{
+    FaultyDesk desk;
+    BrokenClock clock;
+    RirekiDB history(Services{desk.db, desk.ini, clock, desk.box, desk.frame}, desk.prompts,
+                     desk.emptyDatabase());
+    history.setHistoryExt(QStringLiteral("hst"));
+    desk.prompts.periods = {january};
+    desk.prompts.places = {{desk.folder(), {}, historyFileName(january, QStringLiteral("hst"))}};
+    const Lines before = desk.books();
+    EXPECT_EQ(history.save(), RirekiDB::Done);
+    ASSERT_EQ(desk.box.shown.size(), 1U);
+    EXPECT_TRUE(desk.box.shown[0].text.contains(QStringLiteral("(Err=51)")));
+    EXPECT_FALSE(desk.db.inUnit()) << "the next commit of a screen must not lose the rows";
+    desk.db.Commit();
+    EXPECT_EQ(desk.books(), before);
+    EXPECT_TRUE(desk.files().isEmpty());
+    EXPECT_FALSE(desk.frame.waitVisible());
+}
 
 TEST(SaveFaults, missingTemplate_isReported_withoutAReason)
 {
