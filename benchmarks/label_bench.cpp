@@ -154,6 +154,28 @@ void PageOnTheScreen(benchmark::State& state)
         benchmark::DoNotOptimize(drawPage(sheetsOf44(), rows.trial(), shop.ini, step, 1, {420, 594}));
 }
 
+/// Counting and drawing again after a key, in a grid as long as a shop's table: marks in every row.
+void KeyInALongGrid(benchmark::State& state)
+{
+    constexpr int rowsOfAShop = 100000;
+    vaSpread grid;
+    static constexpr std::array columns{SpreadColumn{.heading = "code"}, SpreadColumn{.heading = "name"},
+                                        SpreadColumn{.heading = "mark", .type = CellType::CheckBox}};
+    grid.setColumns(columns);
+    grid.setMaxRows(rowsOfAShop);
+    for (int row = 1; row <= rowsOfAShop; ++row) {
+        grid.SetText(1, row, std::to_string(4901234500000 + row));
+        grid.SetText(markColumn, row, std::string_view("1"));
+    }
+    const LabelRows rows(grid, markColumn, 0);
+    AppIni ini;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(labelsWanted(rows, 1, rows.count(), true, 1));
+        benchmark::DoNotOptimize(drawPage(sheetsOf44(), rows.trial(), ini, step, 1, {420, 594}));
+    }
+}
+
+BENCHMARK(KeyInALongGrid)->Unit(benchmark::kMillisecond);
 BENCHMARK(LabelsIntoPdf)->Unit(benchmark::kMillisecond)->Iterations(15);
 BENCHMARK(PageOnTheScreen)->Unit(benchmark::kMillisecond);
 

@@ -1,5 +1,7 @@
 #include "lists/ListPrinting.h"
 
+#include <QWidget>
+
 #include "lists/frmPriCheck_List.h"
 #include "platform/widgets/MsgBox.h"
 #include "platform/widgets/vaSpread.h"
@@ -20,6 +22,9 @@ void printList(const ReportTemplate& report, const vaSpread& grid, const HeadNow
     }
     frmPriCheck_List dialog(report, grid, head, printing, parent);
     dialog.exec();
+    // A box may have closed just before the dialog did; window managers then lose track of whose turn it is.
+    if (parent != nullptr)
+        parent->activateWindow();
 }
 
 } // namespace suisui

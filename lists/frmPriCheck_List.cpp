@@ -87,6 +87,7 @@ void frmPriCheck_List::CmdOK_Click()
     if (!choosePrinter()) {
         m_busy = false;
         m_scan->start();
+        activateWindow();
         return;
     }
     printPages(range);

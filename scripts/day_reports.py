@@ -1,7 +1,6 @@
 """The three lists of the sample day on paper: stock, receipts, shipments, each printed to a PDF."""
 
 import pathlib
-import subprocess
 import time
 
 import desk
@@ -15,6 +14,11 @@ def prepare(screen, folder):
     """No printer of this machine gets to see the day: the dialog offers a PDF in the folder instead."""
     screen.environment["CUPS_SERVER"] = "/none"
     screen.environment["HOME"] = str(pathlib.Path(folder).resolve())
+
+
+def wait_whole(file):
+    """Waits until a PDF is there to its last line."""
+    desk.wait_for(f"{file.name} is whole", lambda: file.exists() and file.read_bytes().rstrip().endswith(b"%%EOF"))
 
 
 def _print(day, screen, reader, folder, tab, name):
@@ -31,7 +35,7 @@ def _print(day, screen, reader, folder, tab, name):
     reader.scan("[P]")
     screen.answer(PRINTER, picture=pathlib.Path(folder) / "list-printer.png")
     screen.wait_gone(PAGES)
-    day.expect(f"{file.name} is there", file.read_bytes().rstrip().endswith(b"%%EOF"))
+    wait_whole(file)
     print(f"scan [F], [P]          {file.name}  {file.stat().st_size // 1024} KB")
 
 

@@ -61,9 +61,7 @@ public:
     {
         const auto modules = encodeCode128(text.toStdString());
         const BarFit fit = modules ? fitOf(modules->width) : BarFit::NotCarried;
-        if (fit != BarFit::Good && !result.codes.contains(text))
-            result.codes += text;
-        result.worst = std::max(result.worst, fit);
+        note(text, fit);
         if (fit == BarFit::NotCarried)
             drawCross();
         else
@@ -76,6 +74,17 @@ protected:
     [[nodiscard]] QPainter* painter() override { return m_painter.isActive() ? &m_painter : nullptr; }
 
 private:
+    /// Keeps the codes that are in the worst way.
+    void note(const QString& text, BarFit fit)
+    {
+        if (fit > result.worst) {
+            result.worst = fit;
+            result.codes.clear();
+        }
+        if (fit == result.worst && fit != BarFit::Good && !result.codes.contains(text))
+            result.codes += text;
+    }
+
     [[nodiscard]] BarFit fitOf(int moduleCount)
     {
         const std::int32_t module = barPitchDots(barPitch(), dotsPerInch);

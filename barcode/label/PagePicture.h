@@ -28,7 +28,7 @@ struct PagePicture
 {
     QImage image;
     BarFit worst = BarFit::Good;
-    QStringList codes;      ///< that are not good, each once
+    QStringList codes;      ///< that are as bad as the worst, each once
     bool badNumber = false; ///< a quantity is no number: the print would stop there
 };
 

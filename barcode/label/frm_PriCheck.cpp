@@ -99,12 +99,38 @@ void frm_PriCheck::nameTables()
 
 void frm_PriCheck::wire()
 {
+    wireSheets();
+    wireFields();
+    wirePicture();
+    connect(m_ui->CmdOK, &QPushButton::clicked, this, &frm_PriCheck::CmdOK_Click);
+    connect(m_ui->CmdEnd, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frm_PriCheck::wireSheets()
+{
     for (int sheet = 0; sheet < sheetChoices; ++sheet)
         connect(m_optYousi.at(static_cast<std::size_t>(sheet)), &QRadioButton::toggled, this,
                 [this, sheet](bool on) {
                     if (on)
                         optYousi_Click(sheet);
                 });
+    QWidget* before = m_ui->txtPage_1;
+    for (SheetPicture* sheet : m_pictures) {
+        connect(sheet, &SheetPicture::resized, this, &frm_PriCheck::refreshLater);
+        int position = 0;
+        for (QRadioButton* button : sheet->buttons()) {
+            connect(button, &QRadioButton::toggled, this, [this, start = position++](bool on) {
+                if (on && start < m_ui->cmbStart->count())
+                    m_ui->cmbStart->setCurrentIndex(start);
+            });
+            setTabOrder(before, button);
+            before = button;
+        }
+    }
+}
+
+void frm_PriCheck::wireFields()
+{
     for (KeyField* field : m_txtOnePageNum)
         connect(field, &QLineEdit::textChanged, this, [this] { txtOnePageNum_Change(); });
     for (KeyField* field : m_txtLine)
@@ -124,15 +150,11 @@ void frm_PriCheck::wire()
         connect(part->box, &QAbstractButton::toggled, this, [this] { followTicks(); });
     for (const Part& part : m_kinou)
         connect(part.box, &QAbstractButton::toggled, this, [this] { chkKinou_Click(); });
-    for (SheetPicture* sheet : m_pictures) {
-        connect(sheet, &SheetPicture::resized, this, &frm_PriCheck::refreshLater);
-        int position = 0;
-        for (QRadioButton* button : sheet->buttons())
-            connect(button, &QRadioButton::toggled, this, [this, start = position++](bool on) {
-                if (on && start < m_ui->cmbStart->count())
-                    m_ui->cmbStart->setCurrentIndex(start);
-            });
-    }
+}
+
+/// Whatever changes, the picture follows.
+void frm_PriCheck::wirePicture()
+{
     for (QLineEdit* field : findChildren<QLineEdit*>())
         connect(field, &QLineEdit::textChanged, this, &frm_PriCheck::refreshLater);
     for (QAbstractButton* button : findChildren<QAbstractButton*>())
@@ -150,8 +172,6 @@ void frm_PriCheck::wire()
         refreshPicture();
     });
     connect(m_ui->cmdLarge, &QToolButton::clicked, this, &frm_PriCheck::showLarge);
-    connect(m_ui->CmdOK, &QPushButton::clicked, this, &frm_PriCheck::CmdOK_Click);
-    connect(m_ui->CmdEnd, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 SheetPicture* frm_PriCheck::picture() const

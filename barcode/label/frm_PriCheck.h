@@ -82,6 +82,9 @@ protected:
 private:
     // Controls (frm_PriCheck.cpp).
     void wire();
+    void wireSheets();
+    void wireFields();
+    void wirePicture();
     void nameTables();
     void optYousi_Click(int sheet);
     void txtOnePageNum_Change();
@@ -103,6 +106,8 @@ private:
 
     // Keys (frm_PriCheckKeys.cpp).
     void wireKeys();
+    void wireLimits();
+    void wireSteps();
     void enterFrom(QWidget* widget);
     bool eventFilter(QObject* object, QEvent* event) override;
 

@@ -3,6 +3,7 @@
 
 #include <QKeyEvent>
 #include <QRadioButton>
+#include <QRegularExpressionValidator>
 
 #include "barcode/label/SheetPicture.h"
 #include "barcode/label/frm_PriCheck.h"
@@ -42,6 +43,17 @@ int measureKeyCheck(int& keyAscii)
 
 void frm_PriCheck::wireKeys()
 {
+    wireLimits();
+    wireSteps();
+    for (QAbstractButton* button : findChildren<QAbstractButton*>())
+        if (qobject_cast<QPushButton*>(button) == nullptr)
+            button->installEventFilter(this);
+    for (QComboBox* choice : {m_ui->cmbStart, m_ui->cmbBarPich})
+        choice->installEventFilter(this);
+}
+
+void frm_PriCheck::wireLimits()
+{
     Ui::frm_PriCheck& ui = *m_ui;
     const auto limit = [this](std::initializer_list<KeyField*> fields, KeyFilter filter, int length) {
         for (KeyField* field : fields)
@@ -61,10 +73,17 @@ void frm_PriCheck::wireKeys()
            ui.txtNameXYpoint_0, ui.txtNameXYpoint_1, ui.txtCodeXYpoint_0, ui.txtCodeXYpoint_1,
            ui.txtKinouXYpoint_0, ui.txtKinouXYpoint_1, ui.txtKinouXYpoint_2, ui.txtKinouXYpoint_3},
           measureKeyCheck, measureLength);
-    for (KeyField* field : m_txtOnePageNum)
-        field->setMaxLength(
-            countDigits); // a paste passes no key filter, and each label is an item of the list
+    // A paste passes no key filter, and each label of a page is an item of the list.
+    static const QRegularExpression digits(u"[0-9]*"_s);
+    for (KeyField* field : m_txtOnePageNum) {
+        field->setMaxLength(countDigits);
+        field->setValidator(new QRegularExpressionValidator(digits, field));
+    }
+}
 
+void frm_PriCheck::wireSteps()
+{
+    Ui::frm_PriCheck& ui = *m_ui;
     m_steps = {
         {ui.optPrint_0, {ui.txtPage_0}},
         {ui.optPrint_1, {ui.txtLine_0}},
@@ -96,12 +115,6 @@ void frm_PriCheck::wireKeys()
     };
     for (QRadioButton* sheet : m_optYousi)
         m_steps.push_back({sheet, {ui.txtPrtNum, ui.cmbStart, ui.txtXYpoint_1}});
-
-    for (QAbstractButton* button : findChildren<QAbstractButton*>())
-        if (qobject_cast<QPushButton*>(button) == nullptr)
-            button->installEventFilter(this);
-    for (QComboBox* choice : {ui.cmbStart, ui.cmbBarPich})
-        choice->installEventFilter(this);
 }
 
 void frm_PriCheck::enterFrom(QWidget* widget)

@@ -37,9 +37,9 @@ using TickBox = QCheckBox* Ui::frm_PriCheck::*;
 struct FieldCheck
 {
     Field field;
-    Must must;
     const char16_t* title;
     const char16_t* firstLine;
+    Must must;
     When when = When::Always;
     TickBox box = nullptr;
 };
@@ -48,53 +48,59 @@ using Form = Ui::frm_PriCheck;
 
 // In the order in which the operator is told.
 constexpr FieldCheck fieldChecks[] = {
-    {&Form::txtXYpoint_1, Must::BeANumber, u"印刷開始位置 ： 縦 エラー",
-     u"「印刷開始位置 ： 縦」 が 数値入力されていません。　　　"},
-    {&Form::txtXYpoint_0, Must::BeANumber, u"印刷開始位置 ： 横 エラー",
-     u"「印刷開始位置 ： 横」 が 数値入力されていません。　　　"},
-    {&Form::txtOnePageNum_0, Must::BeANumber, u"１ページ内の列数 エラー",
-     u"「１ページ内の列数」 が 数値入力されていません。　　　"},
-    {&Form::txtOnePageNum_0, Must::NotBeZero, u"１ページ内の列数 エラー",
-     u"「１ページ内の列数」 に ０ は入力できません。"},
-    {&Form::txtBarHeight, Must::BeANumber, u"線高 エラー", u"「線高」 が 数値入力されていません。　　　"},
-    {&Form::txtBarHeight, Must::NotRoundToZero, u"線高 エラー",
-     u"「線高」 に １ より小さい数値は入力できません。"},
-    {&Form::txtWHPich_1, Must::BeANumber, u"ラベル高 エラー",
-     u"「ラベル高」 が 数値入力されていません。　　　", When::Enabled},
-    {&Form::txtOnePageNum_1, Must::BeANumber, u"１ページ内の行数 エラー",
-     u"「１ページ内の行数」 が 数値入力されていません。　　　"},
-    {&Form::txtOnePageNum_1, Must::NotBeZero, u"１ページ内の行数 エラー",
-     u"「１ページ内の行数」 に ０ は入力できません。"},
-    {&Form::txtWHPich_0, Must::BeANumber, u"ラベル幅 エラー",
-     u"「ラベル幅」 が 数値入力されていません。　　　", When::Enabled},
-    {&Form::txtNameXYpoint_0, Must::BeANumber, u"名称印刷 ： 横 エラー",
-     u"「名称印刷 ： 横」 が 数値入力されていません。　　　", When::Ticked, &Form::chkName},
-    {&Form::txtNameXYpoint_1, Must::BeANumber, u"名称印刷 ： 縦 エラー",
-     u"「名称印刷 ： 縦」 が 数値入力されていません。　　　", When::Ticked, &Form::chkName},
-    {&Form::txtCodeXYpoint_0, Must::BeANumber, u"コード印刷 ： 横 エラー",
-     u"「コード印刷 ： 横」 が 数値入力されていません。　　　", When::Ticked, &Form::chkCode},
-    {&Form::txtCodeXYpoint_1, Must::BeANumber, u"コード印刷 ： 縦 エラー",
-     u"「コード印刷 ： 縦」 が 数値入力されていません。　　　", When::Ticked, &Form::chkCode},
-    {&Form::txtKinouXYpoint_0, Must::BeANumber, u"画面切替 印刷 ： 横 エラー",
-     u"「画面切替 印刷 ： 横」 が 数値入力されていません。　　　", When::Ticked, &Form::chkKinou_0},
-    {&Form::txtKinouXYpoint_1, Must::BeANumber, u"画面切替 印刷 ： 縦 エラー",
-     u"「画面切替 印刷 ： 縦」 が 数値入力されていません。　　　", When::Ticked, &Form::chkKinou_0},
-    {&Form::txtKinouXYpoint_2, Must::BeANumber, u"検索機能 印刷 ： 横 エラー",
-     u"「検索機能 印刷 ： 横」 が 数値入力されていません。　　　", When::Ticked, &Form::chkKinou_1},
-    {&Form::txtKinouXYpoint_3, Must::BeANumber, u"検索機能 印刷 ： 縦 エラー",
-     u"「検索機能 印刷 ： 縦」 が 数値入力されていません。　　　", When::Ticked, &Form::chkKinou_1},
-    {&Form::txtPrtNum, Must::BeANumber, u"ラベル印刷枚数 エラー",
-     u"「ラベル印刷枚数」 が 数値入力されていません。　　　"},
+    {&Form::txtXYpoint_1, u"印刷開始位置 ： 縦 エラー",
+     u"「印刷開始位置 ： 縦」 が 数値入力されていません。　　　", Must::BeANumber},
+    {&Form::txtXYpoint_0, u"印刷開始位置 ： 横 エラー",
+     u"「印刷開始位置 ： 横」 が 数値入力されていません。　　　", Must::BeANumber},
+    {&Form::txtOnePageNum_0, u"１ページ内の列数 エラー",
+     u"「１ページ内の列数」 が 数値入力されていません。　　　", Must::BeANumber},
+    {&Form::txtOnePageNum_0, u"１ページ内の列数 エラー", u"「１ページ内の列数」 に ０ は入力できません。",
+     Must::NotBeZero},
+    {&Form::txtBarHeight, u"線高 エラー", u"「線高」 が 数値入力されていません。　　　", Must::BeANumber},
+    {&Form::txtBarHeight, u"線高 エラー", u"「線高」 に １ より小さい数値は入力できません。",
+     Must::NotRoundToZero},
+    {&Form::txtWHPich_1, u"ラベル高 エラー", u"「ラベル高」 が 数値入力されていません。　　　",
+     Must::BeANumber, When::Enabled},
+    {&Form::txtOnePageNum_1, u"１ページ内の行数 エラー",
+     u"「１ページ内の行数」 が 数値入力されていません。　　　", Must::BeANumber},
+    {&Form::txtOnePageNum_1, u"１ページ内の行数 エラー", u"「１ページ内の行数」 に ０ は入力できません。",
+     Must::NotBeZero},
+    {&Form::txtWHPich_0, u"ラベル幅 エラー", u"「ラベル幅」 が 数値入力されていません。　　　",
+     Must::BeANumber, When::Enabled},
+    {&Form::txtNameXYpoint_0, u"名称印刷 ： 横 エラー",
+     u"「名称印刷 ： 横」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked, &Form::chkName},
+    {&Form::txtNameXYpoint_1, u"名称印刷 ： 縦 エラー",
+     u"「名称印刷 ： 縦」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked, &Form::chkName},
+    {&Form::txtCodeXYpoint_0, u"コード印刷 ： 横 エラー",
+     u"「コード印刷 ： 横」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkCode},
+    {&Form::txtCodeXYpoint_1, u"コード印刷 ： 縦 エラー",
+     u"「コード印刷 ： 縦」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkCode},
+    {&Form::txtKinouXYpoint_0, u"画面切替 印刷 ： 横 エラー",
+     u"「画面切替 印刷 ： 横」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkKinou_0},
+    {&Form::txtKinouXYpoint_1, u"画面切替 印刷 ： 縦 エラー",
+     u"「画面切替 印刷 ： 縦」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkKinou_0},
+    {&Form::txtKinouXYpoint_2, u"検索機能 印刷 ： 横 エラー",
+     u"「検索機能 印刷 ： 横」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkKinou_1},
+    {&Form::txtKinouXYpoint_3, u"検索機能 印刷 ： 縦 エラー",
+     u"「検索機能 印刷 ： 縦」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkKinou_1},
+    {&Form::txtPrtNum, u"ラベル印刷枚数 エラー", u"「ラベル印刷枚数」 が 数値入力されていません。　　　",
+     Must::BeANumber},
 };
 
 // The same for the range of rows.
 constexpr FieldCheck rowChecks[] = {
-    {&Form::txtLine_0, Must::BeANumber, u"印刷開始行 エラー",
-     u"「印刷開始行」 が 数値入力されていません。　　　"},
-    {&Form::txtLine_0, Must::NotBeZero, u"印刷開始行 エラー", u"「印刷開始行」 に ０ は入力できません。"},
-    {&Form::txtLine_1, Must::BeANumber, u"印刷最終行 エラー",
-     u"「印刷最終行」 が 数値入力されていません。　　　"},
-    {&Form::txtLine_1, Must::NotBeZero, u"印刷最終行 エラー", u"「印刷最終行」 に ０ は入力できません。"},
+    {&Form::txtLine_0, u"印刷開始行 エラー", u"「印刷開始行」 が 数値入力されていません。　　　",
+     Must::BeANumber},
+    {&Form::txtLine_0, u"印刷開始行 エラー", u"「印刷開始行」 に ０ は入力できません。", Must::NotBeZero},
+    {&Form::txtLine_1, u"印刷最終行 エラー", u"「印刷最終行」 が 数値入力されていません。　　　",
+     Must::BeANumber},
+    {&Form::txtLine_1, u"印刷最終行 エラー", u"「印刷最終行」 に ０ は入力できません。", Must::NotBeZero},
 };
 
 const QString noNumber = u"\r\n\r\n数値入力した後に、再度、印刷して下さい。"_s;

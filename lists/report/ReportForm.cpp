@@ -13,7 +13,7 @@ constexpr double inches(int twips)
 }
 
 // Light enough for black texts on a printer without colours.
-constexpr QRgb bandColour = qRgb(255, 255, 204);
+constexpr QRgb bandColour = qRgb(255, 248, 190);
 constexpr QRgb titleColour = qRgb(226, 230, 238);
 
 FormLabel labelOf(const TwipBox& box, int down = 0)

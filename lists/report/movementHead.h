@@ -34,14 +34,14 @@ inline constexpr FixedText movementHead[] = {
 
 // The frame stands outside the bands, which reach from 1110 to 15990.
 inline constexpr FixedLine movementLines[] = {
-    {1093, 1560, 1093, 11117, 2}, {1093, 420, 16007, 420, 3}, {15990, 1560, 15990, 11117, 2},
-    {1093, 1543, 16007, 1543, 2}, {1110, 2394, 15990, 2394},  {1093, 11100, 16007, 11100, 2},
+    {1093, 1560, 1093, 11117, 2}, {1093, 420, 16007, 420, 3},   {15990, 1560, 15990, 11117, 2},
+    {1093, 1543, 16007, 1543, 2}, {1110, 2383, 15990, 2383, 2}, {1093, 11100, 16007, 11100, 2},
 };
 
 inline constexpr int movementRows = 10;
 inline constexpr int movementPitch = 870;
 inline constexpr FixedLine movementLnIn{1110, 3270, 15990, 3270};
 inline constexpr TwipBox movementBand{1110, 2400, 14880, 300};
-inline constexpr TwipBox movementTitleBand{1110, 1560, 14880, 834};
+inline constexpr TwipBox movementTitleBand{1110, 1560, 14880, 823};
 
 } // namespace suisui

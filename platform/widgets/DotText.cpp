@@ -70,6 +70,10 @@ void DotText::draw(QPainter& painter, double x, double y, const QString& text, d
     if (text.isEmpty())
         return;
     const Run made = run(text, 0);
+    if (made.whole && stretch == 1) {
+        drawRun(painter, x, y, made); // no change of state, which costs a page time and bytes
+        return;
+    }
     painter.save();
     painter.translate(x, y);
     painter.scale(stretch, 1);

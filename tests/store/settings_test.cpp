@@ -90,6 +90,18 @@ TEST_F(SettingsTest, rememberedValuesSurvive_andLeaveTheRestOfTheFile)
     EXPECT_TRUE(read(u"AppIni.ini"_s).startsWith("; ours\r\n"));
 }
 
+TEST_F(SettingsTest, labelSettings_areStoredAllAtOnce_inTheirOrder)
+{
+    AppIni ini = words();
+    QStringList values;
+    for (qsizetype i = 0; i < AppIni::labelSettingNames().size(); ++i)
+        values += QString::number(i);
+    EXPECT_TRUE(ini.setLabelSettings(2, values));
+    for (qsizetype i = 0; i < values.size(); ++i)
+        EXPECT_EQ(words().labelSetting(2, AppIni::labelSettingNames().at(i)), values.at(i));
+    EXPECT_EQ(words().labelSetting(1, AppIni::labelSettingNames().first()), QString());
+}
+
 TEST_F(SettingsTest, environmentOfAFirstStart_isEmpty_andRemembersTheDate)
 {
     AppEnv env(dir.path());

@@ -35,6 +35,7 @@ class Reports(ShopTest):
         return program
 
     def words(self, file):
+        day_reports.wait_whole(file)
         return subprocess.run(["pdftotext", "-layout", str(file), "-"], check=True, capture_output=True,
                               encoding="utf-8").stdout
 
@@ -42,7 +43,7 @@ class Reports(ShopTest):
         program = self.open_list()
         self.reader.scan("[F]")
         self.screen.wait_active(PAGES)
-        self.screen.press("Return", "Return", "Return")  # first page, last page, the button
+        self.screen.press("Return", "KP_Enter", "Return")  # first page, last page, the button
         self.screen.answer(PRINTER)
         self.screen.wait_gone(PAGES)
         text = self.words(self.file)
@@ -62,7 +63,7 @@ class Reports(ShopTest):
         self.screen.answer(PRINTER, "Escape")
         self.screen.wait_active(PAGES)
         self.assertFalse(self.file.exists())
-        self.screen.press("2", "Return", "Return", "Return")  # the second page alone
+        self.screen.press("2", "Return", "KP_Enter", "Return")  # the second page alone
         self.screen.answer(PRINTER)
         self.screen.wait_gone(PAGES)
         self.assertEqual(1, self.words(self.file).count("\f"))

@@ -75,6 +75,15 @@ struct LabelDialogDesk
         return *dialog;
     }
 
+    /// The free sheet of two by six with every box ticked, so that every field counts.
+    void openWithEverything()
+    {
+        open();
+        sheet(4);
+        button("chkKinou_0")->setChecked(true);
+        button("chkKinou_1")->setChecked(true);
+    }
+
     template <typename Widget> [[nodiscard]] Widget* find(const char* name) const
     {
         auto* widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
@@ -110,5 +119,10 @@ struct LabelDialogDesk
     QString scan; ///< the next line of the reader
     std::unique_ptr<frm_PriCheck> dialog;
 };
+
+[[nodiscard]] inline std::vector<LabelledRow> oneRowOf(const char* quantity)
+{
+    return {{"A", quantity}};
+}
 
 } // namespace suisui::test

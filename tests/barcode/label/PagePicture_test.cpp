@@ -118,6 +118,12 @@ TEST(PagePicture, aCodeInJapanese_isCrossedOut)
     EXPECT_TRUE(hasColor(page.image, isRed));
 }
 
+TEST(PagePicture, namesTheCodesThatAreWorstOff)
+{
+    Preview preview(Rows{{"ABCDEFGHIJKLMNOP", "1"}, {"鉛筆", "2"}, {"A1", "1"}, {"消しゴム", "1"}});
+    EXPECT_EQ(preview.draw().codes, (QStringList{u"鉛筆"_s, u"消しゴム"_s}));
+}
+
 TEST(PagePicture, functionCodesThatRunIntoTheLabels_areRed)
 {
     Preview preview(Rows{{"4901234567894", "12"}});
