@@ -233,6 +233,17 @@ TEST(FileDialog, folderThatCannotBeReached_isTold_andTheOneBeforeStays)
     EXPECT_TRUE(eventually([&] { return tree.currentIndex().data().toString() == u"old"_s; }));
 }
 
+TEST(FileDialog, folderThatIsGoneAtTheDecision_isTold)
+{
+    FileDesk desk;
+    desk.open(true);
+    ASSERT_TRUE(QDir(desk.folder()).removeRecursively());
+    press(*desk.dialog, u"CmdOK"_s);
+    EXPECT_EQ(desk.said().title, u"フォルダの準備エラー"_s);
+    EXPECT_TRUE(desk.dialog->isVisible());
+    desk.expectNothingTaken();
+}
+
 TEST(FileDialog, showsTheUsersFolders_whereTheyAre)
 {
     FileDesk desk;
