@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 
+#include "frame/support/ShowModal.h"
 #include "history/frmRirekiFileExt.h"
 #include "history/frmRirekiFromTo.h"
 #include "history/frm_DirFile.h"
@@ -11,12 +12,11 @@ namespace suisui {
 namespace {
 
 /// Shows \a dialog until it is answered. The window behind it is busy, the dialog is not.
-void ask(QDialog& dialog, QWidget& window)
+void ask(QDialog& dialog)
 {
     QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-    dialog.exec();
+    showModal(dialog);
     QGuiApplication::restoreOverrideCursor();
-    window.activateWindow(); // without a window manager nothing else does
 }
 
 } // namespace
@@ -31,14 +31,14 @@ ScreenPrompts::ScreenPrompts(AppDB& db, const AppIni& ini, const AppEnv& env, co
 QString ScreenPrompts::askExtension()
 {
     frmRirekiFileExt dialog(m_msgBox, m_readLine, &m_window);
-    ask(dialog, m_window);
+    ask(dialog);
     return dialog.HistoryExt();
 }
 
 std::optional<Period> ScreenPrompts::askPeriod()
 {
     frmRirekiFromTo dialog(m_db, m_clock, m_msgBox, m_readLine, &m_window);
-    ask(dialog, m_window);
+    ask(dialog);
     if (dialog.DateFrom().empty())
         return std::nullopt;
     return Period{dialog.DateFrom(), dialog.DateTo()};
@@ -47,7 +47,7 @@ std::optional<Period> ScreenPrompts::askPeriod()
 Place ScreenPrompts::askPlace(const PlaceQuestion& question)
 {
     frm_DirFile dialog(question, m_ini, m_env, m_msgBox, m_readLine, &m_window);
-    ask(dialog, m_window);
+    ask(dialog);
     return dialog.place();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "frame/support/ShowModal.h"
 #include "lists/frmPriCheck_List.h"
 #include "platform/widgets/MsgBox.h"
 #include "platform/widgets/vaSpread.h"
@@ -21,10 +22,7 @@ void printList(const ReportTemplate& report, const vaSpread& grid, const HeadNow
         return;
     }
     frmPriCheck_List dialog(report, grid, head, printing, parent);
-    dialog.exec();
-    // A box may have closed just before the dialog did; window managers then lose track of whose turn it is.
-    if (parent != nullptr)
-        parent->activateWindow();
+    showModal(dialog);
 }
 
 } // namespace suisui

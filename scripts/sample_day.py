@@ -14,10 +14,11 @@ import time
 
 sys.dont_write_bytecode = True  # the source tree stays as it is
 import day_history
-import day_lists
 import day_labels
+import day_lists
 import day_reports
 import day_shipments
+import day_stock
 import desk
 
 STAFF, PARTNER = "02", "102"
@@ -152,6 +153,7 @@ def work(shop, screen, reader, pictures):
         day.goods(product)
         day.picture("product")
         day_shipments.work(day, shop, screen, reader)
+        day_stock.work(day, shop, reader)
         day_lists.work(day, shop, screen, reader, program)
         day_reports.work(day, screen, reader, pictures)
         day_labels.work(day, screen, reader, pictures)

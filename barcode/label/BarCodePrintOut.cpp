@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 
 #include "barcode/label/frm_PriCheck.h"
+#include "frame/support/ShowModal.h"
 #include "platform/widgets/MsgBox.h"
 #include "platform/widgets/vaSpread.h"
 #include "store/AppIni.h"
@@ -32,7 +33,7 @@ void showDialog(const LabelDesk& desk, const LabelSource& source)
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     frm_PriCheck dialog(source, {desk.ini, desk.msgBox, desk.barPrt, desk.readLine}, desk.form);
     QGuiApplication::restoreOverrideCursor();
-    dialog.exec();
+    showModal(dialog);
 }
 
 LabelSource entryRows(int mode, vaSpread& grid, int checkCol, int qtyCol)

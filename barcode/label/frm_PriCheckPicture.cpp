@@ -8,6 +8,7 @@
 #include "barcode/label/PagePicture.h"
 #include "barcode/label/SheetPicture.h"
 #include "barcode/label/frm_PriCheck.h"
+#include "frame/support/ShowModal.h"
 #include "store/AppIni.h"
 #include "ui_frm_PriCheck.h"
 
@@ -97,7 +98,7 @@ void frm_PriCheck::showLarge()
     layout->addWidget(area);
     large.resize(size.width() + 40, height());
     m_scan->stop(); // its codes are meant for the form behind
-    large.exec();
+    showModal(large);
     m_scan->start();
 }
 

@@ -5,6 +5,7 @@
 #include <QDir>
 
 #include "frame/shell/frm_End.h"
+#include "frame/support/ShowModal.h"
 #include "lists/ListPrinting.h"
 #include "platform/core/AwayFromLoop.h"
 #include "platform/core/DoEvents.h"
@@ -188,7 +189,7 @@ void Main_Module::mainLoop()
 bool Main_Module::askEnd()
 {
     frm_End dialog([this] { return m_barcode ? m_barcode->line() : QString(); }, m_frmMain.get());
-    dialog.exec();
+    showModal(dialog);
     return dialog.result();
 }
 
