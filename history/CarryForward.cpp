@@ -31,10 +31,14 @@ constexpr std::array<std::string_view, 3> sums{
 int carryForward(AppDB& db, const std::string& stamp, const std::function<void()>& stepDone)
 {
     const std::string now = inQuotes(stamp);
-    const std::string before = "iif(UpdDate = " + now + ", CDbl(KuriSuu), CDbl(ZaikoSuu))";
+    const std::string set = "UPDATE ZaikoTB SET KuriSuu = CStr(iif(UpdDate = " + now
+                            + ", CDbl(KuriSuu), CDbl(ZaikoSuu)) + Movements.Moved), UpdDate = " + now
+                            + " FROM (";
     for (const std::string_view sum : sums) {
-        db.Execute("UPDATE ZaikoTB SET KuriSuu = CStr(" + before + " + Movements.Moved), UpdDate = " + now
-                   + " FROM (" + std::string(sum) + ") AS Movements WHERE Movements.Item = ZaikoTB.rowid");
+        std::string statement = set;
+        statement += sum;
+        statement += ") AS Movements WHERE Movements.Item = ZaikoTB.rowid";
+        db.Execute(statement);
         if (db.LastStatus() != 0)
             return db.LastStatus();
         stepDone();

@@ -31,6 +31,7 @@ struct RirekiDB::Job
 
 namespace {
 
+constexpr int looksForASecond = 20;
 constexpr Side sides[] = {Side::Receipt, Side::Shipment};
 
 const QString deviceNotReady = u"　　　デバイス（ドライブ）の準備ができていません。"_s;
@@ -291,7 +292,7 @@ RirekiDB::Result RirekiDB::run(const Job& job, const std::function<Result()>& wo
     } catch (const std::bad_alloc&) {
         error = RunTimeError::OutOfMemory;
     }
-    if (error && m_history) // the move had begun
+    if (error && m_progress > 0) // rows may be on their way
         rollBack();
     closeHistory();
     m_services.frame.unloadWait();
@@ -361,9 +362,23 @@ void RirekiDB::clearRows()
 
 RirekiDB::Result RirekiDB::carry()
 {
-    const std::string stamp = stampOf(m_services.clock.now());
+    const std::string stamp = freshStamp();
     const auto stepDone = [this] { inLoop([this] { advance(); }); };
     return away([&] { return carryForward(m_services.db, stamp, stepDone); }) == 0 ? Done : Failed;
+}
+
+/// Now, or the next second when a stock row carries this one: it would be taken for a row that the
+/// computation has been at already.
+std::string RirekiDB::freshStamp()
+{
+    std::string stamp = stampOf(m_services.clock.now());
+    for (int look = 0; look < looksForASecond; ++look) {
+        if (m_services.db.ZaikoTbl().CountRows("Where UpdDate = " + inQuotes(stamp)) <= 0)
+            break;
+        m_services.clock.letPass(std::chrono::milliseconds(1000 / looksForASecond));
+        stamp = stampOf(m_services.clock.now());
+    }
+    return stamp;
 }
 
 RirekiDB::Result RirekiDB::commit(AppDB& db)

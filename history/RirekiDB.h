@@ -58,6 +58,7 @@ private:
     [[nodiscard]] Result bringBack(Side side);
     [[nodiscard]] Result strikePeriod();
     [[nodiscard]] Result carry();
+    [[nodiscard]] std::string freshStamp();
     [[nodiscard]] Result commit(AppDB& db);
     [[nodiscard]] Result openHistory(const std::string& path, bool toFill);
     void closeHistory();

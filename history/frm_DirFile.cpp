@@ -158,10 +158,7 @@ void frm_DirFile::DirList_Change(const QModelIndex& current)
         return;
     if (!canBeReached(folder)) {
         const QString back = m_folder;
-        refuse(
-            u"フォルダの準備エラー"_s,
-            folder
-                + u"\r\n\r\nフォルダの準備ができていません。\r\n\r\n準備した後に、再度、選択して下さい。　　"_s);
+        refuseFolder(folder);
         // The tree is in the middle of its own change.
         QMetaObject::invokeMethod(
             this, [this, back] { goTo(back); }, Qt::QueuedConnection);
@@ -203,6 +200,10 @@ void frm_DirFile::CmdOK_Click()
     const QString name = m_ui->txtFileName->text().trimmed();
     if (!nameIsGood(name) || (m_question.saveMode && !isFree(name)))
         return;
+    if (!canBeReached(m_folder)) { // a stick may have been pulled out meanwhile
+        refuseFolder(m_folder);
+        return;
+    }
     if (m_msgBox.show({u"決定の確認"_s, u"「決定」 します。　よろしいですか？　　　　"_s, BoxIcon::Question,
                        BoxButtons::YesNo})
         != BoxAnswer::Yes) {
@@ -246,6 +247,14 @@ bool frm_DirFile::isFree(const QString& name)
         u"ファイル 既存エラー"_s,
         u"同じファイル名のファイルが既に存在します。　　　\r\n\r\n　保存先の 「フォルダ （ディレクトリ）」 を変更した後に　　　\r\n　再度、決定して下さい。"_s);
     return false;
+}
+
+void frm_DirFile::refuseFolder(const QString& folder)
+{
+    refuse(
+        u"フォルダの準備エラー"_s,
+        folder
+            + u"\r\n\r\nフォルダの準備ができていません。\r\n\r\n準備した後に、再度、選択して下さい。　　"_s);
 }
 
 void frm_DirFile::refuse(const QString& title, const QString& text)

@@ -47,6 +47,7 @@ private:
     void DirList_Change(const QModelIndex& current);
     void FileList_Click();
     void showFiles();
+    void refuseFolder(const QString& folder);
     void refuse(const QString& title, const QString& text);
     [[nodiscard]] bool nameIsGood(const QString& name);
     [[nodiscard]] bool isFree(const QString& name);

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "store/Numbers.h"
+#include "store/Stamps.h"
 #include "tests/support/HistoryDesk.h"
 #include "tests/support/Seed.h"
 
@@ -244,6 +245,25 @@ TEST(Load, ofTwoPeriodsInEitherOrder_givesTheSameTables)
         else
             EXPECT_EQ(all, first);
     }
+}
+
+TEST(SaveAndLoad, withinTheSecondOfAPosting_orOfEachOther_carryTheRightStock)
+{
+    HistoryDesk desk;
+    desk.shop->add(zaikoTable, {"A", "13", "999", "20260101000000", "20260401090000"}); // posted this second
+    desk.receipt("A", "0000010", "20260101", "20260101090000");
+    desk.receipt("A", "0000003", "20260201", "20260201090000");
+    ASSERT_EQ(stampOf(desk.clock.now()), "20260401090000");
+    const QDateTime start = desk.clock.now();
+    ASSERT_EQ(desk.save(january), RirekiDB::Done);
+    EXPECT_EQ(desk.stockColumn("KuriSuu"), Lines{"A|10"});
+    const std::string carriedAt = desk.shop->query("SELECT UpdDate FROM ZaikoTB").front();
+    EXPECT_NE(carriedAt, "20260401090000");
+    desk.clock.setNow(
+        QDateTime::fromString(QString::fromStdString(carriedAt), QStringLiteral("yyyyMMddHHmmss")));
+    ASSERT_EQ(desk.load(january), RirekiDB::Done);
+    EXPECT_EQ(desk.stockColumn("KuriSuu"), Lines{"A|0"});
+    EXPECT_LT(start.secsTo(desk.clock.now()), 10);
 }
 
 TEST(Save, ofAnOverlappingPeriod_takesOnlyWhatIsStillInTheTables)

@@ -1,0 +1,76 @@
+// A dialog of the history on the screen, with an operator and a reader who do as they are told.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QPushButton>
+#include <QTest>
+
+#include "frame/support/DialogScan.h"
+#include "tests/support/HistoryDesk.h"
+
+namespace suisui::test {
+
+/// What the reader sends while the dialog waits.
+struct Scans
+{
+    std::deque<QString> lines;
+    QString operator()()
+    {
+        if (lines.empty())
+            return {};
+        const QString line = lines.front();
+        lines.pop_front();
+        return line;
+    }
+};
+
+template <typename Widget> Widget& control(const QDialog& dialog, const QString& name)
+{
+    auto* found = dialog.findChild<Widget*>(name);
+    if (found == nullptr)
+        throw std::runtime_error("no control " + name.toStdString());
+    return *found;
+}
+
+inline void press(const QDialog& dialog, const QString& button)
+{
+    control<QPushButton>(dialog, button).click();
+}
+
+struct DialogDesk : HistoryDesk
+{
+    Scans scans;
+    DialogScan::ReadLine readLine = [this] { return scans(); };
+
+    void show(QDialog& dialog)
+    {
+        dialog.show();
+        dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    }
+    /// The one box that was shown; forgotten afterwards.
+    Box said()
+    {
+        EXPECT_EQ(box.shown.size(), 1U);
+        Box last = box.shown.empty() ? Box() : box.shown.back();
+        box.shown.clear();
+        return last;
+    }
+    void listPeriod(const std::string& from, const std::string& to)
+    {
+        shop->add(rirekiTable, {from, to, "hst", "98304", "20260301000000"});
+    }
+};
+
+inline void expectBox(const Box& box, const QString& title, const QString& text, BoxIcon icon = BoxIcon::Stop,
+                      BoxButtons buttons = BoxButtons::Ok, BoxAnswer defaultButton = BoxAnswer::None)
+{
+    EXPECT_EQ(box.title, title);
+    EXPECT_EQ(box.text, text);
+    EXPECT_EQ(box.icon, icon);
+    EXPECT_EQ(box.buttons, buttons);
+    EXPECT_EQ(box.defaultButton, defaultButton);
+}
+
+} // namespace suisui::test
