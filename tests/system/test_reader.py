@@ -57,7 +57,7 @@ class Reader(ShopTest):
         known = self.plain_codes(1)[0]
         self.shop.add("InpTB", [{"Code": known, "NyuSuu": "0000000", "NyuPrice": "0000000", "NyuNebiki": "0000000",
                                  "Henkyaku": "0000000", "NyuDate": self.today(), "NyuTime": "000000",
-                                 "InpDate": f"{i:014d}"} for i in range(20000)])
+                                 "InpDate": f"{i:014d}", "UpdDate": f"{i:014d}"} for i in range(20000)])
         program = self.start()
         self.screen.answer(MANY_ROWS_BOX)  # the first sight of the tab
         self.reader.scan("[E]")
