@@ -20,7 +20,7 @@ def work(day, shop, screen, reader):
     reader.scan("[Q]")
     screen.wait_active(EXTENSION_DIALOG)
     day.picture("history-extension")
-    screen.type(EXTENSION + "\n\n")  # Enter moves to the button, Enter presses it
+    reader.scan("{" + "}{".join(EXTENSION) + "}{ENTER 2}")  # Enter moves to the button, Enter presses it
     screen.wait_active(PERIOD_DIALOG)
     day.picture("history-period")
     reader.scan("[P]")
@@ -46,7 +46,7 @@ def work(day, shop, screen, reader):
     reader.scan("[S]")
     screen.wait_active(FILE_DIALOG)
     day.picture("history-file")
-    screen.press("Return")  # the file that is marked
+    reader.scan("{ENTER}")  # the file that is marked
     screen.answer(CONFIRMATION)
     screen.answer(LOADED)
     day.expect("every movement is back", _movements(shop) == before)

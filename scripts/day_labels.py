@@ -12,12 +12,12 @@ TO_SCREEN_CODES, TO_SEARCH_CODES = 20, 3
 
 
 def _print(day, screen, reader, folder, *keys, picture):
-    """One sheet: the reader opens the dialog and agrees, the keys work it."""
+    """One sheet: the reader opens the dialog, works it by key codes, and agrees."""
     before = set(folder.glob(f"{PAPER}*.pdf"))
     reader.scan("[N]")
     screen.wait_active(LABELS)
     for key in keys:
-        screen.press(*key)
+        reader.scan(key)
     day.picture(picture)
     reader.scan("[P]")
     screen.answer(PRINTER)
@@ -36,5 +36,5 @@ def work(day, screen, reader, folder):
     _print(day, screen, reader, folder, picture="labels")
     # The marks are used up, so the rows are named: the second choice proposes those from the cursor on.
     reader.scan("[L]")
-    _print(day, screen, reader, folder, ["Down"], ["Return"] * TO_SCREEN_CODES, ["space"],
-           ["Return"] * TO_SEARCH_CODES, ["space"], picture="labels-functions")
+    _print(day, screen, reader, folder, "{DOWN}", "{ENTER %d}" % TO_SCREEN_CODES, "{ }",
+           "{ENTER %d}" % TO_SEARCH_CODES, "{ }", picture="labels-functions")

@@ -5,23 +5,21 @@ import os
 
 import desk
 
-TO_SLIP = 12  # tab stops behind the code field
 
-
-def _search(screen, program, picture, day):
-    """Enter on the search button shows the list, and the cursor is in it."""
-    screen.press("Return")
+def _search(reader, program, picture, day):
+    """Shows the list; the cursor is in it."""
+    reader.scan("[E]")
     program.wait_idle()
     day.picture(picture)
 
 
-def _receipts(day, shop, screen, reader, program):
+def _receipts(day, shop, reader, program):
     reader.scan("[3]")
     program.wait_idle()
-    screen.press("Return")  # an empty code field: no conditions
+    reader.scan("{ENTER}")  # an empty code field: no conditions
     program.wait_idle()
-    _search(screen, program, "receipt-list", day)
-    print(f"scan [3], Enter, Enter  入荷一覧: {shop.count('InpTB')} rows, a subtotal for the day and the total")
+    _search(reader, program, "receipt-list", day)
+    print(f"scan [3], Enter, [E]  入荷一覧: {shop.count('InpTB')} rows, a subtotal for the day and the total")
 
 
 def _slip_program(shop):
@@ -40,7 +38,7 @@ def _printed(shop):
     return lines
 
 
-def _slip(day, shop, screen, reader, program):
+def _slip(day, shop, reader, program):
     customer, name, rows = shop.rows("SELECT SyuSakiCD, SysName, count(*) FROM OutTB GROUP BY SyuSakiCD"
                                      " ORDER BY count(*) DESC LIMIT 1")[0]
     _slip_program(shop)
@@ -48,10 +46,10 @@ def _slip(day, shop, screen, reader, program):
     program.wait_idle()
     reader.scan(f"#{customer}#")
     program.wait_idle()
-    _search(screen, program, "shipment-list", day)
-    print(f"scan [4], #{customer}#, Enter  出荷一覧: {rows} rows of {name}")
+    _search(reader, program, "shipment-list", day)
+    print(f"scan [4], #{customer}#, [E]  出荷一覧: {rows} rows of {name}")
 
-    screen.press("Return", *["Tab"] * TO_SLIP, "Return")
+    reader.scan("[G]")
     lines = _printed(shop)
     day.expect(f"headings, {rows} rows, a subtotal and the total are on the slip, not {len(lines)} lines",
                len(lines) == rows + 3)
@@ -61,19 +59,17 @@ def _slip(day, shop, screen, reader, program):
     told = shop.settings("SlipIni.ini")
     day.expect("the slip program is told the customer",
                (told["Slip", "CustomerCode"], told["Slip", "CustomerName"]) == (customer, name))
-    print("button 伝票            FileCsv.csv for the slip program:")
+    print("scan [G]               FileCsv.csv for the slip program:")
     for line in lines:
         print(f"                      {line}")
     program.wait_idle()
 
-    reader.scan(f"#{customer}#")
+    reader.scan("[D]")
     program.wait_idle()
-    screen.press("shift+Tab", "space", "Tab")  # the box for sums, and back to the search button
-    program.wait_idle()
-    _search(screen, program, "shipment-sums", day)
-    print("box 商品で集計して表示   出荷一覧, summed by goods")
+    _search(reader, program, "shipment-sums", day)
+    print("scan [D], [E]          出荷一覧, summed by goods")
 
 
-def work(day, shop, screen, reader, program):
-    _receipts(day, shop, screen, reader, program)
-    _slip(day, shop, screen, reader, program)
+def work(day, shop, reader, program):
+    _receipts(day, shop, reader, program)
+    _slip(day, shop, reader, program)

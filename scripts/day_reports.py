@@ -25,9 +25,9 @@ def _print(day, screen, reader, folder, tab, name):
     file = pathlib.Path(folder) / f"{name} {time.strftime('%Y-%m-%d')}.pdf"
     reader.scan(tab)
     day.picture(f"list-{tab.strip('[]')}-empty")  # the tab is there, with its code field ready
-    screen.press("asterisk", "Return")
+    reader.scan("*")
     if tab != STOCK:
-        screen.press("Return")  # the button 検索 has the focus
+        reader.scan("[E]")
     day.picture(f"list-{tab.strip('[]')}")
     reader.scan("[F]")
     screen.wait_active(PAGES)

@@ -154,7 +154,7 @@ def work(shop, screen, reader, pictures):
         day.picture("product")
         day_shipments.work(day, shop, screen, reader)
         day_stock.work(day, shop, reader)
-        day_lists.work(day, shop, screen, reader, program)
+        day_lists.work(day, shop, reader, program)
         day_reports.work(day, screen, reader, pictures)
         day_labels.work(day, screen, reader, pictures)
         day_history.work(day, shop, screen, reader)
