@@ -6,6 +6,7 @@
 #include "platform/core/Clock.h"
 #include "store/AppEnv.h"
 #include "tools/Backup.h"
+#include "tools/JetImport.h"
 #include "tools/TagDb.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -20,10 +21,11 @@ constexpr auto commands =
     "  check               checks the file, the encodings and every stock figure\n"
     "  export TABLE FILE   writes a table as CSV\n"
     "  import TABLE FILE   adds the records of a CSV file to a table\n"
+    "  import FILE         makes the working database of a Jet 3 or Jet 4 file\n"
     "  backup              adds a proved copy to the backups, also while the program runs\n"
     "  backup --list       lists the copies and which of them are proved\n"
     "  restore COPY        puts a copy in the place of the working database, which it keeps\n"
-    "Exit status: 0 good, 1 found what does not hold (check, backup, --list), 2 wrong use or failure.";
+    "Exit status: 0 good, 1 found what does not hold (check, import FILE, backup), 2 wrong use or failure.";
 
 } // namespace
 
@@ -44,7 +46,7 @@ int main(int argc, char** argv)
                                 u"DIR"_s);
     const QCommandLineOption keep(u"keep"_s, u"backup: so many copies stay (default: 14)."_s, u"N"_s,
                                   u"14"_s);
-    const QCommandLineOption anyway(u"anyway"_s, u"restore: also a copy whose books do not hold."_s);
+    const QCommandLineOption anyway(u"anyway"_s, u"import FILE, restore: also what does not hold."_s);
     parser.addOptions({base, cp932, list, to, keep, anyway});
     parser.addPositionalArgument(u"command"_s, u"What to do."_s);
     parser.process(application);
@@ -76,6 +78,9 @@ int main(int argc, char** argv)
     else if (runs(u"import"_s, 2))
         status = suisui::importTable(folder, words[1].toStdString(), words[2].toStdString(),
                                      parser.isSet(cp932), std::cout, std::cerr);
+    else if (runs(u"import"_s, 1))
+        status =
+            suisui::importJet(folder, words[1].toStdString(), parser.isSet(anyway), std::cout, std::cerr);
     else if (runs(u"backup"_s, 0) && parser.isSet(list))
         status = suisui::listBackups(order, std::cout, std::cerr);
     else if (runs(u"backup"_s, 0) && order.keep > 0)
