@@ -105,7 +105,7 @@ std::string copyLive(AppDB& live, BackupFolder& folder, const Clock& clock, Back
     std::string why;
     try {
         const CopyProof proof = proveCopy(folder.aside(), figures, problems);
-        const std::string name = folder.keep(moment, kind, proof, why);
+        std::string name = folder.keep(moment, kind, proof, why);
         if (!name.empty())
             return name;
     } catch (const Refused& refused) {
@@ -149,13 +149,13 @@ void take(BackupFolder& folder)
 /// The path of the copy that is to come back. Refused for what is no finished copy.
 std::string copyToRestore(const BackupFolder& folder, const std::string& file)
 {
-    const std::string path = file.find('/') == std::string::npos ? folder.pathOf(file) : file;
+    std::string path = file.find('/') == std::string::npos ? folder.pathOf(file) : file;
     std::error_code code;
     if (!fs::is_regular_file(path, code))
         throw Refused{path + " is not there"};
     for (const char* beside : {"-journal", "-wal"})
         if (fs::exists(path + beside, code))
-            throw Refused{path + " is no finished copy: there is " + path + beside};
+            throw Refused{path + " is no finished copy: it has a " + std::string(beside + 1)};
     if (BackupFolder::proofOf(path).verdict == CopyProof::Changed)
         throw Refused{path + " has changed since it was proved"};
     return path;
@@ -186,7 +186,7 @@ std::string keepUnread(const std::string& live, BackupFolder& folder, const Cloc
 {
     copyFile(live, folder.aside());
     std::string why = folder.aside() + " cannot be flushed";
-    const std::string name = syncToDisk(folder.aside()) ? folder.keepUnread(clock.now(), why) : std::string();
+    std::string name = syncToDisk(folder.aside()) ? folder.keepUnread(clock.now(), why) : std::string();
     if (name.empty())
         throw Refused{why};
     // The engine has played a journal back, as far as it could, when it looked at the file. One that were

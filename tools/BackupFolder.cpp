@@ -94,9 +94,16 @@ std::string BackupFolder::freeName(const QDateTime& when, Kind kind) const
 {
     const std::string stem = u"trnvik-"_s.toStdString() + when.toString(u"yyyyMMdd-HHmmss"_s).toStdString();
     const std::string mark = kind == Kind::Replaced ? replacedMark : "";
-    std::string name = stem + mark + ".mdb";
+    const auto named = [&](const std::string& number) {
+        std::string name = stem;
+        name += number;
+        name += mark;
+        name += ".mdb";
+        return name;
+    };
+    std::string name = named({});
     for (int number = 2; fs::exists(pathOf(name)) || fs::exists(pathOf(name + noteEnding)); ++number)
-        name = stem + "-" + std::to_string(number) + mark + ".mdb";
+        name = named("-" + std::to_string(number));
     return name;
 }
 
@@ -118,7 +125,7 @@ std::string BackupFolder::keep(const QDateTime& when, Kind kind, const CopyProof
         why = note + " cannot be written";
         return {};
     }
-    const std::string kept = giveName(name, why);
+    std::string kept = giveName(name, why);
     if (kept.empty())
         (void)removeFile(note);
     return kept;

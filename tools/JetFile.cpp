@@ -93,7 +93,7 @@ public:
         broken.clear();
         for (std::size_t i = 0; i < texts.size(); ++i) {
             const auto length = static_cast<std::size_t>(m_lengths[i]);
-            texts[i].assign(m_buffers[i].c_str());
+            texts[i].assign(m_buffers[i], 0, m_buffers[i].find('\0'));
             if (oneByte)
                 texts[i] = fromCp932(bytesOf(texts[i]));
             if (length + 1 >= widestText || texts[i].find("\uFFFD") != std::string::npos)

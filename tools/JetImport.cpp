@@ -214,6 +214,7 @@ ToolStatus importJet(const std::string& base, const std::string& file, bool anyw
                      std::ostream& err)
 {
     const std::string target = base + "/DB/trnvik.mdb";
+    const std::string empty = base + "/db/trnorg.mdb"; // which every shop has beside its own
     const std::string aside = target + ".importing";
     const auto failed = [&](const std::string& why) {
         removeAside(aside);
@@ -222,7 +223,7 @@ ToolStatus importJet(const std::string& base, const std::string& file, bool anyw
     };
     std::error_code code;
     if (fs::exists(target, code))
-        return failed(target + " is there already, and an import makes a new one");
+        return failed(target + " is there already, and an import makes a new one: move it away first");
     JetFile jet;
     std::string why;
     if (!jet.open(file, why))
@@ -240,6 +241,11 @@ ToolStatus importJet(const std::string& base, const std::string& file, bool anyw
     }
     if (!renameToNew(aside, target) || !syncToDisk(folderOf(target)))
         return failed(target + " cannot be written");
+    fs::create_directories(folderOf(empty), code);
+    if (!fs::exists(empty, code) && AppDB::Create(empty, &why) != 0) {
+        err << "tagdb: made " << target << ", but not " << empty << ": " << why << '\n';
+        return ToolStatus::Failed;
+    }
     out << "made " << target;
     out << (report.problems > 0 ? ", with " + std::to_string(report.problems) + " problems\n"
                                 : std::string(", all is well\n"));

@@ -123,6 +123,7 @@ TEST_P(JetImportTest, wholeShop_comesAlong_withJapaneseTexts_paddedNumbers_andEm
     EXPECT_NE(out.str().find("InpTB: 1 of 1 rows\n"), std::string::npos) << out.str();
     EXPECT_NE(out.str().find("RirekiTB: 0 of 0 rows\n"), std::string::npos);
     EXPECT_FALSE(fs::exists(database() + ".importing"));
+    EXPECT_TRUE(fs::exists(base() + "/db/trnorg.mdb"));
     std::ostringstream checked;
     EXPECT_EQ(checkBooks(base(), checked, checked), ToolStatus::Good) << checked.str();
 }
