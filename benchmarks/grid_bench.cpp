@@ -118,7 +118,8 @@ void GridFill(benchmark::State& state)
         {
             WaitingFrame frame;
             Desk desk(shop, frame);
-            frame.setFormEnabled(true);
+            frame.showWait(QString(), 1); // the program shows it at its start as well
+            frame.closeWait();
             waited.add(timed([&] {
                 desk.page.cmdKensaku_Click();
                 frame.closeWait();
@@ -144,7 +145,8 @@ void GridFill(benchmark::State& state)
     }
     report(state, program, bare);
     state.counters["to_QTableWidget"] = program.median() / items.median();
-    state.counters["wait_window_share"] = waited.median() / program.median() - 1;
+    if (state.range(0) > 1000) // fewer rows are loaded without it
+        state.counters["wait_window_share"] = waited.median() / program.median() - 1;
     state.counters["held_MB"] = held;
     struct rusage usage = {};
     getrusage(RUSAGE_SELF, &usage);
