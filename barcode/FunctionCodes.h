@@ -1,5 +1,5 @@
-// The function codes of the printed sheet on the main window: code, tab, what happens, and to which control.
-// Tab switches ("0" to "4") are the dispatcher's own. A code and tab without an entry mean nothing.
+// The function codes of the printed sheet on the main window: code, what happens, on which tab, to which
+// control. Tab switches ("0" to "4") are the dispatcher's own. A code and tab without an entry mean nothing.
 #pragma once
 
 #include <cstdint>
@@ -22,47 +22,47 @@ enum class FunctionAction : std::uint8_t {
 struct FunctionCode
 {
     char16_t code;
-    int tab;
     FunctionAction action;
+    int tab;
     QStringView control; ///< object name
 };
 
 inline constexpr FunctionCode functionCodes[] = {
-    {u'A', 2, FunctionAction::Choose, u"optZNormal"},
-    {u'A', 3, FunctionAction::AllGoods, u"lblNLSyouhin"},
-    {u'A', 4, FunctionAction::AllGoods, u"lblSLSyouhin"},
-    {u'B', 2, FunctionAction::Choose, u"optZDetail"},
-    {u'B', 3, FunctionAction::AllOfList, u"cmbNLSaki"},
-    {u'B', 4, FunctionAction::AllOfList, u"cmbSLSaki"},
-    {u'C', 2, FunctionAction::Tick, u"chkStock_Low"},
-    {u'C', 3, FunctionAction::AllOfList, u"cmbNLTantou"},
-    {u'C', 4, FunctionAction::AllOfList, u"cmbSLTantou"},
-    {u'D', 2, FunctionAction::Tick, u"chkStock_Zero"},
-    {u'D', 3, FunctionAction::Flip, u"chkNLSum"},
-    {u'D', 4, FunctionAction::Flip, u"chkSLSum"},
-    {u'E', 0, FunctionAction::Press, u"cmdNKensaku"},
-    {u'E', 1, FunctionAction::Press, u"cmdSKensaku"},
-    {u'E', 2, FunctionAction::Press, u"cmdZKensaku"},
-    {u'E', 3, FunctionAction::Press, u"cmdNLKensaku"},
-    {u'E', 4, FunctionAction::Press, u"cmdSLKensaku"},
-    {u'F', 2, FunctionAction::Press, u"cmdRptZList"},
-    {u'F', 3, FunctionAction::Press, u"cmdRptNList"},
-    {u'F', 4, FunctionAction::Press, u"cmdRptSList"},
-    {u'G', 4, FunctionAction::Press, u"cmdPrintRptExe"},
-    {u'I', 0, FunctionAction::Press, u"cmdNKousin"},
-    {u'I', 1, FunctionAction::Press, u"cmdSKousin"},
-    {u'J', 0, FunctionAction::Press, u"cmdNDelete"},
-    {u'J', 1, FunctionAction::Press, u"cmdSDelete"},
-    {u'L', 0, FunctionAction::Choose, u"optNPrint1"},
-    {u'L', 1, FunctionAction::Choose, u"optSPrint1"},
-    {u'M', 0, FunctionAction::Choose, u"optNPrintS"},
-    {u'M', 1, FunctionAction::Choose, u"optSPrintS"},
-    {u'N', 0, FunctionAction::Press, u"cmdNPrint"},
-    {u'N', 1, FunctionAction::Press, u"cmdSPrint"},
-    {u'O', onEveryTab, FunctionAction::Press, u"cmdMaster"},
-    {u'Q', onEveryTab, FunctionAction::Press, u"cmdRirekiOut"},
-    {u'S', onEveryTab, FunctionAction::Press, u"cmdRirekiIn"},
-    {u'U', onEveryTab, FunctionAction::Press, u"CmdEnd"},
+    {u'A', FunctionAction::Choose, 2, u"optZNormal"},
+    {u'A', FunctionAction::AllGoods, 3, u"lblNLSyouhin"},
+    {u'A', FunctionAction::AllGoods, 4, u"lblSLSyouhin"},
+    {u'B', FunctionAction::Choose, 2, u"optZDetail"},
+    {u'B', FunctionAction::AllOfList, 3, u"cmbNLSaki"},
+    {u'B', FunctionAction::AllOfList, 4, u"cmbSLSaki"},
+    {u'C', FunctionAction::Tick, 2, u"chkStock_Low"},
+    {u'C', FunctionAction::AllOfList, 3, u"cmbNLTantou"},
+    {u'C', FunctionAction::AllOfList, 4, u"cmbSLTantou"},
+    {u'D', FunctionAction::Tick, 2, u"chkStock_Zero"},
+    {u'D', FunctionAction::Flip, 3, u"chkNLSum"},
+    {u'D', FunctionAction::Flip, 4, u"chkSLSum"},
+    {u'E', FunctionAction::Press, 0, u"cmdNKensaku"},
+    {u'E', FunctionAction::Press, 1, u"cmdSKensaku"},
+    {u'E', FunctionAction::Press, 2, u"cmdZKensaku"},
+    {u'E', FunctionAction::Press, 3, u"cmdNLKensaku"},
+    {u'E', FunctionAction::Press, 4, u"cmdSLKensaku"},
+    {u'F', FunctionAction::Press, 2, u"cmdRptZList"},
+    {u'F', FunctionAction::Press, 3, u"cmdRptNList"},
+    {u'F', FunctionAction::Press, 4, u"cmdRptSList"},
+    {u'G', FunctionAction::Press, 4, u"cmdPrintRptExe"},
+    {u'I', FunctionAction::Press, 0, u"cmdNKousin"},
+    {u'I', FunctionAction::Press, 1, u"cmdSKousin"},
+    {u'J', FunctionAction::Press, 0, u"cmdNDelete"},
+    {u'J', FunctionAction::Press, 1, u"cmdSDelete"},
+    {u'L', FunctionAction::Choose, 0, u"optNPrint1"},
+    {u'L', FunctionAction::Choose, 1, u"optSPrint1"},
+    {u'M', FunctionAction::Choose, 0, u"optNPrintS"},
+    {u'M', FunctionAction::Choose, 1, u"optSPrintS"},
+    {u'N', FunctionAction::Press, 0, u"cmdNPrint"},
+    {u'N', FunctionAction::Press, 1, u"cmdSPrint"},
+    {u'O', FunctionAction::Press, onEveryTab, u"cmdMaster"},
+    {u'Q', FunctionAction::Press, onEveryTab, u"cmdRirekiOut"},
+    {u'S', FunctionAction::Press, onEveryTab, u"cmdRirekiIn"},
+    {u'U', FunctionAction::Press, onEveryTab, u"CmdEnd"},
 };
 
 /// What \a function does on tab \a tab; null when it does nothing there.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QRadioButton>
+#include <QScreen>
 
 #include "barcode/label/LabelSheets.h"
 #include "frame/support/FocusPaint.h"
@@ -44,6 +45,9 @@ frm_PriCheck::frm_PriCheck(const LabelSource& source, const Surroundings& around
 {
     m_ui->setupUi(this);
     m_ui->layAll->setStretch(1, 1);
+    constexpr QSize comfortable(1110, 690);
+    constexpr QSize aroundWindow(12, 40); // what the window manager adds, about
+    resize(comfortable.boundedTo(screen()->availableSize() - aroundWindow));
     QPalette warning = m_ui->lblWarning->palette();
     warning.setColor(QPalette::WindowText, QColor(200, 0, 0));
     m_ui->lblWarning->setPalette(warning);

@@ -35,6 +35,10 @@ namespace suisui {
 namespace {
 
 constexpr int enterKey = 13;
+
+// What a window manager puts around the window, about.
+constexpr int frameWidth = 6;
+constexpr int titleHeight = 28;
 constexpr int firstLabelMode = 3; ///< receipts; shipments are the next
 
 QColor baseColor(const QWidget& form)
@@ -60,8 +64,11 @@ frmMain::frmMain(const Surroundings& surroundings, QWidget* parent)
         m_currentTab = tab;
         SSTab_Click(previous);
     });
-    resize(1180, 740);
-    move(screen()->availableGeometry().center() - rect().center());
+    // What the screen has, less a frame around it.
+    const QRect room =
+        screen()->availableGeometry().adjusted(0, 0, -2 * frameWidth, -titleHeight - frameWidth);
+    resize(QSize(1180, 740).boundedTo(room.size()));
+    move(screen()->availableGeometry().center() - rect().center() - QPoint(frameWidth, titleHeight / 2));
 }
 
 frmMain::~frmMain() = default;

@@ -135,7 +135,7 @@ void FormGate::scanned(const QString& value)
 
 QString FormGate::takeScan()
 {
-    const QString value = std::exchange(m_scan, QString());
+    QString value = std::exchange(m_scan, QString());
     if (!value.isEmpty())
         schedule();
     return value;

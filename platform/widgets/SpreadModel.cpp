@@ -217,11 +217,14 @@ void SpreadModel::sort(std::span<const vaSpread::SortKey> keys)
 {
     std::vector<SortColumn> columns;
     for (const vaSpread::SortKey& key : keys) {
-        if (key.col < 1 || key.col > cols())
+        const bool again = std::any_of(keys.data(), &key, [&key](const vaSpread::SortKey& before) {
+            return before.col == key.col; // can decide nothing any more
+        });
+        if (key.col < 1 || key.col > cols() || again)
             continue;
-        SortColumn& texts = columns.emplace_back(key.ascending, comparesAsNumber(column(key.col).type));
-        for (int row = 1; row <= rows(); ++row)
-            texts.add(text(key.col, row));
+        columns.emplace_back(
+            key.ascending, comparesAsNumber(column(key.col).type), m_rows.size(),
+            [this, &key](std::size_t row) { return text(key.col, static_cast<int>(row) + 1); });
     }
     std::vector<Row> sorted;
     sorted.reserve(m_rows.size());
@@ -236,13 +239,18 @@ void SpreadModel::setRedraw(bool on)
 {
     if (on == m_redraw)
         return;
-    if (on)
+    // As many rows as before need no new layout, however they have changed places.
+    const bool sameCount = m_shown == rows();
+    if (on && !sameCount)
         beginResetModel();
     m_redraw = on;
-    if (on) {
-        m_shown = rows();
+    if (!on)
+        return;
+    m_shown = rows();
+    if (!sameCount)
         endResetModel();
-    }
+    else if (rows() > 0)
+        Q_EMIT dataChanged(index(0, 0), index(rows() - 1, cols() - 1));
 }
 
 // ---- colours

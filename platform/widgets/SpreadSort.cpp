@@ -1,6 +1,9 @@
 #include "platform/widgets/SpreadSort.h"
 
 #include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
 #include <limits>
 #include <numeric>
 
@@ -15,8 +18,32 @@ char fold(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+/// Figures as the grids show them: whole, grouped by commas. Not a number for all other texts.
+double groupedFigure(std::string_view text)
+{
+    constexpr int exactDigits = 15; // so many a double holds to the last
+    const bool minus = text.starts_with('-');
+    std::int64_t value = 0;
+    int digits = 0;
+    for (const char c : text.substr(minus ? 1 : 0)) {
+        if (c >= '0' && c <= '9') {
+            value = value * 10 + (c - '0');
+            ++digits;
+        } else if (c != ',') {
+            return std::numeric_limits<double>::quiet_NaN();
+        }
+        if (digits > exactDigits)
+            return std::numeric_limits<double>::quiet_NaN();
+    }
+    if (digits == 0)
+        return std::numeric_limits<double>::quiet_NaN();
+    return static_cast<double>(minus ? -value : value);
+}
+
 double sortValue(std::string_view text)
 {
+    if (const double figure = groupedFigure(text); !std::isnan(figure))
+        return figure;
     try {
         return CDbl(text);
     } catch (const std::exception&) {
@@ -26,19 +53,34 @@ double sortValue(std::string_view text)
 
 } // namespace
 
-void SortColumn::add(std::string_view text)
+void SortColumn::fill() const
 {
+    m_filled = true;
     if (m_asNumbers) {
-        m_figures.push_back(sortValue(text));
+        m_figures.reserve(m_rows);
+        for (std::size_t row = 0; row < m_rows; ++row)
+            m_figures.push_back(sortValue(m_read(row)));
         return;
     }
-    for (const char c : text)
-        m_texts += fold(c);
-    m_begins.push_back(m_texts.size());
+    m_begins.reserve(m_rows + 1);
+    for (std::size_t row = 0; row < m_rows; ++row) {
+        m_texts.append(m_read(row));
+        m_begins.push_back(m_texts.size());
+    }
+    std::transform(m_texts.begin(), m_texts.end(), m_texts.begin(), fold);
+    std::string_view common = m_rows == 0 ? std::string_view() : folded(0);
+    for (std::size_t row = 1; row < m_rows && !common.empty(); ++row) {
+        const std::string_view text = folded(row);
+        const auto end = std::mismatch(common.begin(), common.end(), text.begin(), text.end()).first;
+        common = common.substr(0, static_cast<std::size_t>(end - common.begin()));
+    }
+    m_common = common.size();
 }
 
 int SortColumn::compare(std::size_t a, std::size_t b) const
 {
+    if (!m_filled)
+        fill();
     int order = 0;
     if (m_asNumbers)
         order = m_figures[a] < m_figures[b] ? -1 : (m_figures[b] < m_figures[a] ? 1 : 0);
@@ -47,16 +89,46 @@ int SortColumn::compare(std::size_t a, std::size_t b) const
     return m_ascending ? order : -order;
 }
 
+std::uint64_t SortColumn::lead(std::size_t row) const
+{
+    if (!m_filled)
+        fill();
+    std::uint64_t value = 0;
+    if (m_asNumbers) {
+        // The bits of a double stand in its order once the sign has been turned round.
+        const auto bits = std::bit_cast<std::uint64_t>(m_figures[row] + 0.0);
+        constexpr std::uint64_t sign = std::uint64_t{1} << 63;
+        value = (bits & sign) != 0 ? ~bits : bits | sign;
+    } else {
+        const std::string_view text = folded(row).substr(m_common);
+        for (std::size_t i = 0; i < sizeof value; ++i)
+            value = value << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
+    }
+    return m_ascending ? value : ~value;
+}
+
 std::vector<std::size_t> sortedRows(std::size_t rows, const std::vector<SortColumn>& keys)
 {
-    std::vector<std::size_t> order(rows);
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(), [&keys](std::size_t a, std::size_t b) {
+    struct Place
+    {
+        std::uint64_t lead;
+        std::size_t row;
+    };
+    std::vector<Place> places(rows);
+    for (std::size_t row = 0; row < rows; ++row)
+        places[row] = {keys.empty() ? 0 : keys.front().lead(row), row};
+    std::stable_sort(places.begin(), places.end(), [&keys](const Place& a, const Place& b) {
+        if (a.lead != b.lead)
+            return a.lead < b.lead;
         for (const SortColumn& key : keys)
-            if (const int byKey = key.compare(a, b); byKey != 0)
+            if (const int byKey = key.compare(a.row, b.row); byKey != 0)
                 return byKey < 0;
         return false;
     });
+    std::vector<std::size_t> order;
+    order.reserve(rows);
+    for (const Place& place : places)
+        order.push_back(place.row);
     return order;
 }
 

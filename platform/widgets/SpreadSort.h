@@ -2,6 +2,8 @@
 // each comparison.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,16 +14,24 @@ namespace suisui {
 class SortColumn
 {
 public:
-    /// \a asNumbers: grouping commas are ignored, texts that are no numbers stand below all numbers.
-    /// Otherwise texts compare without regard to letter case.
-    SortColumn(bool ascending, bool asNumbers) : m_ascending(ascending), m_asNumbers(asNumbers) {}
+    /// Text of a row, counted from 0. The view need not outlive the next call.
+    using Texts = std::function<std::string_view(std::size_t row)>;
 
-    /// The text of the next row.
-    void add(std::string_view text);
-    /// Below 0 when row \a a stands before \a b, above 0 when behind it; rows count from 0.
+    /// \a asNumbers: grouping commas are ignored, texts that are no numbers stand below all numbers.
+    /// Otherwise texts compare without regard to letter case. Nothing is read before it is needed: a key
+    /// behind one that decides everything costs nothing.
+    SortColumn(bool ascending, bool asNumbers, std::size_t rows, Texts texts)
+        : m_ascending(ascending), m_asNumbers(asNumbers), m_rows(rows), m_read(std::move(texts))
+    {
+    }
+
+    /// A number that stands in the order of the rows as far as it can tell; most pairs need nothing more.
+    [[nodiscard]] std::uint64_t lead(std::size_t row) const;
+    /// Below 0 when row \a a stands before \a b, above 0 when behind it.
     [[nodiscard]] int compare(std::size_t a, std::size_t b) const;
 
 private:
+    void fill() const;
     [[nodiscard]] std::string_view folded(std::size_t row) const
     {
         return {m_texts.data() + m_begins[row], m_begins[row + 1] - m_begins[row]};
@@ -29,9 +39,13 @@ private:
 
     bool m_ascending;
     bool m_asNumbers;
-    std::vector<double> m_figures;
-    std::string m_texts; ///< of all rows, one behind the other
-    std::vector<std::size_t> m_begins{0};
+    std::size_t m_rows;
+    Texts m_read;
+    mutable bool m_filled = false;
+    mutable std::vector<double> m_figures;
+    mutable std::string m_texts; ///< of all rows, folded, one behind the other
+    mutable std::vector<std::size_t> m_begins{0};
+    mutable std::size_t m_common = 0; ///< characters with which all texts begin
 };
 
 /// The rows, from 0 to \a rows - 1, in the order of \a keys, the first before the others. Equal rows keep

@@ -273,7 +273,11 @@ void vaSpread::showCursor()
     m_quietCursor = true;
     setCurrentIndex(index);
     m_quietCursor = false;
-    if (index.isValid())
+    if (!index.isValid())
+        return;
+    // Out of sight the grid has not its size yet, and would scroll to where nobody wants it.
+    m_scrollWhenShown = !isVisible();
+    if (!m_scrollWhenShown)
         scrollTo(index);
 }
 

@@ -176,6 +176,7 @@ private:
     int m_activeRow = 0;
     const QKeyEvent* m_offered = nullptr; ///< the key that the handler has seen already
     bool m_quietCursor = false;
+    bool m_scrollWhenShown = false;
     bool m_cursorSet = false; ///< the program has moved the cursor since redraw went off
     bool m_hasFocus = false;
 };

@@ -193,6 +193,9 @@ void vaSpread::keyboardSearch(const QString&)
 void vaSpread::showEvent(QShowEvent* event)
 {
     QTableView::showEvent(event);
+    if (m_scrollWhenShown && currentIndex().isValid())
+        scrollTo(currentIndex());
+    m_scrollWhenShown = false;
     blankWhileOff();
 }
 
