@@ -24,32 +24,11 @@ namespace suisui::bench {
 
 namespace {
 
-using Rows = std::vector<std::vector<std::string>>;
-
 Rows bareSelect(const test::TempShop& shop)
 {
     BareSqlite db(shop.databaseFile());
     return BareSqlite::rows(db.prepared("SELECT * FROM InpTB ORDER BY NyuDate, NyuTime"));
 }
-
-/// The least that a view can show rows with.
-class RowsModel final : public QAbstractTableModel
-{
-public:
-    explicit RowsModel(const Rows& rows) : m_rows(rows) {}
-    [[nodiscard]] int rowCount(const QModelIndex&) const override { return static_cast<int>(m_rows.size()); }
-    [[nodiscard]] int columnCount(const QModelIndex&) const override { return 17; }
-    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override
-    {
-        if (role != Qt::DisplayRole)
-            return {};
-        return QString::fromStdString(
-            m_rows[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())]);
-    }
-
-private:
-    const Rows& m_rows;
-};
 
 double heldMegabytes()
 {

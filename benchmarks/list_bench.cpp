@@ -10,6 +10,7 @@
 
 #include "benchmarks/BenchShop.h"
 #include "benchmarks/Measure.h"
+#include "benchmarks/Painted.h"
 #include "lists/MovementListPage.h"
 #include "lists/SlipFile.h"
 #include "store/AppIni.h"
@@ -20,8 +21,6 @@
 namespace suisui::bench {
 
 namespace {
-
-using Rows = std::vector<std::vector<std::string>>;
 
 /// Shipments of a shop: 2,000 goods, 60 customers, five persons, forty a day.
 void fillShipments(const test::TempShop& shop, int rows)
@@ -61,40 +60,6 @@ Rows bareSelect(const test::TempShop& shop, const char* sql)
     sqlite3_close(db);
     return rows;
 }
-
-/// Shows \a widget and waits until it has been painted.
-void showPainted(QWidget& widget)
-{
-    widget.resize(1100, 700);
-    widget.show();
-    widget.repaint();
-    QCoreApplication::processEvents();
-}
-
-/// The rows as they were read, for a plain view.
-class BareRows final : public QAbstractTableModel
-{
-public:
-    explicit BareRows(const Rows& rows) : m_rows(rows) {}
-    [[nodiscard]] int rowCount(const QModelIndex& = {}) const override
-    {
-        return static_cast<int>(m_rows.size());
-    }
-    [[nodiscard]] int columnCount(const QModelIndex& = {}) const override
-    {
-        return static_cast<int>(m_rows.front().size());
-    }
-    [[nodiscard]] QVariant data(const QModelIndex& at, int role) const override
-    {
-        if (role != Qt::DisplayRole)
-            return {};
-        return QString::fromStdString(
-            m_rows[static_cast<std::size_t>(at.row())][static_cast<std::size_t>(at.column())]);
-    }
-
-private:
-    const Rows& m_rows;
-};
 
 /// A shipment list over a shop, with all days in its period.
 struct List
@@ -137,7 +102,7 @@ void fillAgainst(benchmark::State& state, bool summed, const char* sql)
         }
         bare.add(timed([&] {
             const Rows rows = bareSelect(shop, sql);
-            BareRows model(rows);
+            RowsModel model(rows);
             QTableView view;
             view.setModel(&model);
             showPainted(view);

@@ -1,6 +1,5 @@
 // The stock tab: all goods to the first paint, the detail of all goods, and sorting by a heading, each
 // against the barest way to the same.
-#include <QAbstractTableModel>
 #include <QApplication>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -21,8 +20,6 @@
 namespace suisui::bench {
 
 namespace {
-
-using Rows = std::vector<std::vector<std::string>>;
 
 /// \a goods goods items with stock, and \a movements receipts and shipments spread over them.
 void fillStock(const test::TempShop& shop, int goods, int movements)
@@ -78,24 +75,6 @@ struct Desk
     test::ScriptedMsgBox box;
     test::TestFrame frame;
     StockPage page{Services{db, ini, clock, box, frame}};
-};
-
-class RowsModel final : public QAbstractTableModel
-{
-public:
-    explicit RowsModel(const Rows& rows) : m_rows(rows) {}
-    [[nodiscard]] int rowCount(const QModelIndex&) const override { return static_cast<int>(m_rows.size()); }
-    [[nodiscard]] int columnCount(const QModelIndex&) const override { return 8; }
-    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override
-    {
-        const auto row = static_cast<std::size_t>(index.row());
-        return role == Qt::DisplayRole
-                   ? QVariant(QString::fromStdString(m_rows[row][static_cast<std::size_t>(index.column())]))
-                   : QVariant();
-    }
-
-private:
-    const Rows& m_rows;
 };
 
 void PatternSearch(benchmark::State& state)

@@ -1,7 +1,7 @@
 # The packages of Debian 12 that the commands need, and how they come onto the machine.
 # To be sourced; README.md says what each package is for.
 
-build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev libsqlite3-dev libxcb1-dev libzint-dev)
+build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev libsqlite3-dev libxcb1-dev libzint-dev pkgconf mdbtools-dev)
 program_packages=(qt6-translations-l10n fonts-morisawa-bizud-gothic)
 no_display_packages=(python3 xvfb xdotool openbox scrot)
 # dpkg-dev finds out on which packages the Debian package depends.

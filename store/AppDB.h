@@ -71,6 +71,15 @@ public:
     [[nodiscard]] int OpenForFilling(std::string_view file);
     /// Makes the file what any database is, and commits.
     [[nodiscard]] int FinishFilling();
+    /// As Open, but holds the database as it is until Rollback, also while another process has writes
+    /// pending: all reads see one state, and the others' commits wait. For moments only, since their patience
+    /// is half a second.
+    [[nodiscard]] int OpenStill(std::string_view file);
+    /// Copies the database onto the new file \a path while others use it, and flushes the copy. Nothing is
+    /// left of one that failed.
+    [[nodiscard]] int CopyTo(const std::string& path);
+    /// True when the last failure was another process holding the file.
+    [[nodiscard]] bool LastWasBusy() const;
     void Commit();
     void Rollback();
     /// Flushes the file that was closed last. Nonzero when that failed.
@@ -115,6 +124,7 @@ private:
     int failOwn(std::string why);
     void report(int engineCode);
     [[nodiscard]] std::string adviceFor(int engineCode) const;
+    [[nodiscard]] int holdStill();
     [[nodiscard]] bool isOurs();
     [[nodiscard]] bool isWhole(const std::string& path);
     // Row sets made over this connection, the accessors' own among them.

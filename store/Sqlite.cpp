@@ -282,6 +282,30 @@ bool Sqlite::inTransaction() const
     return m_db != nullptr && sqlite3_get_autocommit(m_db) == 0;
 }
 
+int Sqlite::copyTo(const std::string& path)
+{
+    Sqlite target;
+    int code = target.open(path);
+    // A copy that was cut short is thrown away, so nothing of it needs a journal or a flush of its own.
+    for (const char* statement : {"PRAGMA journal_mode=MEMORY", "PRAGMA synchronous=OFF"})
+        if (code == SQLITE_OK)
+            code = target.execute(statement);
+    if (code == SQLITE_OK) {
+        sqlite3_backup* copy = sqlite3_backup_init(target.m_db, "main", m_db, "main");
+        if (copy != nullptr) {
+            // All pages in one step: between two steps another program could change what was copied.
+            const int step = sqlite3_backup_step(copy, -1);
+            const int finish = sqlite3_backup_finish(copy);
+            code = step == SQLITE_DONE ? finish : step;
+        } else {
+            code = sqlite3_extended_errcode(target.m_db);
+        }
+    }
+    if (code != SQLITE_OK)
+        m_ownError = "copy: " + (target.isOpen() ? target.errorText() : std::string(sqlite3_errstr(code)));
+    return code;
+}
+
 EngineError Sqlite::errorKind(int code) const
 {
     if (code == SQLITE_OK)

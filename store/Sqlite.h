@@ -60,6 +60,9 @@ public:
     /// True while a transaction is open in the engine. A full disk may have ended it on its own.
     [[nodiscard]] bool inTransaction() const;
 
+    /// Copies the database, as this connection sees it, onto the empty file \a path. Not flushed.
+    [[nodiscard]] int copyTo(const std::string& path);
+
     [[nodiscard]] EngineError errorKind(int code) const;
     [[nodiscard]] std::string errorText() const;
 

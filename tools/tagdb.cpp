@@ -3,7 +3,10 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
+#include "platform/core/Clock.h"
 #include "store/AppEnv.h"
+#include "tools/Backup.h"
+#include "tools/JetImport.h"
 #include "tools/TagDb.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -11,13 +14,18 @@ using suisui::ToolStatus;
 
 namespace {
 
-constexpr auto commands = "Commands:\n"
-                          "  create              makes the working database and the empty template\n"
-                          "  sample              fills an empty database with a small shop\n"
-                          "  check               checks the file, the encodings and every stock figure\n"
-                          "  export TABLE FILE   writes a table as CSV\n"
-                          "  import TABLE FILE   adds the records of a CSV file to a table\n"
-                          "Exit status: 0 good, 1 check has found something, 2 wrong use or failure.";
+constexpr auto commands =
+    "Commands:\n"
+    "  create              makes the working database and the empty template\n"
+    "  sample              fills an empty database with a small shop\n"
+    "  check               checks the file, the encodings and every stock figure\n"
+    "  export TABLE FILE   writes a table as CSV\n"
+    "  import TABLE FILE   adds the records of a CSV file to a table\n"
+    "  import FILE         makes the working database of a Jet 3 or Jet 4 file\n"
+    "  backup              adds a proved copy to the backups, also while the program runs\n"
+    "  backup --list       lists the copies and which of them are proved\n"
+    "  restore COPY        puts a copy in the place of the working database, which it keeps\n"
+    "Exit status: 0 good, 1 found what does not hold (check, import FILE, backup), 2 wrong use or failure.";
 
 } // namespace
 
@@ -31,7 +39,15 @@ int main(int argc, char** argv)
     const QCommandLineOption base(u"base"_s, u"The program folder (default: the folder of this program)."_s,
                                   u"DIR"_s);
     const QCommandLineOption cp932(u"cp932"_s, u"CSV files are in code page 932 instead of UTF-8."_s);
-    parser.addOptions({base, cp932});
+    const QCommandLineOption list(u"list"_s, u"backup: lists the copies instead of making one."_s);
+    const QCommandLineOption to(u"to"_s,
+                                u"backup, restore: the folder of the copies (default: backup in the "
+                                u"program folder)."_s,
+                                u"DIR"_s);
+    const QCommandLineOption keep(u"keep"_s, u"backup: so many copies stay (default: 14)."_s, u"N"_s,
+                                  u"14"_s);
+    const QCommandLineOption anyway(u"anyway"_s, u"import FILE, restore: also what does not hold."_s);
+    parser.addOptions({base, cp932, list, to, keep, anyway});
     parser.addPositionalArgument(u"command"_s, u"What to do."_s);
     parser.process(application);
 
@@ -44,6 +60,11 @@ int main(int argc, char** argv)
     const auto runs = [&](const QString& name, qsizetype arguments) {
         return command == name && words.size() == arguments + 1;
     };
+    const suisui::SystemClock clock;
+    const suisui::BackupOrder order{.base = folder,
+                                    .folder = parser.value(to).toStdString(),
+                                    .keep = parser.value(keep).toInt(),
+                                    .evenUnsound = parser.isSet(anyway)};
     auto status = ToolStatus::Failed;
     if (runs(u"create"_s, 0))
         status = suisui::createShop(folder, std::cout, std::cerr);
@@ -57,6 +78,15 @@ int main(int argc, char** argv)
     else if (runs(u"import"_s, 2))
         status = suisui::importTable(folder, words[1].toStdString(), words[2].toStdString(),
                                      parser.isSet(cp932), std::cout, std::cerr);
+    else if (runs(u"import"_s, 1))
+        status =
+            suisui::importJet(folder, words[1].toStdString(), parser.isSet(anyway), std::cout, std::cerr);
+    else if (runs(u"backup"_s, 0) && parser.isSet(list))
+        status = suisui::listBackups(order, std::cout, std::cerr);
+    else if (runs(u"backup"_s, 0) && order.keep > 0)
+        status = suisui::backupShop(order, clock, std::cout, std::cerr);
+    else if (runs(u"restore"_s, 1))
+        status = suisui::restoreShop(order, words[1].toStdString(), clock, std::cout, std::cerr);
     else
         std::cerr << parser.helpText().toStdString();
     return static_cast<int>(status);

@@ -1,0 +1,75 @@
+// A copy of a database that is in use.
+#include "store/AppDB.h"
+
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "platform/core/Files.h"
+
+namespace suisui {
+
+int AppDB::OpenStill(std::string_view file)
+{
+    CloseFile();
+    m_path = file;
+    int code = m_engine.open(m_path);
+    if (code != 0)
+        (void)fail(code);
+    std::int64_t version = 0;
+    if (code == 0) {
+        code = holdStill();
+        if (code == 0 && m_engine.selectNumber("PRAGMA user_version", version) == 0
+            && version < schemaVersion) {
+            // To bring an older layout up takes the write lock after all.
+            code = Open(file);
+            if (code == 0)
+                code = holdStill();
+        }
+        if (code == 0 && !(isOurs() && isWhole(m_path)))
+            code = failOwn("this is no whole database of the program");
+    }
+    if (code != 0)
+        CloseFile();
+    return code == 0 ? succeed() : 1;
+}
+
+int AppDB::holdStill()
+{
+    int code = m_engine.execute("BEGIN");
+    // The engine takes its lock at the first look into the file.
+    std::int64_t tables = 0;
+    if (code == 0)
+        code = m_engine.selectNumber("SELECT count(*) FROM sqlite_schema", tables);
+    if (code != 0)
+        return fail(code);
+    m_inUnit = true;
+    return succeed();
+}
+
+int AppDB::CopyTo(const std::string& path)
+{
+    // The engine opens existing files only; an empty file is a database without tables.
+    const int handle = ::open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0664);
+    if (handle < 0)
+        return failOwn(path + ": " + std::strerror(errno));
+    ::close(handle);
+    const int code = m_engine.copyTo(path);
+    if (code == 0 && syncToDisk(path))
+        return succeed();
+    const int status = code != 0 ? fail(code) : failOwn(path + " cannot be flushed");
+    (void)removeFile(path);
+    return status;
+}
+
+bool AppDB::LastWasBusy() const
+{
+    int code = 0;
+    std::from_chars(m_lastErrNo.data(), m_lastErrNo.data() + m_lastErrNo.size(), code);
+    return m_lastStatus != 0 && m_engine.errorKind(code) == EngineError::Busy;
+}
+
+} // namespace suisui

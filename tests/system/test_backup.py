@@ -1,0 +1,131 @@
+"""Copies of the database while the program books, and runs of the data tool that are killed in the middle."""
+
+import os
+import random
+import sqlite3
+import subprocess
+import time
+
+from shop_test import ShopTest, main, wait_for
+
+KILLS = 12
+
+
+class Backup(ShopTest):
+    def backup_files(self):
+        folder = self.shop.folder / "backup"
+        return sorted(file.name for file in folder.iterdir()) if folder.is_dir() else []
+
+    def copies(self):
+        return [name for name in self.backup_files() if name.endswith(".mdb")]
+
+    def rows_of(self, copy, sql):
+        link = sqlite3.connect(f"file:{self.shop.folder}/backup/{copy}?mode=ro", uri=True)
+        try:
+            return link.execute(sql).fetchall()
+        finally:
+            link.close()
+
+    def assertProved(self):
+        listed = self.shop.tagdb("backup", "--list")
+        self.assertEqual(0, listed.returncode, listed.stdout)
+        for name in self.copies():
+            self.assertRegex(listed.stdout, rf"{name}  \d+ bytes  proved, \d+ stock figures")
+
+    def test_copies_made_while_receipts_come_in_are_proved_and_no_scan_is_lost(self):
+        program = self.open()
+        codes = self.plain_codes(4)
+        scans = 0
+        for _ in range(4):
+            for code in codes:
+                self.reader.scan(code)
+                scans += 1
+            before = self.shop.count("InpTB")
+            made = self.shop.tagdb("backup")
+            self.assertEqual(0, made.returncode, made.stdout)
+            held = self.rows_of(self.copies()[-1], "SELECT count(*) FROM InpTB")[0][0]
+            self.assertLessEqual(before, held)
+            self.assertLessEqual(held, scans)
+        self.wait_receipts(scans)
+        self.assertEqual(4, len(self.copies()))
+        self.assertProved()
+        self.end(program)
+        self.assertWhole()
+
+    def test_restore_waits_for_the_end_of_the_program_and_brings_the_day_back(self):
+        program = self.open()
+        code = self.plain_codes(1)[0]
+        self.reader.scan(code)
+        self.wait_receipts(1)
+        self.assertEqual(0, self.shop.tagdb("backup").returncode)
+        copy = self.copies()[0]
+        then = self.receipts("Code", "InpDate")
+        self.reader.scan(code)
+        self.wait_receipts(2)
+        refused = self.shop.tagdb("restore", copy)
+        self.assertEqual(2, refused.returncode)
+        self.assertIn("the program runs", refused.stdout)
+        self.assertEqual(2, self.shop.count("InpTB"))
+        self.end(program)
+        done = self.shop.tagdb("restore", copy)
+        self.assertEqual(0, done.returncode, done.stdout)
+        self.assertEqual(then, self.receipts("Code", "InpDate"))
+        kept = [name for name in self.copies() if "-replaced" in name]
+        self.assertEqual([(2,)], self.rows_of(kept[0], "SELECT count(*) FROM InpTB"))
+        self.assertProved()
+        self.end(self.open())
+
+    def test_a_backup_killed_at_any_instant_leaves_no_half_copy_and_the_database_as_it_was(self):
+        seed = int(os.environ.get("SEED", time.time_ns() % 1_000_000))
+        print(f"SEED={seed}")
+        chance = random.Random(seed)
+        self.shop.add("InpTB", [{"Code": f"K{i}", "NyuSuu": "0000001", "NyuPrice": "0000000", "NyuNebiki": "0000000",
+                                 "Henkyaku": "0000000", "NyuDate": "20260401", "NyuTime": "090000", "Bikou": "x" * 60,
+                                 "InpDate": f"{20260401000000 + i}", "UpdDate": f"{20260401000000 + i}"}
+                                for i in range(20000)])
+        command = [str(self.shop.folder / "tagdb"), "--base", str(self.shop.folder), "backup", "--keep", "100"]
+        whole = time.monotonic()
+        subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
+        whole = time.monotonic() - whole
+        database = self.data_files()
+        for _ in range(KILLS):
+            with subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as run:
+                time.sleep(chance.uniform(0.0, whole))  # the random instant itself
+                run.kill()
+                run.wait()
+            self.assertProved()
+            for name in self.copies():
+                self.assertEqual([("ok",)], self.rows_of(name, "PRAGMA integrity_check"))
+                self.assertEqual([(20000,)], self.rows_of(name, "SELECT count(*) FROM InpTB"))
+        self.assertEqual(database, self.data_files())
+        subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
+        self.assertEqual([], [name for name in self.backup_files() if name.endswith(".part")])
+        self.assertEqual(self.backup_files(), sorted({*self.copies(), *(f"{name}.proof" for name in self.copies())}))
+
+    def test_a_restore_killed_at_any_instant_leaves_the_old_database_or_the_new_one(self):
+        seed = int(os.environ.get("SEED", time.time_ns() % 1_000_000))
+        print(f"SEED={seed}")
+        chance = random.Random(seed)
+        subprocess.run([str(self.shop.folder / "tagdb"), "--base", str(self.shop.folder), "backup"], check=True,
+                       stdout=subprocess.DEVNULL)
+        copy = self.copies()[0]
+        self.shop.change("UPDATE TantouTB SET Name = ?", [("新しい",)])
+        states = {self.rows_of(copy, "SELECT group_concat(Name) FROM TantouTB")[0][0],
+                  self.shop.rows("SELECT group_concat(Name) FROM TantouTB")[0][0]}
+        self.assertEqual(2, len(states))
+        command = [str(self.shop.folder / "tagdb"), "--base", str(self.shop.folder), "restore", copy]
+        for _ in range(KILLS):
+            with subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL) as run:
+                time.sleep(chance.uniform(0.0, 0.2))  # the random instant itself
+                run.kill()
+                run.wait()
+            self.assertIn(self.shop.rows("SELECT group_concat(Name) FROM TantouTB")[0][0], states)
+            self.assertWhole()
+        wait_for("a restore that nobody disturbs", lambda: subprocess.run(command, check=False, capture_output=True)
+                 .returncode == 0)
+        self.assertEqual(["trnvik.mdb"], sorted(name for name in os.listdir(self.shop.folder / "DB")))
+        self.assertProved()
+
+
+if __name__ == "__main__":
+    main()

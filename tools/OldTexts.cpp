@@ -1,0 +1,149 @@
+#include "tools/OldTexts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+
+#include "platform/core/RunTimeError.h"
+#include "store/Numbers.h"
+
+namespace suisui {
+
+namespace {
+
+std::string_view trimmed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::optional<double> number(std::string_view text)
+{
+    // Nothing but digits, a sign and a point: what else counts as a number somewhere is a guess here.
+    if (text.find_first_not_of("0123456789.-") != std::string_view::npos)
+        return std::nullopt;
+    try {
+        return CDbl(text);
+    } catch (const RunTimeError&) {
+        return std::nullopt;
+    }
+}
+
+/// Seven digits or more, a sign in front; whole.
+std::optional<std::string> movementNumber(std::string_view text)
+{
+    const std::string_view digits = trimmed(text);
+    if (digits.empty())
+        return "0000000";
+    const std::optional<double> value = number(digits);
+    if (!value || *value != std::round(*value) || std::abs(*value) > 1e15)
+        return std::nullopt;
+    std::string whole = std::to_string(static_cast<long long>(std::abs(*value)));
+    // As long as it was: more zeros than usual are no reason to change a text.
+    const std::size_t length = std::max<std::size_t>(
+        7, digits.find('.') == std::string_view::npos ? digits.size() - (digits.front() == '-' ? 1 : 0) : 0);
+    if (whole.size() < length)
+        whole.insert(0, length - whole.size(), '0');
+    return (*value < 0 ? "-" : "") + whole;
+}
+
+std::optional<std::string> stockNumber(std::string_view text)
+{
+    const std::string_view digits = trimmed(text);
+    if (digits.empty())
+        return "0";
+    return number(digits) ? std::optional<std::string>(digits) : std::nullopt;
+}
+
+/// A number that may be missing: master data.
+std::optional<std::string> maybeNumber(std::string_view text)
+{
+    const std::string_view digits = trimmed(text);
+    return digits.empty() || number(digits) ? std::optional<std::string>(digits) : std::nullopt;
+}
+
+template <std::size_t Length> std::optional<std::string> digitsOf(std::string_view text)
+{
+    std::string digits;
+    for (const char c : trimmed(text)) {
+        if (c >= '0' && c <= '9')
+            digits += c;
+        else if (c != '/' && c != ':' && c != ' ')
+            return std::nullopt;
+    }
+    return digits.size() == Length ? std::optional(digits) : std::nullopt;
+}
+
+struct Form
+{
+    std::string_view column;
+    std::optional<std::string> (*stored)(std::string_view);
+    std::string_view meaning;
+};
+
+constexpr Form movementForms[] = {
+    {"NyuSuu", movementNumber, "whole number"},
+    {"NyuPrice", movementNumber, "whole number"},
+    {"NyuNebiki", movementNumber, "whole number"},
+    {"Henkyaku", movementNumber, "whole number"},
+    {"SyuSuu", movementNumber, "whole number"},
+    {"SyuPrice", movementNumber, "whole number"},
+    {"SyuNebiki", movementNumber, "whole number"},
+    {"RHenkyaku", movementNumber, "whole number"},
+    {"FHenkyaku", movementNumber, "whole number"},
+    {"NyuDate", digitsOf<8>, "date"},
+    {"SyuDate", digitsOf<8>, "date"},
+    {"NyuTime", digitsOf<6>, "time"},
+    {"SyuTime", digitsOf<6>, "time"},
+    {"InpDate", digitsOf<14>, "time stamp"},
+    {"UpdDate", digitsOf<14>, "time stamp"},
+};
+constexpr Form stockForms[] = {
+    {"ZaikoSuu", stockNumber, "number"},
+    {"KuriSuu", stockNumber, "number"},
+    {"InpDate", digitsOf<14>, "time stamp"},
+    {"UpdDate", digitsOf<14>, "time stamp"},
+};
+constexpr Form masterForms[] = {
+    {"NyuSuu", maybeNumber, "number"}, {"NyuPrice", maybeNumber, "number"},
+    {"SyuSuu", maybeNumber, "number"}, {"SyuPrice", maybeNumber, "number"},
+    {"Stock", maybeNumber, "number"},
+};
+constexpr Form componentForms[] = {{"Suuryou", maybeNumber, "number"}};
+
+constexpr struct
+{
+    std::string_view table;
+    std::span<const Form> forms;
+} tables[] = {
+    {"InpTB", movementForms}, {"OutTB", movementForms},      {"ZaikoTB", stockForms},
+    {"Master", masterForms},  {"HSeihinTB", componentForms},
+};
+
+const Form* formOf(std::string_view table, std::string_view column)
+{
+    for (const auto& entry : tables)
+        if (entry.table == table)
+            for (const Form& form : entry.forms)
+                if (form.column == column)
+                    return &form;
+    return nullptr;
+}
+
+} // namespace
+
+std::optional<std::string> asStored(std::string_view table, std::string_view column, std::string_view text)
+{
+    const Form* form = formOf(table, column);
+    return form == nullptr ? std::optional<std::string>(text) : form->stored(text);
+}
+
+std::string_view meaningOf(std::string_view table, std::string_view column)
+{
+    const Form* form = formOf(table, column);
+    return form == nullptr ? std::string_view() : form->meaning;
+}
+
+} // namespace suisui
