@@ -27,6 +27,7 @@ SHORTAGE_BOXES = (" 在庫不足", " 最低在庫数 未満")
 FIRST_SCREEN = 90
 DEADLINE = 20.0  # seconds; generous, since nothing waits longer than it must
 LOOK_AGAIN = 0.02
+PAINTED = 0.2  # a window that has just come up has painted itself by then
 STANDS_STILL = 0.3
 
 
@@ -177,7 +178,7 @@ class Screen:
         def same_twice():
             self.picture(path)
             before = path.read_bytes() if path.exists() else b""
-            time.sleep(LOOK_AGAIN)
+            time.sleep(PAINTED)
             self.picture(path)
             return before and path.read_bytes() == before
 
