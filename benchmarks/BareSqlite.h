@@ -18,6 +18,8 @@ public:
         if (sqlite3_open_v2(file.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
             std::abort();
         sqlite3_exec(m_db, "PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
+        constexpr int patience = 2000; // milliseconds, while the program writes
+        sqlite3_busy_timeout(m_db, patience);
     }
     ~BareSqlite()
     {
