@@ -89,7 +89,7 @@ private:
     {
         if (name != nullptr)
             control<QAbstractButton>(
-                QString::fromLatin1(name).arg(window->currentTab() == Tab::Receipt ? u'N' : u'S'))
+                QString::fromLatin1(name).arg(QChar(window->currentTab() == Tab::Receipt ? u'N' : u'S')))
                 .click();
     }
     void correct()

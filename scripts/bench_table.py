@@ -74,7 +74,8 @@ FIGURES = (
     alone("soak_bench:MixedDay", "… files more open", "files_more", 0, ""),
     against("program_bench:StartToWindow", "Start to window, 25,000 receipts", None),
     alone("program_bench:IdleProgram/dialog:0", "Idle program, share of a core", "percent_of_core", 0.5, "%"),
-    alone("program_bench:IdleProgram/dialog:1", "… with a dialog open, which looks 1,000 times a second", "percent_of_core", None, "%"),
+    alone("program_bench:IdleProgram/dialog:1", "… with a dialog open, looking 1,000 times a second", "percent_of_core",
+          None, "%"),
 )
 
 
