@@ -71,7 +71,7 @@ FIGURES = (
     alone("program_bench:ScanToRow", "Scan to row in the database, median", "median_ms", None, "ms"),
     alone("program_bench:ScanToRow", "… 99th percentile", "p99_ms", None, "ms"),
     alone("soak_bench:MixedDay", "2,000 operations of a day, memory grown by", "memory_growth", 0.05, ""),
-    alone("soak_bench:MixedDay", "… files more open", "files_more", 0, ""),
+    alone("soak_bench:MixedDay", "… files more open", "files_more", None, ""),
     against("program_bench:StartToWindow", "Start to window, 25,000 receipts", None),
     alone("program_bench:IdleProgram/dialog:0", "Idle program, share of a core", "percent_of_core", 0.5, "%"),
     alone("program_bench:IdleProgram/dialog:1", "… with a dialog open, looking 1,000 times a second", "percent_of_core",
