@@ -8,6 +8,8 @@
 #include <optional>
 #include <ostream>
 
+#include <QStringDecoder>
+
 #include "platform/core/CodePage.h"
 #include "store/AppDB.h"
 #include "tools/Csv.h"
@@ -62,9 +64,42 @@ std::optional<std::vector<int>> columnPlaces(const TableDef& table, const std::v
             error = "line 1: no column \"" + name + "\" in " + std::string(table.name);
             return std::nullopt;
         }
+        if (std::find(places.begin(), places.end(), found) != places.end()) {
+            error = "line 1: column \"" + name + "\" stands there twice";
+            return std::nullopt;
+        }
         places.push_back(found);
     }
     return places;
+}
+
+/// Place of the first byte of \a text that is no text in UTF-8, or of a character that was none before it was
+/// decoded; npos when all is well.
+std::size_t noTextAt(std::string_view text, bool decoded)
+{
+    const std::size_t broken =
+        std::min(text.find('\0'), decoded ? text.find("\uFFFD") : std::string_view::npos);
+    if (QByteArrayView(text.data(), static_cast<qsizetype>(text.size())).isValidUtf8())
+        return broken;
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    std::size_t at = 0;
+    for (; at + 1 < text.size(); ++at)
+        if (const QString next = decoder(QByteArrayView(text.data() + at, 1)); decoder.hasError())
+            break;
+    return std::min(broken, at);
+}
+
+/// What to tell of bytes that are no text; empty when there are none.
+std::string textFault(std::string_view text, bool cp932)
+{
+    const std::size_t at = noTextAt(text, cp932);
+    if (at == std::string_view::npos)
+        return {};
+    const std::string_view before = text.substr(0, at);
+    const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+    const std::size_t column = at - (before.rfind('\n') + 1) + 1; // npos + 1 is 0
+    return "line " + std::to_string(line) + ", column " + std::to_string(column) + ": no text in "
+           + (cp932 ? "code page 932" : "UTF-8 (a file in code page 932 needs --cp932)");
 }
 
 /// Inserts the records of \a text; pending until the caller's Commit. Returns their number, -1 at a fault.
@@ -224,8 +259,8 @@ ToolStatus importTable(const std::string& base, std::string_view name, const std
         text = fromCp932(text);
     if (text.starts_with("\xEF\xBB\xBF"))
         text.erase(0, 3);
-    std::string error;
-    const int count = insertCsv(db, *table, text, error);
+    std::string error = textFault(text, cp932);
+    const int count = error.empty() ? insertCsv(db, *table, text, error) : -1;
     if (count >= 0) {
         db.Commit();
         error = db.LastStatus() == 0 ? std::string() : db.LastErrText();
