@@ -75,10 +75,13 @@ private:
 
     // Booking a code (MovementScan.cpp).
     void book(const std::string& code);
+    [[nodiscard]] std::optional<Scan> lookUp(const std::string& code);
     void unregistered(const std::string& code);
     [[nodiscard]] bool postScan(const Scan& scan);
     void putOnTop(const Scan& scan);
-    [[nodiscard]] int rowAdd(const std::string& stamp);
+    [[nodiscard]] bool rowAdd(const std::string& stamp);
+    [[nodiscard]] bool commitWhen(int status);
+    void notStored();
     void waitForNextSecond(const Scan& scan);
 
     // Searching and correcting (MovementEdit.cpp).
@@ -92,6 +95,7 @@ private:
     void restorePosted(int row, int rowIndex, const Figures& posted);
     void showPosted(int row, const Figures& figures);
     void putBackPosted();
+    [[nodiscard]] bool agreesToDelete();
     [[nodiscard]] bool postDelete(int rowIndex, double delta, const std::string& stamp);
     void takeOutOfGrid(int row, int rowIndex);
     void concurrentChange(bool deleting);

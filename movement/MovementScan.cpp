@@ -60,14 +60,44 @@ void MovementPage::barCode_KeyPress(int& keyAscii)
 void MovementPage::book(const std::string& code)
 {
     grid()->endEdit(); // a scan by the serial reader may find the operator in a cell
+    const std::optional<Scan> scan = lookUp(code);
+    if (!scan) {
+        unregistered(code);
+        return;
+    }
+    if (!postScan(*scan)) {
+        m_services.db.Rollback();
+        m_services.frame.BusyOff();
+        return;
+    }
+    putBackPosted(); // by row, and the rows are about to move down
+    const int barRow = grid()->ActiveRow();
+    grid()->setReDraw(false);
+    putOnTop(*scan);
+    m_table.master(m_services.db).Clear();
+    if (rowAdd(scan->stamp)) {
+        m_bar->move(barRow > 0 ? barRow + 1 : 0, 1); // the new row has pushed the barred one down
+        cursorToQuantity();
+        grid()->setReDraw(true);
+    } else {
+        notStored();
+    }
+    waitForNextSecond(*scan);
+    m_services.frame.setFormEnabled(true);
+    grid()->setFocus();
+    m_services.frame.BusyOff();
+}
+
+/// One time stamp, then the goods that \a code names with the figures that a scan books; nothing when there
+/// are none.
+std::optional<MovementPage::Scan> MovementPage::lookUp(const std::string& code)
+{
     Scan scan;
     scan.moment = m_services.clock.now();
     scan.stamp = stampOf(scan.moment);
     RowSet& goods = m_table.master(m_services.db);
-    if (!canBeCode(code) || goods.Select(whereCode(code)) <= 0) {
-        unregistered(code);
-        return;
-    }
+    if (!canBeCode(code) || goods.Select(whereCode(code)) <= 0)
+        return std::nullopt;
     const auto text = [&goods](MasterCol column) {
         return std::string(goods.get(1, static_cast<int>(column)));
     };
@@ -80,32 +110,7 @@ void MovementPage::book(const std::string& code)
     scan.unit = text(MasterCol::Unit);
     scan.quantity = number(m_table.defaultQuantity);
     scan.price = number(m_table.defaultPrice);
-
-    if (!postScan(scan)) {
-        m_services.db.Rollback();
-        m_services.frame.BusyOff();
-        return;
-    }
-    putBackPosted(); // by row, and the rows are about to move down
-    const int barRow = grid()->ActiveRow();
-    grid()->setReDraw(false);
-    putOnTop(scan);
-    goods.Clear();
-    if (rowAdd(scan.stamp) == 0) {
-        m_bar->move(barRow > 0 ? barRow + 1 : 0, 1); // the new row has pushed the barred one down
-        cursorToQuantity();
-        grid()->setReDraw(true);
-    } else {
-        m_services.msgBox.show(
-            {u"データベースエラー"_s, QString::fromUtf16(m_side.insertErrorText), BoxIcon::Stop});
-        // The row that was not stored stays in view until the next search; the count is what it was.
-        grid()->setMaxRows(grid()->MaxRows() - 1);
-        m_outOfStep = std::max(m_outOfStep - 1, 0);
-    }
-    waitForNextSecond(scan);
-    m_services.frame.setFormEnabled(true);
-    grid()->setFocus();
-    m_services.frame.BusyOff();
+    return scan;
 }
 
 void MovementPage::unregistered(const std::string& code)
@@ -119,6 +124,15 @@ void MovementPage::unregistered(const std::string& code)
          BoxIcon::Stop});
     m_services.frame.BusyOff();
     m_ui->txtXBarCode->setFocus();
+}
+
+/// The row that was not stored stays in view until the next search; the count is what it was.
+void MovementPage::notStored()
+{
+    m_services.msgBox.show(
+        {u"データベースエラー"_s, QString::fromUtf16(m_side.insertErrorText), BoxIcon::Stop});
+    grid()->setMaxRows(grid()->MaxRows() - 1);
+    m_outOfStep = std::max(m_outOfStep - 1, 0);
 }
 
 /// Components first, then the goods item itself.
@@ -169,7 +183,7 @@ void MovementPage::putOnTop(const Scan& scan)
 }
 
 /// InpRowAdd, OutRowAdd: stores row 1 of the grid and makes the booking permanent.
-int MovementPage::rowAdd(const std::string& stamp)
+bool MovementPage::rowAdd(const std::string& stamp)
 {
     const MovementCells& cells = m_side.cells;
     const MovementColumns& columns = m_table.columns;
@@ -195,18 +209,24 @@ int MovementPage::rowAdd(const std::string& stamp)
     m_rows.set(row, columns.inpDate, stamp);
     m_rows.set(row, columns.updDate, stamp);
 
+    if (!commitWhen(m_rows.InsertRow(row)))
+        return false;
+    markStale();
+    return true;
+}
+
+/// Makes the movement permanent when its last write has gone well (\a status 0); otherwise nothing of it
+/// stays.
+bool MovementPage::commitWhen(int status)
+{
     AppDB& db = m_services.db;
-    int status = m_rows.InsertRow(row);
     if (status == 0) {
         db.Commit();
         status = db.LastStatus();
     }
-    if (status != 0) {
+    if (status != 0)
         db.Rollback();
-        return status;
-    }
-    markStale();
-    return 0;
+    return status == 0;
 }
 
 /// A booking ends in a later second than the one in which it began, so that no two carry the same stamp.

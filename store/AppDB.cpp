@@ -37,6 +37,26 @@ constexpr Advice advices[] = {
     {EngineError::NoDatabase, "データベースを開けません。　　　\r\n\r\nデータファイルを確認して下さい。"},
 };
 
+/// Makes all tables in the empty file \a path. False, and \a why, when the engine refuses.
+bool makeTables(const std::string& path, std::string& why)
+{
+    Sqlite engine;
+    int status = engine.open(path);
+    const auto run = [&](std::string_view sql) {
+        if (status == noError)
+            status = engine.execute(sql);
+    };
+    run("BEGIN IMMEDIATE");
+    for (const TableDef* table : allTables())
+        for (const std::string& statement : createStatements(*table))
+            run(statement);
+    run("PRAGMA user_version=" + std::to_string(schemaVersion));
+    run("COMMIT");
+    if (status != noError)
+        why = engine.errorText();
+    return status == noError;
+}
+
 } // namespace
 
 AppDB::AppDB(std::string databaseFolder, ErrorSink showError)
@@ -307,25 +327,9 @@ int AppDB::Create(const std::string& path, std::string* error)
     if (handle < 0)
         return give("cannot write " + aside.string());
     ::close(handle);
-    {
-        Sqlite engine;
-        int status = engine.open(aside.string());
-        const auto run = [&](std::string_view sql) {
-            if (status == noError)
-                status = engine.execute(sql);
-        };
-        run("BEGIN IMMEDIATE");
-        for (const TableDef* table : allTables())
-            for (const std::string& statement : createStatements(*table))
-                run(statement);
-        run("PRAGMA user_version=" + std::to_string(schemaVersion));
-        run("COMMIT");
-        if (status != noError) {
-            const std::string why = engine.errorText();
-            engine.close();
-            fs::remove(aside, code);
-            return give(why);
-        }
+    if (std::string why; !makeTables(aside.string(), why)) {
+        fs::remove(aside, code);
+        return give(why);
     }
     if (!syncToDisk(aside) || !renameToNew(aside, target) || !syncToDisk(folderOf(target))) {
         fs::remove(aside, code);

@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFile>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>

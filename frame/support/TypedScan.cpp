@@ -102,21 +102,8 @@ bool TypedScan::press(const QKeyEvent& key)
         !m_text.isEmpty() && key.timestamp() >= m_lastTime && key.timestamp() - m_lastTime <= longestGapMs;
     if (!follows)
         giveBack();
-    if (isEnter(key)) {
-        m_passedTime = 0;
-        if (follows && isScan()) {
-            const QString value = m_text;
-            m_held.clear();
-            m_text.clear();
-            m_pause.stop();
-            if (QWidget* list = QApplication::activePopupWidget())
-                list->close(); // an open choice would get the keys of whatever comes of the scan
-            m_scanned(value);
-            return true;
-        }
-        giveBack();
-        return false;
-    }
+    if (isEnter(key))
+        return pressEnter(follows);
     const QChar character = characterOf(key);
     // What goes on behind characters that the code field has got belongs to them, whatever the field is doing
     // with them meanwhile.
@@ -132,6 +119,24 @@ bool TypedScan::press(const QKeyEvent& key)
     m_text += character;
     m_lastTime = key.timestamp();
     m_pause.start();
+    return true;
+}
+
+/// \a follows: it comes as fast as the characters that are held.
+bool TypedScan::pressEnter(bool follows)
+{
+    m_passedTime = 0;
+    if (!follows || !isScan()) {
+        giveBack();
+        return false;
+    }
+    const QString value = m_text;
+    m_held.clear();
+    m_text.clear();
+    m_pause.stop();
+    if (QWidget* list = QApplication::activePopupWidget())
+        list->close(); // an open choice would get the keys of whatever comes of the scan
+    m_scanned(value);
     return true;
 }
 

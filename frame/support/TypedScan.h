@@ -40,6 +40,7 @@ protected:
 
 private:
     [[nodiscard]] bool press(const QKeyEvent& key);
+    [[nodiscard]] bool pressEnter(bool follows);
     [[nodiscard]] bool mayBegin(QChar character) const;
     [[nodiscard]] bool isScan() const;
     void hold(const QKeyEvent& key);
