@@ -1,6 +1,7 @@
 #include "lists/StockPage.h"
 
 #include <QFocusEvent>
+#include <QScrollBar>
 
 #include "frame/support/Check_Csv.h"
 #include "frame/support/KeyField.h"
@@ -199,10 +200,7 @@ void StockPage::viewChosen(bool detail)
         return;
     }
     goods.setKeepRows(false);
-    constexpr int rowsBeforeWaitWindow = 1000;
-    constexpr int detailedRowsBeforeWaitWindow = 30;
-    if (count > (detail ? detailedRowsBeforeWaitWindow : rowsBeforeWaitWindow))
-        m_services.frame.showWait(u"在庫検索"_s, count);
+    waitIfLong(count);
     stockListLoad();
     showFromTheTop();
     m_services.frame.BusyOff();
@@ -269,6 +267,7 @@ void StockPage::resetGrid()
 {
     plainHeadings();
     grid()->setMaxRows(0);
+    grid()->horizontalScrollBar()->setValue(0); // no cursor could bring the codes back into view
     m_services.db.ZaikoViewTbl().Clear();
 }
 

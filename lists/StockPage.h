@@ -74,6 +74,7 @@ private:
     /// StockRowInsert: the newest row of the row set on top of the grid.
     void stockRowInsert();
     [[nodiscard]] bool agreesToShow(int count);
+    void waitIfLong(int count);
     void showFromTheTop();
 
     Services m_services;
