@@ -71,14 +71,11 @@ void StockPage::wire()
         m_ui->cmdZKensaku->setFocus();
     });
     connect(m_ui->chkStock_Zero, &QCheckBox::toggled, this, [this] { m_ui->cmdZKensaku->setFocus(); });
-    connect(m_ui->optZNormal, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            viewChosen(false);
-    });
-    connect(m_ui->optZDetail, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            viewChosen(true);
-    });
+    for (QRadioButton* view : {m_ui->optZNormal, m_ui->optZDetail})
+        connect(view, &QRadioButton::toggled, this, [this](bool on) {
+            if (on)
+                viewChosen();
+        });
     connect(grid(), &vaSpread::HeadingClick, this, &StockPage::headingClick);
     connect(grid(), &vaSpread::LeaveCell, this, [this](int, int, int newCol, int newRow) {
         if (newCol > 0)
@@ -186,14 +183,14 @@ bool StockPage::eventFilter(QObject* object, QEvent* event)
 // ---- the two views
 
 /// optZNormal_Click, optZDetail_Click: the same rows in the other view.
-void StockPage::viewChosen(bool detail)
+void StockPage::viewChosen()
 {
     ZaikoViewRec& goods = m_services.db.ZaikoViewTbl();
     const int count = goods.Count();
     if (count == 0)
         return;
     m_services.frame.BusyOn();
-    if (detail && !agreesToShow(count)) {
+    if (detailView() && !agreesToShow(count)) {
         m_services.frame.BusyOff();
         m_ui->optZDetail->repaint();
         m_ui->optZNormal->setChecked(true);

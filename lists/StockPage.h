@@ -57,7 +57,7 @@ protected:
 private:
     void wire();
     [[nodiscard]] bool detailView() const;
-    void viewChosen(bool detail);
+    void viewChosen();
     void headingClick(int col);
     void resetGrid();
     void plainHeadings();

@@ -1,6 +1,7 @@
 // The stock tab under the operator's hands: where the focus stands after each search, how the bar and the
 // check boxes show it, and when the wait window comes.
 #include <QApplication>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -147,6 +148,31 @@ TEST_F(StockFocusTest, switchOfTheView_goesToTheGrid)
     EXPECT_EQ(grid().rowBackColor(1), cyan);
     normal().click();
     EXPECT_TRUE(grid().hasFocus());
+}
+
+TEST_F(StockFocusTest, headingClickedWithTheMouse_sorts_andTheCursorGoesWithItsGoods)
+{
+    goods("D4", "消しゴム", "1");
+    type(u"*"_s);
+    ASSERT_EQ(codes(), "A1 B2 D4 "); // 12, 3, 1
+    QTest::keyClick(&grid(), Qt::Key_Down);
+    QTest::keyClick(&grid(), Qt::Key_Down); // on D4
+    QHeaderView& headings = *grid().horizontalHeader();
+    const auto click = [&headings](int col) {
+        const QPoint middle(headings.sectionViewportPosition(col - 1) + headings.sectionSize(col - 1) / 2,
+                            headings.height() / 2);
+        QTest::mouseClick(headings.viewport(), Qt::LeftButton, Qt::NoModifier, middle);
+    };
+    click(9); // minimum stock, the largest first
+    EXPECT_EQ(codes(), "B2 A1 D4 ");
+    EXPECT_EQ(text(1, grid().ActiveRow()), "D4");
+    click(6); // nothing to sort by
+    EXPECT_EQ(codes(), "B2 A1 D4 ");
+    click(3);
+    EXPECT_EQ(codes(), "A1 B2 D4 ");
+    EXPECT_EQ(text(1, grid().ActiveRow()), "D4");
+    EXPECT_EQ(grid().rowBackColor(3), cyan);
+    EXPECT_EQ(grid().rowBackColor(1), QColor(Qt::white));
 }
 
 TEST_F(StockFocusTest, switchBackOfMoreThanAThousandGoods_waitsAndAsksNothing)
