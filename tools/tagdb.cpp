@@ -2,10 +2,12 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include "platform/core/Clock.h"
 #include "store/AppEnv.h"
 #include "tools/Backup.h"
+#include "tools/Forms.h"
 #include "tools/JetImport.h"
 #include "tools/TagDb.h"
 
@@ -22,6 +24,8 @@ constexpr auto commands =
     "  export TABLE FILE   writes a table as CSV\n"
     "  import TABLE FILE   adds the records of a CSV file to a table\n"
     "  import FILE         makes the working database of a Jet 3 or Jet 4 file\n"
+    "  forms DIR           writes the forms that are missing in DIR: staff, partners, goods, parts\n"
+    "  import DIR          takes the forms in DIR over, or tells what is wrong in them\n"
     "  backup              adds a proved copy to the backups, also while the program runs\n"
     "  backup --list       lists the copies and which of them are proved\n"
     "  restore COPY        puts a copy in the place of the working database, which it keeps\n"
@@ -78,6 +82,10 @@ int main(int argc, char** argv)
     else if (runs(u"import"_s, 2))
         status = suisui::importTable(folder, words[1].toStdString(), words[2].toStdString(),
                                      parser.isSet(cp932), std::cout, std::cerr);
+    else if (runs(u"forms"_s, 1))
+        status = suisui::writeForms(folder, words[1].toStdString(), std::cout, std::cerr);
+    else if (runs(u"import"_s, 1) && QFileInfo(words[1]).isDir())
+        status = suisui::takeForms(folder, words[1].toStdString(), std::cout, std::cerr);
     else if (runs(u"import"_s, 1))
         status =
             suisui::importJet(folder, words[1].toStdString(), parser.isSet(anyway), std::cout, std::cerr);

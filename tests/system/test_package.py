@@ -16,6 +16,7 @@ from desk import wait_for
 BUILD = None
 FIRST_START = "すいすいＴＡＧ"
 NO_PARTNERS_BOX = "入荷先の未登録エラー"
+METAINFO = "metainfo/invalid.example.suisuitag.metainfo.xml"
 PROGRAMS = ("suisuitag", "suisuitag-start", "tagdb")
 
 
@@ -71,7 +72,7 @@ class Package(Packaged):
         wanted |= {f"usr/share/man/{place}man1/{program}.1.gz" for program in PROGRAMS for place in ("", "ja/")}
         wanted |= {f"usr/share/suisuitag/Ini/{name}.ini" for name in ("AppEnv", "AppIni", "SlipIni", "TrnPrint")}
         wanted |= {f"usr/share/{name}" for name in (
-            "applications/suisuitag.desktop", "metainfo/suisuitag.metainfo.xml",
+            "applications/suisuitag.desktop", METAINFO,
             "icons/hicolor/scalable/apps/suisuitag.svg", "doc/suisuitag/copyright", "doc/suisuitag/changelog.gz",
             "doc/suisuitag/guide.ja.md")}
         self.assertEqual(set(), wanted - files)
@@ -117,9 +118,9 @@ class Package(Packaged):
         keys = dict(line.split("=", 1) for line in entry.splitlines() if "=" in line)
         for key in ("Exec", "TryExec"):
             self.assertTrue((self.root / "usr/bin" / keys[key]).is_file(), key)
-        for kind in ("icons/hicolor/scalable/apps/{}.svg", "metainfo/{}.metainfo.xml"):
-            xml.dom.minidom.parse(str(self.root / "usr/share" / kind.format(keys["Icon"])))
-        metainfo = xml.dom.minidom.parse(str(self.root / "usr/share/metainfo/suisuitag.metainfo.xml"))
+        xml.dom.minidom.parse(str(self.root / f"usr/share/icons/hicolor/scalable/apps/{keys['Icon']}.svg"))
+        metainfo = xml.dom.minidom.parse(str(self.root / "usr/share" / METAINFO))
+        self.assertEqual(METAINFO, f"metainfo/{metainfo.getElementsByTagName('id')[0].firstChild.data}.metainfo.xml")
         launchable = metainfo.getElementsByTagName("launchable")[0].firstChild.data
         self.assertTrue((self.root / "usr/share/applications" / launchable).is_file())
         for binary in metainfo.getElementsByTagName("binary"):
