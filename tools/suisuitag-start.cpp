@@ -11,6 +11,7 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QMessageBox>
@@ -31,7 +32,18 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int failure = 2;
+constexpr int lineWidth = 540; // 38 full-width characters and a little
 const QString title = u"すいすいＴＡＧ"_s;
+
+/// Shows the box with lines that are long enough for its texts.
+void show(QMessageBox& box)
+{
+    for (const auto& name : {u"qt_msgbox_label"_s, u"qt_msgbox_informativelabel"_s})
+        if (auto* label = box.findChild<QLabel*>(name))
+            label->setMinimumWidth(lineWidth);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
 
 enum class Choice { Empty, Sample, None };
 
@@ -39,14 +51,13 @@ Choice askForDatabase(const QString& folder)
 {
     QMessageBox box(QMessageBox::Question, title,
                     u"データベースがまだありません。どちらを用意しますか？\n\n場所："_s + folder);
-    box.setTextFormat(Qt::PlainText);
     box.setInformativeText(
         u"見本：小さな見本のお店で試すとき\n空　：自分のお店で始めるとき\n　　　（続けて、担当者・取引先・商品の表をお渡しします）"_s);
     const QPushButton* empty = box.addButton(u"空のデータベース(&E)"_s, QMessageBox::AcceptRole);
     const QPushButton* sample = box.addButton(u"見本のデータベース(&S)"_s, QMessageBox::AcceptRole);
     QPushButton* none = box.addButton(u"やめる(&Q)"_s, QMessageBox::RejectRole);
     box.setEscapeButton(none);
-    box.exec();
+    show(box);
     if (box.clickedButton() == empty)
         return Choice::Empty;
     return box.clickedButton() == sample ? Choice::Sample : Choice::None;
@@ -112,8 +123,7 @@ void copySettings(const QString& folder, const QString& programs)
 void tell(QMessageBox::Icon icon, const QString& text)
 {
     QMessageBox box(icon, title, text, QMessageBox::Ok);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    show(box);
 }
 
 int complain(const QString& text)
@@ -145,7 +155,6 @@ WithForms askForForms(const QString& forms, const QString& lacking)
                         ? u"担当者・取引先・商品を、表から取り込みます。"_s
                         : lacking
                               + u"がまだ登録されていません。\n次の表に記入すると、すぐに始められます。"_s);
-    box.setTextFormat(Qt::PlainText);
     box.setInformativeText(u"１．「フォルダを開く」を押し、表を表計算ソフトで開いて記入します。\n"
                            u"　　担当者.csv　取引先.csv　商品.csv　（セット商品があれば 部品.csv）\n"
                            u"　　・取引先の「入荷先」「出荷先」の欄には、あてはまる方に 1 を入れます。\n"
@@ -154,13 +163,14 @@ WithForms askForForms(const QString& forms, const QString& lacking)
                            u"３．「取り込む」を押します。同じコードの行は、表の内容に変わります。\n\n場所："_s
                            + forms);
     const QPushButton* take = box.addButton(u"取り込む(&I)"_s, QMessageBox::AcceptRole);
-    const QPushButton* show = box.addButton(u"フォルダを開く(&O)"_s, QMessageBox::ActionRole);
+    QPushButton* look = box.addButton(u"フォルダを開く(&O)"_s, QMessageBox::ActionRole);
+    box.setDefaultButton(look);
     QPushButton* leave = box.addButton(u"やめる(&Q)"_s, QMessageBox::RejectRole);
     box.setEscapeButton(leave);
-    box.exec();
+    show(box);
     if (box.clickedButton() == take)
         return WithForms::Take;
-    return box.clickedButton() == show ? WithForms::ShowFolder : WithForms::Leave;
+    return box.clickedButton() == look ? WithForms::ShowFolder : WithForms::Leave;
 }
 
 /// The beginning of a text that may be too long for a screen.
