@@ -1,6 +1,7 @@
 #include "lists/StockPage.h"
 
 #include <QFocusEvent>
+#include <QScrollBar>
 
 #include "frame/support/Check_Csv.h"
 #include "frame/support/KeyField.h"
@@ -69,14 +70,11 @@ void StockPage::wire()
         m_ui->cmdZKensaku->setFocus();
     });
     connect(m_ui->chkStock_Zero, &QCheckBox::toggled, this, [this] { m_ui->cmdZKensaku->setFocus(); });
-    connect(m_ui->optZNormal, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            viewChosen(false);
-    });
-    connect(m_ui->optZDetail, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            viewChosen(true);
-    });
+    for (QRadioButton* view : {m_ui->optZNormal, m_ui->optZDetail})
+        connect(view, &QRadioButton::toggled, this, [this](bool on) {
+            if (on)
+                viewChosen();
+        });
     connect(grid(), &vaSpread::HeadingClick, this, &StockPage::headingClick);
     connect(grid(), &vaSpread::LeaveCell, this, [this](int, int, int newCol, int newRow) {
         if (newCol > 0)
@@ -184,24 +182,21 @@ bool StockPage::eventFilter(QObject* object, QEvent* event)
 // ---- the two views
 
 /// optZNormal_Click, optZDetail_Click: the same rows in the other view.
-void StockPage::viewChosen(bool detail)
+void StockPage::viewChosen()
 {
     ZaikoViewRec& goods = m_services.db.ZaikoViewTbl();
     const int count = goods.Count();
     if (count == 0)
         return;
     m_services.frame.BusyOn();
-    if (detail && !agreesToShow(count)) {
+    if (detailView() && !agreesToShow(count)) {
         m_services.frame.BusyOff();
         m_ui->optZDetail->repaint();
         m_ui->optZNormal->setChecked(true);
         return;
     }
     goods.setKeepRows(false);
-    constexpr int rowsBeforeWaitWindow = 1000;
-    constexpr int detailedRowsBeforeWaitWindow = 30;
-    if (count > (detail ? detailedRowsBeforeWaitWindow : rowsBeforeWaitWindow))
-        m_services.frame.showWait(u"在庫検索"_s, count);
+    waitIfLong(count);
     stockListLoad();
     showFromTheTop();
     m_services.frame.BusyOff();
@@ -268,6 +263,7 @@ void StockPage::resetGrid()
 {
     plainHeadings();
     grid()->setMaxRows(0);
+    grid()->horizontalScrollBar()->setValue(0); // no cursor could bring the codes back into view
     m_services.db.ZaikoViewTbl().Clear();
 }
 

@@ -131,7 +131,7 @@ void MovementPage::cmdDelete_Click()
         return;
     if (!agreesToDelete())
         return;
-    if (!inStep(row)) {
+    if (!inStep(row) || !grid()->ReDraw()) { // the row that is seen is not the row that would go
         concurrentChange(true);
         return;
     }

@@ -60,12 +60,14 @@ void MovementPage::barCode_KeyPress(int& keyAscii)
 void MovementPage::book(const std::string& code)
 {
     grid()->endEdit(); // a scan by the serial reader may find the operator in a cell
-    const std::optional<Scan> scan = lookUp(code);
-    if (!scan) {
+    Scan scan;
+    scan.moment = m_services.clock.now();
+    scan.stamp = stampOf(scan.moment);
+    if (!lookUp(code, scan)) {
         unregistered(code);
         return;
     }
-    if (!postScan(*scan)) {
+    if (!postScan(scan)) {
         m_services.db.Rollback();
         m_services.frame.BusyOff();
         return;
@@ -73,31 +75,27 @@ void MovementPage::book(const std::string& code)
     putBackPosted(); // by row, and the rows are about to move down
     const int barRow = grid()->ActiveRow();
     grid()->setReDraw(false);
-    putOnTop(*scan);
+    putOnTop(scan);
     m_table.master(m_services.db).Clear();
-    if (rowAdd(scan->stamp)) {
+    if (rowAdd(scan.stamp)) {
         m_bar->move(barRow > 0 ? barRow + 1 : 0, 1); // the new row has pushed the barred one down
         cursorToQuantity();
         grid()->setReDraw(true);
     } else {
         notStored();
     }
-    waitForNextSecond(*scan);
+    waitForNextSecond(scan);
     m_services.frame.setFormEnabled(true);
     grid()->setFocus();
     m_services.frame.BusyOff();
 }
 
-/// One time stamp, then the goods that \a code names with the figures that a scan books; nothing when there
-/// are none.
-std::optional<MovementPage::Scan> MovementPage::lookUp(const std::string& code)
+/// What the goods master says about \a code; false when it does not know it.
+bool MovementPage::lookUp(const std::string& code, Scan& scan)
 {
-    Scan scan;
-    scan.moment = m_services.clock.now();
-    scan.stamp = stampOf(scan.moment);
     RowSet& goods = m_table.master(m_services.db);
     if (!canBeCode(code) || goods.Select(whereCode(code)) <= 0)
-        return std::nullopt;
+        return false;
     const auto text = [&goods](MasterCol column) {
         return std::string(goods.get(1, static_cast<int>(column)));
     };
@@ -110,7 +108,7 @@ std::optional<MovementPage::Scan> MovementPage::lookUp(const std::string& code)
     scan.unit = text(MasterCol::Unit);
     scan.quantity = number(m_table.defaultQuantity);
     scan.price = number(m_table.defaultPrice);
-    return scan;
+    return true;
 }
 
 void MovementPage::unregistered(const std::string& code)
@@ -124,15 +122,6 @@ void MovementPage::unregistered(const std::string& code)
          BoxIcon::Stop});
     m_services.frame.BusyOff();
     m_ui->txtXBarCode->setFocus();
-}
-
-/// The row that was not stored stays in view until the next search; the count is what it was.
-void MovementPage::notStored()
-{
-    m_services.msgBox.show(
-        {u"データベースエラー"_s, QString::fromUtf16(m_side.insertErrorText), BoxIcon::Stop});
-    grid()->setMaxRows(grid()->MaxRows() - 1);
-    m_outOfStep = std::max(m_outOfStep - 1, 0);
 }
 
 /// Components first, then the goods item itself.
@@ -182,6 +171,15 @@ void MovementPage::putOnTop(const Scan& scan)
     grid()->setRowTexts(1, views);
 }
 
+/// The row that was not stored stays in view until the next search; the count is what it was.
+void MovementPage::notStored()
+{
+    m_services.msgBox.show(
+        {u"データベースエラー"_s, QString::fromUtf16(m_side.insertErrorText), BoxIcon::Stop});
+    grid()->setMaxRows(grid()->MaxRows() - 1);
+    m_outOfStep = std::max(m_outOfStep - 1, 0);
+}
+
 /// InpRowAdd, OutRowAdd: stores row 1 of the grid and makes the booking permanent.
 bool MovementPage::rowAdd(const std::string& stamp)
 {
@@ -215,8 +213,7 @@ bool MovementPage::rowAdd(const std::string& stamp)
     return true;
 }
 
-/// Makes the movement permanent when its last write has gone well (\a status 0); otherwise nothing of it
-/// stays.
+/// Makes the movement permanent when its last write has gone well (\a status 0); otherwise nothing of it stays.
 bool MovementPage::commitWhen(int status)
 {
     AppDB& db = m_services.db;

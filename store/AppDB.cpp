@@ -3,9 +3,6 @@
 #include <array>
 #include <filesystem>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include "platform/core/Files.h"
 
 namespace suisui {
@@ -37,8 +34,8 @@ constexpr Advice advices[] = {
     {EngineError::NoDatabase, "データベースを開けません。　　　\r\n\r\nデータファイルを確認して下さい。"},
 };
 
-/// Makes all tables in the empty file \a path. False, and \a why, when the engine refuses.
-bool makeTables(const std::string& path, std::string& why)
+/// All tables in the empty file \a path. Empty when it went well, else what the engine says.
+std::string makeTables(const std::string& path)
 {
     Sqlite engine;
     int status = engine.open(path);
@@ -52,9 +49,7 @@ bool makeTables(const std::string& path, std::string& why)
             run(statement);
     run("PRAGMA user_version=" + std::to_string(schemaVersion));
     run("COMMIT");
-    if (status != noError)
-        why = engine.errorText();
-    return status == noError;
+    return status == noError ? std::string() : engine.errorText();
 }
 
 } // namespace
@@ -323,11 +318,9 @@ int AppDB::Create(const std::string& path, std::string* error)
         return give("already there: " + path);
     fs::remove(aside, code);
     // The engine opens existing files only; an empty file is a database without tables.
-    const int handle = ::open(aside.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0664);
-    if (handle < 0)
+    if (!makeEmptyFile(aside))
         return give("cannot write " + aside.string());
-    ::close(handle);
-    if (std::string why; !makeTables(aside.string(), why)) {
+    if (const std::string why = makeTables(aside); !why.empty()) {
         fs::remove(aside, code);
         return give(why);
     }

@@ -102,8 +102,15 @@ bool TypedScan::press(const QKeyEvent& key)
         !m_text.isEmpty() && key.timestamp() >= m_lastTime && key.timestamp() - m_lastTime <= longestGapMs;
     if (!follows)
         giveBack();
-    if (isEnter(key))
-        return pressEnter(follows);
+    if (isEnter(key)) {
+        m_passedTime = 0;
+        if (follows && isScan()) {
+            handOver();
+            return true;
+        }
+        giveBack();
+        return false;
+    }
     const QChar character = characterOf(key);
     // What goes on behind characters that the code field has got belongs to them, whatever the field is doing
     // with them meanwhile.
@@ -122,14 +129,9 @@ bool TypedScan::press(const QKeyEvent& key)
     return true;
 }
 
-/// \a follows: it comes as fast as the characters that are held.
-bool TypedScan::pressEnter(bool follows)
+/// The held keys have been a scan: nobody else hears of them.
+void TypedScan::handOver()
 {
-    m_passedTime = 0;
-    if (!follows || !isScan()) {
-        giveBack();
-        return false;
-    }
     const QString value = m_text;
     m_held.clear();
     m_text.clear();
@@ -137,7 +139,6 @@ bool TypedScan::pressEnter(bool follows)
     if (QWidget* list = QApplication::activePopupWidget())
         list->close(); // an open choice would get the keys of whatever comes of the scan
     m_scanned(value);
-    return true;
 }
 
 bool TypedScan::mayBegin(QChar character) const

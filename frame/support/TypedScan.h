@@ -40,9 +40,9 @@ protected:
 
 private:
     [[nodiscard]] bool press(const QKeyEvent& key);
-    [[nodiscard]] bool pressEnter(bool follows);
     [[nodiscard]] bool mayBegin(QChar character) const;
     [[nodiscard]] bool isScan() const;
+    void handOver();
     void hold(const QKeyEvent& key);
     void giveBack();
 

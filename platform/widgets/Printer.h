@@ -81,7 +81,7 @@ public:
     /// Closes the document as far as it is, without looking at what became of it.
     void Abort();
 
-    /// The print dialog of the platform.
+    /// The print dialog of the platform. It asks for no pages: what is printed is the caller's to ask.
     static bool platformDialog(QPrinter& printer, QWidget* parent);
 
 private:
