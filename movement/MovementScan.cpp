@@ -213,7 +213,8 @@ bool MovementPage::rowAdd(const std::string& stamp)
     return true;
 }
 
-/// Makes the movement permanent when its last write has gone well (\a status 0); otherwise nothing of it stays.
+/// Makes the movement permanent when its last write has gone well (\a status 0); otherwise nothing of it
+/// stays.
 bool MovementPage::commitWhen(int status)
 {
     AppDB& db = m_services.db;
