@@ -14,6 +14,7 @@
 #include "movement/MovementPage.h"
 #include "platform/core/DoEvents.h"
 #include "platform/core/FillIn.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/SendKeys.h"
 #include "store/AppIni.h"
@@ -22,12 +23,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
-
-namespace {
-
-constexpr int enterKey = 13;
-
-} // namespace
 
 void frmMain::showTab(Tab tab)
 {
@@ -149,7 +144,7 @@ void frmMain::GoodsCodeSet(const QString& code)
 {
     const Tab tab = currentTab();
     page(tab).barCodeField()->setText(code);
-    int key = enterKey;
+    int key = KeyCode::enter;
     page(tab).barCode_KeyPress(key);
     if (entryPage(tab) != nullptr)
         page(tab).grid()->setFocus(); // the cursor stays on the new row
