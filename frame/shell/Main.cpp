@@ -123,27 +123,33 @@ QString Main_Module::LastDateGet() const
     return stored.isEmpty() ? QString::fromStdString(dateOf(m_clock.now())) : stored;
 }
 
-/// False when the master data calls for the master-data program instead.
-bool Main_Module::loadWindow()
+/// The window with all that its pages need to reach: history, slips, printers, and the ways to its end.
+void Main_Module::makeWindow()
 {
+    const auto readLine = [this] { return m_barcode ? m_barcode->line() : QString(); };
     m_frmMain = std::make_unique<frmMain>(
         Surroundings{*m_appDB, *m_appIni, m_clock, m_msgBox, *m_shortWait, *m_wait, m_lastDate});
-    m_frmMain->setHistoryPlace(*m_appEnv, [this] { return m_barcode ? m_barcode->line() : QString(); });
+    m_frmMain->setHistoryPlace(*m_appEnv, readLine);
     m_frmMain->setSlipPlace(*m_slipIni, m_appEnv->BaseFolder() + u"/exe"_s);
     m_printer = std::make_unique<Printer>();
-    m_frmMain->setListPrinting({*m_appIni, m_clock, m_msgBox, *m_printer, m_appEnv->BaseFolder(),
-                                [this] { return m_barcode ? m_barcode->line() : QString(); }});
+    m_frmMain->setListPrinting({*m_appIni, m_clock, m_msgBox, *m_printer, m_appEnv->BaseFolder(), readLine});
     m_barPrt1 = std::make_unique<PrinterBarPrt>(*m_printer, [this] {
         m_msgBox.show({u" 印刷エラー"_s,
                        u"印刷中に エラーが発生しました。　　　\r\n\r\n　　印刷を中止します。"_s,
                        BoxIcon::Stop});
     });
-    m_frmMain->setLabelPrinting(*m_barPrt1, [this] { return m_barcode ? m_barcode->line() : QString(); });
+    m_frmMain->setLabelPrinting(*m_barPrt1, readLine);
     m_frmMain->askEnd = [this] { return askEnd(); };
     m_frmMain->setMasterStartFlag = [this] { m_masterStartFlag = true; };
     m_frmMain->clearMasterStartFlag = [this] { m_masterStartFlag = false; };
     m_frmMain->masterStartFlag = [this] { return m_masterStartFlag; };
     m_frmMain->unloaded = [this] { windowUnloaded(); };
+}
+
+/// False when the master data calls for the master-data program instead.
+bool Main_Module::loadWindow()
+{
+    makeWindow();
     m_frmMain->load();
     m_shortWait->setEndMark();
     DoEvents();

@@ -9,7 +9,6 @@
 #include <QObject>
 
 #include "barcode/Barcode.h"
-#include "barcode/ScanDispatch.h"
 #include "frame/shell/frmMain.h"
 #include "frame/support/frm_ShortWait.h"
 #include "frame/support/frm_Wait.h"
@@ -50,6 +49,7 @@ public:
 private:
     [[nodiscard]] bool openDatabase();
     void volumeCheck(int count, const QString& text);
+    void makeWindow();
     [[nodiscard]] bool loadWindow();
     void mainLoop();
     void stop();
