@@ -8,9 +8,12 @@
 #include <optional>
 #include <ostream>
 
+#include <QString>
+
 #include "platform/core/CodePage.h"
 #include "store/AppDB.h"
 #include "tools/Csv.h"
+#include "tools/OldTexts.h"
 #include "tools/SampleData.h"
 #include "tools/ShopCheck.h"
 
@@ -67,6 +70,42 @@ std::optional<std::vector<int>> columnPlaces(const TableDef& table, const std::v
     return places;
 }
 
+/// Makes the record the one row of \a rows, each text in the form that its column holds; what it cannot hold
+/// is the fault that is returned.
+std::string fillRow(RowSet& rows, const std::vector<int>& places, const std::vector<std::string>& record)
+{
+    std::vector<std::string> texts(rows.table().columns.size());
+    for (std::size_t i = 0; i < record.size(); ++i)
+        texts[static_cast<std::size_t>(places[i])] = record[i];
+    rows.Clear();
+    rows.NewRows(1);
+    for (std::size_t column = 0; column < texts.size(); ++column) {
+        const std::string_view name = rows.table().columns[column];
+        const auto stored = asStored(rows.table().name, name, texts[column]);
+        if (!stored)
+            return "column " + std::string(name) + ": \"" + texts[column] + "\" is no "
+                   + std::string(meaningOf(rows.table().name, name));
+        rows.set(1, static_cast<int>(column), *stored);
+    }
+    return {};
+}
+
+/// The bytes of a file as UTF-8; what is no text there is the fault in \a error.
+std::string decoded(std::string bytes, bool cp932, std::string& error)
+{
+    constexpr std::string_view noText = "\uFFFD";
+    if (!cp932 && bytes.starts_with("\xEF\xBB\xBF"))
+        bytes.erase(0, 3);
+    std::string text = cp932 ? fromCp932(bytes) : QString::fromUtf8(bytes).toStdString();
+    const std::size_t fault = text.find(noText);
+    if (fault != std::string::npos)
+        error = "line "
+                + std::to_string(
+                    1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(fault), '\n'))
+                + ": no " + (cp932 ? "text of code page 932" : "UTF-8 (--cp932 reads code page 932)");
+    return text;
+}
+
 /// Inserts the records of \a text; pending until the caller's Commit. Returns their number, -1 at a fault.
 int insertCsv(AppDB& db, const TableDef& table, std::string_view text, std::string& error)
 {
@@ -88,10 +127,11 @@ int insertCsv(AppDB& db, const TableDef& table, std::string_view text, std::stri
                     + std::to_string(places->size());
             return -1;
         }
-        rows.Clear();
-        rows.NewRows(1);
-        for (std::size_t i = 0; i < record->size(); ++i)
-            rows.set(1, (*places)[i], (*record)[i]);
+        error = fillRow(rows, *places, *record);
+        if (!error.empty()) {
+            error.insert(0, where);
+            return -1;
+        }
         if (rows.InsertRow(1) != 0) {
             error = where + (db.LastErrNo() == "3022" ? "this key is there already" : db.LastErrText());
             return -1;
@@ -219,13 +259,9 @@ ToolStatus importTable(const std::string& base, std::string_view name, const std
         err << "tagdb: cannot read " << file << '\n';
         return ToolStatus::Failed;
     }
-    std::string text{std::istreambuf_iterator<char>(stream), {}};
-    if (cp932)
-        text = fromCp932(text);
-    if (text.starts_with("\xEF\xBB\xBF"))
-        text.erase(0, 3);
     std::string error;
-    const int count = insertCsv(db, *table, text, error);
+    const std::string text = decoded({std::istreambuf_iterator<char>(stream), {}}, cp932, error);
+    const int count = error.empty() ? insertCsv(db, *table, text, error) : -1;
     if (count >= 0) {
         db.Commit();
         error = db.LastStatus() == 0 ? std::string() : db.LastErrText();
