@@ -6,6 +6,7 @@
 #include "frame/support/Check_Csv.h"
 #include "frame/support/KeyField.h"
 #include "lists/ReDrawOff.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
@@ -17,8 +18,6 @@ namespace suisui {
 
 namespace {
 
-constexpr int codeLength = 13;
-constexpr int enterKey = 13;
 constexpr int rowsForASort = 2;
 
 // Pixel sizes that the screen font has two half-width characters to a full-width one at.
@@ -60,7 +59,7 @@ void StockPage::wire()
     connect(m_ui->cmdRptZList, &QPushButton::clicked, this, &StockPage::cmdRptZList_Click);
     m_ui->txtZBarCode->setKeyPressHandler([this](int& key) { barCode_KeyPress(key); });
     connect(m_ui->cmdZKensaku, &QPushButton::clicked, this, [this] {
-        int key = enterKey;
+        int key = KeyCode::enter;
         barCode_KeyPress(key);
     });
     connect(m_ui->chkStock_Low, &QCheckBox::toggled, this, [this](bool ticked) {
@@ -126,7 +125,7 @@ void StockPage::firstShow()
 {
     const QString kept = m_ui->txtZBarCode->text();
     m_ui->txtZBarCode->clear();
-    int key = enterKey;
+    int key = KeyCode::enter;
     barCode_KeyPress(key);
     m_ui->txtZBarCode->setText(kept);
 }
@@ -138,8 +137,8 @@ void StockPage::barCode_KeyPress(int& keyAscii)
         return;
     }
     SearchKeyCheck(keyAscii);
-    limitLength(*m_ui->txtZBarCode, codeLength, true, keyAscii);
-    if (keyAscii != enterKey)
+    limitLength(*m_ui->txtZBarCode, goodsCodeLength, true, keyAscii);
+    if (keyAscii != KeyCode::enter)
         return;
     m_keyBusy = true;
     m_services.frame.BusyOn();

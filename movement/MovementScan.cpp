@@ -12,6 +12,7 @@
 #include "movement/ZaikoPost.h"
 #include "platform/core/Clock.h"
 #include "platform/core/FillIn.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/core/RunTimeError.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
@@ -27,8 +28,6 @@ namespace suisui {
 
 namespace {
 
-constexpr int codeLength = 13;
-constexpr int enterKey = 13;
 constexpr auto longestNap = 50ms; // a clock that steps back is noticed this soon
 
 } // namespace
@@ -49,9 +48,9 @@ void MovementPage::barCode_KeyPress(int& keyAscii)
 {
     m_services.frame.BusyOn();
     CodeKeyCheck(keyAscii);
-    limitLength(*m_ui->txtXBarCode, codeLength, true, keyAscii);
+    limitLength(*m_ui->txtXBarCode, goodsCodeLength, true, keyAscii);
     const QString text = m_ui->txtXBarCode->text();
-    if (keyAscii != enterKey || text.isEmpty()) {
+    if (keyAscii != KeyCode::enter || text.isEmpty()) {
         m_services.frame.BusyOff();
         return;
     }

@@ -37,6 +37,17 @@ void frmMain::showTab(Tab tab)
         m_ui->SSTab->setCurrentIndex(static_cast<int>(tab));
 }
 
+/// A page that goes behind hands its focus to the control next to it, which would flash up in cyan before the
+/// page that comes to the front takes the focus. It is dropped instead.
+bool frmMain::focusNextPrevChild(bool next)
+{
+    QWidget* left = focusWidget();
+    if (left == nullptr || left->isVisibleTo(this))
+        return QMainWindow::focusNextPrevChild(next);
+    left->clearFocus();
+    return true;
+}
+
 void frmMain::SSTab_Click(int previousTab)
 {
     m_gate.setEnabled(false);
