@@ -132,6 +132,15 @@ TEST_F(PrintDialog, leavesThePagesToTheProgramAndTheCopiesToTheOperator)
     EXPECT_FALSE(queue->jobTicket(jobs).contains(u"page-ranges"_s)) << queue->jobTicket(jobs).toStdString();
 }
 
+TEST_F(PrintDialog, isToldTheNameOfTheDocument)
+{
+    QString name;
+    work = [&name](QPrintDialog& dialog) { name = dialog.printer()->docName(); };
+    printer.setDocumentName(u"在庫商品 一覧"_s);
+    ASSERT_TRUE(printer.choose(nullptr));
+    EXPECT_EQ(name, u"在庫商品 一覧"_s);
+}
+
 TEST_F(PrintDialog, takesAPrinterWithoutDuplexThatIsAskedForBothSides)
 {
     work = [this](QPrintDialog& dialog) {
