@@ -134,7 +134,7 @@ void MovementPage::cmdDelete_Click()
          BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::No});
     if (answer != BoxAnswer::Yes)
         return;
-    if (!inStep(row)) {
+    if (!inStep(row) || !grid()->ReDraw()) { // the row that is seen is not the row that would go
         concurrentChange(true);
         return;
     }

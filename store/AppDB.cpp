@@ -3,9 +3,6 @@
 #include <array>
 #include <filesystem>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include "platform/core/Files.h"
 
 namespace suisui {
@@ -36,6 +33,24 @@ constexpr Advice advices[] = {
     {EngineError::Damaged, "データベースが壊れています。　　　\r\n\r\nバックアップから 復元して下さい。"},
     {EngineError::NoDatabase, "データベースを開けません。　　　\r\n\r\nデータファイルを確認して下さい。"},
 };
+
+/// All tables in the empty file \a path. Empty when it went well, else what the engine says.
+std::string makeTables(const std::string& path)
+{
+    Sqlite engine;
+    int status = engine.open(path);
+    const auto run = [&](std::string_view sql) {
+        if (status == noError)
+            status = engine.execute(sql);
+    };
+    run("BEGIN IMMEDIATE");
+    for (const TableDef* table : allTables())
+        for (const std::string& statement : createStatements(*table))
+            run(statement);
+    run("PRAGMA user_version=" + std::to_string(schemaVersion));
+    run("COMMIT");
+    return status == noError ? std::string() : engine.errorText();
+}
 
 } // namespace
 
@@ -308,29 +323,11 @@ int AppDB::Create(const std::string& path, std::string* error)
         return give("already there: " + path);
     fs::remove(aside, code);
     // The engine opens existing files only; an empty file is a database without tables.
-    const int handle = ::open(aside.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0664);
-    if (handle < 0)
+    if (!makeEmptyFile(aside))
         return give("cannot write " + aside.string());
-    ::close(handle);
-    {
-        Sqlite engine;
-        int status = engine.open(aside.string());
-        const auto run = [&](std::string_view sql) {
-            if (status == noError)
-                status = engine.execute(sql);
-        };
-        run("BEGIN IMMEDIATE");
-        for (const TableDef* table : allTables())
-            for (const std::string& statement : createStatements(*table))
-                run(statement);
-        run("PRAGMA user_version=" + std::to_string(schemaVersion));
-        run("COMMIT");
-        if (status != noError) {
-            const std::string why = engine.errorText();
-            engine.close();
-            fs::remove(aside, code);
-            return give(why);
-        }
+    if (const std::string why = makeTables(aside); !why.empty()) {
+        fs::remove(aside, code);
+        return give(why);
     }
     if (!syncToDisk(aside) || !renameToNew(aside, target) || !syncToDisk(folderOf(target))) {
         fs::remove(aside, code);

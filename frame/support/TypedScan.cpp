@@ -105,13 +105,7 @@ bool TypedScan::press(const QKeyEvent& key)
     if (isEnter(key)) {
         m_passedTime = 0;
         if (follows && isScan()) {
-            const QString value = m_text;
-            m_held.clear();
-            m_text.clear();
-            m_pause.stop();
-            if (QWidget* list = QApplication::activePopupWidget())
-                list->close(); // an open choice would get the keys of whatever comes of the scan
-            m_scanned(value);
+            handOver();
             return true;
         }
         giveBack();
@@ -133,6 +127,18 @@ bool TypedScan::press(const QKeyEvent& key)
     m_lastTime = key.timestamp();
     m_pause.start();
     return true;
+}
+
+/// The held keys have been a scan: nobody else hears of them.
+void TypedScan::handOver()
+{
+    const QString value = m_text;
+    m_held.clear();
+    m_text.clear();
+    m_pause.stop();
+    if (QWidget* list = QApplication::activePopupWidget())
+        list->close(); // an open choice would get the keys of whatever comes of the scan
+    m_scanned(value);
 }
 
 bool TypedScan::mayBegin(QChar character) const

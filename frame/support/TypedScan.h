@@ -42,6 +42,7 @@ private:
     [[nodiscard]] bool press(const QKeyEvent& key);
     [[nodiscard]] bool mayBegin(QChar character) const;
     [[nodiscard]] bool isScan() const;
+    void handOver();
     void hold(const QKeyEvent& key);
     void giveBack();
 

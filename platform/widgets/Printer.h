@@ -83,7 +83,7 @@ public:
     void Abort();
     [[nodiscard]] int pagesStarted() const { return m_pages; }
 
-    /// The print dialog of the platform.
+    /// The print dialog of the platform. It asks for no pages: what is printed is the caller's to ask.
     static bool platformDialog(QPrinter& printer, QWidget* parent);
 
 private:

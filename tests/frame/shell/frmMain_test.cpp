@@ -1,6 +1,9 @@
 // The main window: loading, tabs, the guard of unsaved edits, Enter in a grid, scanned values, closing.
 #include "frame/shell/frmMain.h"
 
+#include <array>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -165,6 +168,28 @@ TEST_F(MainWindowTest, guardAnsweredWithYes_writes_andAFailingUpdateStaysDirty)
     EXPECT_EQ(window->currentTab(), Tab::Shipment); // the change of tab goes on
     EXPECT_TRUE(window->dirty(Side::Receipt));
     EXPECT_EQ(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), std::vector<std::string>{"32"});
+}
+
+TEST_F(MainWindowTest, aChangeOfTab_doesNotLetTheFocusFlashThroughAnotherControl)
+{
+    furnish();
+    frmMain& main = open();
+    std::vector<QString> entered;
+    QObject::connect(qApp, &QApplication::focusChanged, &main, [&](QWidget*, QWidget* now) {
+        if (now != nullptr)
+            entered.push_back(now->objectName());
+    });
+    const std::array names{u"txtNBarCode"_s, u"txtSBarCode"_s, u"txtZBarCode"_s, u"txtNLBarCode"_s,
+                           u"txtSLBarCode"_s};
+    for (const int tab : {1, 2, 3, 4, 0, 3, 1}) {
+        entered.clear();
+        main.selectTab(tab);
+        ASSERT_FALSE(entered.empty());
+        EXPECT_EQ(entered.back(), names.at(static_cast<std::size_t>(tab)));
+        entered.pop_back();
+        for (const QString& name : entered)
+            EXPECT_EQ(name, u"tab_%1"_s.arg(tab)) << name.toStdString();
+    }
 }
 
 TEST_F(MainWindowTest, enterInTheQuantityCell_goesToTheCodeField_withItsTextSelected)

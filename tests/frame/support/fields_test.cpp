@@ -236,6 +236,29 @@ TEST(FocusPaint, marksTheFocus_andSelectsTheText)
     EXPECT_EQ(field->palette().color(QPalette::Base), QColor(Qt::white));
 }
 
+TEST(FocusPaint, aControlThatIsBackToItsOwnColours_hasNoPaletteOfItsOwn)
+{
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    auto* first = new EnterButton;
+    auto* second = new EnterButton;
+    layout->addWidget(first);
+    layout->addWidget(second);
+    const FocusPaint paint(&window, window.palette().color(QPalette::Button));
+    const qint64 born = second->palette().cacheKey();
+    window.show();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    second->setFocus();
+    EXPECT_NE(second->palette().cacheKey(), born);
+    first->setFocus();
+    EXPECT_EQ(second->palette().cacheKey(), born) << "the style keeps a picture for each palette";
+    paint.setNormal(second);
+    EXPECT_EQ(second->palette().cacheKey(), born);
+    second->setFocus();
+    EXPECT_EQ(second->palette().color(QPalette::Button), QColor(0, 255, 255));
+}
+
 TEST(ScannedValue, firstAndLastCharacterTell)
 {
     const struct

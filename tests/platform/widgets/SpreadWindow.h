@@ -53,7 +53,13 @@ protected:
         grid.setFocus();
         for (const QChar key : keys)
             QTest::keyClick(QApplication::focusWidget(), key.toLatin1());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        pressKey(Qt::Key_Return);
+    }
+
+    /// A key for whoever has the focus: the open editor, or the grid.
+    static void pressKey(Qt::Key which, Qt::KeyboardModifiers with = {})
+    {
+        QTest::keyClick(QApplication::focusWidget(), which, with);
     }
 
     QWidget window;
