@@ -13,6 +13,7 @@
 #include "platform/core/CodePage.h"
 #include "store/AppDB.h"
 #include "tools/Csv.h"
+#include "tools/OldTexts.h"
 #include "tools/SampleData.h"
 #include "tools/ShopCheck.h"
 
@@ -73,6 +74,26 @@ std::optional<std::vector<int>> columnPlaces(const TableDef& table, const std::v
     return places;
 }
 
+/// Makes the record the one row of \a rows, each text in the form that its column holds; what it cannot hold
+/// is the fault that is returned.
+std::string fillRow(RowSet& rows, const std::vector<int>& places, const std::vector<std::string>& record)
+{
+    std::vector<std::string> texts(rows.table().columns.size());
+    for (std::size_t i = 0; i < record.size(); ++i)
+        texts[static_cast<std::size_t>(places[i])] = record[i];
+    rows.Clear();
+    rows.NewRows(1);
+    for (std::size_t column = 0; column < texts.size(); ++column) {
+        const std::string_view name = rows.table().columns[column];
+        const auto stored = asStored(rows.table().name, name, texts[column]);
+        if (!stored)
+            return "column " + std::string(name) + ": \"" + texts[column] + "\" is no "
+                   + std::string(meaningOf(rows.table().name, name));
+        rows.set(1, static_cast<int>(column), *stored);
+    }
+    return {};
+}
+
 /// Place of the first byte of \a text that is no text in UTF-8, or of a character that was none before it was
 /// decoded; npos when all is well.
 std::size_t noTextAt(std::string_view text, bool decoded)
@@ -123,10 +144,11 @@ int insertCsv(AppDB& db, const TableDef& table, std::string_view text, std::stri
                     + std::to_string(places->size());
             return -1;
         }
-        rows.Clear();
-        rows.NewRows(1);
-        for (std::size_t i = 0; i < record->size(); ++i)
-            rows.set(1, (*places)[i], (*record)[i]);
+        error = fillRow(rows, *places, *record);
+        if (!error.empty()) {
+            error.insert(0, where);
+            return -1;
+        }
         if (rows.InsertRow(1) != 0) {
             error = where + (db.LastErrNo() == "3022" ? "this key is there already" : db.LastErrText());
             return -1;

@@ -9,7 +9,6 @@
 #include <QObject>
 
 #include "barcode/Barcode.h"
-#include "barcode/ScanDispatch.h"
 #include "frame/shell/frmMain.h"
 #include "frame/support/frm_ShortWait.h"
 #include "frame/support/frm_Wait.h"

@@ -14,6 +14,7 @@
 #include "movement/MovementPage.h"
 #include "platform/core/DoEvents.h"
 #include "platform/core/FillIn.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/SendKeys.h"
 #include "store/AppIni.h"
@@ -24,8 +25,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace suisui {
 
 namespace {
-
-constexpr int enterKey = 13;
 
 void chooseAll(QComboBox& list)
 {
@@ -61,6 +60,17 @@ void frmMain::showTab(Tab tab)
         SSTab_Click(m_currentTab);
     else
         m_ui->SSTab->setCurrentIndex(static_cast<int>(tab));
+}
+
+/// A page that goes behind hands its focus to the control next to it, which would flash up in cyan before the
+/// page that comes to the front takes the focus. It is dropped instead.
+bool frmMain::focusNextPrevChild(bool next)
+{
+    QWidget* left = focusWidget();
+    if (left == nullptr || left->isVisibleTo(this))
+        return QMainWindow::focusNextPrevChild(next);
+    left->clearFocus();
+    return true;
 }
 
 void frmMain::SSTab_Click(int previousTab)
@@ -164,7 +174,7 @@ void frmMain::GoodsCodeSet(const QString& code)
 {
     const Tab tab = currentTab();
     page(tab).barCodeField()->setText(code);
-    int key = enterKey;
+    int key = KeyCode::enter;
     page(tab).barCode_KeyPress(key);
     if (entryPage(tab) != nullptr)
         page(tab).grid()->setFocus(); // the cursor stays on the new row

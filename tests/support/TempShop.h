@@ -51,6 +51,9 @@ public:
         db.Commit();
     }
 
+    /// Somebody else's program does \a sql to the shop and stores it.
+    void execute(const std::string& sql) const;
+
     /// Rows of "SELECT ..." as a second connection sees them, columns joined by "|".
     [[nodiscard]] std::vector<std::string> query(const std::string& sql) const
     {
