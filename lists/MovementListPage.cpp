@@ -21,7 +21,6 @@ namespace suisui {
 
 namespace {
 
-
 // Columns of the headings that name the conditions.
 constexpr int goodsHeading = 2;
 constexpr int partnerHeading = 3;

@@ -5,10 +5,12 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include "platform/core/Clock.h"
 #include "store/AppEnv.h"
 #include "tools/Backup.h"
+#include "tools/Forms.h"
 #include "tools/JetImport.h"
 #include "tools/TagDb.h"
 
@@ -58,6 +60,16 @@ constexpr Command commands[] = {
      [](const Call& call) -> Result {
          return suisui::importTable(call.base, call.words[0], call.words[1], call.cp932, std::cout,
                                     std::cerr);
+     }},
+    {"forms"_L1, "DIR"_L1, 1, "writes the forms that are missing in DIR: staff, partners, goods, parts"_L1,
+     [](const Call& call) -> Result {
+         return suisui::writeForms(call.base, call.words[0], std::cout, std::cerr);
+     }},
+    {"import"_L1, "DIR"_L1, 1, "takes the forms in DIR over, or tells what is wrong in them"_L1,
+     [](const Call& call) -> Result {
+         if (!QFileInfo(QString::fromStdString(call.words[0])).isDir())
+             return std::nullopt;
+         return suisui::takeForms(call.base, call.words[0], std::cout, std::cerr);
      }},
     {"import"_L1, "FILE"_L1, 1, "makes the working database of a Jet 3 or Jet 4 file"_L1,
      [](const Call& call) -> Result {

@@ -31,7 +31,7 @@ int measureKeyCheck(int& keyAscii)
 {
     const bool passes = (keyAscii >= '0' && keyAscii <= '9') || keyAscii == '-' || keyAscii == '.'
                         || keyAscii == KeyCode::ctrlC || keyAscii == KeyCode::backspace
- || keyAscii == KeyCode::enter;
+                        || keyAscii == KeyCode::enter;
     if (!passes)
         keyAscii = 0;
     return keyAscii;

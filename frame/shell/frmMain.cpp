@@ -20,6 +20,7 @@
 #include "lists/StockPage.h"
 #include "movement/MovementPage.h"
 #include "platform/core/DoEvents.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppEnv.h"
 #include "store/AppIni.h"
@@ -30,8 +31,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace suisui {
 
 namespace {
-
-constexpr int enterKey = 13;
 
 // What a window manager puts around the window, about.
 constexpr int frameWidth = 6;
@@ -246,7 +245,7 @@ void frmMain::setWaitProgress(int value)
 /// that.
 void frmMain::gridKeyPress(Tab tab, int& keyAscii)
 {
-    if (keyAscii != enterKey)
+    if (keyAscii != KeyCode::enter)
         return;
     const QWidget* active = QApplication::focusWidget();
     const vaSpread* grid = page(tab).grid();

@@ -29,7 +29,8 @@ inline constexpr int goodsCodeLength = 13;
 /// is not Backspace (nor Enter, where \a enterPasses).
 void limitLength(const QLineEdit& field, int limit, bool enterPasses, int& keyAscii);
 
-/// Gives \a field its keys: those that \a filter lets through, up to \a limit characters; Enter does \a onEnter.
+/// Gives \a field its keys: those that \a filter lets through, up to \a limit characters; Enter does \a
+/// onEnter.
 void limitKeys(KeyField& field, KeyFilter filter, int limit, std::function<void()> onEnter);
 
 /// Three boxes that hold one date.
