@@ -13,6 +13,7 @@ import sys
 import time
 
 sys.dont_write_bytecode = True  # the source tree stays as it is
+import day_first_start
 import day_history
 import day_labels
 import day_lists
@@ -185,6 +186,7 @@ def main():
         shop.use_reader(reader.device)
         day_reports.prepare(screen, output)
         try:
+            day_first_start.work(chosen.build, screen, output)
             work(shop, screen, reader, output)
         except desk.DeskError as error:
             screen.picture(output / "failure.png")

@@ -208,12 +208,13 @@ void frm_PriCheck::CmdOK_Click()
     m_printing = true;
     m_gate.setEnabled(false);
     m_scan->stop();
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     m_around.barPrt.setOrientation(portrait);
     const bool goOn = m_around.barPrt.choosePrinter(this) == 1;
-    if (goOn)
+    if (goOn) { // while the printer is chosen the operator is asked, not kept waiting
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         print();
-    QGuiApplication::restoreOverrideCursor();
+        QGuiApplication::restoreOverrideCursor();
+    }
     m_gate.setEnabled(true);
     m_printing = false;
     if (goOn) {

@@ -49,8 +49,10 @@ public:
 private:
     [[nodiscard]] bool openDatabase();
     void volumeCheck(int count, const QString& text);
+    [[nodiscard]] QString readLine();
     void makeWindow();
     [[nodiscard]] bool loadWindow();
+    void openReader();
     void mainLoop();
     void stop();
     [[nodiscard]] bool askEnd();
