@@ -108,8 +108,7 @@ class Day:
             if before != stock.get(moved, "－"):
                 print(f"                      {kind} {moved:<14} {before} → {stock[moved]}")
         self._remember()
-        # A scan ends in a later second than it began; then the row stands on the screen.
-        desk.wait_for("the second of the scan is over", lambda: time.strftime("%Y%m%d%H%M%S") > row[10])
+        desk.wait_past(row[10])
 
     def end(self, program):
         """Scans "end" and, in the dialog, "OK"."""

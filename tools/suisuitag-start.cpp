@@ -13,7 +13,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>

@@ -156,7 +156,8 @@ TEST_F(TagDbTest, whatAColumnCannotHold_andBytesThatAreNoText_areNamed_andNothin
         {"Master", "Code,NyuPrice\nA,1\nB,cheap\n", false, "line 3: column NyuPrice: \"cheap\" is no number"},
         {"InpTB", "Code,NyuSuu\nA,1\n", false, "line 2: column NyuDate: \"\" is no date"},
         {"HSeihinTB", "Code,HSeihinCD,Suuryou\nA,B,two\n", false, "column Suuryou: \"two\" is no number"},
-        {"Master", "Code,Name\nA,a\nB,\x83\x8A\n", false, "line 3: no UTF-8 (--cp932 reads code page 932)"},
+        {"Master", "Code,Name\nA,a\nB,\x83\x8A\n", false,
+         "line 3, column 3: no text in UTF-8 (a file in code page 932 needs --cp932)"},
         {"Master", "Code,Name\nA,\x83\n", true, "line 2: no text of code page 932"},
     };
     for (const auto& file : files) {

@@ -16,6 +16,7 @@
 #include <QTest>
 
 #include "platform/core/RunTimeError.h"
+#include "tests/support/ExpectBox.h"
 #include "tests/support/MainWindowDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -34,12 +35,12 @@ TEST_F(MainWindowTest, withoutReceiptPartner_handsOver_andNothingAsksAboutTheEnd
 {
     partner("201", "南商店", "", "1");
     frmMain& main = open(false);
-    ASSERT_EQ(box.shown.size(), 1U);
-    EXPECT_EQ(box.shown[0].title, u"入荷先の未登録エラー"_s);
-    EXPECT_EQ(box.shown[0].icon, BoxIcon::Stop);
-    EXPECT_EQ(
-        box.shown[0].text,
-        u"入荷先の顧客情報が登録されていません。　　　\r\n\r\n　　最低でも１件は 登録して下さい。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動します。"_s);
+    expectOneBox(
+        box,
+        {.title = u"入荷先の未登録エラー"_s,
+         .text =
+             u"入荷先の顧客情報が登録されていません。　　　\r\n\r\n　　最低でも１件は 登録して下さい。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動します。"_s,
+         .icon = BoxIcon::Stop});
     EXPECT_TRUE(main.MasterMissing());
     main.cmdMaster_Click();
     EXPECT_TRUE(masterStart);
@@ -159,10 +160,7 @@ TEST_F(MainWindowTest, guardAnsweredWithYes_writes_andAFailingUpdateStaysDirty)
     EXPECT_EQ(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), std::vector<std::string>{"20"});
     window->selectTab(0);
     leaveAnEdit();
-    AppDB other(shop.databaseFolder());
-    ASSERT_EQ(other.Open("trnvik.mdb"), 0);
-    other.Execute("UPDATE InpTB SET Bikou='other'");
-    other.Commit();
+    shop.execute("UPDATE InpTB SET Bikou='other'");
     box.answers = {BoxAnswer::Yes};
     window->selectTab(1);
     EXPECT_EQ(window->currentTab(), Tab::Shipment); // the change of tab goes on

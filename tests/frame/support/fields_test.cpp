@@ -12,6 +12,7 @@
 #include "frame/support/ScannedValue.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/EnterButton.h"
+#include "tests/support/ExpectBox.h"
 #include "tests/support/ScriptedMsgBox.h"
 #include "tests/support/TestFrame.h"
 
@@ -62,10 +63,7 @@ protected:
     /// The check refused with this text and put the focus on that box.
     void refused(const QString& text, const KeyField& at)
     {
-        ASSERT_EQ(box.shown.size(), 1U);
-        EXPECT_EQ(box.shown[0].title, u"日付エラー"_s);
-        EXPECT_EQ(box.shown[0].icon, BoxIcon::Stop);
-        EXPECT_EQ(box.shown[0].text, text);
+        expectOneBox(box, {.title = u"日付エラー"_s, .text = text, .icon = BoxIcon::Stop});
         EXPECT_TRUE(at.hasFocus());
         EXPECT_TRUE(frame.enabled);
     }

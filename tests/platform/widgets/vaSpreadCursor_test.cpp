@@ -118,9 +118,7 @@ TEST_F(SpreadInput, tabGoesFromCellToCell_andLeavesTheGridAtItsEnds)
 TEST_F(SpreadInput, tabOutOfAnEditor_takesTheTextAndGoesOn)
 {
     addRow("A", "1");
-    grid.SetActiveCell(3, 1);
-    grid.setFocus();
-    QTest::keyClick(&grid, '7');
+    startTyping(3, 1, '7');
     pressKey(Qt::Key_Tab);
     EXPECT_EQ(grid.text(3, 1), "7");
     EXPECT_FALSE(grid.isEditing());

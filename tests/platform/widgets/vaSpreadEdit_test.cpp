@@ -158,9 +158,7 @@ TEST_F(SpreadInput, typedTextIsKept_whenTheFocusLeavesTheCell)
 {
     addRow("A", "12");
     QSignalSpy changes(&grid, &vaSpread::Change);
-    grid.SetActiveCell(3, 1);
-    grid.setFocus();
-    QTest::keyClick(&grid, '9');
+    startTyping(3, 1, '9');
     EXPECT_TRUE(grid.isEditing());
     field.setFocus();
     EXPECT_EQ(grid.text(3, 1), "9");
@@ -177,9 +175,7 @@ TEST_F(SpreadInput, typedTextIsKept_whenAnotherWindowComesForward)
 {
     addRow("A", "12");
     QSignalSpy changes(&grid, &vaSpread::Change);
-    grid.SetActiveCell(3, 1);
-    grid.setFocus();
-    QTest::keyClick(&grid, '9');
+    startTyping(3, 1, '9');
     QWidget other;
     other.show();
     other.activateWindow();
@@ -192,9 +188,7 @@ TEST_F(SpreadInput, typedTextIsKept_whenTheRowsScrollAway)
 {
     for (int i = 0; i < 200; ++i)
         addRow("A", "12");
-    grid.SetActiveCell(3, 1);
-    grid.setFocus();
-    QTest::keyClick(&grid, '9');
+    startTyping(3, 1, '9');
     grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
     QCoreApplication::processEvents();
     grid.endEdit();
@@ -207,9 +201,7 @@ TEST_F(SpreadInput, typedTextIsKeptInItsRow_whenTheProgramTurnsToTheRows)
     addRow("B", "1");
     addRow("A", "2");
     QSignalSpy changes(&grid, &vaSpread::Change);
-    grid.SetActiveCell(3, 1);
-    grid.setFocus();
-    QTest::keyClick(&grid, '9');
+    startTyping(3, 1, '9');
     grid.setReDraw(false);
     EXPECT_FALSE(grid.isEditing());
     grid.InsertRows(1);

@@ -23,9 +23,7 @@ TEST_F(SpreadInput, keyHandlerSeesKeysFirst_inGridAndEditor)
             key = 0;
         }
     });
-    grid.SetActiveCell(3, 1);
-    grid.setFocus();
-    QTest::keyClick(&grid, '4');
+    startTyping(3, 1, '4');
     pressKey(Qt::Key_Return); // moves on, and what was typed is kept
     EXPECT_EQ(QApplication::focusWidget(), &field);
     EXPECT_EQ(grid.text(3, 1), "4");
@@ -42,9 +40,7 @@ TEST_F(SpreadInput, keyHandlerSeesEachKeyOnce)
     addRow("A", "12");
     std::vector<int> seen;
     grid.setKeyPressHandler([&](int& key) { seen.push_back(key); });
-    grid.SetActiveCell(3, 1);
-    grid.setFocus();
-    QTest::keyClick(&grid, '4'); // opens the editor and goes on into it
+    startTyping(3, 1, '4'); // opens the editor and goes on into it
     QTest::keyClick(QApplication::focusWidget(), '5');
     pressKey(Qt::Key_Backspace);
     pressKey(Qt::Key_Left);
