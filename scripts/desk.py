@@ -139,6 +139,10 @@ class Screen:
         if done.returncode != 0:
             raise DeskError(f"keys {keys}: {done.stderr}")
 
+    def click(self, x, y, times=1):
+        """The left button of the mouse."""
+        self._xdotool("mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "60", "1")
+
     def type_by_hand(self, text, milliseconds=120):
         """Types as a fast typist does."""
         self._xdotool("key", "--delay", str(milliseconds), *(KEYS.get(letter, letter) for letter in text))

@@ -12,6 +12,7 @@
 #include "frame/support/ScannedValue.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/EnterButton.h"
+#include "tests/support/InputMethod.h"
 #include "tests/support/ScriptedMsgBox.h"
 #include "tests/support/TestFrame.h"
 
@@ -196,6 +197,12 @@ TEST(KeyField, keepsTheInputMethodOff)
 {
     KeyField field;
     EXPECT_FALSE(field.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_FALSE(takesInputMethod(field));
+    field.setEnabled(false);
+    field.setEnabled(true);
+    field.setReadOnly(true);
+    field.setReadOnly(false);
+    EXPECT_FALSE(takesInputMethod(field));
 }
 
 TEST(KeyField, leaningOnEnter_isOneEnter)

@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 
 #include "tests/platform/widgets/SpreadWindow.h"
+#include "tests/support/InputMethod.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -119,10 +120,10 @@ TEST_F(SpreadInput, inputMethodIsOn_forFreeTextOnly)
     addRow("A", "12");
     grid.setFocus();
     grid.SetActiveCell(2, 1);
-    EXPECT_TRUE(grid.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_TRUE(takesInputMethod(grid));
     for (const int col : {1, 3, 4, 5, 6, 7}) {
         grid.SetActiveCell(col, 1);
-        EXPECT_FALSE(grid.testAttribute(Qt::WA_InputMethodEnabled)) << col;
+        EXPECT_FALSE(takesInputMethod(grid)) << col;
     }
 }
 
@@ -213,23 +214,61 @@ TEST_F(SpreadInput, selectedCells_areCopiedAsTabSeparatedLines)
               u"A\t名\t1\t2026/04/01\t09:00:00\t1\t1,200\r\nB\t名\t2\t2026/04/01\t09:00:00\t1\t1,200"_s);
 }
 
+TEST_F(SpreadInput, aConversionOpensTheEditor_andItsEndChangesNothingYet)
+{
+    addRow("A", "12");
+    grid.setFocus();
+    grid.SetActiveCell(2, 1);
+    const std::string before(grid.text(2, 1));
+    showPreedit(grid, u"きのう"_s);
+    ASSERT_TRUE(grid.isEditing());
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr);
+    commitText(*editor, u"昨日"_s);
+    EXPECT_TRUE(grid.isEditing());
+    EXPECT_TRUE(editor->text().contains(u"昨日"_s));
+    EXPECT_EQ(grid.text(2, 1), before);
+    EXPECT_TRUE(changes.isEmpty());
+    const QString typed = editor->text();
+    QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_FALSE(grid.isEditing());
+    EXPECT_EQ(grid.qtext(2, 1), typed);
+    EXPECT_EQ(changes.size(), 1);
+}
+
+TEST_F(SpreadInput, aConversionLeftByTheMouse_isTakenWithTheCell)
+{
+    addRow("A", "12");
+    grid.setFocus();
+    grid.SetActiveCell(2, 1);
+    QTest::keyClick(&grid, Qt::Key_F2);
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr);
+    editor->clear();
+    commitText(*editor, u"昨日"_s);
+    showPreedit(*editor, u"は"_s);
+    field.setFocus();
+    EXPECT_FALSE(grid.isEditing());
+    EXPECT_TRUE(grid.qtext(2, 1).startsWith(u"昨日"_s));
+}
+
 TEST_F(SpreadInput, inputMethodStaysOff_whenTheFocusComesToAFigure)
 {
     addRow("A", "12");
     grid.SetActiveCell(3, 1);
     field.setFocus();
     grid.setFocus();
-    EXPECT_FALSE(grid.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_FALSE(takesInputMethod(grid));
     QTest::keyClick(&grid, Qt::Key_F2);
-    EXPECT_FALSE(QApplication::focusWidget()->testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_FALSE(takesInputMethod(*QApplication::focusWidget()));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    EXPECT_FALSE(grid.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_FALSE(takesInputMethod(grid));
     grid.SetActiveCell(2, 1);
     field.setFocus();
     grid.setFocus();
-    EXPECT_TRUE(grid.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_TRUE(takesInputMethod(grid));
     QTest::keyClick(&grid, Qt::Key_F2);
-    EXPECT_TRUE(QApplication::focusWidget()->testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_TRUE(takesInputMethod(*QApplication::focusWidget()));
 }
 
 TEST_F(SpreadInput, keyHandlerSeesEachKeyOnce)
