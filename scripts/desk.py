@@ -33,7 +33,7 @@ STANDS_STILL = 0.3
 
 # Names of the keys that xdotool does not know by their character.
 KEYS = {"\n": "Return", "-": "minus", "[": "bracketleft", "]": "bracketright", "{": "braceleft", "}": "braceright",
-        "#": "numbersign", "@": "at"}
+        "#": "numbersign", "@": "at", "*": "asterisk"}
 
 
 class DeskError(AssertionError):

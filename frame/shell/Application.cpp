@@ -7,6 +7,7 @@
 #include <QStyleFactory>
 #include <QTranslator>
 
+#include "frame/shell/TagIcon.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/AppFont.h"
 
@@ -35,6 +36,8 @@ constexpr std::array errorWords{
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
 {
     setApplicationName(u"suisuitag"_s);
+    setDesktopFileName(u"suisuitag"_s);
+    setWindowIcon(tagIcon());
     setQuitOnLastWindowClosed(false); // the main loop decides when the run is over
     setStyle(QStyleFactory::create(u"Fusion"_s));
     setFont(screenFont());

@@ -16,8 +16,9 @@ EXTENSION, PERIOD, PLACE = " 履歴ファイルの拡張子", " 履歴の保存"
 # Stops of Tab from the code field of a tab on.
 PRINT_LABELS, UPDATE_ROWS, DELETE_ROW = 3, 11, 12
 PRINT_STOCK = 5
-# And back from it.
-TO_END, TO_SAVE = 2, 4
+PRINT_LIST = 11
+# Back from it, and on to the button that ends.
+TO_SAVE, SAVE_TO_END = 4, 2
 
 
 class KeyboardOnly(ShopTest):
@@ -94,13 +95,15 @@ class KeyboardOnly(ShopTest):
         wait_for("a shipment", lambda: self.shop.count("OutTB") == 1)
         self.next_tab(program)
         self.book(program, kept)
+        self.screen.press("Return")  # from the list that was found back to the code field
         self.tab_to(PRINT_STOCK)
         self.screen.press("Return")
         self.assertIn(kept, self.print_list())
         self.next_tab(program)
         self.screen.press("asterisk", "Return", "Return")
         program.wait_idle()
-        self.tab_to(1)
+        self.screen.press("Return")
+        self.tab_to(PRINT_LIST)
         self.screen.press("Return")
         self.assertIn(kept, self.print_list())
 
@@ -130,8 +133,7 @@ class KeyboardOnly(ShopTest):
         self.assertEqual([(kept,)], self.receipts("Code"))
 
         program.wait_idle()
-        self.to_code_field(program)
-        self.tab_to(-TO_END)
+        self.tab_to(SAVE_TO_END)
         self.screen.press("Return")
         self.screen.answer(desk.END_DIALOG)
         self.assertEqual(0, program.ended())

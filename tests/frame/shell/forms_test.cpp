@@ -1,5 +1,7 @@
 // Every form of the program, for those who hear it, who have no mouse, or who have a small screen. Run at the
 // screen's own size and at twice that.
+#include <map>
+
 #include <gtest/gtest.h>
 
 #include <QGroupBox>
@@ -108,6 +110,36 @@ TEST_F(MainWindowForms, fitOnASmallScreenWithNothingCut)
     }
 }
 
+TEST_F(MainWindowForms, showTheLargestFiguresInFull)
+{
+    // What a column may have to show: what can be typed there, and sums of it.
+    const std::map<QString, std::string_view> largest{
+        {u"コード"_s, "4901001000017"}, {u"単価"_s, "-99999999"},      {u"入荷単価"_s, "99,999,999"},
+        {u"出荷単価"_s, "99,999,999"},  {u"数量"_s, "-9999999"},       {u"値引き"_s, "-99999999"},
+        {u"合計"_s, "-99,999,999,999"}, {u"在庫数"_s, "-9,999,999"},   {u"返品"_s, "-9999999"},
+        {u"良品返品"_s, "-9999999"},    {u"不良品返品"_s, "-9999999"}, {u"返却数"_s, "9,999,999"},
+        {u"日付"_s, "2026/12/31"},      {u"時間"_s, "23:59:59"},       {u"入荷日"_s, "2026/12/31"},
+        {u"出荷日"_s, "2026/12/31"},    {u"担当者"_s, "山田　太郎"},   {u"最低在庫"_s, "9,999,999"},
+    };
+    onEveryTab([&](Tab tab) {
+        vaSpread& grid = desk.grid(tab);
+        grid.setMaxRows(1);
+        int looked = 0;
+        for (int column = 1; column <= grid.MaxCols(); ++column) {
+            const auto figure = largest.find(grid.qtext(column, 0));
+            if (figure == largest.end() || grid.isColumnHidden(column - 1))
+                continue;
+            ++looked;
+            grid.SetText(column, 1, figure->second);
+            grid.setCellBold(column, 1, true); // as negative ones are
+            EXPECT_LE(grid.sizeHintForIndex(grid.model()->index(0, column - 1)).width(),
+                      grid.columnWidth(column - 1))
+                << figure->first.toStdString();
+        }
+        EXPECT_GE(looked, 7);
+    });
+}
+
 TEST_F(MainWindowForms, tellACellsEditorByItsHeading)
 {
     desk.window->GoodsCodeSet(u"4901001000017"_s);
@@ -120,6 +152,16 @@ TEST_F(MainWindowForms, tellACellsEditorByItsHeading)
     ASSERT_NE(editor, nullptr);
     EXPECT_EQ(editor->accessibleName(), grid.qtext(quantity, 0));
     EXPECT_GE(editor->height(), editor->fontMetrics().height());
+}
+
+TEST(Windows, haveThePictureOfTheProgram)
+{
+    for (const int size : {16, 32, 128}) {
+        const QImage picture = QApplication::windowIcon().pixmap(size, size).toImage();
+        ASSERT_EQ(picture.width(), static_cast<int>(size * picture.devicePixelRatio()));
+        EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
+        EXPECT_EQ(picture.pixelColor(picture.width() / 2, picture.height() / 2).alpha(), 255);
+    }
 }
 
 TEST(WaitWindows, showTheirTextsInFull)

@@ -220,11 +220,12 @@ TEST_F(SpreadInput, aConversionOpensTheEditor_andItsEndChangesNothingYet)
     grid.setFocus();
     grid.SetActiveCell(2, 1);
     const std::string before(grid.text(2, 1));
-    showPreedit(grid, u"きのう"_s);
+    const QSignalSpy changes(&grid, &vaSpread::Change);
+    showPreedit(grid, u"きのう"_s); // the grid keeps the focus until the first conversion has ended
     ASSERT_TRUE(grid.isEditing());
+    commitText(grid, u"昨日"_s);
     auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
     ASSERT_NE(editor, nullptr);
-    commitText(*editor, u"昨日"_s);
     EXPECT_TRUE(grid.isEditing());
     EXPECT_TRUE(editor->text().contains(u"昨日"_s));
     EXPECT_EQ(grid.text(2, 1), before);
