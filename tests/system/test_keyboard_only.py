@@ -71,6 +71,8 @@ class KeyboardOnly(ShopTest):
 
         # Receipts: one corrected, one deleted again.
         self.book(program, kept)
+        self.wait_receipts(1)
+        program.wait_idle()
         self.screen.press("9", "9", "Return")  # the quantity, and back to the code field
         self.tab_to(UPDATE_ROWS)
         self.screen.press("Return")

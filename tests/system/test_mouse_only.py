@@ -56,7 +56,7 @@ class MouseOnly(ShopTest):
         before = set(self.paper.rglob("*.pdf"))
         self.click("一覧印刷")
         self.click("印刷", window=PAGES)
-        self.click("印刷", window=PRINTER)
+        self.click("印刷(P)", window=PRINTER)
         self.screen.wait_gone(PAGES)
         [file] = set(self.paper.rglob("*.pdf")) - before
         day_reports.wait_whole(file)
@@ -68,6 +68,8 @@ class MouseOnly(ShopTest):
 
         # Receipts: one corrected, one deleted again.
         self.book(program, kept)
+        self.wait_receipts(1)
+        program.wait_idle()
         [(quantity,)] = self.shop.rows("SELECT NyuSuu FROM Master WHERE Code = ?", kept)
         self.click(quantity, CELL, times=2)
         self.screen.type("99")
@@ -104,7 +106,7 @@ class MouseOnly(ShopTest):
         self.screen.type("*")
         self.click("検　索")
         program.wait_idle()
-        self.click("数量", "column header")  # sorts
+        self.click("商品名▽", "table column header")  # sorts
         program.wait_idle()
         self.print_list()
 
