@@ -47,7 +47,7 @@ public:
     }
     [[nodiscard]] bool waitVisible() const override { return m_wait.isVisible(); }
     void setWaitProgress(int value) override { m_wait.setProgress(value); }
-    void closeWait() { m_wait.close(); }
+    void closeWait() { m_wait.unload(); }
 
 private:
     frm_Wait m_wait;

@@ -1,5 +1,6 @@
 #include "history/frmRirekiFileExt.h"
 
+#include "platform/core/KeyCodes.h"
 #include "platform/widgets/MsgBox.h"
 #include "ui_frmRirekiFileExt.h"
 
@@ -9,7 +10,6 @@ namespace suisui {
 
 namespace {
 
-constexpr int enter = 13;
 // The choice is for the life of the database, and no file system takes names without an end.
 constexpr int longestExtension = 32;
 
@@ -22,7 +22,7 @@ frmRirekiFileExt::frmRirekiFileExt(MsgBox& msgBox, DialogScan::ReadLine readLine
     m_ui->lblCaption->setText(u"「%1」 ファイルの 「拡張子」 を 指定して下さい。"_s.arg(u"履歴"_s));
     m_ui->txtFileExt->setMaxLength(longestExtension);
     m_ui->txtFileExt->setKeyPressHandler([this](int& key) {
-        if (key == enter)
+        if (key == KeyCode::enter)
             m_ui->CmdOK->setFocus();
     });
     wire(*m_ui->CmdOK, *m_ui->CmdEnd, 1);

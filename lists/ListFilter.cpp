@@ -1,30 +1,19 @@
 #include "lists/ListFilter.h"
 
 #include "frame/support/PageTools.h"
+#include "store/Where.h"
 
 namespace suisui {
 
 namespace {
 
-/// 'text', with quotes in it doubled: codes of the master data may hold anything.
-std::string quoted(std::string_view text)
-{
-    std::string result = "'";
-    for (const char c : text) {
-        result += c;
-        if (c == '\'')
-            result += c;
-    }
-    return result += '\'';
-}
-
 std::string goodsCondition(const ListFilter& filter)
 {
     if (filter.goodsCaption.contains(u'*') || filter.goodsCaption.contains(u'?'))
-        return " AND Code Like " + quoted(filter.chosenCode);
+        return " AND Code Like " + inQuotes(filter.chosenCode);
     if (filter.goodsCaption == allChoices)
         return " AND Code Like '*'";
-    return " AND Code = " + quoted(filter.chosenCode);
+    return " AND Code = " + inQuotes(filter.chosenCode);
 }
 
 } // namespace
@@ -32,13 +21,13 @@ std::string goodsCondition(const ListFilter& filter)
 std::string whereText(const ListSide& side, const ListFilter& filter)
 {
     const std::string date(side.dateColumn);
-    std::string where = "WHERE " + date + " >= " + quoted(filter.from);
-    where += "  AND " + date + " <= " + quoted(filter.to);
+    std::string where = "WHERE " + date + " >= " + inQuotes(filter.from);
+    where += "  AND " + date + " <= " + inQuotes(filter.to);
     where += goodsCondition(filter);
     if (filter.partner)
-        where += " AND " + std::string(side.partnerColumn) + " = " + quoted(*filter.partner);
+        where += " AND " + std::string(side.partnerColumn) + " = " + inQuotes(*filter.partner);
     if (filter.staff)
-        where += " AND TanCD = " + quoted(*filter.staff);
+        where += " AND TanCD = " + inQuotes(*filter.staff);
     return where;
 }
 

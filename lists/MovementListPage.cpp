@@ -8,6 +8,7 @@
 #include "lists/ListHeadings.h"
 #include "lists/ListSubtotals.h"
 #include "lists/ReDrawOff.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
@@ -19,9 +20,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace suisui {
 
 namespace {
-
-constexpr int codeLength = 13;
-constexpr int enterKey = 13;
 
 // Columns of the headings that name the conditions.
 constexpr int goodsHeading = 2;
@@ -131,7 +129,7 @@ void MovementListPage::firstShow()
 {
     const QString kept = m_ui->txtXLBarCode->text();
     m_ui->txtXLBarCode->clear();
-    int key = enterKey;
+    int key = KeyCode::enter;
     barCode_KeyPress(key);
     m_ui->txtXLBarCode->setText(kept);
 }
@@ -141,15 +139,15 @@ void MovementListPage::firstShow()
 void MovementListPage::barCode_KeyPress(int& keyAscii)
 {
     SearchKeyCheck(keyAscii);
-    limitLength(*m_ui->txtXLBarCode, codeLength, true, keyAscii);
-    if (keyAscii != enterKey)
+    limitLength(*m_ui->txtXLBarCode, goodsCodeLength, true, keyAscii);
+    if (keyAscii != KeyCode::enter)
         return;
     const QString text = m_ui->txtXLBarCode->text();
     if (text.isEmpty()) {
         resetTab();
         return;
     }
-    if (text.size() > codeLength)
+    if (text.size() > goodsCodeLength)
         return;
     m_services.frame.BusyOn();
     const bool taken = takeCode(text);

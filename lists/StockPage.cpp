@@ -1,11 +1,13 @@
 #include "lists/StockPage.h"
 
 #include <QFocusEvent>
+#include <QScrollBar>
 
 #include "frame/support/Check_Csv.h"
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
 #include "lists/ReDrawOff.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
@@ -17,8 +19,6 @@ namespace suisui {
 
 namespace {
 
-constexpr int codeLength = 13;
-constexpr int enterKey = 13;
 constexpr int rowsForASort = 2;
 
 // Pixel sizes that the screen font has two half-width characters to a full-width one at.
@@ -61,7 +61,7 @@ void StockPage::wire()
     connect(m_ui->cmdRptZList, &QPushButton::clicked, this, &StockPage::cmdRptZList_Click);
     m_ui->txtZBarCode->setKeyPressHandler([this](int& key) { barCode_KeyPress(key); });
     connect(m_ui->cmdZKensaku, &QPushButton::clicked, this, [this] {
-        int key = enterKey;
+        int key = KeyCode::enter;
         barCode_KeyPress(key);
     });
     connect(m_ui->chkStock_Low, &QCheckBox::toggled, this, [this](bool ticked) {
@@ -72,14 +72,11 @@ void StockPage::wire()
         m_ui->cmdZKensaku->setFocus();
     });
     connect(m_ui->chkStock_Zero, &QCheckBox::toggled, this, [this] { m_ui->cmdZKensaku->setFocus(); });
-    connect(m_ui->optZNormal, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            viewChosen(false);
-    });
-    connect(m_ui->optZDetail, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            viewChosen(true);
-    });
+    for (QRadioButton* view : {m_ui->optZNormal, m_ui->optZDetail})
+        connect(view, &QRadioButton::toggled, this, [this](bool on) {
+            if (on)
+                viewChosen();
+        });
     connect(grid(), &vaSpread::HeadingClick, this, &StockPage::headingClick);
     connect(grid(), &vaSpread::LeaveCell, this, [this](int, int, int newCol, int newRow) {
         if (newCol > 0)
@@ -130,7 +127,7 @@ void StockPage::firstShow()
 {
     const QString kept = m_ui->txtZBarCode->text();
     m_ui->txtZBarCode->clear();
-    int key = enterKey;
+    int key = KeyCode::enter;
     barCode_KeyPress(key);
     m_ui->txtZBarCode->setText(kept);
 }
@@ -142,8 +139,8 @@ void StockPage::barCode_KeyPress(int& keyAscii)
         return;
     }
     SearchKeyCheck(keyAscii);
-    limitLength(*m_ui->txtZBarCode, codeLength, true, keyAscii);
-    if (keyAscii != enterKey)
+    limitLength(*m_ui->txtZBarCode, goodsCodeLength, true, keyAscii);
+    if (keyAscii != KeyCode::enter)
         return;
     m_keyBusy = true;
     m_services.frame.BusyOn();
@@ -187,24 +184,21 @@ bool StockPage::eventFilter(QObject* object, QEvent* event)
 // ---- the two views
 
 /// optZNormal_Click, optZDetail_Click: the same rows in the other view.
-void StockPage::viewChosen(bool detail)
+void StockPage::viewChosen()
 {
     ZaikoViewRec& goods = m_services.db.ZaikoViewTbl();
     const int count = goods.Count();
     if (count == 0)
         return;
     m_services.frame.BusyOn();
-    if (detail && !agreesToShow(count)) {
+    if (detailView() && !agreesToShow(count)) {
         m_services.frame.BusyOff();
         m_ui->optZDetail->repaint();
         m_ui->optZNormal->setChecked(true);
         return;
     }
     goods.setKeepRows(false);
-    constexpr int rowsBeforeWaitWindow = 1000;
-    constexpr int detailedRowsBeforeWaitWindow = 30;
-    if (count > (detail ? detailedRowsBeforeWaitWindow : rowsBeforeWaitWindow))
-        m_services.frame.showWait(u"在庫検索"_s, count);
+    waitIfLong(count);
     stockListLoad();
     showFromTheTop();
     m_services.frame.BusyOff();
@@ -271,6 +265,7 @@ void StockPage::resetGrid()
 {
     plainHeadings();
     grid()->setMaxRows(0);
+    grid()->horizontalScrollBar()->setValue(0); // no cursor could bring the codes back into view
     m_services.db.ZaikoViewTbl().Clear();
 }
 

@@ -57,7 +57,7 @@ protected:
 private:
     void wire();
     [[nodiscard]] bool detailView() const;
-    void viewChosen(bool detail);
+    void viewChosen();
     void headingClick(int col);
     void resetGrid();
     void plainHeadings();
@@ -74,6 +74,7 @@ private:
     /// StockRowInsert: the newest row of the row set on top of the grid.
     void stockRowInsert();
     [[nodiscard]] bool agreesToShow(int count);
+    void waitIfLong(int count);
     void showFromTheTop();
 
     Services m_services;

@@ -59,6 +59,13 @@ bool StockPage::agreesToShow(int count)
     return agreesToManyRows(m_services.msgBox, count);
 }
 
+/// The wait window, where \a count goods take long enough for one.
+void StockPage::waitIfLong(int count)
+{
+    if (count > (detailView() ? detailedRowsWithoutWaitWindow : rowsWithoutAsking))
+        m_services.frame.showWait(u"在庫検索"_s, count);
+}
+
 bool StockPage::patternSearch(const std::string& pattern)
 {
     ZaikoViewRec& goods = m_services.db.ZaikoViewTbl();
@@ -68,8 +75,7 @@ bool StockPage::patternSearch(const std::string& pattern)
         m_services.frame.BusyOff();
         return false;
     }
-    if (count > (detailView() ? detailedRowsWithoutWaitWindow : rowsWithoutAsking))
-        m_services.frame.showWait(u"在庫検索"_s, count);
+    waitIfLong(count);
     goods.setKeepRows(false);
     stockListLoad();
     if (count > 0)

@@ -22,7 +22,6 @@ namespace suisui {
 
 namespace {
 
-constexpr int enterKey = 13;
 constexpr int scanInterval = 1;
 constexpr int longestPageNumber = 6;
 constexpr int eventInterval = 100; ///< milliseconds between two looks at pending events while printing
@@ -57,12 +56,7 @@ frmPriCheck_List::~frmPriCheck_List() = default;
 void frmPriCheck_List::wirePages()
 {
     const auto wire = [](KeyField& field, QWidget& next) {
-        field.setKeyPressHandler([&field, &next](int& keyAscii) {
-            NumKeyCheck(keyAscii);
-            limitLength(field, longestPageNumber, true, keyAscii);
-            if (keyAscii == enterKey)
-                next.setFocus();
-        });
+        limitKeys(field, NumKeyCheck, longestPageNumber, [&next] { next.setFocus(); });
     };
     wire(*m_ui->txtPage_0, *m_ui->txtPage_1);
     wire(*m_ui->txtPage_1, *m_ui->CmdOK);

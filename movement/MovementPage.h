@@ -75,28 +75,34 @@ private:
 
     // Booking a code (MovementScan.cpp).
     void book(const std::string& code);
+    [[nodiscard]] bool lookUp(const std::string& code, Scan& scan);
     void unregistered(const std::string& code);
     [[nodiscard]] bool postScan(const Scan& scan);
     void putOnTop(const Scan& scan);
-    [[nodiscard]] int rowAdd(const std::string& stamp);
+    void notStored();
+    [[nodiscard]] bool rowAdd(const std::string& stamp);
+    [[nodiscard]] bool commitWhen(int status);
     void waitForNextSecond(const Scan& scan);
 
-    // Searching and correcting (MovementEdit.cpp).
+    // Searching, and taking corrections into the buffer (MovementSearch.cpp).
     [[nodiscard]] bool agreesToShow(int count);
     void makeRow(const PackedRow& stored, int index, std::span<std::string> texts) const;
     [[nodiscard]] bool changeNumber(int column, int row, int rowIndex);
     [[nodiscard]] bool changeText(int column, int row, int rowIndex);
+    /// Whether \a row still shows what the buffer holds for it.
+    [[nodiscard]] bool inStep(int row) const;
+
+    // Writing corrections, and deleting (MovementEdit.cpp).
     [[nodiscard]] bool updateRow(int row, const std::string& stamp);
     [[nodiscard]] bool postUpdate(int row, int rowIndex, const Figures& posted, const Figures& now,
                                   const std::string& stamp);
     void restorePosted(int row, int rowIndex, const Figures& posted);
     void showPosted(int row, const Figures& figures);
     void putBackPosted();
+    [[nodiscard]] bool agreesToDelete();
     [[nodiscard]] bool postDelete(int rowIndex, double delta, const std::string& stamp);
     void takeOutOfGrid(int row, int rowIndex);
     void concurrentChange(bool deleting);
-    /// Whether \a row still shows what the buffer holds for it.
-    [[nodiscard]] bool inStep(int row) const;
 
     [[nodiscard]] Figures postedFigures(int row) const;
     [[nodiscard]] Figures shownFigures(int row) const;

@@ -12,6 +12,7 @@
 #include "movement/ZaikoPost.h"
 #include "platform/core/Clock.h"
 #include "platform/core/FillIn.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/core/RunTimeError.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
@@ -27,8 +28,6 @@ namespace suisui {
 
 namespace {
 
-constexpr int codeLength = 13;
-constexpr int enterKey = 13;
 constexpr auto longestNap = 50ms; // a clock that steps back is noticed this soon
 
 } // namespace
@@ -49,9 +48,9 @@ void MovementPage::barCode_KeyPress(int& keyAscii)
 {
     m_services.frame.BusyOn();
     CodeKeyCheck(keyAscii);
-    limitLength(*m_ui->txtXBarCode, codeLength, true, keyAscii);
+    limitLength(*m_ui->txtXBarCode, goodsCodeLength, true, keyAscii);
     const QString text = m_ui->txtXBarCode->text();
-    if (keyAscii != enterKey || text.isEmpty()) {
+    if (keyAscii != KeyCode::enter || text.isEmpty()) {
         m_services.frame.BusyOff();
         return;
     }
@@ -64,11 +63,39 @@ void MovementPage::book(const std::string& code)
     Scan scan;
     scan.moment = m_services.clock.now();
     scan.stamp = stampOf(scan.moment);
-    RowSet& goods = m_table.master(m_services.db);
-    if (!canBeCode(code) || goods.Select(whereCode(code)) <= 0) {
+    if (!lookUp(code, scan)) {
         unregistered(code);
         return;
     }
+    if (!postScan(scan)) {
+        m_services.db.Rollback();
+        m_services.frame.BusyOff();
+        return;
+    }
+    putBackPosted(); // by row, and the rows are about to move down
+    const int barRow = grid()->ActiveRow();
+    grid()->setReDraw(false);
+    putOnTop(scan);
+    m_table.master(m_services.db).Clear();
+    if (rowAdd(scan.stamp)) {
+        m_bar->move(barRow > 0 ? barRow + 1 : 0, 1); // the new row has pushed the barred one down
+        cursorToQuantity();
+        grid()->setReDraw(true);
+    } else {
+        notStored();
+    }
+    waitForNextSecond(scan);
+    m_services.frame.setFormEnabled(true);
+    grid()->setFocus();
+    m_services.frame.BusyOff();
+}
+
+/// What the goods master says about \a code; false when it does not know it.
+bool MovementPage::lookUp(const std::string& code, Scan& scan)
+{
+    RowSet& goods = m_table.master(m_services.db);
+    if (!canBeCode(code) || goods.Select(whereCode(code)) <= 0)
+        return false;
     const auto text = [&goods](MasterCol column) {
         return std::string(goods.get(1, static_cast<int>(column)));
     };
@@ -81,32 +108,7 @@ void MovementPage::book(const std::string& code)
     scan.unit = text(MasterCol::Unit);
     scan.quantity = number(m_table.defaultQuantity);
     scan.price = number(m_table.defaultPrice);
-
-    if (!postScan(scan)) {
-        m_services.db.Rollback();
-        m_services.frame.BusyOff();
-        return;
-    }
-    putBackPosted(); // by row, and the rows are about to move down
-    const int barRow = grid()->ActiveRow();
-    grid()->setReDraw(false);
-    putOnTop(scan);
-    goods.Clear();
-    if (rowAdd(scan.stamp) == 0) {
-        m_bar->move(barRow > 0 ? barRow + 1 : 0, 1); // the new row has pushed the barred one down
-        cursorToQuantity();
-        grid()->setReDraw(true);
-    } else {
-        m_services.msgBox.show(
-            {u"データベースエラー"_s, QString::fromUtf16(m_side.insertErrorText), BoxIcon::Stop});
-        // The row that was not stored stays in view until the next search; the count is what it was.
-        grid()->setMaxRows(grid()->MaxRows() - 1);
-        m_outOfStep = std::max(m_outOfStep - 1, 0);
-    }
-    waitForNextSecond(scan);
-    m_services.frame.setFormEnabled(true);
-    grid()->setFocus();
-    m_services.frame.BusyOff();
+    return true;
 }
 
 void MovementPage::unregistered(const std::string& code)
@@ -169,8 +171,17 @@ void MovementPage::putOnTop(const Scan& scan)
     grid()->setRowTexts(1, views);
 }
 
+/// The row that was not stored stays in view until the next search; the count is what it was.
+void MovementPage::notStored()
+{
+    m_services.msgBox.show(
+        {u"データベースエラー"_s, QString::fromUtf16(m_side.insertErrorText), BoxIcon::Stop});
+    grid()->setMaxRows(grid()->MaxRows() - 1);
+    m_outOfStep = std::max(m_outOfStep - 1, 0);
+}
+
 /// InpRowAdd, OutRowAdd: stores row 1 of the grid and makes the booking permanent.
-int MovementPage::rowAdd(const std::string& stamp)
+bool MovementPage::rowAdd(const std::string& stamp)
 {
     const MovementCells& cells = m_side.cells;
     const MovementColumns& columns = m_table.columns;
@@ -196,18 +207,24 @@ int MovementPage::rowAdd(const std::string& stamp)
     m_rows.set(row, columns.inpDate, stamp);
     m_rows.set(row, columns.updDate, stamp);
 
+    if (!commitWhen(m_rows.InsertRow(row)))
+        return false;
+    markStale();
+    return true;
+}
+
+/// Makes the movement permanent when its last write has gone well (\a status 0); otherwise nothing of it
+/// stays.
+bool MovementPage::commitWhen(int status)
+{
     AppDB& db = m_services.db;
-    int status = m_rows.InsertRow(row);
     if (status == 0) {
         db.Commit();
         status = db.LastStatus();
     }
-    if (status != 0) {
+    if (status != 0)
         db.Rollback();
-        return status;
-    }
-    markStale();
-    return 0;
+    return status == 0;
 }
 
 /// A booking ends in a later second than the one in which it began, so that no two carry the same stamp.

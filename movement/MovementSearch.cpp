@@ -1,7 +1,7 @@
 // Stored movements in the grid: loading a period, and taking corrections into the buffer.
 #include "movement/MovementPage.h"
 
-#include "platform/core/FillIn.h"
+#include "frame/support/Questions.h"
 #include "store/AppDB.h"
 #include "store/Numbers.h"
 #include "store/Stamps.h"
@@ -63,13 +63,7 @@ bool MovementPage::agreesToShow(int count)
 {
     if (count <= rowsWithoutAsking)
         return true;
-    const BoxAnswer answer = m_services.msgBox.show(
-        {u"表示の確認"_s,
-         fillIn(u"検索結果のデータが多いため\r\n表示に時間が掛かる可能性があります。　　　\r\n\r\n　　　（検"
-                u"索結果： {count} 件）\r\n\r\n表示を行っても、よろしいですか？",
-                {{u"count", QString::number(count)}}),
-         BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::Yes});
-    if (answer != BoxAnswer::Yes)
+    if (!agreesToManyRows(m_services.msgBox, count))
         return false;
     m_services.frame.showWait(QString::fromUtf16(m_side.waitTag), count);
     return true;

@@ -52,6 +52,38 @@ def wait_for(what, condition, seconds=DEADLINE):
         time.sleep(LOOK_AGAIN)
 
 
+def wait_past(stamp):
+    """Waits until the second of a scan's time stamp is over: a scan ends in a later second than it began, and then
+    its row stands on the screen."""
+    wait_for("the second of the scan is over", lambda: time.strftime("%Y%m%d%H%M%S") > stamp)
+
+
+def is_whole_pdf(file):
+    """Whether the file is there to its last line."""
+    return file.exists() and file.read_bytes().rstrip().endswith(b"%%EOF")
+
+
+def wait_at_rest(pid):
+    """Waits until the process used no processor time for a while."""
+    def ticks_now():
+        try:
+            fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
+        except OSError:
+            return None
+        return int(fields[11]) + int(fields[12])
+
+    last, since = ticks_now(), time.monotonic()
+
+    def still():
+        nonlocal last, since
+        ticks = ticks_now()
+        if ticks != last:
+            last, since = ticks, time.monotonic()
+        return time.monotonic() - since > STANDS_STILL
+
+    wait_for("the program is at rest", still)
+
+
 class Screen:
     """An X server and a window manager of its own, closed with the object."""
 
@@ -346,22 +378,6 @@ class Program:
         self._said.seek(0)
         return self._said.read().decode("utf-8", "replace")
 
-    def _processor_ticks(self):
-        try:
-            fields = pathlib.Path(f"/proc/{self.pid}/stat").read_text().rsplit(")", 1)[1].split()
-        except OSError:
-            return None
-        return int(fields[11]) + int(fields[12])
-
     def wait_idle(self):
-        """Waits until the program has done all there is to do: it used no processor time for a while."""
-        last, since = self._processor_ticks(), time.monotonic()
-
-        def still():
-            nonlocal last, since
-            ticks = self._processor_ticks()
-            if ticks != last:
-                last, since = ticks, time.monotonic()
-            return time.monotonic() - since > STANDS_STILL
-
-        wait_for("the program is at rest", still)
+        """Waits until the program has done all there is to do."""
+        wait_at_rest(self.pid)

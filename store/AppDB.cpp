@@ -3,9 +3,6 @@
 #include <array>
 #include <filesystem>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include "platform/core/Files.h"
 
 namespace suisui {
@@ -37,6 +34,24 @@ constexpr Advice advices[] = {
     {EngineError::NoDatabase, "データベースを開けません。　　　\r\n\r\nデータファイルを確認して下さい。"},
 };
 
+/// All tables in the empty file \a path. Empty when it went well, else what the engine says.
+std::string makeTables(const std::string& path)
+{
+    Sqlite engine;
+    int status = engine.open(path);
+    const auto run = [&](std::string_view sql) {
+        if (status == noError)
+            status = engine.execute(sql);
+    };
+    run("BEGIN IMMEDIATE");
+    for (const TableDef* table : allTables())
+        for (const std::string& statement : createStatements(*table))
+            run(statement);
+    run("PRAGMA user_version=" + std::to_string(schemaVersion));
+    run("COMMIT");
+    return status == noError ? std::string() : engine.errorText();
+}
+
 } // namespace
 
 AppDB::AppDB(std::string databaseFolder, ErrorSink showError)
@@ -64,21 +79,26 @@ int AppDB::Open(std::string_view file)
                                  : std::string(file);
     m_path = path;
     int code = m_engine.open(path);
+    std::string_view own; // what the engine has nothing against
     // A file that takes no write, now or ever, is no use to a shop: better to hear it at the start than at
     // the first scan.
-    if (code == noError && m_engine.isReadOnly())
+    if (code == noError && m_engine.isReadOnly()) {
         code = failure;
+        own = "it cannot be written to";
+    }
     if (code == noError)
         code = m_engine.execute("BEGIN IMMEDIATE");
     if (code == noError) {
         const bool ours = isOurs() && isWhole(path);
         code = m_engine.execute(ours ? "COMMIT" : "ROLLBACK");
-        if (!ours)
+        if (!ours) {
             code = failure;
+            own = "this is no whole database of the program, or one of a newer version";
+        }
     }
     if (code != noError) {
         m_lastErrNo = std::to_string(code);
-        m_lastErrText = m_engine.errorText();
+        m_lastErrText = own.empty() ? m_engine.errorText() : own;
         report(code);
         m_engine.close();
         m_lastStatus = failure;
@@ -303,29 +323,11 @@ int AppDB::Create(const std::string& path, std::string* error)
         return give("already there: " + path);
     fs::remove(aside, code);
     // The engine opens existing files only; an empty file is a database without tables.
-    const int handle = ::open(aside.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0664);
-    if (handle < 0)
+    if (!makeEmptyFile(aside))
         return give("cannot write " + aside.string());
-    ::close(handle);
-    {
-        Sqlite engine;
-        int status = engine.open(aside.string());
-        const auto run = [&](std::string_view sql) {
-            if (status == noError)
-                status = engine.execute(sql);
-        };
-        run("BEGIN IMMEDIATE");
-        for (const TableDef* table : allTables())
-            for (const std::string& statement : createStatements(*table))
-                run(statement);
-        run("PRAGMA user_version=" + std::to_string(schemaVersion));
-        run("COMMIT");
-        if (status != noError) {
-            const std::string why = engine.errorText();
-            engine.close();
-            fs::remove(aside, code);
-            return give(why);
-        }
+    if (const std::string why = makeTables(aside); !why.empty()) {
+        fs::remove(aside, code);
+        return give(why);
     }
     if (!syncToDisk(aside) || !renameToNew(aside, target) || !syncToDisk(folderOf(target))) {
         fs::remove(aside, code);

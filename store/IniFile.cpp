@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <QFile>
@@ -10,6 +9,7 @@
 #include <QSaveFile>
 
 #include "platform/core/CodePage.h"
+#include "platform/core/Files.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -59,16 +59,6 @@ QString decoded(QByteArray bytes)
             ++good;
     }
     return good >= bad ? QString::fromUtf8(bytes) : QString::fromStdString(fromCp932(bytes.toStdString()));
-}
-
-/// A rename is on the disk only when its folder is.
-void syncFolder(const QString& folder)
-{
-    const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_CLOEXEC);
-    if (handle < 0)
-        return;
-    ::fsync(handle);
-    ::close(handle);
 }
 
 bool same(QStringView a, QStringView b)
@@ -182,7 +172,8 @@ bool IniFile::save(const std::vector<Line>& lines) const
         file.cancelWriting();
     if (!file.commit())
         return false;
-    syncFolder(QFileInfo(m_path).absolutePath());
+    // A rename is on the disk only when its folder is.
+    (void)syncToDisk(QFile::encodeName(QFileInfo(m_path).absolutePath()).toStdString());
     return true;
 }
 

@@ -5,9 +5,6 @@
 #include <charconv>
 #include <cstring>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include "platform/core/Files.h"
 
 namespace suisui {
@@ -53,10 +50,8 @@ int AppDB::holdStill()
 int AppDB::CopyTo(const std::string& path)
 {
     // The engine opens existing files only; an empty file is a database without tables.
-    const int handle = ::open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0664);
-    if (handle < 0)
+    if (!makeEmptyFile(path))
         return failOwn(path + ": " + std::strerror(errno));
-    ::close(handle);
     const int code = m_engine.copyTo(path);
     if (code == 0 && syncToDisk(path))
         return succeed();

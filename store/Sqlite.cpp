@@ -157,6 +157,7 @@ int Sqlite::prepare(std::string_view sql, unsigned flags, sqlite3_stmt** stateme
 
 int Sqlite::kept(const std::string& sql, sqlite3_stmt** statement)
 {
+    m_ownError.clear();
     const auto found = m_kept.find(sql);
     if (found != m_kept.end()) {
         *statement = found->second.get();

@@ -1,10 +1,13 @@
 #include "tools/JetFile.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
 #include <glib.h>
 #include <mdbtools.h>
+
+#include <QString>
 
 #include "platform/core/CodePage.h"
 
@@ -55,6 +58,34 @@ std::string bytesOf(std::string_view text)
     return bytes;
 }
 
+/// A text of the newer format as UTF-8. The library takes a letter beyond the first plane, and half of one,
+/// for question marks, so the bytes are decoded here; what is no letter becomes U+FFFD.
+std::string fromUtf16(std::span<const unsigned char> bytes)
+{
+    const bool packed = bytes.size() >= 2 && bytes[0] == 0xFFU && bytes[1] == 0xFEU;
+    bool oneByte = packed;
+    QString text;
+    for (std::size_t i = packed ? 2 : 0; i < bytes.size();) {
+        if (packed && bytes[i] == 0) { // from here on in the other width
+            oneByte = !oneByte;
+            ++i;
+            continue;
+        }
+        const bool whole = oneByte || i + 1 < bytes.size();
+        const unsigned high = oneByte || !whole ? 0U : bytes[i + 1];
+        text += whole ? QChar(static_cast<char16_t>(bytes[i] | (high << 8U)))
+                      : QChar(QChar::ReplacementCharacter);
+        i += oneByte ? 1 : 2;
+    }
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (text[i].isNull() || (text[i].isSurrogate() && !pair))
+            text[i] = QChar::ReplacementCharacter;
+        i += pair ? 1 : 0;
+    }
+    return text.toStdString();
+}
+
 TableDefinition definitionOf(MdbHandle* file, std::string_view name)
 {
     for (unsigned int i = 0; i < file->num_catalog; ++i) {
@@ -79,23 +110,25 @@ class Row
 {
 public:
     explicit Row(MdbTableDef& table)
-        : m_buffers(table.num_cols, std::string(widestText, '\0')), m_lengths(table.num_cols, 0),
-          texts(table.num_cols)
+        : m_table(table), m_buffers(table.num_cols, std::string(widestText, '\0')),
+          m_lengths(table.num_cols, 0), texts(table.num_cols)
     {
         for (unsigned int i = 0; i < table.num_cols; ++i)
             if (isReadable(columnAt(table, i)->col_type))
                 mdb_bind_column(&table, static_cast<int>(i) + 1, m_buffers[i].data(), &m_lengths[i]);
     }
 
-    /// Takes the texts over; the library's own code page is \a oneByte for the older format.
-    void take(bool oneByte)
+    void take()
     {
+        const bool older = m_table.entry->mdb->f->jet_version == MDB_VER_JET3;
         broken.clear();
         for (std::size_t i = 0; i < texts.size(); ++i) {
             const auto length = static_cast<std::size_t>(m_lengths[i]);
             texts[i].assign(m_buffers[i], 0, m_buffers[i].find('\0'));
-            if (oneByte)
+            if (older)
                 texts[i] = fromCp932(bytesOf(texts[i]));
+            else if (length > 0 && columnAt(m_table, static_cast<unsigned int>(i))->col_type == MDB_TEXT)
+                texts[i] = fromUtf16(storedBytes(*columnAt(m_table, static_cast<unsigned int>(i))));
             if (length + 1 >= widestText || texts[i].find("\uFFFD") != std::string::npos)
                 broken.push_back(static_cast<int>(i));
             m_buffers[i][0] = '\0';
@@ -104,6 +137,16 @@ public:
     }
 
 private:
+    /// A column of the row at hand as it lies in the file.
+    [[nodiscard]] std::span<const unsigned char> storedBytes(const MdbColumn& column) const
+    {
+        const std::span<const unsigned char> page(m_table.entry->mdb->pg_buf);
+        const auto start = std::min(static_cast<std::size_t>(column.cur_value_start), page.size());
+        return page.subspan(start,
+                            std::min(static_cast<std::size_t>(column.cur_value_len), page.size() - start));
+    }
+
+    MdbTableDef& m_table;
     std::vector<std::string> m_buffers;
     std::vector<int> m_lengths;
 
@@ -178,7 +221,7 @@ int JetFile::read(const Table& table, const RowHandler& handler)
     mdb_rewind_table(definition.get());
     int number = 0;
     while (mdb_fetch_row(definition.get()) != 0) {
-        row.take(m_file->mdb->f->jet_version == MDB_VER_JET3);
+        row.take();
         handler(++number, row.texts, row.broken);
     }
     return number;

@@ -8,9 +8,12 @@
 #include <optional>
 #include <ostream>
 
+#include <QStringDecoder>
+
 #include "platform/core/CodePage.h"
 #include "store/AppDB.h"
 #include "tools/Csv.h"
+#include "tools/OldTexts.h"
 #include "tools/SampleData.h"
 #include "tools/ShopCheck.h"
 
@@ -62,9 +65,62 @@ std::optional<std::vector<int>> columnPlaces(const TableDef& table, const std::v
             error = "line 1: no column \"" + name + "\" in " + std::string(table.name);
             return std::nullopt;
         }
+        if (std::find(places.begin(), places.end(), found) != places.end()) {
+            error = "line 1: column \"" + name + "\" stands there twice";
+            return std::nullopt;
+        }
         places.push_back(found);
     }
     return places;
+}
+
+/// Makes the record the one row of \a rows, each text in the form that its column holds; what it cannot hold
+/// is the fault that is returned.
+std::string fillRow(RowSet& rows, const std::vector<int>& places, const std::vector<std::string>& record)
+{
+    std::vector<std::string> texts(rows.table().columns.size());
+    for (std::size_t i = 0; i < record.size(); ++i)
+        texts[static_cast<std::size_t>(places[i])] = record[i];
+    rows.Clear();
+    rows.NewRows(1);
+    for (std::size_t column = 0; column < texts.size(); ++column) {
+        const std::string_view name = rows.table().columns[column];
+        const auto stored = asStored(rows.table().name, name, texts[column]);
+        if (!stored)
+            return "column " + std::string(name) + ": \"" + texts[column] + "\" is no "
+                   + std::string(meaningOf(rows.table().name, name));
+        rows.set(1, static_cast<int>(column), *stored);
+    }
+    return {};
+}
+
+/// Place of the first byte of \a text that is no text in UTF-8, or of a character that was none before it was
+/// decoded; npos when all is well.
+std::size_t noTextAt(std::string_view text, bool decoded)
+{
+    const std::size_t broken =
+        std::min(text.find('\0'), decoded ? text.find("\uFFFD") : std::string_view::npos);
+    if (QByteArrayView(text.data(), static_cast<qsizetype>(text.size())).isValidUtf8())
+        return broken;
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    std::size_t at = 0;
+    for (; at + 1 < text.size(); ++at)
+        if (const QString next = decoder(QByteArrayView(text.data() + at, 1)); decoder.hasError())
+            break;
+    return std::min(broken, at);
+}
+
+/// What to tell of bytes that are no text; empty when there are none.
+std::string textFault(std::string_view text, bool cp932)
+{
+    const std::size_t at = noTextAt(text, cp932);
+    if (at == std::string_view::npos)
+        return {};
+    const std::string_view before = text.substr(0, at);
+    const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+    const std::size_t column = at - (before.rfind('\n') + 1) + 1; // npos + 1 is 0
+    return "line " + std::to_string(line) + ", column " + std::to_string(column) + ": no text in "
+           + (cp932 ? "code page 932" : "UTF-8 (a file in code page 932 needs --cp932)");
 }
 
 /// Inserts the records of \a text; pending until the caller's Commit. Returns their number, -1 at a fault.
@@ -88,10 +144,11 @@ int insertCsv(AppDB& db, const TableDef& table, std::string_view text, std::stri
                     + std::to_string(places->size());
             return -1;
         }
-        rows.Clear();
-        rows.NewRows(1);
-        for (std::size_t i = 0; i < record->size(); ++i)
-            rows.set(1, (*places)[i], (*record)[i]);
+        error = fillRow(rows, *places, *record);
+        if (!error.empty()) {
+            error.insert(0, where);
+            return -1;
+        }
         if (rows.InsertRow(1) != 0) {
             error = where + (db.LastErrNo() == "3022" ? "this key is there already" : db.LastErrText());
             return -1;
@@ -224,8 +281,8 @@ ToolStatus importTable(const std::string& base, std::string_view name, const std
         text = fromCp932(text);
     if (text.starts_with("\xEF\xBB\xBF"))
         text.erase(0, 3);
-    std::string error;
-    const int count = insertCsv(db, *table, text, error);
+    std::string error = textFault(text, cp932);
+    const int count = error.empty() ? insertCsv(db, *table, text, error) : -1;
     if (count >= 0) {
         db.Commit();
         error = db.LastStatus() == 0 ? std::string() : db.LastErrText();

@@ -20,7 +20,8 @@ enum class ToolStatus { Good = 0, Found = 1, Failed = 2 };
 [[nodiscard]] ToolStatus exportTable(const std::string& base, std::string_view table, const std::string& file,
                                      bool cp932, std::ostream& out, std::ostream& err);
 /// Adds the records of a CSV file to a table; all of them or, when a line is bad, none. The first record
-/// names the columns, in any order; columns that it leaves out are empty.
+/// names the columns, in any order; columns that it leaves out are empty. Numbers and dates get the form that
+/// their column holds; a line is bad, too, when they cannot, or when its bytes are no text.
 [[nodiscard]] ToolStatus importTable(const std::string& base, std::string_view table, const std::string& file,
                                      bool cp932, std::ostream& out, std::ostream& err);
 

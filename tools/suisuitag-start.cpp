@@ -1,27 +1,48 @@
 // What the entry of the desktop menu starts: a new user, who has no database yet, chooses between an empty
-// one and a sample; then the program takes this one's place.
+// one and a sample. Whoever has nobody and no partner in it yet gets forms to fill in and has them taken over
+// here, since the program cannot start without; "--forms" brings them up at any other time. Then the program
+// takes this one's place.
+#include <optional>
+#include <sstream>
 #include <string>
 #include <unistd.h>
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTranslator>
+#include <QUrl>
 
+#include "platform/core/SingleInstance.h"
+#include "store/AppDB.h"
 #include "store/AppEnv.h"
+#include "tools/Forms.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 constexpr int failure = 2;
+constexpr int lineWidth = 540; // 38 full-width characters and a little
 const QString title = u"すいすいＴＡＧ"_s;
+
+/// Shows the box with lines that are long enough for its texts.
+void show(QMessageBox& box)
+{
+    for (const auto& name : {u"qt_msgbox_label"_s, u"qt_msgbox_informativelabel"_s})
+        if (auto* label = box.findChild<QLabel*>(name))
+            label->setMinimumWidth(lineWidth);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
 
 enum class Choice { Empty, Sample, None };
 
@@ -29,14 +50,13 @@ Choice askForDatabase(const QString& folder)
 {
     QMessageBox box(QMessageBox::Question, title,
                     u"データベースがまだありません。どちらを用意しますか？\n\n場所："_s + folder);
-    box.setTextFormat(Qt::PlainText);
     box.setInformativeText(
-        u"見本：小さな見本のお店で試すとき\n空　：自分のお店で始めるとき\n　　　（担当者と取引先の登録が先に必要です）"_s);
+        u"見本：小さな見本のお店で試すとき\n空　：自分のお店で始めるとき\n　　　（続けて、担当者・取引先・商品の表をお渡しします）"_s);
     const QPushButton* empty = box.addButton(u"空のデータベース(&E)"_s, QMessageBox::AcceptRole);
     const QPushButton* sample = box.addButton(u"見本のデータベース(&S)"_s, QMessageBox::AcceptRole);
     QPushButton* none = box.addButton(u"やめる(&Q)"_s, QMessageBox::RejectRole);
     box.setEscapeButton(none);
-    box.exec();
+    show(box);
     if (box.clickedButton() == empty)
         return Choice::Empty;
     return box.clickedButton() == sample ? Choice::Sample : Choice::None;
@@ -99,12 +119,126 @@ void copySettings(const QString& folder, const QString& programs)
     }
 }
 
+void tell(QMessageBox::Icon icon, const QString& text)
+{
+    QMessageBox box(icon, title, text, QMessageBox::Ok);
+    show(box);
+}
+
 int complain(const QString& text)
 {
-    QMessageBox box(QMessageBox::Critical, title, text, QMessageBox::Ok);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    tell(QMessageBox::Critical, text);
     return failure;
+}
+
+/// What the program could not start without. Nothing where it has other help or can tell the trouble itself:
+/// the master-data program is there, or the database cannot be read.
+QString lackingIn(const QString& folder)
+{
+    suisui::AppDB db((folder + u"/DB"_s).toStdString());
+    db.ShowErrors(false);
+    if (QFile::exists(folder + u"/exe/Master.exe"_s) || db.Open("trnvik.mdb") != 0)
+        return {};
+    QStringList lacking;
+    for (const std::string& one : suisui::missingForStart(db))
+        lacking += QString::fromStdString(one);
+    return lacking.join(u"・"_s);
+}
+
+enum class WithForms { Take, ShowFolder, Leave };
+
+WithForms askForForms(const QString& forms, const QString& lacking)
+{
+    QMessageBox box(QMessageBox::Information, title,
+                    lacking.isEmpty()
+                        ? u"担当者・取引先・商品を、表から取り込みます。"_s
+                        : lacking
+                              + u"がまだ登録されていません。\n次の表に記入すると、すぐに始められます。"_s);
+    box.setInformativeText(u"１．「フォルダを開く」を押し、表を表計算ソフトで開いて記入します。\n"
+                           u"　　担当者.csv　取引先.csv　商品.csv　（セット商品があれば 部品.csv）\n"
+                           u"　　・取引先の「入荷先」「出荷先」の欄には、あてはまる方に 1 を入れます。\n"
+                           u"　　・商品コードの列は、書式を「文字列」にしてから入れます。\n"
+                           u"２．CSV のまま保存します。\n"
+                           u"３．「取り込む」を押します。同じコードの行は、表の内容に変わります。\n\n場所："_s
+                           + forms);
+    const QPushButton* take = box.addButton(u"取り込む(&I)"_s, QMessageBox::AcceptRole);
+    QPushButton* look = box.addButton(u"フォルダを開く(&O)"_s, QMessageBox::ActionRole);
+    box.setDefaultButton(look);
+    QPushButton* leave = box.addButton(u"やめる(&Q)"_s, QMessageBox::RejectRole);
+    box.setEscapeButton(leave);
+    show(box);
+    if (box.clickedButton() == take)
+        return WithForms::Take;
+    return box.clickedButton() == look ? WithForms::ShowFolder : WithForms::Leave;
+}
+
+/// The beginning of a text that may be too long for a screen.
+QString shortened(const std::string& text)
+{
+    constexpr qsizetype limit = 12;
+    QStringList lines = QString::fromStdString(text).split(u'\n', Qt::SkipEmptyParts);
+    if (const qsizetype more = lines.size() - limit; more > 0)
+        lines = lines.first(limit) << u"ほかに "_s + QString::number(more) + u" 件あります。"_s;
+    return lines.join(u'\n');
+}
+
+bool takeOver(const std::string& base, const std::string& forms)
+{
+    std::ostringstream done;
+    std::ostringstream faults;
+    const bool taken = suisui::takeForms(base, forms, done, faults) == suisui::ToolStatus::Good;
+    if (taken)
+        tell(QMessageBox::Information, u"取り込みました。\n\n"_s + shortened(done.str()));
+    else
+        tell(QMessageBox::Warning, u"取り込めませんでした。まだ何も登録されていません。\n"
+                                   "次のところを直して保存し、もう一度「取り込む」を押して下さい。\n\n"_s
+                                       + shortened(faults.str()));
+    return taken;
+}
+
+/// Lets the operator fill the forms in and takes them over, until the shop has what it needs; \a once: at
+/// least once. False when the operator gives up.
+bool fillIn(const QString& folder, bool once)
+{
+    const QString forms = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + u'/' + title;
+    QString lacking = lackingIn(folder);
+    while (once || !lacking.isEmpty()) {
+        std::ostringstream said;
+        std::ostringstream complaint;
+        if (suisui::writeForms(folder.toStdString(), forms.toStdString(), said, complaint)
+            != suisui::ToolStatus::Good) {
+            tell(QMessageBox::Critical, QString::fromStdString(complaint.str()));
+            return false;
+        }
+        const WithForms choice = askForForms(forms, lacking);
+        if (choice == WithForms::Leave)
+            return false;
+        if (choice == WithForms::ShowFolder) {
+            if (!QDesktopServices::openUrl(QUrl::fromLocalFile(forms)))
+                tell(QMessageBox::Information,
+                     u"フォルダを開けませんでした。ファイルの画面で開いて下さい。\n\n"_s + forms);
+            continue;
+        }
+        if (takeOver(folder.toStdString(), forms.toStdString()))
+            once = false;
+        lacking = lackingIn(folder);
+    }
+    return true;
+}
+
+/// Makes the database that the operator wants, where there is none. Nothing to go on with when there is a
+/// status.
+std::optional<int> furnish(const QString& folder, const QString& programs)
+{
+    if (QFile::exists(folder + u"/DB/trnvik.mdb"_s))
+        return std::nullopt;
+    const Choice choice = askForDatabase(folder);
+    if (choice == Choice::None)
+        return 0;
+    const QString complaint = makeDatabase(folder, programs, choice == Choice::Sample);
+    if (complaint.isEmpty())
+        return std::nullopt;
+    return complain(u"データベースを用意できませんでした。\n\n"_s + complaint);
 }
 
 } // namespace
@@ -121,15 +255,14 @@ int main(int argc, char** argv)
     const QString programs = QCoreApplication::applicationDirPath();
     const QString program = programs + u"/suisuitag"_s;
     const QString folder = suisui::AppEnv::programFolder(program);
-    if (!QFile::exists(folder + u"/DB/trnvik.mdb"_s)) {
-        const Choice choice = askForDatabase(folder);
-        if (choice == Choice::None)
-            return 0;
-        const QString complaint = makeDatabase(folder, programs, choice == Choice::Sample);
-        if (!complaint.isEmpty())
-            return complain(u"データベースを用意できませんでした。\n\n"_s + complaint);
-    }
+    const bool formsWanted = QCoreApplication::arguments().contains(u"--forms"_s);
+    if (formsWanted && suisui::SingleInstance(folder).prevInstance())
+        return complain(u"すいすいＴＡＧが動いています。終了してから、もう一度選んで下さい。"_s);
+    if (const auto status = furnish(folder, programs))
+        return *status;
     copySettings(folder, programs);
+    if (!fillIn(folder, formsWanted))
+        return 0;
     std::string path = QFile::encodeName(program).toStdString();
     char* const command[] = {path.data(), nullptr};
     ::execv(path.c_str(), command);

@@ -9,6 +9,7 @@
 #include "barcode/label/frm_PriCheck.h"
 #include "frame/support/Check_Csv.h"
 #include "frame/support/KeyField.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/EnterKey.h"
 #include "ui_frm_PriCheck.h"
@@ -18,10 +19,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace suisui {
 
 namespace {
-
-constexpr int ctrlC = 3;
-constexpr int backspace = 8;
-constexpr int enter = 13;
 
 constexpr int rowDigits = 4;
 constexpr int pageDigits = 4;
@@ -33,7 +30,8 @@ constexpr int measureLength = 6;
 int measureKeyCheck(int& keyAscii)
 {
     const bool passes = (keyAscii >= '0' && keyAscii <= '9') || keyAscii == '-' || keyAscii == '.'
-                        || keyAscii == ctrlC || keyAscii == backspace || keyAscii == enter;
+                        || keyAscii == KeyCode::ctrlC || keyAscii == KeyCode::backspace
+                        || keyAscii == KeyCode::enter;
     if (!passes)
         keyAscii = 0;
     return keyAscii;
@@ -57,13 +55,7 @@ void frm_PriCheck::wireLimits()
     Ui::frm_PriCheck& ui = *m_ui;
     const auto limit = [this](std::initializer_list<KeyField*> fields, KeyFilter filter, int length) {
         for (KeyField* field : fields)
-            field->setKeyPressHandler([this, field, filter, length](int& key) {
-                filter(key);
-                if (key == enter)
-                    enterFrom(field);
-                else
-                    limitLength(*field, length, false, key);
-            });
+            limitKeys(*field, filter, length, [this, field] { enterFrom(field); });
     };
     limit({ui.txtLine_0, ui.txtLine_1}, NumKeyCheck, rowDigits);
     limit({ui.txtPage_0, ui.txtPage_1}, NumKeyCheck, pageDigits);

@@ -4,8 +4,10 @@
 #include <cstdlib>
 
 #include <QLibraryInfo>
+#include <QPixmapCache>
 #include <QStyleFactory>
 #include <QTranslator>
+#include <QtMath>
 
 #include "frame/shell/TagIcon.h"
 #include "platform/core/RunTimeError.h"
@@ -31,6 +33,11 @@ constexpr std::array errorWords{
     ErrorWords{RunTimeError::FileNotFound, u"ファイルが見つかりません。"},
 };
 
+/// Kilobytes of pictures that the style may keep of controls it has drawn, on a screen of plain scale: about
+/// those of one page. It keeps one for each palette, and the mark of the focus is a palette, so ten
+/// megabytes, as Qt would have it, only hold what nobody looks at again.
+constexpr int pictureCache = 512;
+
 } // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
@@ -41,6 +48,7 @@ Application::Application(int& argc, char** argv) : QApplication(argc, argv)
     setQuitOnLastWindowClosed(false); // the main loop decides when the run is over
     setStyle(QStyleFactory::create(u"Fusion"_s));
     setFont(screenFont());
+    QPixmapCache::setCacheLimit(qCeil(pictureCache * devicePixelRatio() * devicePixelRatio()));
     auto* words = new QTranslator(this);
     if (words->load(u"qtbase_ja"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(words);

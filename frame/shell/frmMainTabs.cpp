@@ -14,6 +14,7 @@
 #include "movement/MovementPage.h"
 #include "platform/core/DoEvents.h"
 #include "platform/core/FillIn.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/SendKeys.h"
 #include "store/AppIni.h"
@@ -25,7 +26,31 @@ namespace suisui {
 
 namespace {
 
-constexpr int enterKey = 13;
+void chooseAll(QComboBox& list)
+{
+    if (const int all = list.findText(allChoices); all >= 0)
+        list.setCurrentIndex(all);
+}
+
+/// What a function code does to its control, which is of the kind that the action asks for.
+void carryOut(FunctionAction action, QWidget& control)
+{
+    switch (action) {
+    case FunctionAction::Press:
+        return qobject_cast<QAbstractButton*>(&control)->click();
+    case FunctionAction::Choose:
+        return qobject_cast<QAbstractButton*>(&control)->setChecked(true);
+    case FunctionAction::Tick:
+        qobject_cast<QCheckBox*>(&control)->setChecked(true);
+        return StockPage::check_LostFocus(*qobject_cast<QCheckBox*>(&control));
+    case FunctionAction::Flip:
+        return qobject_cast<QAbstractButton*>(&control)->toggle();
+    case FunctionAction::AllGoods:
+        return qobject_cast<QLabel*>(&control)->setText(allChoices);
+    case FunctionAction::AllOfList:
+        return chooseAll(*qobject_cast<QComboBox*>(&control));
+    }
+}
 
 } // namespace
 
@@ -35,6 +60,17 @@ void frmMain::showTab(Tab tab)
         SSTab_Click(m_currentTab);
     else
         m_ui->SSTab->setCurrentIndex(static_cast<int>(tab));
+}
+
+/// A page that goes behind hands its focus to the control next to it, which would flash up in cyan before the
+/// page that comes to the front takes the focus. It is dropped instead.
+bool frmMain::focusNextPrevChild(bool next)
+{
+    QWidget* left = focusWidget();
+    if (left == nullptr || left->isVisibleTo(this))
+        return QMainWindow::focusNextPrevChild(next);
+    left->clearFocus();
+    return true;
 }
 
 void frmMain::SSTab_Click(int previousTab)
@@ -138,7 +174,7 @@ void frmMain::GoodsCodeSet(const QString& code)
 {
     const Tab tab = currentTab();
     page(tab).barCodeField()->setText(code);
-    int key = enterKey;
+    int key = KeyCode::enter;
     page(tab).barCode_KeyPress(key);
     if (entryPage(tab) != nullptr)
         page(tab).grid()->setFocus(); // the cursor stays on the new row
@@ -182,41 +218,9 @@ void frmMain::sendKeys(const QString& expression)
 
 void frmMain::MainBarEtc(const QString& function)
 {
-    const FunctionCode* entry = functionOn(function, m_currentTab);
-    if (entry == nullptr)
-        return;
-    QWidget* control = findChild<QWidget*>(entry->control.toString());
-    auto* button = qobject_cast<QAbstractButton*>(control);
-    auto* list = qobject_cast<QComboBox*>(control);
-    auto* caption = qobject_cast<QLabel*>(control);
-    switch (entry->action) {
-    case FunctionAction::Press:
-        if (button != nullptr)
-            button->click();
-        break;
-    case FunctionAction::Choose:
-        if (button != nullptr)
-            button->setChecked(true);
-        break;
-    case FunctionAction::Tick:
-        if (auto* box = qobject_cast<QCheckBox*>(control)) {
-            box->setChecked(true);
-            StockPage::check_LostFocus(*box);
-        }
-        break;
-    case FunctionAction::Flip:
-        if (button != nullptr)
-            button->setChecked(!button->isChecked());
-        break;
-    case FunctionAction::AllGoods:
-        if (caption != nullptr)
-            caption->setText(allChoices);
-        break;
-    case FunctionAction::AllOfList:
-        if (const int all = list != nullptr ? list->findText(allChoices) : -1; all >= 0)
-            list->setCurrentIndex(all);
-        break;
-    }
+    if (const FunctionCode* entry = functionOn(function, m_currentTab))
+        if (auto* control = findChild<QWidget*>(entry->control.toString()))
+            carryOut(entry->action, *control);
 }
 
 } // namespace suisui

@@ -1,6 +1,7 @@
 #include "frame/support/Check_Csv.h"
 
 #include <array>
+#include <utility>
 
 #include <QLineEdit>
 
@@ -8,6 +9,7 @@
 #include "frame/support/KeyField.h"
 #include "platform/core/DoEvents.h"
 #include "platform/core/FillIn.h"
+#include "platform/core/KeyCodes.h"
 #include "platform/widgets/MsgBox.h"
 #include "store/Stamps.h"
 
@@ -16,12 +18,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace suisui {
 
 namespace {
-
-constexpr int ctrlC = 3;
-constexpr int backspace = 8;
-constexpr int enter = 13;
-constexpr int ctrlV = 22;
-constexpr int ctrlX = 24;
 
 constexpr int yearLength = 4;
 constexpr int monthLength = 2;
@@ -40,12 +36,12 @@ bool isLetter(int key)
 
 bool passesNum(int key)
 {
-    return isDigit(key) || key == ctrlC || key == backspace || key == enter;
+    return isDigit(key) || key == KeyCode::ctrlC || key == KeyCode::backspace || key == KeyCode::enter;
 }
 
 bool passesCode(int key)
 {
-    return passesNum(key) || isLetter(key) || key == '-' || key == ctrlV || key == ctrlX;
+    return passesNum(key) || isLetter(key) || key == '-' || key == KeyCode::ctrlV || key == KeyCode::ctrlX;
 }
 
 /// \a text by the format "00" or "0000"; what is no number stays as it is, for the checks to refuse.
@@ -99,8 +95,19 @@ int SearchKeyCheck(int& keyAscii)
 void limitLength(const QLineEdit& field, int limit, bool enterPasses, int& keyAscii)
 {
     const bool full = field.text().size() >= limit && !field.hasSelectedText();
-    if (full && keyAscii != backspace && !(enterPasses && keyAscii == enter))
+    if (full && keyAscii != KeyCode::backspace && !(enterPasses && keyAscii == KeyCode::enter))
         keyAscii = 0;
+}
+
+void limitKeys(KeyField& field, KeyFilter filter, int limit, std::function<void()> onEnter)
+{
+    field.setKeyPressHandler([&field, filter, limit, enter = std::move(onEnter)](int& key) {
+        filter(key);
+        if (key == KeyCode::enter)
+            enter();
+        else
+            limitLength(field, limit, false, key);
+    });
 }
 
 void DateBoxes::setDate(QStringView stored) const
@@ -183,13 +190,7 @@ void wirePeriod(const PeriodBoxes& period, QWidget* last)
         auto* box = qobject_cast<KeyField*>(boxes[i]);
         QWidget* next = i + 1 < boxes.size() ? boxes[i + 1] : last;
         const int limit = i % 3 == 0 ? yearLength : monthLength;
-        box->setKeyPressHandler([box, next, limit](int& key) {
-            NumKeyCheck(key);
-            if (key == enter)
-                next->setFocus();
-            else
-                limitLength(*box, limit, false, key);
-        });
+        limitKeys(*box, NumKeyCheck, limit, [next] { next->setFocus(); });
     }
 }
 

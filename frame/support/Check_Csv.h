@@ -12,6 +12,7 @@ class QWidget;
 namespace suisui {
 
 class Frame;
+class KeyField;
 class MsgBox;
 
 // Key filters. Each sets the key to 0 when it is refused, and returns it.
@@ -21,9 +22,16 @@ int SearchKeyCheck(int& keyAscii); ///< as CodeKeyCheck, and "*" "?"
 
 using KeyFilter = int (*)(int&);
 
+/// Characters that a field for a goods code takes.
+inline constexpr int goodsCodeLength = 13;
+
 /// Drops \a keyAscii when \a field has reached \a limit characters, nothing in it is selected and the key
 /// is not Backspace (nor Enter, where \a enterPasses).
 void limitLength(const QLineEdit& field, int limit, bool enterPasses, int& keyAscii);
+
+/// Gives \a field its keys: those that \a filter lets through, up to \a limit characters; Enter does \a
+/// onEnter.
+void limitKeys(KeyField& field, KeyFilter filter, int limit, std::function<void()> onEnter);
 
 /// Three boxes that hold one date.
 struct DateBoxes

@@ -25,15 +25,32 @@ bool isMarked(const QWidget* widget)
            || qobject_cast<const QComboBox*>(widget) != nullptr;
 }
 
+[[nodiscard]] bool isColored(const QWidget& widget, const QColor& color)
+{
+    const QPalette& palette = widget.palette();
+    return (!isField(&widget) || palette.color(QPalette::Base) == color)
+           && palette.color(QPalette::Button) == color && palette.color(QPalette::Window) == color;
+}
+
 /// Fields are painted by their base, buttons and choices by their face; option buttons and check boxes have
 /// no face and take the colour behind them.
+///
+/// A palette that is set is a new one even when its colours are the old, and the style keeps a picture of a
+/// choice for each palette. So none is set without need, and a control that is back to what it was born with
+/// has no palette of its own.
 void paint(QWidget* widget, const QColor& color)
 {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::Base, isField(widget) ? color : palette.color(QPalette::Base));
-    palette.setColor(QPalette::Button, color);
-    palette.setColor(QPalette::Window, color);
-    widget->setPalette(palette);
+    if (isColored(*widget, color))
+        return;
+    widget->setPalette(QPalette());
+    if (!isColored(*widget, color)) {
+        QPalette palette = widget->palette();
+        if (isField(widget))
+            palette.setColor(QPalette::Base, color);
+        palette.setColor(QPalette::Button, color);
+        palette.setColor(QPalette::Window, color);
+        widget->setPalette(palette);
+    }
     if (widget->inherits("QRadioButton") || widget->inherits("QCheckBox"))
         widget->setAutoFillBackground(color == focusColor);
 }

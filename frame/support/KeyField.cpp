@@ -4,13 +4,12 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 
+#include "platform/core/KeyCodes.h"
 #include "platform/widgets/EnterKey.h"
 
 namespace suisui {
 
 namespace {
-
-enum Code { CtrlC = 3, Backspace = 8, Enter = 13, CtrlV = 22, CtrlX = 24 };
 
 /// \a text without the line breaks and control characters that a one-line field cannot show.
 QString onOneLine(QString text)
@@ -28,9 +27,9 @@ int keyAsciiOf(const QKeyEvent& event)
 {
     const int key = event.key();
     if (isEnter(event))
-        return Enter;
+        return KeyCode::enter;
     if (key == Qt::Key_Backspace)
-        return Backspace;
+        return KeyCode::backspace;
     if ((event.modifiers() & Qt::ControlModifier) != 0 && key >= Qt::Key_A && key <= Qt::Key_Z)
         return key - Qt::Key_A + 1;
     const QList<uint> text = event.text().toUcs4();
@@ -62,21 +61,21 @@ void KeyField::keyPressEvent(QKeyEvent* event)
         return;
     }
     event->accept();
-    if (keyAscii == Enter && event->isAutoRepeat())
+    if (keyAscii == KeyCode::enter && event->isAutoRepeat())
         return; // leaning on Enter must not book a code twice
     if (m_keyPress)
         m_keyPress(keyAscii);
     switch (keyAscii) {
     case 0:
-    case Enter: // what Enter does is the handler's business alone; no dialog's button hears of it
+    case KeyCode::enter: // what Enter does is the handler's business alone; no dialog's button hears of it
         break;
-    case CtrlC:
+    case KeyCode::ctrlC:
         copy();
         break;
-    case CtrlV:
+    case KeyCode::ctrlV:
         insert(onOneLine(QGuiApplication::clipboard()->text()));
         break;
-    case CtrlX:
+    case KeyCode::ctrlX:
         cut();
         break;
     default:

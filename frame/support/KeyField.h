@@ -1,6 +1,6 @@
 // A text field whose keys pass a KeyPress routine first, as every entry field of the program does. The
-// routine sees the key's character code (Enter 13, Backspace 8, Ctrl-C 3, Ctrl-V 22, Ctrl-X 24) and may
-// set it to 0, which drops the key without a sound. Keys without a character (arrows, Delete) pass by.
+// routine sees the key's character code (platform/core/KeyCodes.h) and may set it to 0, which drops the key
+// without a sound. Keys without a character (arrows, Delete) pass by.
 //
 // A paste may pass a field's limit; its line breaks and control characters are left out.
 //

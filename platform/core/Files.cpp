@@ -115,6 +115,11 @@ void copyFile(const std::string& from, const std::string& to)
     }
 }
 
+bool makeEmptyFile(const std::string& path)
+{
+    return Handle(path, O_CREAT | O_EXCL | O_WRONLY).isOpen();
+}
+
 bool syncToDisk(const std::string& path)
 {
     const Handle handle(path, O_RDONLY);

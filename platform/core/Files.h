@@ -15,6 +15,10 @@ namespace suisui {
 /// source is missing, PathNotFound when the target's folder is. Nothing is left of a copy that failed.
 void copyFile(const std::string& from, const std::string& to);
 
+/// Makes an empty file. False, with the reason in errno, when something has that name already or none can be
+/// made.
+[[nodiscard]] bool makeEmptyFile(const std::string& path);
+
 /// Flushes a file, or the entries of a folder, to the disk. A file system that knows no flushing of folders
 /// counts as done.
 [[nodiscard]] bool syncToDisk(const std::string& path);

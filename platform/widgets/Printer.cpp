@@ -18,6 +18,24 @@ namespace {
 constexpr int usualResolution = 600;
 constexpr double pointsPerInch = 72;
 
+/// The platform's dialog without what nothing would come of. Which pages are printed is asked in the
+/// program's own dialogs; a range from here would go to the print server beside the document and cut through
+/// the copies in it, and a PDF file would not heed it at all. The reverse order reaches neither. No option of
+/// the dialog turns these off.
+class HonestDialog final : public QPrintDialog
+{
+public:
+    using QPrintDialog::QPrintDialog;
+
+    void setVisible(bool visible) override
+    {
+        QPrintDialog::setVisible(visible); // shows the box for the range each time
+        for (const auto& name : {u"gbPrintRange"_s, u"reverse"_s})
+            if (auto* idle = findChild<QWidget*>(name))
+                idle->hide();
+    }
+};
+
 /// What the last request to the print server came to; true when nothing is known. The library of Qt that
 /// sends the job keeps the answer to itself, so the client library, which is loaded then, is asked.
 bool printServerTookIt()
@@ -122,6 +140,7 @@ PaperOrientation Printer::orientation() const
 bool Printer::choose(QWidget* parent)
 {
     auto candidate = copyOf(device());
+    candidate->setDocName(m_documentName); // the dialog names a file after it when the operator turns to PDF
     proposeFile(*candidate);
     if (!m_dialog(*candidate, parent))
         return false;
@@ -222,7 +241,7 @@ void Printer::Abort()
 
 bool Printer::platformDialog(QPrinter& printer, QWidget* parent)
 {
-    QPrintDialog dialog(&printer, parent);
+    HonestDialog dialog(&printer, parent);
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
     return dialog.exec() == QDialog::Accepted;
 }

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 
+#include "platform/core/KeyCodes.h"
 #include "platform/widgets/CellEditor.h"
 #include "platform/widgets/EnterKey.h"
 #include "platform/widgets/SpreadDelegate.h"
@@ -24,9 +25,9 @@ namespace {
 int keyAscii(const QKeyEvent& event)
 {
     if (isEnter(event))
-        return 13;
+        return KeyCode::enter;
     if (event.key() == Qt::Key_Backspace)
-        return 8;
+        return KeyCode::backspace;
     const QString text = event.text();
     return text.size() == 1 && text[0].isPrint() ? text[0].unicode() : 0;
 }

@@ -7,6 +7,7 @@
 
 #include "platform/core/DoEvents.h"
 #include "platform/core/RunTimeError.h"
+#include "tests/support/ExpectBox.h"
 #include "tests/support/ReaderDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -31,14 +32,12 @@ protected:
         desk.box.onShow = [this](const Box&) { desk.happened.emplace_back("box"); };
         EXPECT_FALSE(desk.barcode.BarCodeInit(&desk.comm));
         EXPECT_EQ(desk.happened, (std::vector<std::string>{"unload", "box"}));
-        ASSERT_EQ(desk.box.shown.size(), 1U);
-        const Box& box = desk.box.shown.front();
-        EXPECT_EQ(box.title, u"通信ポート(COM) 未設定"_s);
-        EXPECT_EQ(
-            box.text,
-            u"【基本情報 登録】 バーコード設定画面で\r\n通信ポート(COM)を正しく設定して下さい。\r\n\r\n設定を行うまで、バーコードはご使用になれません。　　　"_s);
-        EXPECT_EQ(box.icon, BoxIcon::Stop);
-        EXPECT_EQ(box.buttons, BoxButtons::Ok);
+        expectOneBox(
+            desk.box,
+            {.title = u"通信ポート(COM) 未設定"_s,
+             .text =
+                 u"【基本情報 登録】 バーコード設定画面で\r\n通信ポート(COM)を正しく設定して下さい。\r\n\r\n設定を行うまで、バーコードはご使用になれません。　　　"_s,
+             .icon = BoxIcon::Stop});
         EXPECT_FALSE(desk.barcode.hasLine());
         EXPECT_EQ(desk.barcode.line(), QString());
         EXPECT_EQ(desk.box.shown.size(), 1U);
@@ -100,6 +99,8 @@ TEST_F(BarcodeTest, aKindThatIsNotSet_harmsNothing)
 {
     desk.settings.commKind.clear();
     open();
+    desk.send("4901\r\n");
+    EXPECT_EQ(desk.lines(), QStringList{u"4901"_s});
 }
 
 TEST_F(BarcodeTest, aMissingDeviceIsTold)

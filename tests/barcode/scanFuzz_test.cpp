@@ -1,13 +1,13 @@
-// Values that no sheet carries: thousands of random ones against the dispatch and against the reading of
-// frames. Whatever comes, it is dispatched, dropped, or a run-time error, and the next value is read whole.
-// For a long run: scanFuzz_test --gtest_repeat=-1 --gtest_break_on_failure, best of a build with the
-// sanitizers.
+// What no sheet carries and no reader should send: random values against the dispatch, random bytes against
+// the reading of frames. Whatever comes, it is dispatched, dropped, or a run-time error, and the next value
+// is read whole. scripts/fuzz.sh runs it for as long as wanted.
 #include <map>
 #include <random>
 
 #include <gtest/gtest.h>
 
 #include "barcode/ScanDispatch.h"
+#include "platform/core/CodePage.h"
 #include "platform/core/RunTimeError.h"
 #include "tests/support/ReaderDesk.h"
 #include "tests/support/Seed.h"
@@ -77,6 +77,18 @@ QString kindOf(const QString& value)
     return value.size() <= 16 ? u"goods"_s : QString();
 }
 
+/// The bytes of one frame: any but its end, which the end behind it must not make earlier either.
+QByteArray randomFrame(std::mt19937& random, unsigned most)
+{
+    QByteArray frame;
+    for (auto n = random() % most; n > 0; --n)
+        frame += random() % 8 == 0 ? "\r\n"[random() % 2] : static_cast<char>(random() % 256);
+    frame.replace("\r\n", "..");
+    if (frame.isEmpty() || frame.endsWith('\r') || frame.startsWith('\n'))
+        frame = "x" + frame + "x";
+    return frame;
+}
+
 } // namespace
 
 TEST(ScanFuzz, everyValueIsDispatchedDroppedOrAnError)
@@ -110,21 +122,16 @@ TEST(ScanFuzz, framesInRandomPieces_comeOutWholeAndInOrder)
     (void)desk.barcode.BarCodeInit(&desk.comm);
     std::mt19937 random(printedSeed());
     QByteArray sent;
-    std::vector<QByteArray> frames;
+    QStringList wanted;
     for (int i = 0; i < 2000; ++i) {
-        QByteArray frame;
-        for (auto n = random() % 40; n > 0; --n)
-            frame += static_cast<char>(random() % 256);
-        frame.replace("\r\n", "..");
-        if (frame.endsWith('\r') || frame.startsWith('\n') || frame.isEmpty())
-            frame = "x" + frame + "x";
-        frames.push_back(frame);
+        const QByteArray frame = randomFrame(random, i % 500 == 499 ? 60000 : 40);
+        wanted += QString::fromStdString(fromCp932(frame.toStdString()));
         sent += frame + "\r\n";
     }
-    std::size_t got = 0;
+    QStringList got;
     const auto read = [&] {
-        got += static_cast<std::size_t>(desk.lines().size());
-        return got >= frames.size();
+        got += desk.lines();
+        return got.size() >= wanted.size();
     };
     while (!sent.isEmpty()) {
         const auto length = std::min<qsizetype>(static_cast<qsizetype>(random() % 700 + 1), sent.size());
@@ -132,10 +139,56 @@ TEST(ScanFuzz, framesInRandomPieces_comeOutWholeAndInOrder)
         sent.remove(0, length);
         (void)read();
     }
-    ASSERT_TRUE(eventually(read)) << got << " of " << frames.size();
-    EXPECT_EQ(got, frames.size());
+    EXPECT_TRUE(eventually(read)) << got.size() << " of " << wanted.size();
+    for (qsizetype i = 0; i < std::min(got.size(), wanted.size()); ++i)
+        ASSERT_EQ(got.at(i), wanted.at(i)) << "frame " << i;
+    EXPECT_EQ(got.size(), wanted.size());
     desk.send("4901001000017\r\n");
     EXPECT_EQ(desk.lines(), QStringList{u"4901001000017"_s});
+}
+
+TEST(ScanFuzz, whateverAReaderSends_isDispatchedDroppedOrAnError_andTheNextCodeIsRead)
+{
+    ReaderDesk desk;
+    (void)desk.barcode.BarCodeInit(&desk.comm);
+    std::mt19937 random(printedSeed());
+    for (int i = 0; i < 300; ++i) {
+        QByteArray bytes;
+        for (auto n = random() % 300; n > 0; --n)
+            bytes +=
+                "\r\n[]{}#@049AE\x81\x82\xfc\xff"[random() % 17]; // ends of lines, brackets, half characters
+        desk.send(bytes + "\r\n");
+        Notes notes;
+        for (const QString& line : desk.lines())
+            try {
+                MainBarCodeChk(line, notes);
+            } catch (const RunTimeError&) {
+                ASSERT_FALSE(kindOf(line).isEmpty()) << line.toStdString();
+            }
+        for (const auto& [kind, text] : notes.seen)
+            ASSERT_LE(kind == u"goods" ? text.size() : 0, 16);
+        desk.send("4901001000017\r\n");
+        ASSERT_EQ(desk.lines(), QStringList{u"4901001000017"_s});
+    }
+}
+
+TEST(ScanFuzz, readerSettingsThatAreNonsense_openThePort_orAreToldOnce)
+{
+    std::mt19937 random(printedSeed());
+    const QStringList words{u"9600"_s, u"115200"_s, u"N"_s,     u"e"_s,  u"8"_s,  u"7"_s,
+                            u"1"_s,    u"1.5"_s,    u""_s,      u" "_s,  u","_s,  u"-1"_s,
+                            u"1e9"_s,  u"0"_s,      u"99999"_s, u"無"_s, u"N,8"_s};
+    for (int i = 0; i < 200; ++i) {
+        ReaderDesk desk;
+        for (QString* item :
+             {&desk.settings.commKind, &desk.settings.commPortNo, &desk.settings.commBaud,
+              &desk.settings.commParity, &desk.settings.commDataBit, &desk.settings.commStopBit})
+            if (random() % 3 != 0)
+                *item = words.at(static_cast<qsizetype>(random() % static_cast<unsigned>(words.size())));
+        EXPECT_FALSE(desk.barcode.BarCodeInit(&desk.comm));
+        ASSERT_EQ(desk.box.shown.size(), desk.comm.portOpen() ? 0U : 1U);
+        EXPECT_EQ(desk.barcode.line(), QString());
+    }
 }
 
 } // namespace suisui::test

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "frame/support/DialogScan.h"
+#include "tests/support/ExpectBox.h"
 #include "tests/support/HistoryDesk.h"
 
 namespace suisui::test {
@@ -62,15 +63,5 @@ struct DialogDesk : HistoryDesk
         shop->add(rirekiTable, {from, to, "hst", "98304", "20260301000000"});
     }
 };
-
-inline void expectBox(const Box& box, const QString& title, const QString& text, BoxIcon icon = BoxIcon::Stop,
-                      BoxButtons buttons = BoxButtons::Ok, BoxAnswer defaultButton = BoxAnswer::None)
-{
-    EXPECT_EQ(box.title, title);
-    EXPECT_EQ(box.text, text);
-    EXPECT_EQ(box.icon, icon);
-    EXPECT_EQ(box.buttons, buttons);
-    EXPECT_EQ(box.defaultButton, defaultButton);
-}
 
 } // namespace suisui::test

@@ -9,6 +9,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include "tests/support/ExpectBox.h"
 #include "tests/support/HistoryDesk.h"
 
 namespace suisui::test {
@@ -62,9 +63,6 @@ struct FaultyDesk : HistoryDesk
     {
         const Lines before = books();
         EXPECT_EQ(save(january), RirekiDB::Done);
-        ASSERT_EQ(box.shown.size(), 1U);
-        EXPECT_EQ(box.shown[0].title, QStringLiteral(" 履歴の保存 エラー"));
-        EXPECT_EQ(box.shown[0].icon, BoxIcon::Stop);
         QString text = QStringLiteral("「 履歴の保存 」 "
                                       "に失敗しました。　(Err={number})　　　　　　　　　　　　　\r\n\r\n{"
                                       "reason}\r\n\r\n　　　準備 ・ 確認した後に、再度、実行して下さい。");
@@ -72,7 +70,8 @@ struct FaultyDesk : HistoryDesk
         if (reason.isEmpty())
             text.remove(QStringLiteral("{reason}\r\n\r\n"));
         text.replace(QStringLiteral("{reason}"), reason);
-        EXPECT_EQ(box.shown[0].text, text);
+        expectOneBox(box,
+                     {.title = QStringLiteral(" 履歴の保存 エラー"), .text = text, .icon = BoxIcon::Stop});
         EXPECT_EQ(books(), before);
         EXPECT_FALSE(frame.waitVisible());
     }

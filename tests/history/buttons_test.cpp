@@ -4,6 +4,7 @@
 #include <QPushButton>
 
 #include "history/RirekiButtons.h"
+#include "tests/support/ExpectBox.h"
 #include "tests/support/HistoryDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -53,13 +54,11 @@ struct ButtonDesk : HistoryDesk
         box.shown.clear();
         clock.letPass(std::chrono::seconds(1));
     }
-    void expectBox(const QString& title, const QString& text, BoxIcon icon)
+    /// The last of the boxes that were shown.
+    void expectLastBox(const Box& wanted) const
     {
         ASSERT_FALSE(box.shown.empty());
-        EXPECT_EQ(box.shown.back().title, title);
-        EXPECT_EQ(box.shown.back().text, text);
-        EXPECT_EQ(box.shown.back().icon, icon);
-        EXPECT_EQ(box.shown.back().buttons, BoxButtons::Ok);
+        expectBox(box.shown.back(), wanted);
     }
     [[nodiscard]] bool focused(const QWidget& button) const { return window.focusWidget() == &button; }
 
@@ -70,6 +69,14 @@ struct ButtonDesk : HistoryDesk
     RirekiButtons buttons{Services{db, ini, clock, box, frame}, prompts, history,
                           RirekiButtons::Controls{out, in, [this] { ++tabsRead; }}};
 };
+
+Box savedBox(const QString& from, const QString& to)
+{
+    QString text =
+        u"「 履歴の保存 」 が 完了しました。\r\n\r\n　（ 履歴ファイル ： \r\n　　 RRK {DateFrom}-{DateTo} . {KakuTyo} ）　　　"_s;
+    text.replace(u"{DateFrom}"_s, from).replace(u"{DateTo}"_s, to).replace(u"{KakuTyo}"_s, u"hst"_s);
+    return {u"保存の完了"_s, text, BoxIcon::Information};
+}
 
 const QString saveFailed =
     u"「 履歴の保存 」 に 失敗しました。　　　　　\r\n\r\n　　　再度、実行して下さい。"_s;
@@ -85,14 +92,7 @@ TEST(SaveButton, firstTime_asksForTheExtension_andTellsWhenDone)
     desk.answerSave();
     desk.buttons.cmdRirekiOut_Click();
     ASSERT_EQ(desk.box.shown.size(), 1U);
-    desk.expectBox(
-        u"保存の完了"_s,
-        QString(
-            u"「 履歴の保存 」 が 完了しました。\r\n\r\n　（ 履歴ファイル ： \r\n　　 RRK {DateFrom}-{DateTo} . {KakuTyo} ）　　　"_s)
-            .replace(u"{DateFrom}"_s, u"20260101"_s)
-            .replace(u"{DateTo}"_s, u"20260131"_s)
-            .replace(u"{KakuTyo}"_s, u"hst"_s),
-        BoxIcon::Information);
+    desk.expectLastBox(savedBox(u"20260101"_s, u"20260131"_s));
     const Lines listed = desk.rows("RirekiTB");
     ASSERT_EQ(listed.size(), 2U);
     EXPECT_EQ(listed[1], sentinel);
@@ -109,7 +109,7 @@ TEST(SaveButton, secondTime_asksForNoExtension)
     desk.prompts.periods = {{"20260301", "20260331"}};
     desk.prompts.places = {{desk.folder(), {}, u"RRK20260301-20260331.hst"_s}};
     desk.buttons.cmdRirekiOut_Click();
-    desk.expectBox(u"保存の完了"_s, desk.box.shown.back().text, BoxIcon::Information);
+    desk.expectLastBox(savedBox(u"20260301"_s, u"20260331"_s));
     EXPECT_EQ(desk.rows("RirekiTB").size(), 3U);
     EXPECT_EQ(desk.prompts.asked.back().pattern, u"RRK*.hst"_s);
 }
@@ -175,7 +175,7 @@ TEST(SaveButton, failedSave_isTold_andUndone_withTheExtension)
     desk.answerSave();
     desk.buttons.cmdRirekiOut_Click();
     ASSERT_EQ(desk.box.shown.size(), 1U);
-    desk.expectBox(u"保存の失敗"_s, saveFailed, BoxIcon::Stop);
+    desk.expectLastBox({u"保存の失敗"_s, saveFailed, BoxIcon::Stop});
     EXPECT_FALSE(desk.db.inUnit());
     EXPECT_TRUE(desk.rows("RirekiTB").empty());
     EXPECT_EQ(desk.shop->query("SELECT COUNT(*) FROM InpTB"), Lines{"3"});
@@ -223,10 +223,10 @@ TEST(LoadButton, withNothingSaved_saysSo)
         desk.answerLoad();
         desk.buttons.cmdRirekiIn_Click();
         ASSERT_EQ(desk.box.shown.size(), 1U);
-        desk.expectBox(
-            u" 履歴の未保存"_s,
-            u"履歴が保存されていません。\r\n\r\n　　「履歴の保存」 を 行った後に\r\n　  「履歴の読込」 を 実行して下さい。　　　"_s,
-            BoxIcon::Stop);
+        desk.expectLastBox(
+            {u" 履歴の未保存"_s,
+             u"履歴が保存されていません。\r\n\r\n　　「履歴の保存」 を 行った後に\r\n　  「履歴の読込」 を 実行して下さい。　　　"_s,
+             BoxIcon::Stop});
         EXPECT_TRUE(desk.prompts.asked.empty());
         EXPECT_TRUE(desk.frame.enabled);
         EXPECT_TRUE(desk.focused(desk.in));
@@ -251,7 +251,8 @@ TEST(LoadButton, tellsWhenDone_andLeavesTheExtensionAlone)
     desk.answerLoad();
     desk.buttons.cmdRirekiIn_Click();
     ASSERT_EQ(desk.box.shown.size(), 1U);
-    desk.expectBox(u"読込の完了"_s, u"「 履歴の読込 」 が 完了しました。　　　"_s, BoxIcon::Information);
+    desk.expectLastBox(
+        {u"読込の完了"_s, u"「 履歴の読込 」 が 完了しました。　　　"_s, BoxIcon::Information});
     EXPECT_EQ(desk.rows("RirekiTB"), Lines{sentinel});
     EXPECT_EQ(desk.movements(), movements);
     EXPECT_EQ(desk.frame.loaded, (std::array<bool, 5>{}));
@@ -272,7 +273,7 @@ TEST(LoadButton, failedLoad_isTold_andKeepsTheFile)
     desk.answerLoad();
     desk.buttons.cmdRirekiIn_Click();
     ASSERT_EQ(desk.box.shown.size(), 1U);
-    desk.expectBox(u"読込の失敗"_s, loadFailed, BoxIcon::Stop);
+    desk.expectLastBox({u"読込の失敗"_s, loadFailed, BoxIcon::Stop});
     EXPECT_EQ(desk.rows("RirekiTB").size(), 2U) << "the period stays listed";
     EXPECT_EQ(desk.tabsRead, 1);
     EXPECT_TRUE(desk.focused(desk.in));

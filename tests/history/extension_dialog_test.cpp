@@ -42,16 +42,18 @@ TEST(ExtensionDialog, refusesNothingAndForbiddenCharacters)
         control<QPushButton>(dialog, u"CmdOK"_s).setFocus();
         press(dialog, u"CmdOK"_s);
         expectBox(
-            desk.said(), u"拡張子 未指定エラー"_s,
-            u"「拡張子」 が指定されていません。\r\n\r\n拡張子を指定した後に、再度、決定して下さい。　　　"_s);
+            desk.said(),
+            {u"拡張子 未指定エラー"_s,
+             u"「拡張子」 が指定されていません。\r\n\r\n拡張子を指定した後に、再度、決定して下さい。　　　"_s});
         EXPECT_TRUE(field.hasFocus());
     }
     for (const QString& character : forbidden) {
         field.setText(u"a"_s + character + u"b"_s);
         press(dialog, u"CmdOK"_s);
         expectBox(
-            desk.said(), u"拡張子 使用文字エラー"_s,
-            u"「拡張子」 には次の半角文字は使えません。\r\n\r\n　　　　　　 \\ / : , ; * ? \" < > |\r\n\r\n拡張子を修正した後に、再度、決定して下さい。　　　"_s);
+            desk.said(),
+            {u"拡張子 使用文字エラー"_s,
+             u"「拡張子」 には次の半角文字は使えません。\r\n\r\n　　　　　　 \\ / : , ; * ? \" < > |\r\n\r\n拡張子を修正した後に、再度、決定して下さい。　　　"_s});
         EXPECT_TRUE(field.hasFocus());
     }
     EXPECT_TRUE(dialog.isVisible());
@@ -112,7 +114,7 @@ TEST(ExtensionDialog, goesOnListening_afterABox_andNotDuringIt)
     desk.show(dialog);
     desk.box.onShow = [&](const Box&) {
         desk.scans.lines = {u"[T]"_s};
-        QTest::qWait(30); // many ticks
+        letTheTimersTick();
         EXPECT_EQ(desk.scans.lines.size(), 1U);
     };
     press(dialog, u"CmdOK"_s);

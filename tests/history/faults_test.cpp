@@ -4,6 +4,7 @@
 
 #include "platform/core/RunTimeError.h"
 #include "tests/history/FaultyDesk.h"
+#include "tests/support/HeldFile.h"
 
 namespace suisui::test {
 
@@ -158,11 +159,8 @@ TEST(SaveFaults, templateThatIsNoDatabase_undoesEverything)
 TEST(SaveFaults, workingDatabaseHeldByAnother_undoesEverything)
 {
     FaultyDesk desk;
-    AppDB other(desk.shop->databaseFolder());
-    ASSERT_EQ(other.Open("trnvik.mdb"), 0);
-    other.Execute("UPDATE Master SET Unit='x'");
-    ASSERT_EQ(other.LastStatus(), 0);
-    desk.expectSaveFails([&other] { other.Rollback(); });
+    std::optional<HeldFile> held(std::in_place, *desk.shop);
+    desk.expectSaveFails([&held] { held.reset(); });
     EXPECT_EQ(desk.save(january), RirekiDB::Done);
 }
 
@@ -235,10 +233,7 @@ TEST(LoadFaults, fileHeldByAnother_canBeLoadedLater)
     FaultyDesk desk;
     ASSERT_EQ(desk.save(january), RirekiDB::Done);
     {
-        AppDB other(desk.shop->databaseFolder());
-        ASSERT_EQ(other.Open(desk.fileOf(january).toStdString()), 0);
-        other.Execute("UPDATE Master SET Unit='x'");
-        ASSERT_EQ(other.LastStatus(), 0);
+        const HeldFile held(*desk.shop, desk.fileOf(january).toStdString());
         desk.expectLoadFails();
     }
     EXPECT_EQ(desk.load(january), RirekiDB::Done);
@@ -249,9 +244,7 @@ TEST(LoadFaults, workingDatabaseHeldByAnother_canBeLoadedLater)
     FaultyDesk desk;
     ASSERT_EQ(desk.save(january), RirekiDB::Done);
     {
-        AppDB other(desk.shop->databaseFolder());
-        ASSERT_EQ(other.Open("trnvik.mdb"), 0);
-        other.Execute("UPDATE Master SET Unit='x'");
+        const HeldFile held(*desk.shop);
         desk.expectLoadFails();
     }
     EXPECT_EQ(desk.load(january), RirekiDB::Done);

@@ -50,6 +50,29 @@ struct FileDesk : DialogDesk
     std::unique_ptr<frm_DirFile> dialog;
 };
 
+/// The user's home folder, without settings of the desktop, for as long as this object lives.
+class HomeFolder
+{
+public:
+    explicit HomeFolder(const QString& folder)
+    {
+        qputenv("HOME", folder.toLocal8Bit());
+        qunsetenv("XDG_CONFIG_HOME");
+    }
+    ~HomeFolder()
+    {
+        qputenv("HOME", m_home);
+        if (!m_settings.isNull())
+            qputenv("XDG_CONFIG_HOME", m_settings);
+    }
+    HomeFolder(const HomeFolder&) = delete;
+    HomeFolder& operator=(const HomeFolder&) = delete;
+
+private:
+    QByteArray m_home = qgetenv("HOME");
+    QByteArray m_settings = qgetenv("XDG_CONFIG_HOME");
+};
+
 const QString confirmation = u"「決定」 します。　よろしいですか？　　　　"_s;
 
 } // namespace
@@ -88,7 +111,7 @@ TEST(FileDialog, toSave_offersTheFolderAlone)
 
     desk.box.answers = {BoxAnswer::Yes};
     press(*desk.dialog, u"CmdOK"_s);
-    expectBox(desk.said(), u"決定の確認"_s, confirmation, BoxIcon::Question, BoxButtons::YesNo);
+    expectBox(desk.said(), {u"決定の確認"_s, confirmation, BoxIcon::Question, BoxButtons::YesNo});
     EXPECT_EQ(desk.dialog->Folder(), desk.folder());
     EXPECT_EQ(desk.dialog->FileName(), u"RRK20260401-20260430.hst"_s);
     EXPECT_EQ(desk.dialog->FullPath(), desk.folder() + u"/RRK20260401-20260430.hst"_s);
@@ -137,8 +160,9 @@ TEST(FileDialog, withoutAFile_isTold)
     desk.open(false);
     press(*desk.dialog, u"CmdOK"_s);
     expectBox(
-        desk.said(), u"ファイル名 未指定エラー"_s,
-        u"「ファイル名」 が指定されていません。\r\n\r\nファイル名を指定した後に、再度、決定して下さい。　　　"_s);
+        desk.said(),
+        {u"ファイル名 未指定エラー"_s,
+         u"「ファイル名」 が指定されていません。\r\n\r\nファイル名を指定した後に、再度、決定して下さい。　　　"_s});
     EXPECT_TRUE(desk.dialog->isVisible());
     desk.scans.lines = {u"[T]"_s};
     EXPECT_TRUE(eventually([&] { return !desk.dialog->isVisible(); }));
@@ -153,8 +177,9 @@ TEST(FileDialog, nameWithAForbiddenCharacter_isTold)
     desk.files().setCurrentRow(2);
     press(*desk.dialog, u"CmdOK"_s);
     expectBox(
-        desk.said(), u"ファイル名 使用文字エラー"_s,
-        u"「ファイル名」 には次の半角文字は使えません。\r\n\r\n　　　　　　 \\ / : , ; * ? \" < > |\r\n\r\nファイル名を修正した後に、再度、決定して下さい。　　　"_s);
+        desk.said(),
+        {u"ファイル名 使用文字エラー"_s,
+         u"「ファイル名」 には次の半角文字は使えません。\r\n\r\n　　　　　　 \\ / : , ; * ? \" < > |\r\n\r\nファイル名を修正した後に、再度、決定して下さい。　　　"_s});
     EXPECT_TRUE(desk.dialog->isVisible());
 }
 
@@ -165,8 +190,9 @@ TEST(FileDialog, nameThatIsThereAlready_isRefusedBeforeAnythingIsDone)
     desk.open(true);
     press(*desk.dialog, u"CmdOK"_s);
     expectBox(
-        desk.said(), u"ファイル 既存エラー"_s,
-        u"同じファイル名のファイルが既に存在します。　　　\r\n\r\n　保存先の 「フォルダ （ディレクトリ）」 を変更した後に　　　\r\n　再度、決定して下さい。"_s);
+        desk.said(),
+        {u"ファイル 既存エラー"_s,
+         u"同じファイル名のファイルが既に存在します。　　　\r\n\r\n　保存先の 「フォルダ （ディレクトリ）」 を変更した後に　　　\r\n　再度、決定して下さい。"_s});
     EXPECT_TRUE(desk.dialog->isVisible());
     // Another folder will do.
     ASSERT_TRUE(desk.dialog->goTo(desk.shop->base() + u"/empty"_s));
@@ -247,16 +273,15 @@ TEST(FileDialog, folderThatIsGoneAtTheDecision_isTold)
 TEST(FileDialog, showsTheUsersFolders_whereTheyAre)
 {
     FileDesk desk;
+    const QString folder = desk.shop->base() + u"/Desktop"_s;
+    ASSERT_TRUE(QDir().mkpath(folder));
+    const HomeFolder home(desk.shop->base());
     desk.open(true);
-    for (const auto& [button, folder] : {std::pair(u"cmdMyDoc"_s, desk.env.MyDocFolder()),
-                                         std::pair(u"cmdDeskTop"_s, desk.env.DeskTopFolder())}) {
-        auto& place = control<QPushButton>(*desk.dialog, button);
-        ASSERT_EQ(place.isVisible(), !folder.isEmpty());
-        if (folder.isEmpty())
-            continue;
-        place.click();
-        EXPECT_EQ(control<QLabel>(*desk.dialog, u"lblFolder"_s).text(), folder);
-    }
+    EXPECT_FALSE(control<QPushButton>(*desk.dialog, u"cmdMyDoc"_s).isVisible()) << "there is none";
+    auto& place = control<QPushButton>(*desk.dialog, u"cmdDeskTop"_s);
+    ASSERT_TRUE(place.isVisible());
+    place.click();
+    EXPECT_EQ(control<QLabel>(*desk.dialog, u"lblFolder"_s).text(), folder);
 }
 
 TEST(FileDialog, cancel_handsBackNothing)

@@ -120,6 +120,17 @@ struct PeriodDesk : DialogDesk
         EXPECT_EQ(dialog->DateFrom(), from);
         EXPECT_EQ(dialog->DateTo(), to);
     }
+    /// The period is answered by a box whose text names its days in place of {first} and {last}.
+    void expectTold(const QString& from, const QString& to, const QString& title, QString text,
+                    BoxButtons buttons = BoxButtons::Ok, BoxAnswer defaultButton = BoxAnswer::None)
+    {
+        const auto slashed = [](const QString& day) {
+            return day.left(4) + u'/' + day.mid(4, 2) + u'/' + day.mid(6);
+        };
+        ask(from, to);
+        text.replace(u"{first}"_s, slashed(from)).replace(u"{last}"_s, slashed(to));
+        expectBox(said(), {title, text, BoxIcon::Stop, buttons, defaultButton});
+    }
     /// The dialog is still there, ready for keys and scans.
     void expectWaiting()
     {
@@ -135,11 +146,6 @@ struct PeriodDesk : DialogDesk
 
     std::unique_ptr<frmRirekiFromTo> dialog;
 };
-
-QString filled(QString text, const QString& first, const QString& last)
-{
-    return text.replace(u"{first}"_s, first).replace(u"{last}"_s, last);
-}
 
 } // namespace
 
@@ -181,12 +187,9 @@ TEST(PeriodDialog, wrongDate_isTold_andHasTheFocus)
 TEST(PeriodDialog, firstDayAfterTheLast_isTold)
 {
     PeriodDesk desk;
-    desk.ask(u"20260201"_s, u"20260131"_s);
-    expectBox(
-        desk.said(), u"日付エラー"_s,
-        filled(
-            u"「開始年月日」 が 「終了年月日」 より未来日です。　　　\r\n\r\n　{first}   >   {last}\r\n\r\n\r\n　　　 正しい 「日付」 を入力して下さい。"_s,
-            u"2026/02/01"_s, u"2026/01/31"_s));
+    desk.expectTold(
+        u"20260201"_s, u"20260131"_s, u"日付エラー"_s,
+        u"「開始年月日」 が 「終了年月日」 より未来日です。　　　\r\n\r\n　{first}   >   {last}\r\n\r\n\r\n　　　 正しい 「日付」 を入力して下さい。"_s);
     EXPECT_TRUE(desk.field(u"txtyyyy_F"_s).hasFocus());
     desk.expectWaiting();
 }
@@ -194,12 +197,9 @@ TEST(PeriodDialog, firstDayAfterTheLast_isTold)
 TEST(PeriodDialog, periodWithoutMovements_isTold)
 {
     PeriodDesk desk;
-    desk.ask(u"20260401"_s, u"20260430"_s);
-    expectBox(
-        desk.said(), u" 保存情報なし"_s,
-        filled(
-            u"入荷／出荷の情報が ありません。\r\n\r\n　　指定された 「期間」 に\r\n　　入荷／出荷の実績が ありません。　　　　　\r\n\r\n　　( {first} ～ {last} )\r\n\r\n　　「期間」 を 確認 ・ 変更した後に\r\n　 　再度、決定して下さい。"_s,
-            u"2026/04/01"_s, u"2026/04/30"_s));
+    desk.expectTold(
+        u"20260401"_s, u"20260430"_s, u" 保存情報なし"_s,
+        u"入荷／出荷の情報が ありません。\r\n\r\n　　指定された 「期間」 に\r\n　　入荷／出荷の実績が ありません。　　　　　\r\n\r\n　　( {first} ～ {last} )\r\n\r\n　　「期間」 を 確認 ・ 変更した後に\r\n　 　再度、決定して下さい。"_s);
     EXPECT_TRUE(desk.field(u"txtyyyy_F"_s).hasFocus());
     desk.expectWaiting();
 }
@@ -208,12 +208,9 @@ TEST(PeriodDialog, periodThatIsSavedAlready_isTold)
 {
     PeriodDesk desk;
     desk.listPeriod("20260101", "20260131");
-    desk.ask(u"20260101"_s, u"20260131"_s);
-    expectBox(
-        desk.said(), u" 履歴の保存済"_s,
-        filled(
-            u"既に 履歴が保存されています。\r\n\r\n　　指定された 「期間」 と 同一の期間で\r\n　　既に 入荷／出荷の実績が 保存されています。　　　　　\r\n\r\n　　( {first} ～ {last} )\r\n\r\n　　「履歴の読込」 を 行った後に\r\n　 　再度、「履歴の保存」 を 実行して下さい。"_s,
-            u"2026/01/01"_s, u"2026/01/31"_s));
+    desk.expectTold(
+        u"20260101"_s, u"20260131"_s, u" 履歴の保存済"_s,
+        u"既に 履歴が保存されています。\r\n\r\n　　指定された 「期間」 と 同一の期間で\r\n　　既に 入荷／出荷の実績が 保存されています。　　　　　\r\n\r\n　　( {first} ～ {last} )\r\n\r\n　　「履歴の読込」 を 行った後に\r\n　 　再度、「履歴の保存」 を 実行して下さい。"_s);
     EXPECT_TRUE(control<QPushButton>(*desk.dialog, u"CmdEnd"_s).hasFocus());
     desk.expectWaiting();
 }
@@ -222,13 +219,10 @@ TEST(PeriodDialog, overlap_asks_withNoAsTheDefault)
 {
     PeriodDesk desk;
     desk.listPeriod("20260105", "20260215");
-    desk.ask(u"20260101"_s, u"20260131"_s);
-    expectBox(
-        desk.said(), u" 保存の確認"_s,
-        filled(
-            u"既に 一部の履歴が保存されています。\r\n\r\n　　指定された 「期間」 の 一部の期間 で\r\n　　既に 入荷／出荷の実績が 保存されています。　　　　　\r\n\r\n　　( {first} ～ {last} )\r\n\r\n　　「履歴の保存」 を 行いますか？"_s,
-            u"2026/01/01"_s, u"2026/01/31"_s),
-        BoxIcon::Stop, BoxButtons::YesNo, BoxAnswer::No);
+    desk.expectTold(
+        u"20260101"_s, u"20260131"_s, u" 保存の確認"_s,
+        u"既に 一部の履歴が保存されています。\r\n\r\n　　指定された 「期間」 の 一部の期間 で\r\n　　既に 入荷／出荷の実績が 保存されています。　　　　　\r\n\r\n　　( {first} ～ {last} )\r\n\r\n　　「履歴の保存」 を 行いますか？"_s,
+        BoxButtons::YesNo, BoxAnswer::No);
     desk.expectWaiting();
     desk.box.answers = {BoxAnswer::Yes};
     desk.ask(u"20260101"_s, u"20260131"_s);
@@ -280,7 +274,7 @@ TEST(PeriodDialog, searchThatFails_isTold)
             ASSERT_EQ(engine.execute(std::string("ALTER TABLE ") + each.table + " RENAME TO Gone"), 0);
         }
         desk.ask(each.table == std::string("OutTB") ? u"20260401"_s : u"20260101"_s, u"20260430"_s);
-        expectBox(desk.said(), u"データーベース エラー"_s, each.text);
+        expectBox(desk.said(), {u"データーベース エラー"_s, each.text});
         desk.expectWaiting();
     }
 }

@@ -12,12 +12,8 @@
 #include <QPushButton>
 
 #include "lists/MovementListPage.h"
-#include "store/AppDB.h"
-#include "store/AppIni.h"
-#include "tests/support/ScriptedMsgBox.h"
-#include "tests/support/TempShop.h"
-#include "tests/support/TestClock.h"
-#include "tests/support/TestFrame.h"
+#include "tests/support/ServiceDesk.h"
+#include "tests/support/SideName.h"
 
 namespace suisui::test {
 
@@ -38,14 +34,12 @@ struct Movement
     std::string remark{};
 };
 
-struct ListDesk
+struct ListDesk : ServiceDesk
 {
-    explicit ListDesk(Side which) : side(which), db(shop.databaseFolder())
+    explicit ListDesk(Side which) : side(which)
     {
-        if (db.Open("trnvik.mdb") != 0)
-            std::abort();
         frame.tab = side == Side::Receipt ? Tab::ReceiptList : Tab::ShipmentList;
-        page = std::make_unique<MovementListPage>(side, Services{db, ini, clock, box, frame});
+        page = std::make_unique<MovementListPage>(side, services());
         page->setPartners({{"101", QStringLiteral("東商店")}, {"102", QStringLiteral("西商店")}});
         page->setStaff({{"01", QStringLiteral("山田")}, {"02", QStringLiteral("鈴木")}});
         period(QStringLiteral("20260101"), QStringLiteral("20261231"));
@@ -164,20 +158,8 @@ struct ListDesk
     }
 
     Side side;
-    TempShop shop;
-    AppDB db;
-    AppIni ini;
-    TestClock clock;
-    ScriptedMsgBox box;
-    TestFrame frame;
     std::unique_ptr<MovementListPage> page;
     long long stored = 0;
 };
-
-/// Names the sides in the names of parametrised tests.
-[[nodiscard]] inline std::string sideName(Side side)
-{
-    return side == Side::Receipt ? "receipts" : "shipments";
-}
 
 } // namespace suisui::test

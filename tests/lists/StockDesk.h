@@ -9,20 +9,14 @@
 #include <QVBoxLayout>
 
 #include "lists/StockPage.h"
-#include "store/AppDB.h"
-#include "store/AppIni.h"
-#include "tests/support/ScriptedMsgBox.h"
-#include "tests/support/TempShop.h"
-#include "tests/support/TestClock.h"
-#include "tests/support/TestFrame.h"
+#include "tests/support/ServiceDesk.h"
 
 namespace suisui::test {
 
-struct StockDesk
+struct StockDesk : ServiceDesk
 {
-    StockDesk() : db(shop.databaseFolder())
+    StockDesk()
     {
-        EXPECT_EQ(db.Open("trnvik.mdb"), 0);
         frame.tab = Tab::Stock;
         page.setCaptions(ini);
     }
@@ -54,17 +48,11 @@ struct StockDesk
     /// \a count goods "G00001"... in stock, named and figured by their number.
     void manyGoods(int count)
     {
-        const auto run = [this](const std::string& sql) {
-            AppDB other(shop.databaseFolder());
-            EXPECT_EQ(other.Open("trnvik.mdb"), 0);
-            other.Execute(sql);
-            EXPECT_EQ(other.LastStatus(), 0);
-            other.Commit();
-        };
         const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<"
                                     + std::to_string(count) + ") INSERT INTO ";
-        run(numbers + "Master SELECT printf('G%05d',i),'品'||i,'','1','50','1','80','個','0','s','s' FROM n");
-        run(numbers + "ZaikoTB SELECT printf('G%05d',i),CAST(i AS TEXT),'0','s','s' FROM n");
+        shop.execute(
+            numbers + "Master SELECT printf('G%05d',i),'品'||i,'','1','50','1','80','個','0','s','s' FROM n");
+        shop.execute(numbers + "ZaikoTB SELECT printf('G%05d',i),CAST(i AS TEXT),'0','s','s' FROM n");
     }
 
     /// Enter in the code field, which holds \a text.
@@ -106,13 +94,7 @@ struct StockDesk
     QRadioButton& normal() { return control<QRadioButton>("optZNormal"); }
     QRadioButton& detail() { return control<QRadioButton>("optZDetail"); }
 
-    TempShop shop;
-    AppDB db;
-    AppIni ini;
-    TestClock clock;
-    ScriptedMsgBox box;
-    TestFrame frame;
-    StockPage page{Services{db, ini, clock, box, frame}};
+    StockPage page{services()};
 
 private:
     std::string stamp()

@@ -211,13 +211,14 @@ TEST_P(RandomLists, everySearchAgreesWithAPlainSelectionOfTheSameMovements)
 {
     random.seed(printedSeed());
     makeMovements(300);
+    int found = 0;
     for (int turn = 0; turn < 20 && !HasFailure(); ++turn) {
         const int from = 10 + below(12);
         const int to = from + below(22 - from);
         const int partner = below(3);
         const int staff = below(3);
         desk.period(u"202604%1"_s.arg(from), u"202604%1"_s.arg(to));
-        desk.enter(below(2) == 0 ? u"10[0]"_s.left(2) + u"?"_s : u"*3"_s);
+        desk.enter(below(2) == 0 ? u"10?"_s : u"*3"_s);
         const bool onlyThree = desk.goodsCaption() == u"*3"_s;
         desk.control<QComboBox>(u"cmbXLSaki"_s).setCurrentIndex(partner);
         desk.control<QComboBox>(u"cmbXLTantou"_s).setCurrentIndex(staff);
@@ -240,7 +241,9 @@ TEST_P(RandomLists, everySearchAgreesWithAPlainSelectionOfTheSameMovements)
         }
         checkDetail(1, {1, 2, 8}, false, expected);
         EXPECT_EQ(cellNumber(desk, 7, desk.grid().MaxRows()), amount);
+        ++found;
     }
+    EXPECT_GT(found, 0);
 }
 
 TEST_P(RandomLists, sumsByGoodsAreRightAndStayWholeThroughEverySort)

@@ -222,10 +222,9 @@ TEST_F(StockDetailTest, withoutComponents_nothingIsConsumed_whateverWasBookedCor
 {
     for (const char* code : {"A", "B", "C"})
         shop.add(masterTable, {code, "品", "", "5", "50", "2", "80", "個", "0"});
-    const Services services{db, ini, clock, box, frame};
     std::vector<std::unique_ptr<MovementPage>> entries;
     for (const Side side : {Side::Receipt, Side::Shipment}) {
-        entries.push_back(std::make_unique<MovementPage>(side, services));
+        entries.push_back(std::make_unique<MovementPage>(side, services()));
         entries.back()->setPartners({{"101", u"東商店"_s}});
     }
     std::mt19937 random(printedSeed());

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/EntryDesk.h"
+#include "tests/support/ExpectBox.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -60,12 +61,12 @@ TEST_F(ShipmentTest, moreThanTheStock_isTold_andBookedAllTheSame)
 {
     stock("A1", "1");
     EntryDesk::book(*page, u"A1"_s);
-    ASSERT_EQ(desk.box.shown.size(), 1U);
-    EXPECT_EQ(desk.box.shown[0].title, u" 在庫不足"_s);
-    EXPECT_EQ(desk.box.shown[0].icon, BoxIcon::Stop);
-    EXPECT_EQ(
-        desk.box.shown[0].text,
-        u"「 鉛筆 」　（ コード ： A1 ） の　　　\r\n在庫数が マイナスになります。　　　\r\n\r\n　　 在庫数 = -1\r\n\r\n在庫を確認して下さい。"_s);
+    expectOneBox(
+        desk.box,
+        {.title = u" 在庫不足"_s,
+         .text =
+             u"「 鉛筆 」　（ コード ： A1 ） の　　　\r\n在庫数が マイナスになります。　　　\r\n\r\n　　 在庫数 = -1\r\n\r\n在庫を確認して下さい。"_s,
+         .icon = BoxIcon::Stop});
     EXPECT_EQ(desk.stockOf("A1"), "-1");
     EXPECT_EQ(out().size(), 1U);
 }
@@ -84,12 +85,12 @@ TEST_F(ShipmentTest, lowStock_isTold)
 {
     stock("A1", "11");
     EntryDesk::book(*page, u"A1"_s);
-    ASSERT_EQ(desk.box.shown.size(), 1U);
-    EXPECT_EQ(desk.box.shown[0].title, u" 最低在庫数 未満"_s);
-    EXPECT_EQ(desk.box.shown[0].icon, BoxIcon::Exclamation);
-    EXPECT_EQ(
-        desk.box.shown[0].text,
-        u"「 鉛筆 」　（ コード ： A1 ） の　　　\r\n在庫数が 最低在庫数 未満になります。　　　\r\n\r\n　　在庫数 = 9  <  最低在庫数 = 10　"_s);
+    expectOneBox(
+        desk.box,
+        {.title = u" 最低在庫数 未満"_s,
+         .text =
+             u"「 鉛筆 」　（ コード ： A1 ） の　　　\r\n在庫数が 最低在庫数 未満になります。　　　\r\n\r\n　　在庫数 = 9  <  最低在庫数 = 10　"_s,
+         .icon = BoxIcon::Exclamation});
 }
 
 TEST_F(ShipmentTest, componentsOfAProduct_stayWhenItLeaves)

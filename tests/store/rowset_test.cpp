@@ -146,11 +146,8 @@ TEST_F(StoreTest, rowChangedBySomebodyElse_isRefused_andOneThatIsGoneIsMarked)
 {
     MasterRec& rows = db.MasterTbl();
     ASSERT_EQ(rows.Select("ORDER BY Code"), 2);
-    AppDB other(shop.databaseFolder());
-    ASSERT_EQ(other.Open("trnvik.mdb"), 0);
-    other.Execute("UPDATE Master SET Name='PENCIL' WHERE Code='A1'");
-    other.Execute("DELETE FROM Master WHERE Code='B2'");
-    other.Commit();
+    shop.execute("UPDATE Master SET Name='PENCIL' WHERE Code='A1'");
+    shop.execute("DELETE FROM Master WHERE Code='B2'");
     rows.set(1, MasterCol::Unit, "箱");
     rows.set(2, MasterCol::Unit, "箱");
     EXPECT_NE(rows.UpdateRow(1), 0);
@@ -169,10 +166,7 @@ TEST_F(StoreTest, changeOfLetterCaseByAnother_countsAsAChange)
 {
     MasterRec& rows = db.MasterTbl();
     ASSERT_EQ(rows.Select("WHERE Code='A1'"), 1);
-    AppDB other(shop.databaseFolder());
-    ASSERT_EQ(other.Open("trnvik.mdb"), 0);
-    other.Execute("UPDATE Master SET Code='a1' WHERE Code='A1'");
-    other.Commit();
+    shop.execute("UPDATE Master SET Code='a1' WHERE Code='A1'");
     rows.set(1, MasterCol::Unit, "箱");
     EXPECT_NE(rows.UpdateRow(1), 0);
 }

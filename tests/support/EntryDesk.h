@@ -7,28 +7,17 @@
 #include <QLineEdit>
 
 #include "movement/MovementPage.h"
-#include "store/AppDB.h"
-#include "store/AppIni.h"
-#include "tests/support/ScriptedMsgBox.h"
-#include "tests/support/TempShop.h"
-#include "tests/support/TestClock.h"
-#include "tests/support/TestFrame.h"
+#include "tests/support/ServiceDesk.h"
 
 namespace suisui::test {
 
-struct EntryDesk
+struct EntryDesk : ServiceDesk
 {
-    EntryDesk() : db(shop.databaseFolder())
-    {
-        if (db.Open("trnvik.mdb") != 0)
-            std::abort();
-    }
-
     /// The page of \a side; goods must be in the shop when a code is booked.
     MovementPage& open(Side side)
     {
         frame.tab = side == Side::Receipt ? Tab::Receipt : Tab::Shipment;
-        pages.push_back(std::make_unique<MovementPage>(side, Services{db, ini, clock, box, frame}));
+        pages.push_back(std::make_unique<MovementPage>(side, services()));
         pages.back()->setPartners({{"101", QStringLiteral("東商店")}, {"102", QStringLiteral("西商店")}});
         const QString day = QStringLiteral("20260401");
         pages.back()->setDefaultDates(day, day);
@@ -66,12 +55,6 @@ struct EntryDesk
         return rows.empty() ? "none" : rows.front();
     }
 
-    TempShop shop;
-    AppDB db;
-    AppIni ini;
-    TestClock clock;
-    ScriptedMsgBox box;
-    TestFrame frame;
     std::vector<std::unique_ptr<MovementPage>> pages;
 };
 

@@ -25,4 +25,16 @@ template <typename Condition>
     return true;
 }
 
+/// Lets events run until a timer of two milliseconds, begun now, has ticked ten times: by then a dialog that
+/// reads at each millisecond would have read, however busy the machine is.
+inline void letTheTimersTick()
+{
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
+    timer.start(std::chrono::milliseconds(2));
+    while (ticks < 10)
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
 } // namespace suisui::test

@@ -1,5 +1,7 @@
 #include "tests/support/TempShop.h"
 
+#include <stdexcept>
+
 #include <sqlite3.h>
 
 namespace suisui::test {
@@ -12,7 +14,8 @@ std::vector<std::string> queryFile(const std::string& file, const std::string& s
     if (sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK
         || sqlite3_prepare_v2(db, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
         std::abort();
-    while (sqlite3_step(statement) == SQLITE_ROW) {
+    int status = sqlite3_step(statement);
+    for (; status == SQLITE_ROW; status = sqlite3_step(statement)) {
         std::string row;
         for (int column = 0; column < sqlite3_column_count(statement); ++column) {
             const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
@@ -24,7 +27,20 @@ std::vector<std::string> queryFile(const std::string& file, const std::string& s
     }
     sqlite3_finalize(statement);
     sqlite3_close(db);
+    if (status != SQLITE_DONE)
+        throw std::runtime_error("no rows from " + sql);
     return rows;
+}
+
+void TempShop::execute(const std::string& sql) const
+{
+    AppDB other(databaseFolder());
+    if (other.Open("trnvik.mdb") != 0)
+        throw std::runtime_error("no database in " + databaseFolder());
+    other.Execute(sql);
+    if (other.LastStatus() != 0)
+        throw std::runtime_error("not done: " + sql);
+    other.Commit();
 }
 
 } // namespace suisui::test

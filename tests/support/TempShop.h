@@ -6,10 +6,10 @@
 #include <vector>
 
 #include <QDir>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include "store/AppDB.h"
+#include "tests/support/InMemory.h"
 
 namespace suisui::test {
 
@@ -51,6 +51,9 @@ public:
         db.Commit();
     }
 
+    /// Somebody else's program does \a sql to the shop and stores it.
+    void execute(const std::string& sql) const;
+
     /// Rows of "SELECT ..." as a second connection sees them, columns joined by "|".
     [[nodiscard]] std::vector<std::string> query(const std::string& sql) const
     {
@@ -58,12 +61,6 @@ public:
     }
 
 private:
-    static QString inMemory()
-    {
-        const QString memory = QStringLiteral("/dev/shm");
-        return QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
-    }
-
     QTemporaryDir m_dir;
 };
 

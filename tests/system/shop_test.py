@@ -86,8 +86,7 @@ class ShopTest(unittest.TestCase):
 
     def wait_next_second(self, table):
         """Waits until the second of the last scan is over."""
-        last = self.shop.rows(f"SELECT max(InpDate) FROM {table}")[0][0]
-        wait_for("the second of the scan is over", lambda: time.strftime("%Y%m%d%H%M%S") > last)
+        desk.wait_past(self.shop.rows(f"SELECT max(InpDate) FROM {table}")[0][0])
 
     def plain_codes(self, count):
         """Codes of goods that are not made of others."""

@@ -259,6 +259,17 @@ TEST_P(JetImportTest, aFileCutShort_isRefused_andNothingIsWritten)
     }
 }
 
+TEST_P(JetImportTest, whatAKilledImportHasLeft_doesNotMatter)
+{
+    write();
+    fs::create_directories(base() + "/DB");
+    for (const char* ending : {"", "-journal", ".new"})
+        std::ofstream(database() + ".importing" + ending) << "half a database";
+    ASSERT_EQ(import(), ToolStatus::Good) << out.str() << err.str();
+    EXPECT_EQ(query("SELECT count(*) FROM InpTB"), Texts{"1"});
+    EXPECT_EQ(std::distance(fs::directory_iterator(base() + "/DB"), {}), 1);
+}
+
 TEST_P(JetImportTest, anExistingDatabase_staysAsItIs)
 {
     write();
@@ -297,6 +308,48 @@ TEST_P(Jet3Test, bytesThatAreNoText_areNamed_notCarriedAsQuestionMarks)
 
 INSTANTIATE_TEST_SUITE_P(Formats, Jet3Test, ::testing::Values(Jet::Three),
                          [](const auto&) { return "jet3"; });
+
+class Jet4Test : public JetImportTest
+{
+protected:
+    /// \a runs, of plain letters and of others in turn, as the newer format packs them.
+    static std::string packed(const Texts& runs)
+    {
+        std::string bytes = "\xFF\xFE";
+        for (std::size_t i = 0; i < runs.size(); ++i) {
+            if (i > 0)
+                bytes += '\0';
+            bytes += i % 2 == 0 ? runs[i] : jetText(Jet::Four, runs[i]);
+        }
+        return bytes;
+    }
+};
+
+TEST_P(Jet4Test, packedTexts_comeAlong)
+{
+    table("Master").rows[0][1].bytes = packed({"Apple 500g"});
+    table("Master").rows[0][2].bytes = packed({"A", "りんご～①", "500g", "箱"});
+    write();
+    ASSERT_EQ(import(), ToolStatus::Good) << out.str();
+    EXPECT_EQ(query("SELECT Name, NameKN FROM Master"), Texts{"Apple 500g|Aりんご～①500g箱"});
+}
+
+TEST_P(Jet4Test, namesWithRareLetters_comeAlong)
+{
+    table("Master").rows[0][1].bytes = jetText(Jet::Four, "𠮷野の𩸽");
+    table("Master").rows[0][2].bytes = packed({"1", "𠮷"});
+    write();
+    ASSERT_EQ(import(), ToolStatus::Good) << out.str();
+    EXPECT_EQ(query("SELECT Name, NameKN FROM Master"), Texts{"𠮷野の𩸽|1𠮷"});
+}
+
+TEST_P(Jet4Test, halfALetter_isNamed_notCarriedAsAQuestionMark)
+{
+    table("Master").rows[0][1].bytes = jetText(Jet::Four, "𠮷").substr(0, 2) + jetText(Jet::Four, "野");
+    expectRefused("Master row 1: Name \"\uFFFD野\" is no text\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, Jet4Test, ::testing::Values(Jet::Four), [](const auto&) { return "jet4"; });
 
 TEST(OldTextsTest, formsOfNumbersAndDates)
 {

@@ -131,6 +131,55 @@ TEST_F(TagDbTest, tablesComeBackFromCsv_asTheyWent)
     EXPECT_EQ(exportTable(base(), "TantouTB", path("u.csv"), true, out, err), ToolStatus::Failed);
 }
 
+TEST_F(TagDbTest, numbersAndDatesInAnotherDress_getTheFormOfTheirColumn)
+{
+    ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);
+    write("r.csv", "\xEF\xBB\xBF"
+                   "Code,NyuSuu,NyuDate,NyuTime,InpDate,UpdDate\r\n"
+                   "A,5,2026/04/01,09:00:00,20260401090000,2026/04/01 09:00:00\r\n");
+    ASSERT_EQ(importTable(base(), "InpTB", path("r.csv"), false, out, err), ToolStatus::Good) << err.str();
+    EXPECT_EQ(queryFile(path("DB/trnvik.mdb"),
+                        "SELECT NyuSuu,NyuPrice,Henkyaku,NyuDate,NyuTime,UpdDate FROM InpTB"),
+              std::vector<std::string>{"0000005|0000000|0000000|20260401|090000|20260401090000"});
+}
+
+TEST_F(TagDbTest, whatAColumnCannotHold_andBytesThatAreNoText_areNamed_andNothingIsStored)
+{
+    ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);
+    const struct
+    {
+        const char* table;
+        std::string bytes;
+        bool cp932;
+        const char* words;
+    } files[] = {
+        {"Master", "Code,NyuPrice\nA,1\nB,cheap\n", false, "line 3: column NyuPrice: \"cheap\" is no number"},
+        {"InpTB", "Code,NyuSuu\nA,1\n", false, "line 2: column NyuDate: \"\" is no date"},
+        {"HSeihinTB", "Code,HSeihinCD,Suuryou\nA,B,two\n", false, "column Suuryou: \"two\" is no number"},
+        {"Master", "Code,Name\nA,a\nB,\x83\x8A\n", false,
+         "line 3, column 3: no text in UTF-8 (a file in code page 932 needs --cp932)"},
+        {"Master", "Code,Name\nA,\x83\n", true, "line 2: no text of code page 932"},
+    };
+    for (const auto& file : files) {
+        write("bad.csv", file.bytes);
+        err.str({});
+        EXPECT_EQ(importTable(base(), file.table, path("bad.csv"), file.cp932, out, err), ToolStatus::Failed);
+        EXPECT_NE(err.str().find(file.words), std::string::npos) << err.str();
+        EXPECT_EQ(queryFile(path("DB/trnvik.mdb"), std::string("SELECT count(*) FROM ") + file.table),
+                  std::vector<std::string>{"0"});
+    }
+}
+
+TEST_F(TagDbTest, databaseOfANewerVersion_isRefusedWithTheReason)
+{
+    ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);
+    Sqlite engine;
+    ASSERT_EQ(engine.open(path("DB/trnvik.mdb")), 0);
+    ASSERT_EQ(engine.execute("PRAGMA user_version=" + std::to_string(schemaVersion + 1)), 0);
+    EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Failed);
+    EXPECT_NE(err.str().find("or one of a newer version"), std::string::npos) << err.str();
+}
+
 TEST_F(TagDbTest, badLine_isNamed_andNothingIsStored)
 {
     ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);

@@ -11,22 +11,12 @@
 #include <QTemporaryDir>
 
 #include "barcode/label/frm_PriCheck.h"
-#include "platform/widgets/vaSpread.h"
 #include "store/AppIni.h"
+#include "tests/barcode/label/LabelledGrid.h"
 #include "tests/support/RecordingBarPrt.h"
 #include "tests/support/ScriptedMsgBox.h"
 
 namespace suisui::test {
-
-inline constexpr int labelQuantityColumn = 3;
-inline constexpr int labelMarkColumn = 4;
-
-struct LabelledRow
-{
-    std::string code;
-    std::string quantity = "1";
-    bool mark = true;
-};
 
 struct LabelDialogDesk
 {
@@ -34,10 +24,6 @@ struct LabelDialogDesk
 
     explicit LabelDialogDesk(const std::vector<Row>& rows = {{"A"}, {"B"}, {"C"}})
     {
-        static constexpr std::array columns{SpreadColumn{.heading = "code"}, SpreadColumn{.heading = "name"},
-                                            SpreadColumn{.heading = "quantity", .type = CellType::Number},
-                                            SpreadColumn{.heading = "mark", .type = CellType::CheckBox}};
-        grid.setColumns(columns);
         fill(rows);
         QDir(folder.path()).mkpath(QStringLiteral("Ini"));
         iniFolder = folder.filePath(QStringLiteral("Ini"));
@@ -46,14 +32,7 @@ struct LabelDialogDesk
 
     void fill(const std::vector<Row>& rows)
     {
-        grid.setMaxRows(static_cast<int>(rows.size()));
-        for (int row = 1; row <= grid.MaxRows(); ++row) {
-            const Row& from = rows[static_cast<std::size_t>(row) - 1];
-            grid.SetText(1, row, from.code);
-            grid.SetText(2, row, "name of " + from.code);
-            grid.SetText(labelQuantityColumn, row, from.quantity);
-            grid.SetText(labelMarkColumn, row, std::string_view(from.mark ? "1" : "0"));
-        }
+        grid.fill(rows);
         source = {.mode = 3,
                   .grid = &grid,
                   .checkColumn = labelMarkColumn,
@@ -101,17 +80,11 @@ struct LabelDialogDesk
     }
     void sheet(int index) const { button(("optYousi_" + std::to_string(index)).c_str())->setChecked(true); }
     [[nodiscard]] std::string pages() const { return text("txtPage_0") + "-" + text("txtPage_1"); }
-    [[nodiscard]] std::string marks() const
-    {
-        std::string all;
-        for (int row = 1; row <= grid.MaxRows(); ++row)
-            all += grid.text(labelMarkColumn, row) == "1" ? '1' : '0';
-        return all;
-    }
+    [[nodiscard]] std::string marks() const { return grid.marks(); }
 
     QTemporaryDir folder;
     QString iniFolder;
-    vaSpread grid;
+    LabelledGrid grid;
     AppIni ini;
     RecordingBarPrt paper;
     ScriptedMsgBox box;

@@ -29,9 +29,9 @@ struct Preview
         job.endRow = static_cast<std::int64_t>(rows.size());
     }
 
-    [[nodiscard]] PagePicture draw(int page = 1, int step = 3, QSize size = {420, 594}) const
+    [[nodiscard]] PagePicture draw(int page = 1, int step = 3, QSize size = {420, 594})
     {
-        const LabelRows source(const_cast<vaSpread&>(desk.grid), labelMarkColumn, labelQuantityColumn);
+        const LabelRows source(desk.grid, labelMarkColumn, labelQuantityColumn);
         return drawPage(job, source.trial(), desk.ini, step, page, size);
     }
 

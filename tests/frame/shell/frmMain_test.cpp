@@ -1,6 +1,9 @@
 // The main window: loading, tabs, the guard of unsaved edits, Enter in a grid, scanned values, closing.
 #include "frame/shell/frmMain.h"
 
+#include <array>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -13,6 +16,7 @@
 #include <QTest>
 
 #include "platform/core/RunTimeError.h"
+#include "tests/support/ExpectBox.h"
 #include "tests/support/MainWindowDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -31,12 +35,12 @@ TEST_F(MainWindowTest, withoutReceiptPartner_handsOver_andNothingAsksAboutTheEnd
 {
     partner("201", "南商店", "", "1");
     frmMain& main = open(false);
-    ASSERT_EQ(box.shown.size(), 1U);
-    EXPECT_EQ(box.shown[0].title, u"入荷先の未登録エラー"_s);
-    EXPECT_EQ(box.shown[0].icon, BoxIcon::Stop);
-    EXPECT_EQ(
-        box.shown[0].text,
-        u"入荷先の顧客情報が登録されていません。　　　\r\n\r\n　　最低でも１件は 登録して下さい。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動します。"_s);
+    expectOneBox(
+        box,
+        {.title = u"入荷先の未登録エラー"_s,
+         .text =
+             u"入荷先の顧客情報が登録されていません。　　　\r\n\r\n　　最低でも１件は 登録して下さい。\r\n\r\n　　【 すいすいＴＡＧ 】　　を終了して\r\n　　【 基本情報 登録 】を起動します。"_s,
+         .icon = BoxIcon::Stop});
     EXPECT_TRUE(main.MasterMissing());
     main.cmdMaster_Click();
     EXPECT_TRUE(masterStart);
@@ -156,15 +160,34 @@ TEST_F(MainWindowTest, guardAnsweredWithYes_writes_andAFailingUpdateStaysDirty)
     EXPECT_EQ(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), std::vector<std::string>{"20"});
     window->selectTab(0);
     leaveAnEdit();
-    AppDB other(shop.databaseFolder());
-    ASSERT_EQ(other.Open("trnvik.mdb"), 0);
-    other.Execute("UPDATE InpTB SET Bikou='other'");
-    other.Commit();
+    shop.execute("UPDATE InpTB SET Bikou='other'");
     box.answers = {BoxAnswer::Yes};
     window->selectTab(1);
     EXPECT_EQ(window->currentTab(), Tab::Shipment); // the change of tab goes on
     EXPECT_TRUE(window->dirty(Side::Receipt));
     EXPECT_EQ(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), std::vector<std::string>{"32"});
+}
+
+TEST_F(MainWindowTest, aChangeOfTab_doesNotLetTheFocusFlashThroughAnotherControl)
+{
+    furnish();
+    frmMain& main = open();
+    std::vector<QString> entered;
+    QObject::connect(qApp, &QApplication::focusChanged, &main, [&](QWidget*, QWidget* now) {
+        if (now != nullptr)
+            entered.push_back(now->objectName());
+    });
+    const std::array names{u"txtNBarCode"_s, u"txtSBarCode"_s, u"txtZBarCode"_s, u"txtNLBarCode"_s,
+                           u"txtSLBarCode"_s};
+    for (const int tab : {1, 2, 3, 4, 0, 3, 1}) {
+        entered.clear();
+        main.selectTab(tab);
+        ASSERT_FALSE(entered.empty());
+        EXPECT_EQ(entered.back(), names.at(static_cast<std::size_t>(tab)));
+        entered.pop_back();
+        for (const QString& name : entered)
+            EXPECT_EQ(name, u"tab_%1"_s.arg(tab)) << name.toStdString();
+    }
 }
 
 TEST_F(MainWindowTest, enterInTheQuantityCell_goesToTheCodeField_withItsTextSelected)

@@ -12,6 +12,7 @@
 #include "frame/support/ScannedValue.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/EnterButton.h"
+#include "tests/support/ExpectBox.h"
 #include "tests/support/InputMethod.h"
 #include "tests/support/ScriptedMsgBox.h"
 #include "tests/support/TestFrame.h"
@@ -63,10 +64,7 @@ protected:
     /// The check refused with this text and put the focus on that box.
     void refused(const QString& text, const KeyField& at)
     {
-        ASSERT_EQ(box.shown.size(), 1U);
-        EXPECT_EQ(box.shown[0].title, u"日付エラー"_s);
-        EXPECT_EQ(box.shown[0].icon, BoxIcon::Stop);
-        EXPECT_EQ(box.shown[0].text, text);
+        expectOneBox(box, {.title = u"日付エラー"_s, .text = text, .icon = BoxIcon::Stop});
         EXPECT_TRUE(at.hasFocus());
         EXPECT_TRUE(frame.enabled);
     }
@@ -241,6 +239,29 @@ TEST(FocusPaint, marksTheFocus_andSelectsTheText)
     EXPECT_EQ(field->selectedText(), u"4901"_s);
     button->setFocus();
     EXPECT_EQ(field->palette().color(QPalette::Base), QColor(Qt::white));
+}
+
+TEST(FocusPaint, aControlThatIsBackToItsOwnColours_hasNoPaletteOfItsOwn)
+{
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    auto* first = new EnterButton;
+    auto* second = new EnterButton;
+    layout->addWidget(first);
+    layout->addWidget(second);
+    const FocusPaint paint(&window, window.palette().color(QPalette::Button));
+    const qint64 born = second->palette().cacheKey();
+    window.show();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    second->setFocus();
+    EXPECT_NE(second->palette().cacheKey(), born);
+    first->setFocus();
+    EXPECT_EQ(second->palette().cacheKey(), born) << "the style keeps a picture for each palette";
+    paint.setNormal(second);
+    EXPECT_EQ(second->palette().cacheKey(), born);
+    second->setFocus();
+    EXPECT_EQ(second->palette().color(QPalette::Button), QColor(0, 255, 255));
 }
 
 TEST(ScannedValue, firstAndLastCharacterTell)

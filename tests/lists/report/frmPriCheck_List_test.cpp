@@ -16,6 +16,7 @@
 #include "store/AppIni.h"
 #include "tests/lists/report/ReportDesk.h"
 #include "tests/support/Eventually.h"
+#include "tests/support/ExpectBox.h"
 #include "tests/support/PdfText.h"
 #include "tests/support/ScriptedMsgBox.h"
 #include "tests/support/TestClock.h"
@@ -119,12 +120,12 @@ TEST_F(DialogTest, aGridWithoutRowsIsToldAndOpensNothing)
         const auto empty = filledGrid(*report, 0);
         printList(
             *report, *empty, [] { return ReportHead{}; }, printing, nullptr);
-        ASSERT_EQ(box.shown.size(), 1U);
-        EXPECT_EQ(box.shown[0].title, u"一覧印刷"_s);
-        EXPECT_EQ(
-            box.shown[0].text,
-            u"印刷する情報がありません。\r\n\r\n対象の情報を 検索（表示）した後に　　\r\n再度、印刷して下さい。"_s);
-        EXPECT_EQ(box.shown[0].icon, BoxIcon::Stop);
+        expectOneBox(
+            box,
+            {.title = u"一覧印刷"_s,
+             .text =
+                 u"印刷する情報がありません。\r\n\r\n対象の情報を 検索（表示）した後に　　\r\n再度、印刷して下さい。"_s,
+             .icon = BoxIcon::Stop});
         box.shown.clear();
     }
     EXPECT_EQ(desk.setup->timesAsked, 0);
@@ -194,7 +195,7 @@ TEST_F(DialogTest, theReaderIsNotReadWhileThePrinterIsChosen)
     Printer printer([this](QPrinter& chosen, QWidget*) {
         chosen.setOutputFormat(QPrinter::PdfFormat);
         chosen.setOutputFileName(desk.setup->file);
-        QTest::qWait(30); // many ticks of the dialog's timer
+        letTheTimersTick();
         EXPECT_EQ(scans.size(), 1U);
         dialog->CmdOK_Click(); // a second press does nothing
         dialog->reject();      // and it does not close meanwhile
@@ -284,10 +285,7 @@ TEST_F(DialogTest, aFailureIsToldAndTheDialogCloses)
     for (const Case& one : cases) {
         open(one.report, 30);
         dialog->CmdOK_Click();
-        ASSERT_EQ(box.shown.size(), 1U);
-        EXPECT_EQ(box.shown[0].title, u" 印刷エラー"_s);
-        EXPECT_EQ(box.shown[0].text, one.text);
-        EXPECT_EQ(box.shown[0].icon, BoxIcon::Stop);
+        expectOneBox(box, {.title = u" 印刷エラー"_s, .text = one.text, .icon = BoxIcon::Stop});
         EXPECT_FALSE(dialog->isVisible());
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
         box.shown.clear();

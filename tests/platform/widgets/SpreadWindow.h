@@ -46,6 +46,13 @@ protected:
                                           "09:00:00", "1",  "1,200",  "0000005"};
         grid.setRowTexts(1, texts);
     }
+    /// Goes to a cell and types its first character, which opens the editor.
+    void startTyping(int col, int row, char first)
+    {
+        grid.SetActiveCell(col, row);
+        grid.setFocus();
+        QTest::keyClick(&grid, first);
+    }
     /// Opens the editor of a cell, types, and ends it with Enter.
     void typeInto(int col, int row, const QString& keys)
     {
@@ -53,7 +60,13 @@ protected:
         grid.setFocus();
         for (const QChar key : keys)
             QTest::keyClick(QApplication::focusWidget(), key.toLatin1());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        pressKey(Qt::Key_Return);
+    }
+
+    /// A key for whoever has the focus: the open editor, or the grid.
+    static void pressKey(Qt::Key which, Qt::KeyboardModifiers with = {})
+    {
+        QTest::keyClick(QApplication::focusWidget(), which, with);
     }
 
     QWidget window;

@@ -21,9 +21,9 @@ namespace suisui::test {
 namespace {
 
 /// Shows \a box and works \a act on its dialog once it is up.
-BoxAnswer answered(const Box& box, const std::function<void(QWidget&)>& act)
+BoxAnswer answered(const Box& box, const std::function<void(QWidget&)>& act, QWidget* parent = nullptr)
 {
-    ScreenMsgBox screen;
+    ScreenMsgBox screen(parent);
     QTimer looksForIt;
     QObject::connect(&looksForIt, &QTimer::timeout, [&] {
         QWidget* dialog = QApplication::activeModalWidget();
@@ -172,18 +172,11 @@ TEST(MsgBox, isWorkedAbove_aWindowThatIsDisabled)
     QWidget window;
     window.show();
     window.setEnabled(false);
-    ScreenMsgBox screen(&window);
-    QTimer looksForIt;
-    QObject::connect(&looksForIt, &QTimer::timeout, [&] {
-        QWidget* dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr || !dialog->isVisible())
-            return;
-        looksForIt.stop();
-        EXPECT_EQ(dialog->parentWidget(), &window);
-        QTest::mouseClick(dialog->findChild<QPushButton*>(u"msgBoxYes"_s), Qt::LeftButton);
-    });
-    looksForIt.start(0);
-    EXPECT_EQ(screen.show(yesNo), BoxAnswer::Yes);
+    const auto pressYes = [&window](QWidget& dialog) {
+        EXPECT_EQ(dialog.parentWidget(), &window);
+        QTest::mouseClick(dialog.findChild<QPushButton*>(u"msgBoxYes"_s), Qt::LeftButton);
+    };
+    EXPECT_EQ(answered(yesNo, pressYes, &window), BoxAnswer::Yes);
 }
 
 TEST(EnterButton, codeThatHoldsABlank_pressesNothing_andTheFocusComingBackEndsTheRun)

@@ -1,0 +1,181 @@
+// The receipt list and the shipment list: ten movements on a page, three print lines each. The two are one
+// form; a side brings its words and its columns.
+#include "lists/report/ReportTemplate.h"
+
+namespace suisui {
+
+namespace {
+
+using enum FormAlign;
+
+constexpr int textHeight = 255;
+
+/// A print line of a movement: where its titles stand, and its texts in the first row.
+struct PrintLine
+{
+    int titleTop;
+    int textTop;
+};
+constexpr PrintLine first{1620, 2460};
+constexpr PrintLine second{1900, 2760};
+constexpr PrintLine third{2140, 3000};
+
+/// A column of the grid, and its title above it.
+struct Column
+{
+    std::u16string_view name;
+    std::u16string_view title;
+    int column;
+    PrintLine line;
+    int left;
+    int width;
+    FormAlign alignment = Left;
+    bool optional = false;
+    int titleWidth = 0; ///< where it is not that of the texts
+};
+
+constexpr std::array receiptColumns{
+    Column{u"LbDate", u"入荷日", 1, first, 1260, 1005, Left, true},
+    Column{u"LbCode", u"コード", 8, first, 2670, 1755},
+    Column{u"LbGoods", u"商品名", 2, first, 4500, 4815},
+    Column{u"LbStore", u"入荷先", 3, first, 9480, 5685},
+    Column{u"LbCharge", u"担当者", 9, second, 1260, 5595},
+    Column{u"LbMemo", u"備考", 12, second, 7230, 9165, Left, true, 8760},
+    Column{u"LbPrice", u"入荷単価", 4, third, 1530, 930, Right},
+    Column{u"LbNum", u"数量", 5, third, 2460, 1665, Right},
+    Column{u"LbHenkyaku", u"返却数", 10, third, 4320, 1665, Right},
+    Column{u"LbUnit", u"単位", 11, third, 6420, 735, Centre},
+    Column{u"LbDiscount", u"値引き", 6, third, 7230, 1665, Right},
+    Column{u"LbSum", u"（合計）", 7, third, 9090, 1665, Right},
+};
+
+constexpr std::array shipmentColumns{
+    Column{u"LbDate", u"出荷日", 1, first, 1274, 1005, Left, true},
+    Column{u"LbCode", u"コード", 8, first, 2670, 1755},
+    Column{u"LbGoods", u"商品名", 2, first, 4500, 4815},
+    Column{u"LbStore", u"出荷先", 3, first, 9480, 5685},
+    Column{u"LbCharge", u"担当者", 9, second, 1260, 5595},
+    Column{u"LbMemo", u"備考", 13, second, 7230, 9165, Left, true, 8760},
+    Column{u"LbPrice", u"出荷単価", 4, third, 1274, 1170, Right},
+    Column{u"LbNum", u"数量", 5, third, 2520, 1665, Right},
+    Column{u"LbUnit", u"単位", 12, third, 4500, 735, Centre},
+    Column{u"LbDiscount", u"値引き", 6, third, 5310, 1665, Right},
+    Column{u"LbSum", u"（合計）", 7, third, 7290, 1665, Right},
+    Column{u"LbRHenkyaku", u"良品返品", 10, third, 9150, 1665, Right},
+    Column{u"LbFHenkyaku", u"不良返品", 11, third, 11010, 1665, Right},
+};
+
+template <std::size_t count> struct Sheet
+{
+    std::array<RowElement, count> cells;
+    std::array<FixedText, 2 + count> titles; ///< of the page and its partner, then those of the columns
+};
+
+template <std::size_t count>
+constexpr Sheet<count> sheetOf(std::u16string_view heading, std::u16string_view partner,
+                               const std::array<Column, count>& columns)
+{
+    Sheet<count> sheet{.cells = {},
+                       .titles = {{{u"Label1", heading, {1110, 540, 14880, 420}, Centre, 20, true},
+                                   {u"lblselect_t", partner, {1110, 1275, 870, textHeight}}}}};
+    for (std::size_t i = 0; i < count; ++i) {
+        const Column& at = columns[i];
+        const int titleWidth = at.titleWidth > 0 ? at.titleWidth : at.width;
+        const TwipBox titleBox{at.left, at.line.titleTop, titleWidth, textHeight};
+        sheet.cells[i] = {at.name, at.column, {at.left, at.line.textTop, at.width, textHeight}, at.alignment};
+        sheet.titles[2 + i] = {u"lbltltsub", at.title, titleBox, at.alignment, 9, true, at.optional};
+    }
+    return sheet;
+}
+
+constexpr auto receipts = sheetOf(u"入荷 明細一覧", u"入荷先 ：", receiptColumns);
+constexpr auto shipments = sheetOf(u"出荷 明細一覧", u"出荷先 ：", shipmentColumns);
+
+constexpr FixedText head[] = {
+    {u"Label4", u"すいすいＴＡＧ", {1110, 600, 3000, 255}},
+    {u"LbSYear", u"", {1110, 1020, 420, 255}, Right, 10},
+    {u"lbldayfromto", u"年", {1540, 1020, 200, 255}, Left, 10},
+    {u"LbSMonth", u"", {1740, 1020, 220, 255}, Right, 10},
+    {u"lbldayfromto", u"月", {1970, 1020, 200, 255}, Left, 10},
+    {u"LbSDate", u"", {2170, 1020, 220, 255}, Right, 10},
+    {u"lbldayfromto", u"日", {2400, 1020, 200, 255}, Left, 10},
+    {u"lbldayfromto", u"～", {2700, 1020, 200, 255}, Left, 10},
+    {u"LbEYear", u"", {2970, 1020, 420, 255}, Right, 10},
+    {u"lbldayfromto", u"年", {3400, 1020, 200, 255}, Left, 10},
+    {u"LbEMonth", u"", {3600, 1020, 220, 255}, Right, 10},
+    {u"lbldayfromto", u"月", {3830, 1020, 200, 255}, Left, 10},
+    {u"LbEDate", u"", {4030, 1020, 220, 255}, Right, 10},
+    {u"lbldayfromto", u"日", {4260, 1020, 200, 255}, Left, 10},
+    {u"LbNyuka", u"", {1980, 1275, 4000, 255}},
+    {u"lblselect_t", u"商品名 ：", {6120, 1275, 870, 255}},
+    {u"LbSyouhin", u"", {6990, 1275, 4500, 255}},
+    {u"lblselect_t", u"担当者 ：", {11640, 1275, 870, 255}},
+    {u"LbTantou", u"", {12510, 1275, 3480, 255}},
+    {u"LbPage", u"", {14535, 1020, 375, 255}, Centre},
+    {u"Label2", u"／", {14910, 1020, 180, 255}},
+    {u"LbSPage", u"", {15090, 1020, 375, 255}, Centre},
+    {u"Label3", u"ページ", {15450, 1020, 540, 255}},
+};
+
+// The frame stands outside the bands, which reach from 1110 to 15990.
+constexpr FixedLine lines[] = {
+    {1093, 1560, 1093, 11117, 2}, {1093, 420, 16007, 420, 3},   {15990, 1560, 15990, 11117, 2},
+    {1093, 1543, 16007, 1543, 2}, {1110, 2383, 15990, 2383, 2}, {1093, 11100, 16007, 11100, 2},
+};
+
+struct FormSide
+{
+    std::u16string_view name;
+    std::u16string_view title;
+    std::u16string_view listName;
+    Tab tab;
+    int termIndex;
+    std::u16string_view drawingError;
+    std::span<const RowElement> cells;
+    std::span<const FixedText> titles;
+};
+
+constexpr ReportTemplate formOf(const FormSide& side)
+{
+    return {.name = side.name,
+            .title = side.title,
+            .listName = side.listName,
+            .tab = side.tab,
+            .termIndex = side.termIndex,
+            .drawingError = side.drawingError,
+            .rowsPerPage = 10,
+            .pitch = 870,
+            .cells = side.cells,
+            .LnIn = {1110, 3270, 15990, 3270},
+            .LbYerrow = {1110, 2400, 14880, 300},
+            .rowsPerBand = 1,
+            .titleBand = {1110, 1560, 14880, 823},
+            .lines = lines,
+            .texts = {head, side.titles}};
+}
+
+} // namespace
+
+constinit const ReportTemplate rptList_In = formOf({
+    .name = u"rptList_In",
+    .title = u"入荷商品 一覧",
+    .listName = u"「 入荷 明細一覧 」",
+    .tab = Tab::ReceiptList,
+    .termIndex = 3,
+    .drawingError = u"印刷中に エラーが発生しました。　　　\r\n\r\n　　印刷を中止します。",
+    .cells = receipts.cells,
+    .titles = receipts.titles,
+});
+
+constinit const ReportTemplate rptList_Out = formOf({
+    .name = u"rptList_Out",
+    .title = u"出荷商品 一覧",
+    .listName = u"「 出荷 明細一覧 」",
+    .tab = Tab::ShipmentList,
+    .termIndex = 4,
+    .drawingError = u"印刷中にエラーが発生しました。",
+    .cells = shipments.cells,
+    .titles = shipments.titles,
+});
+
+} // namespace suisui

@@ -1,0 +1,159 @@
+// Label sheets sent to a real print server from the dialog: what arrives at the printer is read by a bar-code
+// reader and measured dot by dot.
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include "barcode/label/LabelGeometry.h"
+#include "barcode/label/LabelSheets.h"
+#include "platform/core/Code128.h"
+#include "platform/widgets/Printer.h"
+#include "platform/widgets/PrinterBarPrt.h"
+#include "tests/barcode/label/LabelDesk.h"
+#include "tests/support/BarReader.h"
+#include "tests/support/CupsQueue.h"
+#include "tests/support/PdfText.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui::test {
+
+namespace {
+
+constexpr PrinterDots queueDots{300, 300, 50,
+                                200}; ///< the queue's printer: 12 and 48 points cannot be printed
+
+class LabelQueue : public ::testing::Test
+{
+protected:
+    // One server for all tests: the client library asks for its address once.
+    static void SetUpTestSuite() { queue = std::make_unique<CupsQueue>(); }
+    static void TearDownTestSuite() { queue.reset(); }
+    static inline std::unique_ptr<CupsQueue> queue;
+    static inline int jobs = 0;
+
+    void SetUp() override { ASSERT_EQ(queue->missing().toStdString(), ""); }
+
+    /// Codes that all are on one sheet of \a count labels, sorted.
+    static std::vector<LabelledRow> rowsFor(int count)
+    {
+        std::vector<LabelledRow> rows;
+        for (int i = 0; i < count; ++i)
+            rows.push_back({u"490123456%1"_s.arg(i, 4, 10, QChar(u'0')).toStdString()});
+        return rows;
+    }
+    static std::string joined(const std::vector<LabelledRow>& rows)
+    {
+        std::string all;
+        for (const LabelledRow& row : rows)
+            all += (all.empty() ? "" : " ") + row.code;
+        return all;
+    }
+
+    void open(const std::vector<LabelledRow>& rows, int sheet)
+    {
+        desk.fill(rows);
+        desk.dialog = std::make_unique<frm_PriCheck>(
+            desk.source, frm_PriCheck::Surroundings{desk.ini, desk.box, barPrt, [] { return QString(); }},
+            nullptr);
+        desk.sheet(sheet);
+    }
+
+    /// In the middle of the bars of the label at \a position: first and last black dot stand where the
+    /// millimetres of \a sheet say, within a dot.
+    static void expectBarsAt(const QImage& page, const LabelSheet& sheet, int position,
+                             const std::string& code)
+    {
+        const LabelGrid grid{
+            .columns = sheet.columns,
+            .rows = sheet.rows,
+            .start = {numberIn(QString::fromUtf16(sheet.startX)), numberIn(QString::fromUtf16(sheet.startY))},
+            .width = numberIn(QString::fromUtf16(sheet.width)),
+            .height = numberIn(QString::fromUtf16(sheet.height))};
+        const QPoint corner =
+            placeInDots(grid.placeOf(position), queueDots) + QPoint(queueDots.offsetX, queueDots.offsetY);
+        const int module = barPitchDots(QString::fromUtf16(sheet.barPitch).toInt(), queueDots.perInchX);
+        const int width = encodeCode128(code)->width * module;
+        const int y = corner.y() + lengthInDots(numberIn(QString::fromUtf16(sheet.barHeight)) / 2, 300);
+        int first = -1;
+        int last = -1;
+        for (int x = corner.x() - 4 * module; x < corner.x() + width + 4 * module; ++x) {
+            if (qGray(page.pixel(x, y)) >= 128)
+                continue;
+            first = first < 0 ? x : first;
+            last = x;
+        }
+        EXPECT_NEAR(first, corner.x(), 1) << code;
+        EXPECT_NEAR(last, corner.x() + width - 1, 1) << code;
+    }
+
+    int failures = 0;
+    int copies = 1;
+    bool goesAway = false; ///< when it has been chosen
+    Printer printer{[this](QPrinter& chosen, QWidget*) {
+        chosen.setPrinterName(QString::fromUtf8(CupsQueue::name));
+        chosen.setCopyCount(copies);
+        if (std::exchange(goesAway, false))
+            queue->removePrinter();
+        return true;
+    }};
+    PrinterBarPrt barPrt{printer, [this] { ++failures; }};
+    LabelDialogDesk desk;
+};
+
+} // namespace
+
+TEST_F(LabelQueue, everySheet_arrivesAsOneJob_andEveryLabelReadsBackToItsCode)
+{
+    for (int sheet = 0; sheet < fixedSheets; ++sheet) {
+        const LabelSheet& figures = labelSheets.at(static_cast<std::size_t>(sheet));
+        const auto rows = rowsFor(figures.columns * figures.rows);
+        open(rows, sheet);
+        desk.dialog->CmdOK_Click();
+        ASSERT_TRUE(desk.dialog->printed());
+        const QString file = queue->job(++jobs);
+        ASSERT_FALSE(file.isEmpty());
+        EXPECT_TRUE(queue->jobTicket(jobs).contains(u" バーコード 1 "_s))
+            << queue->jobTicket(jobs).toStdString();
+        ASSERT_EQ(pdfPages(file), 1);
+        const QImage page = pdfPicture(file, 1, 300, true);
+        EXPECT_EQ(readBarCodes(page), joined(rows)) << "sheet " << sheet;
+        for (const int position : {0, figures.columns * figures.rows - 1})
+            expectBarsAt(page, figures, position, rows[static_cast<std::size_t>(position)].code);
+    }
+    EXPECT_EQ(failures, 0);
+    EXPECT_TRUE(desk.box.shown.empty());
+}
+
+TEST_F(LabelQueue, aSecondCopy_bringsTheFunctionCodesAlone)
+{
+    copies = 2;
+    const auto rows = rowsFor(10);
+    open(rows, 0);
+    desk.button("chkKinou_0")->setChecked(true);
+    desk.button("chkKinou_1")->setChecked(true);
+    desk.dialog->CmdOK_Click();
+    const QString file = queue->job(++jobs);
+    ASSERT_EQ(pdfPages(file), 2); // and the printer is told one copy
+    EXPECT_TRUE(queue->jobTicket(jobs).contains(u" バーコード 1 "_s)) << queue->jobTicket(jobs).toStdString();
+    const std::string functions = "[0] [1] [2] [3] [4] [A] [B] [C] [D] [E]";
+    EXPECT_EQ(readBarCodes(pdfPicture(file, 1, 300, true)), joined(rows) + " " + functions);
+    EXPECT_EQ(readBarCodes(pdfPicture(file, 2, 300, true)), functions);
+    EXPECT_EQ(failures, 0);
+}
+
+TEST_F(LabelQueue, aPrinterThatGoesAway_isToldOnce_andTheNextPrintGoesThrough)
+{
+    const auto rows = rowsFor(3);
+    open(rows, 0);
+    goesAway = true;
+    desk.dialog->CmdOK_Click();
+    EXPECT_EQ(failures, 1);
+    queue->addPrinter();
+    open(rows, 0);
+    desk.dialog->CmdOK_Click();
+    EXPECT_EQ(failures, 1);
+    EXPECT_EQ(readBarCodes(pdfPicture(queue->job(++jobs), 1, 300, true)), joined(rows));
+}
+
+} // namespace suisui::test

@@ -1,0 +1,11 @@
+// The window, its buffers and the tables held beside the model of the books. Every difference is a fatal
+// failure of the running test.
+#pragma once
+
+#include "tests/frame/shell/books/BooksDesk.h"
+
+namespace suisui::test {
+
+void compareBooks(BooksDesk& desk);
+
+} // namespace suisui::test

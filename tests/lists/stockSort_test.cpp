@@ -1,0 +1,88 @@
+// Sorting the stock by a click on a heading.
+#include "tests/lists/StockTest.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace suisui::test {
+
+TEST_F(StockTest, headingClick_sortsWordsRisingAndFiguresFalling)
+{
+    furnish();
+    goods("F6", "鉛筆", "3", "10", "0", "50", "80", "本");
+    zero().setChecked(true);
+    search(u"*"_s);
+    const auto click = [this](int col) {
+        Q_EMIT grid().HeadingClick(col);
+        return codes();
+    };
+    EXPECT_EQ(click(3), "a1 B2 F6 C3 D4 "); // 1200, 3, 3, 0, -7
+    EXPECT_EQ(headings(), "コード▽ |名称▽ |在庫数▲|入荷単価▽|出荷単価▽|－|－|単位▽|最低在庫▽");
+    EXPECT_EQ(click(1), "a1 B2 C3 D4 F6 ");
+    EXPECT_EQ(headings(), searched);
+    EXPECT_EQ(click(9), "B2 F6 a1 C3 D4 ");
+    EXPECT_EQ(click(4), "a1 B2 C3 D4 F6 ");
+    EXPECT_EQ(click(8), "B2 C3 D4 a1 F6 "); // 個 before 本
+    EXPECT_EQ(headings(), "コード▽ |名称▽ |在庫数▽|入荷単価▽|出荷単価▽|－|－|単位▲|最低在庫▽");
+    click(2);
+    EXPECT_EQ(headings(), "コード▽ |名称▲ |在庫数▽|入荷単価▽|出荷単価▽|－|－|単位▽|最低在庫▽");
+    EXPECT_LT(codes().find("a1"), codes().find("F6")) << "equal names stand by their codes";
+    EXPECT_EQ(text(10, 1).size(), 1U);
+    EXPECT_TRUE(frame.enabled);
+}
+
+TEST_F(StockTest, headingsWithoutOrder_doNothing)
+{
+    furnish();
+    search(u"*"_s);
+    Q_EMIT grid().HeadingClick(6);
+    Q_EMIT grid().HeadingClick(7);
+    EXPECT_EQ(headings(), searched);
+    detail().setChecked(true);
+    Q_EMIT grid().HeadingClick(3);
+    EXPECT_EQ(headings(), plain);
+    normal().setChecked(true);
+    search(u"a1"_s);
+    search(QString());
+    search(u"a1"_s);
+    Q_EMIT grid().HeadingClick(3); // one row
+    EXPECT_EQ(headings(), searched);
+}
+
+TEST_F(StockTest, sortStraightAfterASearch_movesTheBarWithItsGoods_andTheCursorStays)
+{
+    furnish();
+    search(u"*"_s); // bar on a1
+    Q_EMIT grid().HeadingClick(9);
+    ASSERT_EQ(codes(), "B2 a1 D4 ");
+    const QColor bar = grid().rowBackColor(2);
+    EXPECT_TRUE(bar == focusColor || bar == barWithoutFocus);
+    EXPECT_EQ(grid().ActiveRow(), 1);
+}
+
+TEST_F(StockTest, sortAfterTheCursorHasMoved_followsItsGoods)
+{
+    furnish();
+    search(u"*"_s);
+    grid().SetActiveCell(3, 2);
+    Q_EMIT grid().LeaveCell(3, 1, 3, 2); // the operator goes down to B2
+    Q_EMIT grid().HeadingClick(9);
+    ASSERT_EQ(codes(), "B2 a1 D4 ");
+    EXPECT_EQ(grid().ActiveRow(), 1);
+    EXPECT_EQ(grid().ActiveCol(), 3);
+    const QColor bar = grid().rowBackColor(1);
+    EXPECT_TRUE(bar == focusColor || bar == barWithoutFocus);
+    EXPECT_EQ(grid().rowBackColor(2), QColor(Qt::white));
+}
+
+TEST_F(StockTest, viewSwitch_losesTheOrder)
+{
+    furnish();
+    search(u"*"_s);
+    Q_EMIT grid().HeadingClick(9);
+    ASSERT_EQ(codes(), "B2 a1 D4 ");
+    detail().setChecked(true);
+    normal().setChecked(true);
+    EXPECT_EQ(codes(), "a1 B2 D4 ");
+}
+
+} // namespace suisui::test

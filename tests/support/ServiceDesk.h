@@ -1,0 +1,34 @@
+// A shop's database, opened, and all that a page of the program asks for.
+#pragma once
+
+#include <stdexcept>
+
+#include "frame/support/Frame.h"
+#include "store/AppDB.h"
+#include "store/AppIni.h"
+#include "tests/support/ScriptedMsgBox.h"
+#include "tests/support/TempShop.h"
+#include "tests/support/TestClock.h"
+#include "tests/support/TestFrame.h"
+
+namespace suisui::test {
+
+struct ServiceDesk
+{
+    ServiceDesk() : db(shop.databaseFolder())
+    {
+        if (db.Open("trnvik.mdb") != 0)
+            throw std::runtime_error("no database in " + shop.databaseFolder());
+    }
+
+    [[nodiscard]] Services services() { return {db, ini, clock, box, frame}; }
+
+    TempShop shop;
+    AppDB db;
+    AppIni ini;
+    TestClock clock;
+    ScriptedMsgBox box;
+    TestFrame frame;
+};
+
+} // namespace suisui::test
