@@ -18,7 +18,7 @@ constexpr std::array columns{
     SpreadColumn{.heading = "在庫数", .type = CellType::Figure, .width = 120},
     SpreadColumn{.heading = "入荷単価", .type = CellType::Figure, .width = 100},
     SpreadColumn{.heading = "出荷単価", .type = CellType::Figure, .width = 100},
-    SpreadColumn{.heading = "値引き", .type = CellType::Figure, .width = 90},
+    SpreadColumn{.heading = "値引き", .type = CellType::Figure, .width = 94},
     SpreadColumn{.heading = "合計", .type = CellType::Figure, .width = 130},
     SpreadColumn{.heading = "単位", .width = 60},
     SpreadColumn{.heading = "最低在庫", .type = CellType::Figure, .width = 100},
