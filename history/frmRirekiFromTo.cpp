@@ -131,15 +131,13 @@ bool frmRirekiFromTo::hasMovements(const Period& period)
     const int receipts = m_db.InpList().CountRows(within("NyuDate", period));
     m_db.InpList().Clear();
     if (receipts < 0)
-        return countFailed(u"入荷情報の検索に失敗しました。　　　　　\r\n\r\n　　　再度、決定して下さい。"_s),
-               false;
+        return countFailed(u"入荷情報の検索に失敗しました。　　　　　\r\n\r\n　　　再度、決定して下さい。"_s);
     if (receipts > 0)
         return true;
     const int shipments = m_db.OutList().CountRows(within("SyuDate", period));
     m_db.OutList().Clear();
     if (shipments < 0)
-        return countFailed(u"出荷情報の検索に失敗しました。　　　　　\r\n\r\n　　　再度、決定して下さい。"_s),
-               false;
+        return countFailed(u"出荷情報の検索に失敗しました。　　　　　\r\n\r\n　　　再度、決定して下さい。"_s);
     if (shipments > 0)
         return true;
     m_msgBox.show(
@@ -158,8 +156,7 @@ bool frmRirekiFromTo::isNew(const Period& period)
     const int saved = m_db.RirekiTbl().CountRows("Where DateFrom = " + inQuotes(period.from)
                                                  + " And DateTo = " + inQuotes(period.to));
     if (saved < 0)
-        return countFailed(u"履歴管理情報の検索に失敗しました。　　　\r\n\r\n　　　再度、決定して下さい。"_s),
-               false;
+        return countFailed(u"履歴管理情報の検索に失敗しました。　　　\r\n\r\n　　　再度、決定して下さい。"_s);
     if (saved == 0)
         return true;
     m_msgBox.show(
@@ -183,8 +180,7 @@ bool frmRirekiFromTo::overlapIsMeant(const Period& period)
         "Where (DateFrom >= " + first + " And DateFrom <= " + last + ")   Or (DateTo   >= " + first
         + " And DateTo   <= " + last + ")    Or (DateFrom <= " + first + " And DateTo   >= " + last + ")");
     if (saved < 0)
-        return countFailed(u"履歴管理情報の検索に失敗しました。　　　\r\n\r\n　　　再度、決定して下さい。"_s),
-               false;
+        return countFailed(u"履歴管理情報の検索に失敗しました。　　　\r\n\r\n　　　再度、決定して下さい。"_s);
     if (saved == 0)
         return true;
     const BoxAnswer answer = m_msgBox.show(
@@ -200,10 +196,11 @@ bool frmRirekiFromTo::overlapIsMeant(const Period& period)
     return false;
 }
 
-void frmRirekiFromTo::countFailed(const QString& text)
+bool frmRirekiFromTo::countFailed(const QString& text)
 {
     m_msgBox.show({databaseError, text, BoxIcon::Stop});
     stay();
+    return false;
 }
 
 /// The dialog goes on waiting.

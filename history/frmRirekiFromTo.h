@@ -39,9 +39,9 @@ private:
     [[nodiscard]] bool hasMovements(const Period& period);
     [[nodiscard]] bool isNew(const Period& period);
     [[nodiscard]] bool overlapIsMeant(const Period& period);
-    void countFailed(const QString& text);
+    /// Says so and goes on waiting. Always false.
+    [[nodiscard]] bool countFailed(const QString& text);
     void stay(QWidget* focus = nullptr);
-    [[nodiscard]] QString spoken(const Period& period) const;
 
     AppDB& m_db;
     std::unique_ptr<Ui::frmRirekiFromTo> m_ui;

@@ -10,7 +10,6 @@
 #include "platform/core/Shell.h"
 #include "platform/widgets/EnterButton.h"
 #include "frame/support/KeyField.h"
-#include "frame/support/PageTools.h"
 #include "store/AppDB.h"
 #include "store/SlipIni.h"
 #include "store/Where.h"

@@ -129,10 +129,7 @@ void MovementPage::cmdDelete_Click()
     const int row = grid()->ActiveRow();
     if (m_rows.Count() == 0 || row < 1 || row > grid()->MaxRows())
         return;
-    const BoxAnswer answer = m_services.msgBox.show(
-        {u"削除の確認"_s, fillIn(QString::fromUtf16(m_side.deleteQuestion), {{u"term", term()}}),
-         BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::No});
-    if (answer != BoxAnswer::Yes)
+    if (!agreesToDelete())
         return;
     if (!inStep(row) || !grid()->ReDraw()) { // the row that is seen is not the row that would go
         concurrentChange(true);
@@ -141,19 +138,12 @@ void MovementPage::cmdDelete_Click()
     putBackPosted();
     const std::string stamp = stampOf(m_services.clock.now());
     const int index = bufferIndex(row);
-    AppDB& db = m_services.db;
     if (!postDelete(index, deleteDelta(m_table.stockSign, postedFigures(row)), stamp)) {
-        db.Rollback();
+        m_services.db.Rollback();
         return;
     }
     m_rows.PrepareDelete(index);
-    int status = m_rows.DeleteRow(index);
-    if (status == 0) {
-        db.Commit();
-        status = db.LastStatus();
-    }
-    if (status != 0) {
-        db.Rollback();
+    if (!commitWhen(m_rows.DeleteRow(index))) {
         concurrentChange(true);
         m_services.frame.setDirty(m_side.side, false);
         return;
@@ -163,6 +153,14 @@ void MovementPage::cmdDelete_Click()
                             fillIn(u"「 {term} 」を削除しました。　　　　", {{u"term", term()}}),
                             BoxIcon::Information});
     markStale();
+}
+
+bool MovementPage::agreesToDelete()
+{
+    return m_services.msgBox.show({u"削除の確認"_s,
+                                   fillIn(QString::fromUtf16(m_side.deleteQuestion), {{u"term", term()}}),
+                                   BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::No})
+           == BoxAnswer::Yes;
 }
 
 /// The goods item first, then its components: the reverse of booking.

@@ -80,7 +80,8 @@ private:
     [[nodiscard]] bool postScan(const Scan& scan);
     void putOnTop(const Scan& scan);
     void notStored();
-    [[nodiscard]] int rowAdd(const std::string& stamp);
+    [[nodiscard]] bool rowAdd(const std::string& stamp);
+    [[nodiscard]] bool commitWhen(int status);
     void waitForNextSecond(const Scan& scan);
 
     // Searching, and taking corrections into the buffer (MovementSearch.cpp).
@@ -98,6 +99,7 @@ private:
     void restorePosted(int row, int rowIndex, const Figures& posted);
     void showPosted(int row, const Figures& figures);
     void putBackPosted();
+    [[nodiscard]] bool agreesToDelete();
     [[nodiscard]] bool postDelete(int rowIndex, double delta, const std::string& stamp);
     void takeOutOfGrid(int row, int rowIndex);
     void concurrentChange(bool deleting);

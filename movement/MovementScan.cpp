@@ -77,7 +77,7 @@ void MovementPage::book(const std::string& code)
     grid()->setReDraw(false);
     putOnTop(scan);
     m_table.master(m_services.db).Clear();
-    if (rowAdd(scan.stamp) == 0) {
+    if (rowAdd(scan.stamp)) {
         m_bar->move(barRow > 0 ? barRow + 1 : 0, 1); // the new row has pushed the barred one down
         cursorToQuantity();
         grid()->setReDraw(true);
@@ -181,7 +181,7 @@ void MovementPage::notStored()
 }
 
 /// InpRowAdd, OutRowAdd: stores row 1 of the grid and makes the booking permanent.
-int MovementPage::rowAdd(const std::string& stamp)
+bool MovementPage::rowAdd(const std::string& stamp)
 {
     const MovementCells& cells = m_side.cells;
     const MovementColumns& columns = m_table.columns;
@@ -207,18 +207,24 @@ int MovementPage::rowAdd(const std::string& stamp)
     m_rows.set(row, columns.inpDate, stamp);
     m_rows.set(row, columns.updDate, stamp);
 
+    if (!commitWhen(m_rows.InsertRow(row)))
+        return false;
+    markStale();
+    return true;
+}
+
+/// Makes the movement permanent when its last write has gone well (\a status 0); otherwise nothing of it
+/// stays.
+bool MovementPage::commitWhen(int status)
+{
     AppDB& db = m_services.db;
-    int status = m_rows.InsertRow(row);
     if (status == 0) {
         db.Commit();
         status = db.LastStatus();
     }
-    if (status != 0) {
+    if (status != 0)
         db.Rollback();
-        return status;
-    }
-    markStale();
-    return 0;
+    return status == 0;
 }
 
 /// A booking ends in a later second than the one in which it began, so that no two carry the same stamp.

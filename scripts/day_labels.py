@@ -25,7 +25,7 @@ def _print(day, screen, reader, folder, *keys, picture):
     new = set(folder.glob(f"{PAPER}*.pdf")) - before
     day.expect(f"one PDF, not {new}", len(new) == 1)
     file = new.pop()
-    day.expect(f"{file.name} is whole", file.read_bytes().rstrip().endswith(b"%%EOF"))
+    day.expect(f"{file.name} is whole", desk.is_whole_pdf(file))
     print(f"scan [N], [P]          {file.name}  {file.stat().st_size // 1024} KB")
 
 

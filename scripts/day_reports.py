@@ -17,8 +17,7 @@ def prepare(screen, folder):
 
 
 def wait_whole(file):
-    """Waits until a PDF is there to its last line."""
-    desk.wait_for(f"{file.name} is whole", lambda: file.exists() and file.read_bytes().rstrip().endswith(b"%%EOF"))
+    desk.wait_for(f"{file.name} is whole", lambda: desk.is_whole_pdf(file))
 
 
 def _print(day, screen, reader, folder, tab, name):

@@ -1,8 +1,6 @@
 """Goods going out on the sample day: a shipment that leaves too little, one into the negative, a correction of
 quantity and returns, and a cancelled shipment."""
 
-import time
-
 import desk
 
 UPDATE, UPDATED = "更新の確認", "更新の完了"
@@ -37,7 +35,7 @@ def _ship(day, shop, screen, reader, code, box):
     print(f"scan {code:<15}  出荷 {row[0]} {row[1]}  数量 {row[2]}  {row[3]}  （{row[4]}、{row[5]}）")
     print(f"                      在庫 {code:<14} {before} → {after}"
           + (f"   box ｢{box.strip()}｣" if box else ""))
-    desk.wait_for("the second of the scan is over", lambda: time.strftime("%Y%m%d%H%M%S") > row[6])
+    desk.wait_past(row[6])
 
 
 def work(day, shop, screen, reader):

@@ -52,6 +52,17 @@ def wait_for(what, condition, seconds=DEADLINE):
         time.sleep(LOOK_AGAIN)
 
 
+def wait_past(stamp):
+    """Waits until the second of a scan's time stamp is over: a scan ends in a later second than it began, and then
+    its row stands on the screen."""
+    wait_for("the second of the scan is over", lambda: time.strftime("%Y%m%d%H%M%S") > stamp)
+
+
+def is_whole_pdf(file):
+    """Whether the file is there to its last line."""
+    return file.exists() and file.read_bytes().rstrip().endswith(b"%%EOF")
+
+
 def wait_at_rest(pid):
     """Waits until the process used no processor time for a while."""
     def ticks_now():

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Takes the pictures of the operator's guide from those that a sample day has left: cut to the window, few colours,
-small. Needs convert (imagemagick) and pdftoppm (poppler-utils).
+small. Needs the packages imagemagick and poppler-utils.
 
     python3 scripts/sample_day.py --build build/release --output demo-out
     python3 scripts/guide_pictures.py demo-out docs/images
@@ -13,7 +13,8 @@ import sys
 import tempfile
 
 # Picture of the guide: picture of the sample day.
-SCREENS = {"guide-receipt": "main", "guide-shortage": "shortage", "guide-shipment": "shipment-corrected",
+SCREENS = {"guide-forms": "first-forms", "guide-receipt": "main", "guide-shortage": "shortage",
+           "guide-shipment": "shipment-corrected",
            "guide-stock": "stock-detail", "guide-receipt-list": "receipt-list", "guide-sums": "shipment-sums",
            "guide-labels": "labels", "guide-history-period": "history-period",
            "guide-history-saved": "history-saved", "guide-end": "end"}

@@ -6,6 +6,8 @@ program_packages=(qt6-translations-l10n fonts-morisawa-bizud-gothic)
 no_display_packages=(python3 xvfb xdotool openbox scrot)
 # dpkg-dev finds out on which packages the Debian package depends; the five behind it judge what is in it.
 test_packages=(dpkg-dev lintian appstream desktop-file-utils man-db systemd libgtest-dev libbenchmark-dev clang-format clang-tidy poppler-utils zbar-tools cups-daemon cups-client "${no_display_packages[@]}")
+# Only for taking the pictures of the guide anew: guide_pictures.py.
+guide_packages=(imagemagick poppler-utils)
 bench_packages=(libbenchmark-dev "${no_display_packages[@]}")
 
 say() { printf '\n== %s\n' "$*"; }

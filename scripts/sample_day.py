@@ -13,6 +13,7 @@ import sys
 import time
 
 sys.dont_write_bytecode = True  # the source tree stays as it is
+import day_first_start
 import day_history
 import day_labels
 import day_lists
@@ -107,8 +108,7 @@ class Day:
             if before != stock.get(moved, "－"):
                 print(f"                      {kind} {moved:<14} {before} → {stock[moved]}")
         self._remember()
-        # A scan ends in a later second than it began; then the row stands on the screen.
-        desk.wait_for("the second of the scan is over", lambda: time.strftime("%Y%m%d%H%M%S") > row[10])
+        desk.wait_past(row[10])
 
     def end(self, program):
         """Scans "end" and, in the dialog, "OK"."""
@@ -186,6 +186,7 @@ def main():
         shop.use_reader(reader.device)
         day_reports.prepare(screen, output)
         try:
+            day_first_start.work(chosen.build, screen, output)
             work(shop, screen, reader, output)
         except desk.DeskError as error:
             screen.picture(output / "failure.png")

@@ -79,21 +79,26 @@ int AppDB::Open(std::string_view file)
                                  : std::string(file);
     m_path = path;
     int code = m_engine.open(path);
+    std::string_view own; // what the engine has nothing against
     // A file that takes no write, now or ever, is no use to a shop: better to hear it at the start than at
     // the first scan.
-    if (code == noError && m_engine.isReadOnly())
+    if (code == noError && m_engine.isReadOnly()) {
         code = failure;
+        own = "it cannot be written to";
+    }
     if (code == noError)
         code = m_engine.execute("BEGIN IMMEDIATE");
     if (code == noError) {
         const bool ours = isOurs() && isWhole(path);
         code = m_engine.execute(ours ? "COMMIT" : "ROLLBACK");
-        if (!ours)
+        if (!ours) {
             code = failure;
+            own = "this is no whole database of the program, or one of a newer version";
+        }
     }
     if (code != noError) {
         m_lastErrNo = std::to_string(code);
-        m_lastErrText = m_engine.errorText();
+        m_lastErrText = own.empty() ? m_engine.errorText() : own;
         report(code);
         m_engine.close();
         m_lastStatus = failure;

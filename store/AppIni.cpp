@@ -28,39 +28,6 @@ QString AppIni::word(QStringView section, int index) const
     return m_shipped.value(section, key).value_or(QString());
 }
 
-QString AppIni::MasterTerm(int index) const
-{
-    return word(u"MasterTerm", index);
-}
-QString AppIni::TabTitle(int tab) const
-{
-    return word(u"TabTitle", tab);
-}
-QString AppIni::Term(int index) const
-{
-    return word(u"Term", index);
-}
-QString AppIni::InpHeading(int column) const
-{
-    return word(u"InpHeading", column);
-}
-QString AppIni::OutHeading(int column) const
-{
-    return word(u"OutHeading", column);
-}
-QString AppIni::StockHeading(int column) const
-{
-    return word(u"StockHeading", column);
-}
-QString AppIni::ReceiptListHeading(int column) const
-{
-    return word(u"ReceiptListHeading", column);
-}
-QString AppIni::ShipmentListHeading(int column) const
-{
-    return word(u"ShipmentListHeading", column);
-}
-
 QString AppIni::LastHistoryFolder() const
 {
     return m_file.value(u"Folder", u"LastHistory").value_or(QString());

@@ -17,15 +17,18 @@ public:
     /// Names the folder that holds AppIni.ini and reads it.
     void setIniFolder(const QString& folder);
 
-    [[nodiscard]] QString MasterTerm(int index) const;
-    [[nodiscard]] QString TabTitle(int tab) const;
-    [[nodiscard]] QString Term(int index) const;
+    [[nodiscard]] QString MasterTerm(int index) const { return word(u"MasterTerm", index); }
+    [[nodiscard]] QString TabTitle(int tab) const { return word(u"TabTitle", tab); }
+    [[nodiscard]] QString Term(int index) const { return word(u"Term", index); }
     // Headings of the grids by column, from 1. Empty outside the columns.
-    [[nodiscard]] QString InpHeading(int column) const;
-    [[nodiscard]] QString OutHeading(int column) const;
-    [[nodiscard]] QString StockHeading(int column) const;
-    [[nodiscard]] QString ReceiptListHeading(int column) const;
-    [[nodiscard]] QString ShipmentListHeading(int column) const;
+    [[nodiscard]] QString InpHeading(int column) const { return word(u"InpHeading", column); }
+    [[nodiscard]] QString OutHeading(int column) const { return word(u"OutHeading", column); }
+    [[nodiscard]] QString StockHeading(int column) const { return word(u"StockHeading", column); }
+    [[nodiscard]] QString ReceiptListHeading(int column) const { return word(u"ReceiptListHeading", column); }
+    [[nodiscard]] QString ShipmentListHeading(int column) const
+    {
+        return word(u"ShipmentListHeading", column);
+    }
 
     [[nodiscard]] QString LastHistoryFolder() const;
     bool setLastHistoryFolder(const QString& folder);

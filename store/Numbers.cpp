@@ -1,5 +1,6 @@
 #include "store/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -32,6 +33,18 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
+/// The exponent of a number, with "e" for its letter; empty when \a text has not the shape of one.
+std::string plainExponent(std::string_view text)
+{
+    if (std::string_view("EeDd").find(text[0]) == std::string_view::npos)
+        return {};
+    const bool isSigned = text.size() > 1 && (text[1] == '+' || text[1] == '-');
+    const std::string_view digits = text.substr(isSigned ? 2 : 1);
+    if (digits.empty() || !std::all_of(digits.begin(), digits.end(), isDigit))
+        return {};
+    return 'e' + std::string(text.substr(1));
+}
+
 /// Text without grouping commas and with "E" for "D"; empty when it has not the shape of a number.
 std::string plainForm(std::string_view text)
 {
@@ -62,19 +75,8 @@ std::string plainForm(std::string_view text)
         return {};
     if (i == text.size())
         return plain;
-    if (text[i] != 'E' && text[i] != 'e' && text[i] != 'D' && text[i] != 'd')
-        return {};
-    plain += 'e';
-    if (++i < text.size() && (text[i] == '+' || text[i] == '-'))
-        plain += text[i++];
-    if (i == text.size())
-        return {};
-    for (; i < text.size(); ++i) {
-        if (!isDigit(text[i]))
-            return {};
-        plain += text[i];
-    }
-    return plain;
+    const std::string exponent = plainExponent(text.substr(i));
+    return exponent.empty() ? exponent : plain + exponent;
 }
 
 /// The number, if \a text is nothing but so few digits that every step is exact; otherwise nothing.

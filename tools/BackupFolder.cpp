@@ -32,6 +32,13 @@ constexpr std::string_view asideEnding = ".part";
 constexpr const char* noteEnding = ".proof";
 constexpr const char* replacedMark = "-replaced";
 
+/// The names of copies: the moment, the number among those of one second, the mark.
+const std::regex& copyName()
+{
+    static const std::regex shape(R"(trnvik-(\d{8}-\d{6})(?:-(\d{1,4}))?(-replaced)?\.mdb)");
+    return shape;
+}
+
 /// Fingerprint of a file's bytes; empty when it cannot be read.
 std::string fingerprint(const std::string& path)
 {
@@ -48,6 +55,15 @@ bool writeNote(const std::string& path, const std::string& print, const CopyProo
     note << "sha256 " << print << "\nfigures " << proof.figures << "\nproblems " << proof.problems << '\n';
     note.close();
     return note.good() && syncToDisk(path);
+}
+
+/// Whether \a path is the note of a copy that never got its name, or has gone already.
+bool isLoneNote(const std::string& path)
+{
+    const fs::path copy = fs::path(path).replace_extension();
+    std::error_code code;
+    return path.ends_with(noteEnding) && std::regex_match(copy.filename().string(), copyName())
+           && !fs::exists(copy, code);
 }
 
 } // namespace
@@ -74,9 +90,11 @@ bool BackupFolder::take(std::string& why)
         return false;
     }
     std::vector<fs::path> left;
-    for (const fs::directory_entry& entry : fs::directory_iterator(m_folder, code))
-        if (entry.path().string().ends_with(asideEnding))
+    for (const fs::directory_entry& entry : fs::directory_iterator(m_folder, code)) {
+        const std::string path = entry.path().string();
+        if (path.ends_with(asideEnding) || isLoneNote(path))
             left.push_back(entry.path());
+    }
     for (const fs::path& path : left)
         if (!removeFile(path.string())) {
             why = path.string() + " is left from a run that was cut short and cannot be removed";
@@ -138,13 +156,12 @@ std::string BackupFolder::keepUnread(const QDateTime& when, std::string& why)
 
 std::vector<BackupFolder::Copy> BackupFolder::copies() const
 {
-    static const std::regex shape(R"(trnvik-(\d{8}-\d{6})(?:-(\d{1,4}))?(-replaced)?\.mdb)");
     std::vector<Copy> found;
     std::error_code code;
     for (const fs::directory_entry& entry : fs::directory_iterator(m_folder, code)) {
         const std::string name = entry.path().filename().string();
         std::smatch parts;
-        if (std::regex_match(name, parts, shape))
+        if (std::regex_match(name, parts, copyName()))
             found.push_back({.name = name,
                              .stamp = parts[1],
                              .number = parts[2].matched ? std::stoi(parts[2]) : 1,

@@ -3,7 +3,7 @@
 // same name with ".proof" behind it. What a restore took the place of is kept there too, marked "-replaced".
 //
 // A copy has its name only from the moment on that it is whole, proved and on the disk. What a run that was
-// killed leaves ends in ".part", is no copy, and goes with the next run.
+// killed leaves ends in ".part", or is a note without its copy; it is no copy and goes with the next run.
 #pragma once
 
 #include <string>

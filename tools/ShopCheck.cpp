@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <map>
 
 #include <QString>
@@ -209,13 +210,20 @@ std::vector<std::string> checkShop(AppDB& db)
     OutRec shipments(db, outTable);
     ZaikoRec stock(db, zaikoTable);
     HSeihinRec parts(db, hseihinTable);
-    RowSet* const all[] = {&receipts, &shipments, &stock, &parts};
+    MasterRec goods(db, masterTable);
+    KokyakuRec partners(db, kokyakuTable);
+    TantouRec staff(db, tantouTable);
+    RirekiRec periods(db, rirekiTable);
+    RowSet* const all[] = {&receipts, &shipments, &stock, &parts, &goods, &partners, &staff, &periods};
     for (RowSet* rows : all)
         if (rows->Select({}) < 0)
             return {"table " + std::string(rows->table().name) + " cannot be read: " + db.LastErrText()};
     checkEncodings(receipts, movementEncodings, problems);
     checkEncodings(shipments, movementEncodings, problems);
     checkEncodings(stock, stockEncodings, problems);
+    for (const RowSet* rows :
+         std::initializer_list<const RowSet*>{&parts, &goods, &partners, &staff, &periods})
+        checkEncodings(*rows, {}, problems);
     try {
         checkStock(db, stock, movedStock(receipts, shipments, parts), problems);
     } catch (const RunTimeError& error) {

@@ -8,7 +8,7 @@
 #include <optional>
 #include <ostream>
 
-#include <QString>
+#include <QStringDecoder>
 
 #include "platform/core/CodePage.h"
 #include "store/AppDB.h"
@@ -65,6 +65,10 @@ std::optional<std::vector<int>> columnPlaces(const TableDef& table, const std::v
             error = "line 1: no column \"" + name + "\" in " + std::string(table.name);
             return std::nullopt;
         }
+        if (std::find(places.begin(), places.end(), found) != places.end()) {
+            error = "line 1: column \"" + name + "\" stands there twice";
+            return std::nullopt;
+        }
         places.push_back(found);
     }
     return places;
@@ -90,20 +94,33 @@ std::string fillRow(RowSet& rows, const std::vector<int>& places, const std::vec
     return {};
 }
 
-/// The bytes of a file as UTF-8; what is no text there is the fault in \a error.
-std::string decoded(std::string bytes, bool cp932, std::string& error)
+/// Place of the first byte of \a text that is no text in UTF-8, or of a character that was none before it was
+/// decoded; npos when all is well.
+std::size_t noTextAt(std::string_view text, bool decoded)
 {
-    constexpr std::string_view noText = "\uFFFD";
-    if (!cp932 && bytes.starts_with("\xEF\xBB\xBF"))
-        bytes.erase(0, 3);
-    std::string text = cp932 ? fromCp932(bytes) : QString::fromUtf8(bytes).toStdString();
-    const std::size_t fault = text.find(noText);
-    if (fault != std::string::npos)
-        error = "line "
-                + std::to_string(
-                    1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(fault), '\n'))
-                + ": no " + (cp932 ? "text of code page 932" : "UTF-8 (--cp932 reads code page 932)");
-    return text;
+    const std::size_t broken =
+        std::min(text.find('\0'), decoded ? text.find("\uFFFD") : std::string_view::npos);
+    if (QByteArrayView(text.data(), static_cast<qsizetype>(text.size())).isValidUtf8())
+        return broken;
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    std::size_t at = 0;
+    for (; at + 1 < text.size(); ++at)
+        if (const QString next = decoder(QByteArrayView(text.data() + at, 1)); decoder.hasError())
+            break;
+    return std::min(broken, at);
+}
+
+/// What to tell of bytes that are no text; empty when there are none.
+std::string textFault(std::string_view text, bool cp932)
+{
+    const std::size_t at = noTextAt(text, cp932);
+    if (at == std::string_view::npos)
+        return {};
+    const std::string_view before = text.substr(0, at);
+    const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+    const std::size_t column = at - (before.rfind('\n') + 1) + 1; // npos + 1 is 0
+    return "line " + std::to_string(line) + ", column " + std::to_string(column) + ": no text in "
+           + (cp932 ? "code page 932" : "UTF-8 (a file in code page 932 needs --cp932)");
 }
 
 /// Inserts the records of \a text; pending until the caller's Commit. Returns their number, -1 at a fault.
@@ -259,8 +276,12 @@ ToolStatus importTable(const std::string& base, std::string_view name, const std
         err << "tagdb: cannot read " << file << '\n';
         return ToolStatus::Failed;
     }
-    std::string error;
-    const std::string text = decoded({std::istreambuf_iterator<char>(stream), {}}, cp932, error);
+    std::string text{std::istreambuf_iterator<char>(stream), {}};
+    if (cp932)
+        text = fromCp932(text);
+    if (text.starts_with("\xEF\xBB\xBF"))
+        text.erase(0, 3);
+    std::string error = textFault(text, cp932);
     const int count = error.empty() ? insertCsv(db, *table, text, error) : -1;
     if (count >= 0) {
         db.Commit();

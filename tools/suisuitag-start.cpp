@@ -13,7 +13,6 @@
 #include <QFile>
 #include <QLabel>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
@@ -215,7 +214,9 @@ bool fillIn(const QString& folder, bool once)
         if (choice == WithForms::Leave)
             return false;
         if (choice == WithForms::ShowFolder) {
-            QDesktopServices::openUrl(QUrl::fromLocalFile(forms));
+            if (!QDesktopServices::openUrl(QUrl::fromLocalFile(forms)))
+                tell(QMessageBox::Information,
+                     u"フォルダを開けませんでした。ファイルの画面で開いて下さい。\n\n"_s + forms);
             continue;
         }
         if (takeOver(folder.toStdString(), forms.toStdString()))

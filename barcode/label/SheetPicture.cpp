@@ -4,8 +4,6 @@
 
 #include <QPainter>
 #include <QRadioButton>
-#include <QStyle>
-#include <QStyleOption>
 
 #include "barcode/label/LabelPages.h"
 #include "barcode/label/LabelSheets.h"

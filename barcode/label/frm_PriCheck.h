@@ -36,6 +36,7 @@ class KeyField;
 class MsgBox;
 class SheetPicture;
 class vaSpread;
+struct LabelSheet;
 
 /// What is printed. The first two columns of the grid are code and name.
 struct LabelSource
@@ -100,6 +101,8 @@ private:
 
     // Sheets and what is remembered (frm_PriCheckSettings.cpp).
     void writeSheet(int sheet);
+    void enableForSheet(const LabelSheet* figures);
+    void writeFigures(const LabelSheet& figures);
     void Form_Load();
     void restoreSettings();
     void saveSettings();

@@ -32,8 +32,20 @@ QString tickOf(const QAbstractButton& box)
 
 void frm_PriCheck::writeSheet(int sheet)
 {
-    const bool fixed = sheet < fixedSheets;
-    const bool strip = !fixed || labelSheets.at(static_cast<std::size_t>(sheet)).functionCodes;
+    const LabelSheet* const figures =
+        sheet < fixedSheets ? &labelSheets.at(static_cast<std::size_t>(sheet)) : nullptr;
+    enableForSheet(figures);
+    if (figures != nullptr)
+        writeFigures(*figures);
+    else
+        m_ui->lblYosiName->setText(u"【 フリー 】\n自由設定"_s);
+    followTicks();
+}
+
+/// The free sheet, which has no \a figures, lets everything be set.
+void frm_PriCheck::enableForSheet(const LabelSheet* figures)
+{
+    const bool strip = figures == nullptr || figures->functionCodes;
     for (QRadioButton* button : picture()->buttons())
         button->show();
     for (const Part& part : m_kinou) {
@@ -44,13 +56,11 @@ void frm_PriCheck::writeSheet(int sheet)
     for (QWidget* widget : std::initializer_list<QWidget*>{m_txtOnePageNum[0], m_txtOnePageNum[1],
                                                            m_ui->lblOnePageNum_0, m_ui->lblOnePageNum_1,
                                                            m_ui->lblOnePageUnit_0, m_ui->lblOnePageUnit_1})
-        widget->setEnabled(!fixed);
-    if (!fixed) {
-        m_ui->lblYosiName->setText(u"【 フリー 】\n自由設定"_s);
-        followTicks();
-        return;
-    }
-    const LabelSheet& figures = labelSheets.at(static_cast<std::size_t>(sheet));
+        widget->setEnabled(figures == nullptr);
+}
+
+void frm_PriCheck::writeFigures(const LabelSheet& figures)
+{
     m_ui->lblYosiName->setText(textOf(figures.title) + u'\n' + textOf(figures.maker));
     m_ui->cmbBarPich->setCurrentText(textOf(figures.barPitch));
     m_ui->txtBarHeight->setText(textOf(figures.barHeight));
@@ -71,7 +81,6 @@ void frm_PriCheck::writeSheet(int sheet)
         m_kinou[1].place[0]->setText(textOf(searchStrip.x));
         m_kinou[1].place[1]->setText(textOf(searchStrip.y));
     }
-    followTicks();
 }
 
 void frm_PriCheck::Form_Load()

@@ -123,27 +123,39 @@ QString Main_Module::LastDateGet() const
     return stored.isEmpty() ? QString::fromStdString(dateOf(m_clock.now())) : stored;
 }
 
-/// False when the master data calls for the master-data program instead.
-bool Main_Module::loadWindow()
+/// What a dialog reads; before the reader is there, and when it has been released, there is nothing.
+QString Main_Module::readLine()
 {
+    return m_barcode ? m_barcode->line() : QString();
+}
+
+/// The window with everything that it is given by the run.
+void Main_Module::makeWindow()
+{
+    const auto nextLine = [this] { return readLine(); };
     m_frmMain = std::make_unique<frmMain>(
         Surroundings{*m_appDB, *m_appIni, m_clock, m_msgBox, *m_shortWait, *m_wait, m_lastDate});
-    m_frmMain->setHistoryPlace(*m_appEnv, [this] { return m_barcode ? m_barcode->line() : QString(); });
+    m_frmMain->setHistoryPlace(*m_appEnv, nextLine);
     m_frmMain->setSlipPlace(*m_slipIni, m_appEnv->BaseFolder() + u"/exe"_s);
     m_printer = std::make_unique<Printer>();
-    m_frmMain->setListPrinting({*m_appIni, m_clock, m_msgBox, *m_printer, m_appEnv->BaseFolder(),
-                                [this] { return m_barcode ? m_barcode->line() : QString(); }});
+    m_frmMain->setListPrinting({*m_appIni, m_clock, m_msgBox, *m_printer, m_appEnv->BaseFolder(), nextLine});
     m_barPrt1 = std::make_unique<PrinterBarPrt>(*m_printer, [this] {
         m_msgBox.show({u" 印刷エラー"_s,
                        u"印刷中に エラーが発生しました。　　　\r\n\r\n　　印刷を中止します。"_s,
                        BoxIcon::Stop});
     });
-    m_frmMain->setLabelPrinting(*m_barPrt1, [this] { return m_barcode ? m_barcode->line() : QString(); });
+    m_frmMain->setLabelPrinting(*m_barPrt1, nextLine);
     m_frmMain->askEnd = [this] { return askEnd(); };
     m_frmMain->setMasterStartFlag = [this] { m_masterStartFlag = true; };
     m_frmMain->clearMasterStartFlag = [this] { m_masterStartFlag = false; };
     m_frmMain->masterStartFlag = [this] { return m_masterStartFlag; };
     m_frmMain->unloaded = [this] { windowUnloaded(); };
+}
+
+/// False when the master data calls for the master-data program instead.
+bool Main_Module::loadWindow()
+{
+    makeWindow();
     m_frmMain->load();
     m_shortWait->setEndMark();
     DoEvents();
@@ -158,12 +170,16 @@ bool Main_Module::loadWindow()
     m_frmMain->setFormEnabled(true);
     if (m_appEnv->typedScans())
         m_frmMain->recogniseTypedScans();
+    openReader();
+    return true;
+}
 
+void Main_Module::openReader()
+{
     m_msComm1 = std::make_unique<MSComm>([this](int port) { return m_appEnv->portDevice(port); });
     m_barcode = std::make_unique<Barcode>([this] { return m_appEnv->readerSettings(); }, m_msgBox,
                                           [this] { m_shortWait->unload(); });
     m_barcode->BarCodeInit(m_msComm1.get());
-    return true;
 }
 
 /// Runs until the window has agreed to close. A disabled window stops the reading; scans then wait in the
@@ -188,7 +204,7 @@ void Main_Module::mainLoop()
 
 bool Main_Module::askEnd()
 {
-    frm_End dialog([this] { return m_barcode ? m_barcode->line() : QString(); }, m_frmMain.get());
+    frm_End dialog([this] { return readLine(); }, m_frmMain.get());
     showModal(dialog);
     return dialog.result();
 }

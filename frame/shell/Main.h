@@ -9,7 +9,6 @@
 #include <QObject>
 
 #include "barcode/Barcode.h"
-#include "barcode/ScanDispatch.h"
 #include "frame/shell/frmMain.h"
 #include "frame/support/frm_ShortWait.h"
 #include "frame/support/frm_Wait.h"
@@ -50,7 +49,10 @@ public:
 private:
     [[nodiscard]] bool openDatabase();
     void volumeCheck(int count, const QString& text);
+    [[nodiscard]] QString readLine();
+    void makeWindow();
     [[nodiscard]] bool loadWindow();
+    void openReader();
     void mainLoop();
     void stop();
     [[nodiscard]] bool askEnd();

@@ -24,6 +24,36 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
+namespace {
+
+void chooseAll(QComboBox& list)
+{
+    if (const int all = list.findText(allChoices); all >= 0)
+        list.setCurrentIndex(all);
+}
+
+/// What a function code does to its control, which is of the kind that the action asks for.
+void carryOut(FunctionAction action, QWidget& control)
+{
+    switch (action) {
+    case FunctionAction::Press:
+        return qobject_cast<QAbstractButton*>(&control)->click();
+    case FunctionAction::Choose:
+        return qobject_cast<QAbstractButton*>(&control)->setChecked(true);
+    case FunctionAction::Tick:
+        qobject_cast<QCheckBox*>(&control)->setChecked(true);
+        return StockPage::check_LostFocus(*qobject_cast<QCheckBox*>(&control));
+    case FunctionAction::Flip:
+        return qobject_cast<QAbstractButton*>(&control)->toggle();
+    case FunctionAction::AllGoods:
+        return qobject_cast<QLabel*>(&control)->setText(allChoices);
+    case FunctionAction::AllOfList:
+        return chooseAll(*qobject_cast<QComboBox*>(&control));
+    }
+}
+
+} // namespace
+
 void frmMain::showTab(Tab tab)
 {
     if (currentTab() == tab)
@@ -188,41 +218,9 @@ void frmMain::sendKeys(const QString& expression)
 
 void frmMain::MainBarEtc(const QString& function)
 {
-    const FunctionCode* entry = functionOn(function, m_currentTab);
-    if (entry == nullptr)
-        return;
-    QWidget* control = findChild<QWidget*>(entry->control.toString());
-    auto* button = qobject_cast<QAbstractButton*>(control);
-    auto* list = qobject_cast<QComboBox*>(control);
-    auto* caption = qobject_cast<QLabel*>(control);
-    switch (entry->action) {
-    case FunctionAction::Press:
-        if (button != nullptr)
-            button->click();
-        break;
-    case FunctionAction::Choose:
-        if (button != nullptr)
-            button->setChecked(true);
-        break;
-    case FunctionAction::Tick:
-        if (auto* box = qobject_cast<QCheckBox*>(control)) {
-            box->setChecked(true);
-            StockPage::check_LostFocus(*box);
-        }
-        break;
-    case FunctionAction::Flip:
-        if (button != nullptr)
-            button->setChecked(!button->isChecked());
-        break;
-    case FunctionAction::AllGoods:
-        if (caption != nullptr)
-            caption->setText(allChoices);
-        break;
-    case FunctionAction::AllOfList:
-        if (const int all = list != nullptr ? list->findText(allChoices) : -1; all >= 0)
-            list->setCurrentIndex(all);
-        break;
-    }
+    if (const FunctionCode* entry = functionOn(function, m_currentTab))
+        if (auto* control = findChild<QWidget*>(entry->control.toString()))
+            carryOut(entry->action, *control);
 }
 
 } // namespace suisui

@@ -2,14 +2,22 @@
 #pragma once
 
 #include <QDialog>
+#include <QGuiApplication>
 
 namespace suisui {
 
 /// Runs \a dialog and gives the keys back to the window that it belongs to. A box may have closed just before
 /// the dialog does; window managers then lose track of whose turn it is, and without one nobody keeps it.
+/// A busy window behind it may have the hourglass up; over the dialog the operator is asked, not kept
+/// waiting.
 inline void showModal(QDialog& dialog)
 {
+    const bool busy = QGuiApplication::overrideCursor() != nullptr;
+    if (busy)
+        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
     dialog.exec();
+    if (busy)
+        QGuiApplication::restoreOverrideCursor();
     if (QWidget* owner = dialog.parentWidget())
         owner->window()->activateWindow();
 }

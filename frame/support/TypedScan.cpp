@@ -89,7 +89,6 @@ bool TypedScan::eventFilter(QObject* object, QEvent* event)
     }
 }
 
-/// True when the key goes no further for the moment.
 bool TypedScan::press(const QKeyEvent& key)
 {
     if (isModifier(key)) {
@@ -102,15 +101,29 @@ bool TypedScan::press(const QKeyEvent& key)
         !m_text.isEmpty() && key.timestamp() >= m_lastTime && key.timestamp() - m_lastTime <= longestGapMs;
     if (!follows)
         giveBack();
-    if (isEnter(key)) {
-        m_passedTime = 0;
-        if (follows && isScan()) {
-            handOver();
-            return true;
-        }
+    return isEnter(key) ? pressEnter(follows) : pressCharacter(key);
+}
+
+/// An Enter that \a follows a burst makes it a scan.
+bool TypedScan::pressEnter(bool follows)
+{
+    m_passedTime = 0;
+    if (!follows || !isScan()) {
         giveBack();
         return false;
     }
+    const QString value = m_text;
+    m_held.clear();
+    m_text.clear();
+    m_pause.stop();
+    if (QWidget* list = QApplication::activePopupWidget())
+        list->close(); // an open choice would get the keys of whatever comes of the scan
+    m_scanned(value);
+    return true;
+}
+
+bool TypedScan::pressCharacter(const QKeyEvent& key)
+{
     const QChar character = characterOf(key);
     // What goes on behind characters that the code field has got belongs to them, whatever the field is doing
     // with them meanwhile.
@@ -127,18 +140,6 @@ bool TypedScan::press(const QKeyEvent& key)
     m_lastTime = key.timestamp();
     m_pause.start();
     return true;
-}
-
-/// The held keys have been a scan: nobody else hears of them.
-void TypedScan::handOver()
-{
-    const QString value = m_text;
-    m_held.clear();
-    m_text.clear();
-    m_pause.stop();
-    if (QWidget* list = QApplication::activePopupWidget())
-        list->close(); // an open choice would get the keys of whatever comes of the scan
-    m_scanned(value);
 }
 
 bool TypedScan::mayBegin(QChar character) const

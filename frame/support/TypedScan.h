@@ -39,10 +39,12 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    // True when the key goes no further for the moment.
     [[nodiscard]] bool press(const QKeyEvent& key);
+    [[nodiscard]] bool pressEnter(bool follows);
+    [[nodiscard]] bool pressCharacter(const QKeyEvent& key);
     [[nodiscard]] bool mayBegin(QChar character) const;
     [[nodiscard]] bool isScan() const;
-    void handOver();
     void hold(const QKeyEvent& key);
     void giveBack();
 

@@ -140,6 +140,7 @@ PaperOrientation Printer::orientation() const
 bool Printer::choose(QWidget* parent)
 {
     auto candidate = copyOf(device());
+    candidate->setDocName(m_documentName); // the dialog names a file after it when the operator turns to PDF
     proposeFile(*candidate);
     if (!m_dialog(*candidate, parent))
         return false;

@@ -57,7 +57,6 @@ public:
     [[nodiscard]] PaperOrientation orientation() const;
     /// Name of the job, and of the PDF file that the dialog proposes.
     void setDocumentName(const QString& name) { m_documentName = name; }
-    [[nodiscard]] QString documentName() const { return m_documentName; }
 
     /// Shows the dialog. False: cancelled, and the printer is as it was. Paper is whatever the operator
     /// picks.
@@ -81,7 +80,6 @@ public:
     [[nodiscard]] int EndDoc();
     /// Closes the document as far as it is, without looking at what became of it.
     void Abort();
-    [[nodiscard]] int pagesStarted() const { return m_pages; }
 
     /// The print dialog of the platform. It asks for no pages: what is printed is the caller's to ask.
     static bool platformDialog(QPrinter& printer, QWidget* parent);

@@ -74,7 +74,7 @@ TEST(DatabaseFaults, filesThatAreNoDatabaseOfOurs_areRefused_andStayAsTheyAre)
     {
         Sqlite engine;
         ASSERT_EQ(engine.open(newer.databaseFile()), 0);
-        ASSERT_EQ(engine.execute("PRAGMA user_version=2"), 0);
+        ASSERT_EQ(engine.execute("PRAGMA user_version=" + std::to_string(schemaVersion + 1)), 0);
     }
     const std::pair<std::string, std::string> files[] = {
         {"empty", ""},

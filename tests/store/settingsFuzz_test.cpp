@@ -13,6 +13,7 @@
 #include "store/AppIni.h"
 #include "store/SlipIni.h"
 #include "store/TrnPrint.h"
+#include "tests/support/InMemory.h"
 #include "tests/support/Seed.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -110,7 +111,7 @@ protected:
     }
 
     std::mt19937 random{printedSeed()};
-    QTemporaryDir dir;
+    QTemporaryDir dir{inMemory() + u"/suisui-XXXXXX"_s};
 };
 
 } // namespace

@@ -44,7 +44,12 @@ public:
             onChoose();
         return chosen;
     }
-    void startDocument() override { calls.emplace_back("start document"); }
+    void startDocument() override
+    {
+        calls.emplace_back("start document");
+        if (onStart)
+            onStart();
+    }
     void endDocument() override { calls.emplace_back("end document"); }
     void startPage() override
     {
@@ -63,6 +68,7 @@ public:
     std::int32_t offsetY = 0;
     int chosen = 1;
     std::function<void()> onChoose; ///< runs while the printer dialog would be on the screen
+    std::function<void()> onStart;  ///< runs when the document begins
     std::vector<std::string> calls;
     std::vector<Sheet> pages;
 };

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include <QDir>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include "store/AppDB.h"
+#include "tests/support/InMemory.h"
 
 namespace suisui::test {
 
@@ -61,12 +61,6 @@ public:
     }
 
 private:
-    static QString inMemory()
-    {
-        const QString memory = QStringLiteral("/dev/shm");
-        return QFileInfo(memory).isWritable() ? memory : QDir::tempPath();
-    }
-
     QTemporaryDir m_dir;
 };
 

@@ -83,7 +83,7 @@ class ShopTest(unittest.TestCase):
         wait_for(f"{count} receipts in the database", lambda: self.shop.count("InpTB") >= count)
         self.assertEqual(count, self.shop.count("InpTB"))
         last = self.shop.rows("SELECT max(InpDate) FROM InpTB")[0][0]
-        wait_for("the second of the scan is over", lambda: time.strftime("%Y%m%d%H%M%S") > last)
+        desk.wait_past(last)
 
     def plain_codes(self, count):
         """Codes of goods that are not made of others."""

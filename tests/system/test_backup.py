@@ -5,6 +5,7 @@ import random
 import resource
 import sqlite3
 import subprocess
+import sys
 import time
 
 from shop_test import ShopTest, main
@@ -127,6 +128,29 @@ class Backup(ShopTest):
         subprocess.run(command, check=True, stdout=subprocess.DEVNULL)
         self.assertEqual([], [name for name in self.backup_files() if name.endswith(".part")])
         self.assertEqual(self.backup_files(), sorted({*self.copies(), *(f"{name}.proof" for name in self.copies())}))
+
+    def test_after_a_writer_was_killed_in_the_middle_a_backup_holds_whole_units_only(self):
+        writer = f"""
+import os, signal, sqlite3
+link = sqlite3.connect({str(self.shop.database)!r}, isolation_level=None)
+link.execute("PRAGMA cache_size=4")
+link.execute("BEGIN IMMEDIATE")
+link.execute("UPDATE TantouTB SET Name = 'half'")
+link.executemany("INSERT INTO InpTB (Code, InpDate, Bikou) VALUES ('H', ?, ?)",
+                 ((str(i), "x" * 200) for i in range(5000)))
+os.kill(os.getpid(), signal.SIGKILL)
+"""
+        before = self.shop.rows("SELECT Code, Name FROM TantouTB ORDER BY Code")
+        subprocess.run([sys.executable, "-c", writer], check=False)
+        journal = self.shop.database.with_name("trnvik.mdb-journal")
+        self.assertGreater(journal.stat().st_size, 512, "the writer left its half in the file")
+        made = self.shop.tagdb("backup")
+        self.assertEqual(0, made.returncode, made.stdout)
+        self.assertProved()
+        copy, = self.copies()
+        self.assertEqual(before, self.rows_of(copy, "SELECT Code, Name FROM TantouTB ORDER BY Code"))
+        self.assertEqual([(0,)], self.rows_of(copy, "SELECT count(*) FROM InpTB"))
+        self.assertWhole()
 
     def test_a_restore_killed_at_any_instant_leaves_the_old_database_or_the_new_one(self):
         seed = int(os.environ.get("SEED", time.time_ns() % 1_000_000))

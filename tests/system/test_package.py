@@ -81,6 +81,10 @@ class Package(Packaged):
                                                                                 "lib/systemd/"))})
         self.assertEqual(set(), {name for name in files if name.endswith((".mdb", ".a", ".h", ".cmake"))})
 
+    def test_no_script_runs_when_it_is_installed_so_unpacked_is_installed(self):
+        listed = output_of("dpkg-deb", "-I", str(self.package))
+        self.assertEqual(["control", "md5sums"], re.findall(r"(?m)^ +\d+ bytes, +\d+ lines[ *]+(\S+)", listed))
+
     def test_everything_belongs_to_root_and_only_root_may_write(self):
         for line in output_of("dpkg-deb", "-c", str(self.package)).splitlines():
             rights, owner, _, _, _, name = line.split(maxsplit=5)
@@ -229,7 +233,6 @@ class DailyBackup(Packaged):
         for command in ("create", "sample"):
             self.assertEqual(0, self.tagdb(home, command).returncode)
         with sqlite3.connect(home / ".local/share/suisuitag/DB/trnvik.mdb") as link:
-            link.create_collation("NOCASE", lambda a, b: (a.lower() > b.lower()) - (a.lower() < b.lower()))
             link.execute("INSERT INTO ZaikoTB SELECT Code, '1', '0', '20260401090000', '20260401090000' FROM Master LIMIT 1")
         link.close()
         made = self.start_service(home)

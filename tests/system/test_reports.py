@@ -34,6 +34,10 @@ class Reports(ShopTest):
         program.wait_idle()
         return program
 
+    def open_pages(self):
+        self.reader.scan("[F]")
+        self.screen.wait_active(PAGES)
+
     def words(self, file):
         day_reports.wait_whole(file)
         return subprocess.run(["pdftotext", "-layout", str(file), "-"], check=True, capture_output=True,
@@ -41,8 +45,7 @@ class Reports(ShopTest):
 
     def test_the_keyboard_prints_a_list(self):
         program = self.open_list()
-        self.reader.scan("[F]")
-        self.screen.wait_active(PAGES)
+        self.open_pages()
         self.screen.press("Return", "KP_Enter", "Return")  # first page, last page, the button
         self.screen.answer(PRINTER)
         self.screen.wait_gone(PAGES)
@@ -57,8 +60,7 @@ class Reports(ShopTest):
 
     def test_a_cancelled_printer_leaves_the_pages_to_choose(self):
         program = self.open_list()
-        self.reader.scan("[F]")
-        self.screen.wait_active(PAGES)
+        self.open_pages()
         self.reader.scan("[P]")
         self.screen.answer(PRINTER, "Escape")
         self.screen.wait_active(PAGES)
@@ -72,8 +74,7 @@ class Reports(ShopTest):
 
     def test_back_prints_nothing(self):
         program = self.open_list()
-        self.reader.scan("[F]")
-        self.screen.wait_active(PAGES)
+        self.open_pages()
         self.reader.scan("[T]")
         self.screen.wait_gone(PAGES)
         self.assertEqual([], list(self.paper.glob("*.pdf")))
@@ -91,8 +92,7 @@ class Reports(ShopTest):
 
     def test_a_file_that_the_disk_refuses_is_told_and_the_window_works_on(self):
         program = self.open_list()
-        self.reader.scan("[F]")
-        self.screen.wait_active(PAGES)
+        self.open_pages()
         self.reader.scan("[P]")
         self.screen.wait_active(PRINTER)
         self.screen.press("alt+f", "ctrl+a", "slash", *"dev", "slash", *"full", "Return")

@@ -239,9 +239,11 @@ TEST_F(BackupTest, whatAKilledRunHasLeft_isNoCopy_andGoes)
     fs::create_directories(folder());
     write(folder() + "copy.part", "half");
     write(folder() + "proof.part", "half");
+    write(folder() + "trnvik-20260331-090000.mdb.proof", "a note whose copy never got its name");
+    write(folder() + "letter.proof", "the shop's own");
     EXPECT_EQ(listed().find("copy.part"), std::string::npos);
     ASSERT_EQ(backup(), ToolStatus::Good);
-    EXPECT_EQ(files(), (Texts{first, std::string(first) + ".proof"}));
+    EXPECT_EQ(files(), (Texts{"letter.proof", first, std::string(first) + ".proof"}));
 }
 
 TEST_F(BackupTest, secondRunAtTheSameTime_isRefused)

@@ -259,6 +259,17 @@ TEST_P(JetImportTest, aFileCutShort_isRefused_andNothingIsWritten)
     }
 }
 
+TEST_P(JetImportTest, whatAKilledImportHasLeft_doesNotMatter)
+{
+    write();
+    fs::create_directories(base() + "/DB");
+    for (const char* ending : {"", "-journal", ".new"})
+        std::ofstream(database() + ".importing" + ending) << "half a database";
+    ASSERT_EQ(import(), ToolStatus::Good) << out.str() << err.str();
+    EXPECT_EQ(query("SELECT count(*) FROM InpTB"), Texts{"1"});
+    EXPECT_EQ(std::distance(fs::directory_iterator(base() + "/DB"), {}), 1);
+}
+
 TEST_P(JetImportTest, anExistingDatabase_staysAsItIs)
 {
     write();

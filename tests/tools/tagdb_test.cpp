@@ -156,7 +156,8 @@ TEST_F(TagDbTest, whatAColumnCannotHold_andBytesThatAreNoText_areNamed_andNothin
         {"Master", "Code,NyuPrice\nA,1\nB,cheap\n", false, "line 3: column NyuPrice: \"cheap\" is no number"},
         {"InpTB", "Code,NyuSuu\nA,1\n", false, "line 2: column NyuDate: \"\" is no date"},
         {"HSeihinTB", "Code,HSeihinCD,Suuryou\nA,B,two\n", false, "column Suuryou: \"two\" is no number"},
-        {"Master", "Code,Name\nA,a\nB,\x83\x8A\n", false, "line 3: no UTF-8 (--cp932 reads code page 932)"},
+        {"Master", "Code,Name\nA,a\nB,\x83\x8A\n", false,
+         "line 3, column 3: no text in UTF-8 (a file in code page 932 needs --cp932)"},
         {"Master", "Code,Name\nA,\x83\n", true, "line 2: no text of code page 932"},
     };
     for (const auto& file : files) {
@@ -167,6 +168,16 @@ TEST_F(TagDbTest, whatAColumnCannotHold_andBytesThatAreNoText_areNamed_andNothin
         EXPECT_EQ(queryFile(path("DB/trnvik.mdb"), std::string("SELECT count(*) FROM ") + file.table),
                   std::vector<std::string>{"0"});
     }
+}
+
+TEST_F(TagDbTest, databaseOfANewerVersion_isRefusedWithTheReason)
+{
+    ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);
+    Sqlite engine;
+    ASSERT_EQ(engine.open(path("DB/trnvik.mdb")), 0);
+    ASSERT_EQ(engine.execute("PRAGMA user_version=" + std::to_string(schemaVersion + 1)), 0);
+    EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Failed);
+    EXPECT_NE(err.str().find("or one of a newer version"), std::string::npos) << err.str();
 }
 
 TEST_F(TagDbTest, badLine_isNamed_andNothingIsStored)

@@ -8,6 +8,7 @@
 #include <QDialogButtonBox>
 #include <QPrintDialog>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTimer>
@@ -26,6 +27,8 @@ struct PrintDialog : ::testing::Test
     static void SetUpTestSuite() { queue = std::make_unique<CupsQueue>(); }
     static void TearDownTestSuite() { queue.reset(); }
     static inline std::unique_ptr<CupsQueue> queue;
+    static inline int jobs = 0;
+
     void SetUp() override
     {
         ASSERT_TRUE(queue->missing().isEmpty()) << "no print server: " << queue->missing().toStdString();
@@ -46,6 +49,7 @@ struct PrintDialog : ::testing::Test
         return asked(chosen, parent);
     }};
 
+    /// What has come out: at the printer, or in the file where there is none.
     bool asked(QPrinter& chosen, QWidget* parent)
     {
         QTimer looking;
@@ -117,8 +121,35 @@ TEST_F(PrintDialog, leavesThePagesToTheProgramAndTheCopiesToTheOperator)
     ASSERT_FALSE(paper.PrinterSelect(nullptr));
     const auto grid = filledGrid(rptList_In, 30);
     ASSERT_EQ(ListReport(rptList_In, *grid).print(paper, {}, {2, 3}, 3), ReportStatus::Printed);
-    EXPECT_EQ(pdfPages(queue->job(1)), 4); // the second page and the third, twice
-    EXPECT_FALSE(queue->jobTicket(1).contains(u"page-ranges"_s)) << queue->jobTicket(1).toStdString();
+    ++jobs;
+    EXPECT_EQ(pdfPages(queue->job(jobs)), 4); // the second page and the third, twice
+    EXPECT_FALSE(queue->jobTicket(jobs).contains(u"page-ranges"_s)) << queue->jobTicket(jobs).toStdString();
+}
+
+TEST_F(PrintDialog, isToldTheNameOfTheDocument)
+{
+    QString name;
+    work = [&name](QPrintDialog& dialog) { name = dialog.printer()->docName(); };
+    printer.setDocumentName(u"在庫商品 一覧"_s);
+    ASSERT_TRUE(printer.choose(nullptr));
+    EXPECT_EQ(name, u"在庫商品 一覧"_s);
+}
+
+TEST_F(PrintDialog, takesAPrinterWithoutDuplexThatIsAskedForBothSides)
+{
+    work = [](QPrintDialog& dialog) {
+        EXPECT_FALSE(dialog.findChild<QRadioButton*>(u"duplexLong"_s)->isEnabled());
+        dialog.printer()->setDuplex(QPrinter::DuplexLongSide);
+    };
+    Printer_Properties paper(printer);
+    printer.setOrientation(PaperOrientation::Landscape);
+    ASSERT_FALSE(paper.PrinterSelect(nullptr));
+    const auto grid = filledGrid(rptList_Stock, 26);
+    ASSERT_EQ(ListReport(rptList_Stock, *grid).print(paper, {}, {1, 2}, 2), ReportStatus::Printed);
+    ++jobs;
+    EXPECT_EQ(pdfPages(queue->job(jobs)), 2);
+    EXPECT_TRUE(queue->jobTicket(jobs).contains(u"sides=one-sided"_s))
+        << queue->jobTicket(jobs).toStdString();
 }
 
 } // namespace suisui::test
