@@ -49,7 +49,6 @@ struct PrintDialog : ::testing::Test
         return asked(chosen, parent);
     }};
 
-    /// What has come out: at the printer, or in the file where there is none.
     bool asked(QPrinter& chosen, QWidget* parent)
     {
         QTimer looking;
