@@ -33,6 +33,7 @@ MovementListPage::MovementListPage(Side side, const Services& services, QWidget*
       m_ui(std::make_unique<Ui::MovementListPage>())
 {
     m_ui->setupUi(this);
+    followRuler(*m_ui->txtXLBarCode, *m_ui->lblXLBarCode);
     m_period = {{m_ui->txtXLyyyy_F, m_ui->txtXLmm_F, m_ui->txtXLdd_F},
                 {m_ui->txtXLyyyy_T, m_ui->txtXLmm_T, m_ui->txtXLdd_T}};
     m_ui->Sprd_XHyou->setColumns(m_side.columns);
@@ -101,8 +102,8 @@ void MovementListPage::setCaptions(const AppIni& ini)
     m_ui->fraXLWhere->setTitle(u" 【 %1 】 明細 表示条件 "_s.arg(ini.Term(m_side.termIndex)));
     m_ui->fraXList->setTitle(u" 【 %1 】 明細 "_s.arg(ini.Term(m_side.termIndex)));
     m_ui->lblXLSyouhin_M->setText(heading(goodsHeading));
-    m_ui->lblXLSaki->setText(heading(partnerHeading));
-    m_ui->lblXLTantou->setText(heading(staffHeading));
+    m_ui->lblXLSaki->setText(asCaption(heading(partnerHeading)));
+    m_ui->lblXLTantou->setText(asCaption(heading(staffHeading)));
     writePlainHeadings(m_side, ini, *grid());
 }
 

@@ -5,6 +5,7 @@
 
 #include "frame/support/Check_Csv.h"
 #include "frame/support/KeyField.h"
+#include "frame/support/PageTools.h"
 #include "lists/ReDrawOff.h"
 #include "platform/core/KeyCodes.h"
 #include "platform/widgets/EnterButton.h"
@@ -49,6 +50,7 @@ StockPage::StockPage(const Services& services, QWidget* parent)
             return detailView() && goods ? goodsRowWithBlock : QColor(Qt::white);
         },
         BarWithNoFocus::Grey);
+    followRuler(*m_ui->txtZBarCode, *m_ui->lblZBarCode);
     wire();
 }
 

@@ -18,7 +18,7 @@ constexpr std::array columns{
     SpreadColumn{.heading = "在庫数", .type = CellType::Figure, .width = 120},
     SpreadColumn{.heading = "入荷単価", .type = CellType::Figure, .width = 100},
     SpreadColumn{.heading = "出荷単価", .type = CellType::Figure, .width = 100},
-    SpreadColumn{.heading = "値引き", .type = CellType::Figure, .width = 90},
+    SpreadColumn{.heading = "値引き", .type = CellType::Figure, .width = 94},
     SpreadColumn{.heading = "合計", .type = CellType::Figure, .width = 130},
     SpreadColumn{.heading = "単位", .width = 60},
     SpreadColumn{.heading = "最低在庫", .type = CellType::Figure, .width = 100},
@@ -130,7 +130,7 @@ void StockRows::putBlock(int row, const StockBlock& block)
         m_grid.setCellForeColor(cell, line, red);
         m_grid.setCellBold(cell, line, true);
     };
-    for (const StockLine& line : block.lines) {
+    for (const StockLine& line : block) {
         m_grid.setRowSource(row, packedLine(line), lineOfBlock);
         warn(StockCells::quantity, row, line.quantity);
         warn(StockCells::amount, row, line.amount);

@@ -16,6 +16,7 @@ MovementPage::MovementPage(Side side, const Services& services, QWidget* parent)
       m_rows(m_table.rows(services.db)), m_ui(std::make_unique<Ui::MovementPage>())
 {
     m_ui->setupUi(this);
+    followRuler(*m_ui->txtXBarCode, *m_ui->lblXBarCode);
     m_period = {{m_ui->txtXyyyy_F, m_ui->txtXmm_F, m_ui->txtXdd_F},
                 {m_ui->txtXyyyy_T, m_ui->txtXmm_T, m_ui->txtXdd_T}};
     m_ui->Sprd_X->setColumns(m_side.columns);

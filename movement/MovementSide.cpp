@@ -12,14 +12,14 @@ constexpr int quantityDigits = 7;
 constexpr int moneyDigits = 9;
 
 constexpr SpreadColumn codeColumn{.heading = "コード", .type = CellType::Locked, .width = 112};
-constexpr SpreadColumn nameColumn{.heading = "名称", .type = CellType::Text, .width = 210};
+constexpr SpreadColumn nameColumn{.heading = "名称", .type = CellType::Text, .width = 200};
 constexpr SpreadColumn priceColumn{
-    .heading = "単価", .type = CellType::Number, .width = 82, .digits = moneyDigits};
+    .heading = "単価", .type = CellType::Number, .width = 94, .digits = moneyDigits};
 constexpr SpreadColumn quantityColumn{
-    .heading = "数量", .type = CellType::Number, .width = 68, .digits = quantityDigits};
+    .heading = "数量", .type = CellType::Number, .width = 80, .digits = quantityDigits};
 constexpr SpreadColumn discountColumn{
-    .heading = "値引き", .type = CellType::Number, .width = 76, .digits = moneyDigits};
-constexpr SpreadColumn totalColumn{.heading = "合計", .type = CellType::Figure, .width = 100};
+    .heading = "値引き", .type = CellType::Number, .width = 94, .digits = moneyDigits};
+constexpr SpreadColumn totalColumn{.heading = "合計", .type = CellType::Figure, .width = 116};
 constexpr SpreadColumn printColumn{.heading = "印刷", .type = CellType::CheckBox, .width = 44};
 constexpr SpreadColumn staffColumn{.heading = "担当者", .type = CellType::Locked, .width = 100};
 constexpr SpreadColumn unitColumn{.heading = "単位", .type = CellType::Text, .width = 52};

@@ -33,7 +33,7 @@ STANDS_STILL = 0.3
 
 # Names of the keys that xdotool does not know by their character.
 KEYS = {"\n": "Return", "-": "minus", "[": "bracketleft", "]": "bracketright", "{": "braceleft", "}": "braceright",
-        "#": "numbersign", "@": "at"}
+        "#": "numbersign", "@": "at", "*": "asterisk"}
 
 
 class DeskError(AssertionError):
@@ -170,6 +170,10 @@ class Screen:
         done = self._xdotool("key", *keys)
         if done.returncode != 0:
             raise DeskError(f"keys {keys}: {done.stderr}")
+
+    def click(self, x, y, times=1):
+        """The left button of the mouse."""
+        self._xdotool("mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "60", "1")
 
     def type_by_hand(self, text, milliseconds=120):
         """Types as a fast typist does."""

@@ -38,6 +38,7 @@ void SheetPicture::setSheet(const LabelSheet& sheet, const QString& name)
         auto* button = new QRadioButton(this);
         button->setObjectName(name + QString::number(position));
         button->setToolTip(u"%1"_s.arg(position + 1));
+        button->setAccessibleName(u"%1 番目のラベルから"_s.arg(position + 1));
         button->adjustSize();
         const Millimetres label = grid.placeOf(position);
         m_buttons.push_back(button);

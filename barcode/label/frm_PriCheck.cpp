@@ -195,8 +195,10 @@ QRadioButton* frm_PriCheck::positionButton() const
 void frm_PriCheck::optYousi_Click(int sheet)
 {
     m_sheet = sheet;
-    for (std::size_t i = 0; i < m_frames.size(); ++i)
-        m_frames.at(i)->setVisible(static_cast<int>(i) == sheet);
+    for (QWidget* frame : m_frames)
+        frame->hide();
+    m_frames.at(static_cast<std::size_t>(sheet))
+        ->show(); // never two at once: the dialog would grow to hold both
     writeSheet(sheet);
     cmbStart_Click();
     m_shownPage = 1;

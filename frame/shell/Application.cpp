@@ -9,6 +9,7 @@
 #include <QTranslator>
 #include <QtMath>
 
+#include "frame/shell/TagIcon.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/AppFont.h"
 
@@ -42,6 +43,8 @@ constexpr int pictureCache = 512;
 Application::Application(int& argc, char** argv) : QApplication(argc, argv)
 {
     setApplicationName(u"suisuitag"_s);
+    setDesktopFileName(u"suisuitag"_s);
+    setWindowIcon(tagIcon());
     setQuitOnLastWindowClosed(false); // the main loop decides when the run is over
     setStyle(QStyleFactory::create(u"Fusion"_s));
     setFont(screenFont());

@@ -40,8 +40,12 @@ FormGate::~FormGate() = default;
 void FormGate::setEnabled(bool enabled)
 {
     m_enabled = enabled;
-    if (enabled)
-        schedule();
+    if (!enabled)
+        return;
+    schedule();
+    if (m_release)
+        QMetaObject::invokeMethod(
+            this, [this] { deliverRelease(); }, Qt::QueuedConnection);
 }
 
 bool FormGate::eventFilter(QObject* object, QEvent* event)
@@ -85,15 +89,35 @@ bool FormGate::filterKey(QEvent* event)
     return true;
 }
 
-bool FormGate::filterPointer(QObject* object, QEvent* event) const
+/// The press may have come before the window was disabled. A button lets go without a click; a scroll bar
+/// must hear of it, else it goes on scrolling.
+bool FormGate::filterRelease(QObject* object, const QEvent& event)
+{
+    auto* button = qobject_cast<QAbstractButton*>(object);
+    if (button != nullptr && !button->isDown()) {
+        m_released = button;
+        m_release.reset(event.clone());
+    } else if (button != nullptr) {
+        button->setDown(false);
+    }
+    return qobject_cast<QAbstractSlider*>(object) == nullptr;
+}
+
+/// A button that no press has reached makes nothing of it.
+void FormGate::deliverRelease()
+{
+    if (!m_enabled)
+        return; // when it is enabled again
+    const std::unique_ptr<QEvent> release = std::move(m_release);
+    if (release && m_released && QApplication::activeModalWidget() == nullptr)
+        QCoreApplication::sendEvent(m_released, release.get());
+}
+
+bool FormGate::filterPointer(QObject* object, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonRelease:
-        // The press may have come before the window was disabled. A button lets go without a click; a scroll
-        // bar must hear of it, else it goes on scrolling.
-        if (auto* button = qobject_cast<QAbstractButton*>(object))
-            button->setDown(false);
-        return qobject_cast<QAbstractSlider*>(object) == nullptr;
+        return filterRelease(object, *event);
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
     case QEvent::Wheel:

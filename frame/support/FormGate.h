@@ -10,8 +10,10 @@
 #include <memory>
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
+class QAbstractButton;
 class QEvent;
 class QWidget;
 
@@ -42,15 +44,19 @@ protected:
 
 private:
     [[nodiscard]] bool filterKey(QEvent* event);
-    [[nodiscard]] bool filterPointer(QObject* object, QEvent* event) const;
+    [[nodiscard]] bool filterPointer(QObject* object, QEvent* event);
+    [[nodiscard]] bool filterRelease(QObject* object, const QEvent& event);
     [[nodiscard]] bool leansOnEnter(const QEvent& event) const;
     void schedule();
     void deliverNext();
     void deliver(QEvent& event);
+    void deliverRelease();
 
     QWidget* m_form;
     std::deque<std::unique_ptr<QEvent>> m_held;
     QString m_scan;
+    QPointer<QAbstractButton> m_released; ///< the mouse has let go of it before its press has arrived
+    std::unique_ptr<QEvent> m_release;
     const QEvent* m_delivering = nullptr;
     bool m_enabled = true;
     bool m_scheduled = false;

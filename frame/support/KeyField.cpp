@@ -36,10 +36,8 @@ int keyAsciiOf(const QKeyEvent& event)
     return !text.isEmpty() && QChar::isPrint(text[0]) ? static_cast<int>(text[0]) : 0;
 }
 
-KeyField::KeyField(QWidget* parent) : QLineEdit(parent)
+KeyField::KeyField(QWidget* parent) : DirectField(parent)
 {
-    setAttribute(Qt::WA_InputMethodEnabled, false);
-    setInputMethodHints(Qt::ImhLatinOnly | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     connect(this, &QLineEdit::textEdited, this, &KeyField::tidyPaste);
 }
 
@@ -59,7 +57,7 @@ void KeyField::keyPressEvent(QKeyEvent* event)
 {
     int keyAscii = keyAsciiOf(*event);
     if (keyAscii == 0) {
-        QLineEdit::keyPressEvent(event); // arrows, Delete and the like
+        DirectField::keyPressEvent(event); // arrows, Delete and the like
         return;
     }
     event->accept();
@@ -81,7 +79,7 @@ void KeyField::keyPressEvent(QKeyEvent* event)
         cut();
         break;
     default:
-        QLineEdit::keyPressEvent(event);
+        DirectField::keyPressEvent(event);
         event->accept();
     }
 }

@@ -4,16 +4,16 @@
 //
 // A paste may pass a field's limit; its line breaks and control characters are left out.
 //
-// The input method is off: a reader that types must not have its letters turned into kana.
+// A reader that types must not have its letters turned into kana: the input method is off.
 #pragma once
 
 #include <functional>
 
-#include <QLineEdit>
+#include "platform/widgets/DirectField.h"
 
 namespace suisui {
 
-class KeyField : public QLineEdit
+class KeyField : public DirectField
 {
     Q_OBJECT
 

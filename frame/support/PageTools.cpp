@@ -3,6 +3,8 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/EnterKey.h"
@@ -73,6 +75,30 @@ bool chooseCode(QComboBox& combo, const ChoiceList& choices, const QString& code
 void enterMovesOn(QComboBox& combo, QWidget& next)
 {
     combo.installEventFilter(new EnterFilter(&combo, &next));
+}
+
+QString asCaption(QString words)
+{
+    return words.replace(u'&', u"&&"_s);
+}
+
+void followRuler(QLineEdit& field, const QLabel& ruler)
+{
+    constexpr int figures = 13;
+    constexpr int ownMargin = 4; // of a line edit: frame and the gap behind it
+    ruler.ensurePolished();      // its form gives it a font of its own
+    const QFontMetrics marks = ruler.fontMetrics();
+    const int step = marks.horizontalAdvance(u"  １"_s);
+    const int firstMiddle = marks.horizontalAdvance(u" "_s) + marks.horizontalAdvance(u"１"_s) / 2;
+    const int character = field.fontMetrics().horizontalAdvance(u'0');
+    QFont close = field.font();
+    QFont spaced = close;
+    spaced.setLetterSpacing(QFont::AbsoluteSpacing, step - character);
+    field.setTextMargins(firstMiddle - character / 2 - ownMargin, 0, 0, 0);
+    field.setFont(spaced);
+    QObject::connect(&field, &QLineEdit::textChanged, &field, [&field, close, spaced](const QString& text) {
+        field.setFont(text.size() <= figures ? spaced : close);
+    });
 }
 
 void letterNames(QWidget& form, QChar letter)

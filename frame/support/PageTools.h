@@ -5,6 +5,8 @@
 
 #include "frame/support/Page.h"
 
+class QLabel;
+
 namespace suisui {
 
 /// The entry of a choice that means no restriction.
@@ -22,6 +24,13 @@ bool chooseCode(QComboBox& combo, const ChoiceList& choices, const QString& code
 
 /// Enter in \a combo moves the focus to \a next.
 void enterMovesOn(QComboBox& combo, QWidget& next);
+
+/// \a words as the caption of a label that belongs to a control: there a lone & would mark a letter.
+[[nodiscard]] QString asCaption(QString words);
+
+/// Sets the characters of a code field under the figures of the ruler above it. A code longer than the ruler
+/// is shown close together, so that the whole of it can be read.
+void followRuler(QLineEdit& field, const QLabel& ruler);
 
 /// Forms that serve both sides are drawn once, with an X where the names of their controls carry the letter
 /// of the side. Puts \a letter there.

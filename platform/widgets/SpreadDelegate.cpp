@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "platform/widgets/CellEditor.h"
+#include "platform/widgets/DirectField.h"
 #include "platform/widgets/EnterKey.h"
 #include "platform/widgets/SpreadModel.h"
 #include "platform/widgets/vaSpread.h"
@@ -74,15 +75,15 @@ QWidget* SpreadDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
                                       const QModelIndex& index) const
 {
     const SpreadColumn& column = static_cast<const SpreadModel*>(index.model())->column(index.column() + 1);
-    auto* editor = new QLineEdit(parent);
+    // Figures are typed without the input method; names and remarks with it.
+    QLineEdit* editor = column.type == CellType::Text ? new QLineEdit(parent) : new DirectField(parent);
+    editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
     editor->setFrame(false);
     editor->setAutoFillBackground(true);
     editor->setAlignment(column.type == CellType::Number ? Qt::AlignRight : Qt::AlignLeft);
     editor->setValidator(new CellValidator(column.type, column.digits, editor));
     if (column.type == CellType::Text && column.digits > 0)
         editor->setMaxLength(column.digits);
-    // Figures are typed without the input method; names and remarks with it.
-    editor->setAttribute(Qt::WA_InputMethodEnabled, column.type == CellType::Text);
     m_editor = editor;
     return editor;
 }

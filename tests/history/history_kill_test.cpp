@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QThread>
 
@@ -52,6 +53,23 @@ std::pair<std::string, std::string> counted(const Lines& stamps)
     return {std::to_string(distinct.size()), std::to_string(stamps.size())};
 }
 
+/// Microseconds that a save takes here and now.
+unsigned timeOfASave(const TempShop& shop)
+{
+    QProcess worker;
+    worker.start(QStringLiteral(HISTORY_WORKER), {shop.base()});
+    EXPECT_TRUE(worker.waitForReadyRead()) << worker.readAllStandardError().toStdString();
+    QElapsedTimer since;
+    since.start();
+    QByteArray said;
+    while (!said.contains("saved") && worker.waitForReadyRead())
+        said += worker.readAllStandardOutput();
+    EXPECT_TRUE(said.contains("saved"));
+    worker.kill();
+    worker.waitForFinished();
+    return static_cast<unsigned>(since.nsecsElapsed() / 1000);
+}
+
 } // namespace
 
 TEST(HistoryKill, atAHundredRandomInstants_everyMovementIsThereOnce)
@@ -67,12 +85,13 @@ TEST(HistoryKill, atAHundredRandomInstants_everyMovementIsThereOnce)
         "SELECT 'I'||InpDate||Code FROM InpTB UNION ALL SELECT 'O'||InpDate||Code FROM OutTB";
     const Lines stock = shop.query("SELECT Code, ZaikoSuu FROM ZaikoTB ORDER BY Code");
     std::mt19937 random(printedSeed());
+    const unsigned longest = 2 * timeOfASave(shop); // a save and a load
     int endedSaved = 0;
     for (int turn = 0; turn < turns; ++turn) {
         QProcess worker;
         worker.start(QStringLiteral(HISTORY_WORKER), {shop.base()});
         ASSERT_TRUE(worker.waitForReadyRead()) << worker.readAllStandardError().toStdString();
-        QThread::usleep(random() % 600000); // the random instant itself
+        QThread::usleep(random() % longest); // the random instant itself
         worker.kill();
         worker.waitForFinished();
         ASSERT_EQ(worker.exitStatus(), QProcess::CrashExit) << worker.exitCode();

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "tests/support/EntryDesk.h"
+#include "tests/support/SideName.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -66,25 +67,18 @@ protected:
     /// Another program has changed all movements.
     void changedElsewhere() const
     {
-        AppDB other(desk.shop.databaseFolder());
-        ASSERT_EQ(other.Open("trnvik.mdb"), 0);
-        other.Execute("UPDATE " + std::string(movementTable(GetParam()).table.name) + " SET Bikou='other'");
-        ASSERT_EQ(other.LastStatus(), 0);
-        other.Commit();
+        desk.shop.execute("UPDATE " + std::string(movementTable(GetParam()).table.name)
+                          + " SET Bikou='other'");
     }
 
     EntryDesk desk;
     MovementPage* page = nullptr;
 };
 
-const auto sideName = [](const ::testing::TestParamInfo<Side>& info) {
-    return std::string(info.param == Side::Receipt ? "receipts" : "shipments");
-};
-
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(BothSides, EntryFocusTest, ::testing::Values(Side::Receipt, Side::Shipment),
-                         sideName);
+                         [](const auto& tested) { return sideName(tested.param); });
 
 // ---- keys in the code field
 
@@ -188,12 +182,7 @@ TEST_P(EntryFocusTest, afterAFailedUpdateItIsOnTheSearchButton_orInTheCellThatSt
 
     desk.frame.setDirty(GetParam(), false);
     page->cmdKensaku_Click();
-    {
-        AppDB other(desk.shop.databaseFolder());
-        ASSERT_EQ(other.Open("trnvik.mdb"), 0);
-        other.Execute("UPDATE ZaikoTB SET ZaikoSuu='99999999999999' WHERE Code='B'");
-        other.Commit();
-    }
+    desk.shop.execute("UPDATE ZaikoTB SET ZaikoSuu='99999999999999' WHERE Code='B'");
     EntryDesk::edit(*page, 4, 1, GetParam() == Side::Receipt ? "8" : "1");
     field().setFocus();
     press(u"cmd%1Kousin"_s, BoxAnswer::Yes);

@@ -82,8 +82,11 @@ class ShopTest(unittest.TestCase):
         """Waits until the receipts are stored and the last scan is over, which is in a later second than it began."""
         wait_for(f"{count} receipts in the database", lambda: self.shop.count("InpTB") >= count)
         self.assertEqual(count, self.shop.count("InpTB"))
-        last = self.shop.rows("SELECT max(InpDate) FROM InpTB")[0][0]
-        desk.wait_past(last)
+        self.wait_next_second("InpTB")
+
+    def wait_next_second(self, table):
+        """Waits until the second of the last scan is over."""
+        desk.wait_past(self.shop.rows(f"SELECT max(InpDate) FROM {table}")[0][0])
 
     def plain_codes(self, count):
         """Codes of goods that are not made of others."""

@@ -13,6 +13,7 @@
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/EnterButton.h"
 #include "tests/support/ExpectBox.h"
+#include "tests/support/InputMethod.h"
 #include "tests/support/ScriptedMsgBox.h"
 #include "tests/support/TestFrame.h"
 
@@ -194,6 +195,12 @@ TEST(KeyField, keepsTheInputMethodOff)
 {
     KeyField field;
     EXPECT_FALSE(field.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_FALSE(takesInputMethod(field));
+    field.setEnabled(false);
+    field.setEnabled(true);
+    field.setReadOnly(true);
+    field.setReadOnly(false);
+    EXPECT_FALSE(takesInputMethod(field));
 }
 
 TEST(KeyField, leaningOnEnter_isOneEnter)

@@ -91,6 +91,39 @@ TEST_F(GateTest, disabledWindow_keepsItsFocus_andTakesNoMouse)
     EXPECT_EQ(clicks.size(), 1);
 }
 
+TEST_F(GateTest, aTapThatEndsAnEdit_isAClick)
+{
+    // The press takes the focus from the field, which works for a moment; the finger has gone before the
+    // press reaches the button.
+    const QPoint at = button.mapTo(&window, button.rect().center());
+    QObject::connect(&field, &QLineEdit::editingFinished, &button, [&] {
+        gate.setEnabled(false);
+        QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
+        gate.setEnabled(true);
+    });
+    QTest::keyClick(&field, Qt::Key_1);
+    const QSignalSpy clicks(&button, &QPushButton::clicked);
+    QTest::mousePress(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clicks.size(), 1);
+    EXPECT_FALSE(button.isDown());
+}
+
+TEST_F(GateTest, aReleaseWithoutAPress_clicksNothingAfterwards)
+{
+    const QPoint at = button.mapTo(&window, button.rect().center());
+    const QSignalSpy clicks(&button, &QPushButton::clicked);
+    gate.setEnabled(false);
+    QTest::mousePress(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
+    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
+    gate.setEnabled(true);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clicks.size(), 0);
+    EXPECT_FALSE(button.isDown());
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
+    EXPECT_EQ(clicks.size(), 1);
+}
+
 TEST_F(GateTest, heldKeysGoToWhoeverHasTheFocusThen)
 {
     QSignalSpy clicks(&button, &QPushButton::clicked);

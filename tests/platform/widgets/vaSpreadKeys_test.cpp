@@ -1,9 +1,11 @@
 // Who gets the keys: the handler of the page, the open editor, the input method.
 #include <vector>
 
+#include <QLineEdit>
 #include <QSignalSpy>
 
 #include "tests/platform/widgets/SpreadWindow.h"
+#include "tests/support/InputMethod.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -86,11 +88,50 @@ TEST_F(SpreadInput, inputMethodIsOn_forFreeTextOnly)
     addRow("A", "12");
     grid.setFocus();
     grid.SetActiveCell(2, 1);
-    EXPECT_TRUE(grid.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_TRUE(takesInputMethod(grid));
     for (const int col : {1, 3, 4, 5, 6, 7}) {
         grid.SetActiveCell(col, 1);
-        EXPECT_FALSE(grid.testAttribute(Qt::WA_InputMethodEnabled)) << col;
+        EXPECT_FALSE(takesInputMethod(grid)) << col;
     }
+}
+
+TEST_F(SpreadInput, aConversionOpensTheEditor_andItsEndChangesNothingYet)
+{
+    addRow("A", "12");
+    grid.setFocus();
+    grid.SetActiveCell(2, 1);
+    const std::string before(grid.text(2, 1));
+    const QSignalSpy changes(&grid, &vaSpread::Change);
+    showPreedit(grid, u"きのう"_s); // the grid keeps the focus until the first conversion has ended
+    ASSERT_TRUE(grid.isEditing());
+    commitText(grid, u"昨日"_s);
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr);
+    EXPECT_TRUE(grid.isEditing());
+    EXPECT_TRUE(editor->text().contains(u"昨日"_s));
+    EXPECT_EQ(grid.text(2, 1), before);
+    EXPECT_TRUE(changes.isEmpty());
+    const QString typed = editor->text();
+    QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_FALSE(grid.isEditing());
+    EXPECT_EQ(grid.qtext(2, 1), typed);
+    EXPECT_EQ(changes.size(), 1);
+}
+
+TEST_F(SpreadInput, aConversionLeftByTheMouse_isTakenWithTheCell)
+{
+    addRow("A", "12");
+    grid.setFocus();
+    grid.SetActiveCell(2, 1);
+    QTest::keyClick(&grid, Qt::Key_F2);
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr);
+    editor->clear();
+    commitText(*editor, u"昨日"_s);
+    showPreedit(*editor, u"は"_s);
+    field.setFocus();
+    EXPECT_FALSE(grid.isEditing());
+    EXPECT_TRUE(grid.qtext(2, 1).startsWith(u"昨日"_s));
 }
 
 TEST_F(SpreadInput, inputMethodStaysOff_whenTheFocusComesToAFigure)
@@ -99,17 +140,17 @@ TEST_F(SpreadInput, inputMethodStaysOff_whenTheFocusComesToAFigure)
     grid.SetActiveCell(3, 1);
     field.setFocus();
     grid.setFocus();
-    EXPECT_FALSE(grid.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_FALSE(takesInputMethod(grid));
     QTest::keyClick(&grid, Qt::Key_F2);
-    EXPECT_FALSE(QApplication::focusWidget()->testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_FALSE(takesInputMethod(*QApplication::focusWidget()));
     pressKey(Qt::Key_Escape);
-    EXPECT_FALSE(grid.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_FALSE(takesInputMethod(grid));
     grid.SetActiveCell(2, 1);
     field.setFocus();
     grid.setFocus();
-    EXPECT_TRUE(grid.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_TRUE(takesInputMethod(grid));
     QTest::keyClick(&grid, Qt::Key_F2);
-    EXPECT_TRUE(QApplication::focusWidget()->testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_TRUE(takesInputMethod(*QApplication::focusWidget()));
 }
 
 } // namespace suisui::test

@@ -1,0 +1,61 @@
+"""A Japanese input method on the private screen: ibus with the anthy engine, switched on."""
+
+import pathlib
+import subprocess
+import tempfile
+
+from desk import DeskError, wait_for
+
+
+class InputMethod:
+    """Runs for one screen, on a message bus of its own, and is gone with the object.
+
+    Programs that are started on the screen while it runs have it; it is switched on from the beginning."""
+
+    def __init__(self, screen):
+        self._home = tempfile.TemporaryDirectory(prefix="suisui-input-method-")
+        settings = pathlib.Path(screen.environment["XDG_CONFIG_HOME"]) / "glib-2.0" / "settings" / "keyfile"
+        settings.parent.mkdir(parents=True)
+        settings.write_text("[org/freedesktop/ibus/engine/anthy/common]\ninput-mode=0\n", encoding="ascii")  # kana
+        # The engine is a script of the system's own Python; settings and caches of the user stay out of it.
+        screen.environment.update(PATH="/usr/bin:/bin", GSETTINGS_BACKEND="keyfile", QT_IM_MODULE="ibus",
+                                  XDG_CACHE_HOME=self._home.name, HOME=self._home.name)
+        self._environment = screen.environment
+        self._said = tempfile.TemporaryFile()
+        self._daemon = subprocess.Popen(
+            ["dbus-run-session", "--", "ibus-daemon", "--panel=disable", "--config=disable", "--cache=none",
+             "--emoji-extension=disable"],
+            env=self._environment, stdin=subprocess.DEVNULL, stdout=self._said, stderr=self._said)
+        try:
+            wait_for("the input method is up", self._is_on)
+        except DeskError as error:
+            self.close()
+            raise DeskError(f"{error}; it said: {self.said()}") from None
+
+    def _is_on(self):
+        self._ibus("engine", "anthy")
+        return self._ibus("engine").stdout.strip() == "anthy"
+
+    def _ibus(self, *arguments):
+        return subprocess.run(["ibus", *arguments], env=self._environment, stdin=subprocess.DEVNULL,
+                              capture_output=True, encoding="utf-8", check=False)
+
+    def said(self):
+        self._said.seek(0)
+        return self._said.read().decode("utf-8", "replace")
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def close(self):
+        self._ibus("exit")
+        try:
+            self._daemon.wait(timeout=5)
+        except subprocess.TimeoutExpired:
+            self._daemon.kill()
+            self._daemon.wait()
+        self._said.close()
+        self._home.cleanup()
