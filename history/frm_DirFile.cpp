@@ -95,6 +95,8 @@ void frm_DirFile::dress(const AppEnv& env)
     name.setColor(QPalette::Disabled, QPalette::Text, Qt::black);
     m_ui->txtFileName->setPalette(name);
     connect(m_ui->FileList, &QListWidget::itemSelectionChanged, this, &frm_DirFile::FileList_Click);
+    // A click chooses and two decide, also where the desktop opens things by one.
+    m_ui->FileList->setStyleSheet(u"activate-on-singleclick: 0"_s);
     connect(m_ui->FileList, &QListWidget::itemActivated, this, [this] {
         FileList_Click(); // Enter takes the file that is marked, chosen before or not
         m_ui->CmdOK->click();

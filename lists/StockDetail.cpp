@@ -89,8 +89,7 @@ StockDetail::Range StockDetail::movementsOf(const Side& side, Places& places, st
 }
 
 /// One line for each price and unit. Rows with equal ones stand next to each other.
-StockDetail::Totals StockDetail::addGroups(const Side& side, const Range& range,
-                                           std::vector<StockLine>& lines)
+StockDetail::Totals StockDetail::addGroups(const Side& side, const Range& range, StockBlock& lines)
 {
     Totals totals;
     std::string_view priceKey;
@@ -130,16 +129,15 @@ StockBlock StockDetail::block(const ZaikoViewRec& goods, int row)
     StockBlock block;
     double total = 0;
     try {
-        block.complete =
-            stockDetailIn(goods, row, block.lines, total) && stockDetailOut(goods, row, total, block.lines);
+        if (stockDetailIn(goods, row, block, total))
+            stockDetailOut(goods, row, total, block);
     } catch (const RunTimeError&) {
-        block.complete = false; // a figure of a damaged table that is no number: as if it could not be read
+        // A figure of a damaged table that is no number: as if it could not be read.
     }
     return block;
 }
 
-bool StockDetail::stockDetailIn(const ZaikoViewRec& goods, int row, std::vector<StockLine>& lines,
-                                double& total)
+bool StockDetail::stockDetailIn(const ZaikoViewRec& goods, int row, StockBlock& lines, double& total)
 {
     const Side side = Side::receipts(m_db);
     const Range range = movementsOf(side, m_receipts, goods.get(row, ZaikoViewCol::Code));
@@ -167,13 +165,12 @@ bool StockDetail::stockDetailIn(const ZaikoViewRec& goods, int row, std::vector<
     return true;
 }
 
-bool StockDetail::stockDetailOut(const ZaikoViewRec& goods, int row, double total,
-                                 std::vector<StockLine>& lines)
+void StockDetail::stockDetailOut(const ZaikoViewRec& goods, int row, double total, StockBlock& lines)
 {
     const Side side = Side::shipments(m_db);
     const Range range = movementsOf(side, m_shipments, goods.get(row, ZaikoViewCol::Code));
     if (range.count < 0)
-        return false;
+        return;
     const std::string unit(goods.get(row, ZaikoViewCol::Unit));
     const double price = numberOf(goods.get(row, ZaikoViewCol::NyuPrice));
     Totals totals;
@@ -195,7 +192,6 @@ bool StockDetail::stockDetailOut(const ZaikoViewRec& goods, int row, double tota
                      .discount = totals.discount,
                      .amount = price * consumed + totals.amount,
                      .unit = unit});
-    return true;
 }
 
 } // namespace suisui

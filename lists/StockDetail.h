@@ -30,13 +30,8 @@ struct StockLine
     std::string unit;
 };
 
-/// The block of one goods item. \a complete is false when its movements could not be read; the lines then
-/// end where that happened.
-struct StockBlock
-{
-    std::vector<StockLine> lines;
-    bool complete = true;
-};
+/// The block of one goods item. When its movements cannot be read the lines end where that happened.
+using StockBlock = std::vector<StockLine>;
 
 /// Reads movements and makes blocks of them. The movements of many goods are read at once, which gives the
 /// same figures as reading them code by code.
@@ -70,14 +65,11 @@ private:
 
     [[nodiscard]] Range movementsOf(const Side& side, Places& places, std::string_view code);
     void indexAll(const Side& side, Places& places);
-    [[nodiscard]] static Totals addGroups(const Side& side, const Range& range,
-                                          std::vector<StockLine>& lines);
+    [[nodiscard]] static Totals addGroups(const Side& side, const Range& range, StockBlock& lines);
     /// StockDetailIn: the rows from the receipts to their total. Gives \a total, the first half's quantity.
-    [[nodiscard]] bool stockDetailIn(const ZaikoViewRec& goods, int row, std::vector<StockLine>& lines,
-                                     double& total);
+    [[nodiscard]] bool stockDetailIn(const ZaikoViewRec& goods, int row, StockBlock& lines, double& total);
     /// StockDetailOut: the rows from the shipments to their total.
-    [[nodiscard]] bool stockDetailOut(const ZaikoViewRec& goods, int row, double total,
-                                      std::vector<StockLine>& lines);
+    void stockDetailOut(const ZaikoViewRec& goods, int row, double total, StockBlock& lines);
 
     AppDB& m_db;
     bool m_allAtOnce;

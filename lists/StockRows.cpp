@@ -130,7 +130,7 @@ void StockRows::putBlock(int row, const StockBlock& block)
         m_grid.setCellForeColor(cell, line, red);
         m_grid.setCellBold(cell, line, true);
     };
-    for (const StockLine& line : block.lines) {
+    for (const StockLine& line : block) {
         m_grid.setRowSource(row, packedLine(line), lineOfBlock);
         warn(StockCells::quantity, row, line.quantity);
         warn(StockCells::amount, row, line.amount);

@@ -110,7 +110,7 @@ void StockPage::stockListLoad()
         ++row;
         if (detailed) {
             const StockBlock block = detail.block(goods, i);
-            const int lines = static_cast<int>(block.lines.size());
+            const int lines = static_cast<int>(block.size());
             sheet.setMaxRows(row + lines);
             sheet.setRowBackColor(row, goodsRowWithBlock);
             m_rows.putBlock(row + 1, block);
@@ -199,7 +199,7 @@ void StockPage::stockRowInsert()
         return;
     StockDetail detail(m_services.db, 1);
     const StockBlock block = detail.block(goods, goods.Count());
-    sheet.InsertRows(2, static_cast<int>(block.lines.size()));
+    sheet.InsertRows(2, static_cast<int>(block.size()));
     m_rows.putBlock(2, block);
 }
 

@@ -1,5 +1,7 @@
 #include "tools/FormCells.h"
 
+#include <algorithm>
+
 #include <QString>
 
 #include "store/Where.h"
@@ -90,6 +92,8 @@ FormCell textCell(const std::string& text)
 {
     if (text.find('\'') != std::string::npos)
         return {.stored = {}, .fault = "「" + text + "」の「'」は使えません。「’」にして下さい"};
+    if (std::ranges::any_of(text, [](unsigned char c) { return c < ' '; }))
+        return {.stored = {}, .fault = "に改行などの使えない文字があります"};
     return {.stored = text};
 }
 

@@ -1,228 +1,191 @@
 #include "tools/JetFile.h"
 
 #include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 
-#include <glib.h>
-#include <mdbtools.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
-#include <QString>
-
-#include "platform/core/CodePage.h"
+#include "tools/JetReader.h"
 
 namespace suisui {
 
 namespace {
 
-constexpr std::size_t widestText = 65536; // bytes of a column as UTF-8, its end included
+constexpr const char* damaged = "the file is damaged and cannot be read to its end";
 
-struct CloseTable
-{
-    void operator()(MdbTableDef* table) const { mdb_free_tabledef(table); }
-};
-using TableDefinition = std::unique_ptr<MdbTableDef, CloseTable>;
-
-bool isReadable(int type)
-{
-    switch (type) {
-    case MDB_BYTE:
-    case MDB_INT:
-    case MDB_LONGINT:
-    case MDB_MONEY:
-    case MDB_FLOAT:
-    case MDB_DOUBLE:
-    case MDB_NUMERIC:
-    case MDB_TEXT:
-    case MDB_MEMO:
-        return true;
-    default:
-        return false;
-    }
-}
-
-/// The bytes behind \a text, which the library has read one letter a byte.
-std::string bytesOf(std::string_view text)
-{
-    std::string bytes;
-    bytes.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto lead = static_cast<unsigned char>(text[i]);
-        if (lead < 0x80U || i + 1 >= text.size()) {
-            bytes += text[i];
-            continue;
-        }
-        const auto trail = static_cast<unsigned char>(text[++i]);
-        bytes += static_cast<char>(((lead & 0x03U) << 6U) | (trail & 0x3FU));
-    }
-    return bytes;
-}
-
-/// A text of the newer format as UTF-8. The library takes a letter beyond the first plane, and half of one,
-/// for question marks, so the bytes are decoded here; what is no letter becomes U+FFFD.
-std::string fromUtf16(std::span<const unsigned char> bytes)
-{
-    const bool packed = bytes.size() >= 2 && bytes[0] == 0xFFU && bytes[1] == 0xFEU;
-    bool oneByte = packed;
-    QString text;
-    for (std::size_t i = packed ? 2 : 0; i < bytes.size();) {
-        if (packed && bytes[i] == 0) { // from here on in the other width
-            oneByte = !oneByte;
-            ++i;
-            continue;
-        }
-        const bool whole = oneByte || i + 1 < bytes.size();
-        const unsigned high = oneByte || !whole ? 0U : bytes[i + 1];
-        text += whole ? QChar(static_cast<char16_t>(bytes[i] | (high << 8U)))
-                      : QChar(QChar::ReplacementCharacter);
-        i += oneByte ? 1 : 2;
-    }
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-        if (text[i].isNull() || (text[i].isSurrogate() && !pair))
-            text[i] = QChar::ReplacementCharacter;
-        i += pair ? 1 : 0;
-    }
-    return text.toStdString();
-}
-
-TableDefinition definitionOf(MdbHandle* file, std::string_view name)
-{
-    for (unsigned int i = 0; i < file->num_catalog; ++i) {
-        auto* entry = static_cast<MdbCatalogEntry*>(g_ptr_array_index(file->catalog, i));
-        if (entry->object_type != MDB_TABLE
-            || g_ascii_strcasecmp(entry->object_name, std::string(name).c_str()) != 0)
-            continue;
-        TableDefinition table(mdb_read_table(entry));
-        if (table && mdb_read_columns(table.get()) != nullptr)
-            return table;
-    }
-    return nullptr;
-}
-
-const MdbColumn* columnAt(const MdbTableDef& table, unsigned int column)
-{
-    return static_cast<const MdbColumn*>(g_ptr_array_index(table.columns, column));
-}
-
-/// Room for the texts of a row, tied to the library's table.
-class Row
+/// Takes the records apart; whatever is not as it should be makes the rest empty.
+class Records
 {
 public:
-    explicit Row(MdbTableDef& table)
-        : m_table(table), m_buffers(table.num_cols, std::string(widestText, '\0')),
-          m_lengths(table.num_cols, 0), texts(table.num_cols)
-    {
-        for (unsigned int i = 0; i < table.num_cols; ++i)
-            if (isReadable(columnAt(table, i)->col_type))
-                mdb_bind_column(&table, static_cast<int>(i) + 1, m_buffers[i].data(), &m_lengths[i]);
-    }
+    explicit Records(std::string_view bytes) : m_rest(bytes) {}
 
-    void take()
+    [[nodiscard]] bool good() const { return m_good; }
+    [[nodiscard]] std::string_view rest() const { return m_rest; }
+    [[nodiscard]] bool at(JetMark mark) const
     {
-        const bool older = m_table.entry->mdb->f->jet_version == MDB_VER_JET3;
-        broken.clear();
-        for (std::size_t i = 0; i < texts.size(); ++i) {
-            const auto length = static_cast<std::size_t>(m_lengths[i]);
-            texts[i].assign(m_buffers[i], 0, m_buffers[i].find('\0'));
-            if (older)
-                texts[i] = fromCp932(bytesOf(texts[i]));
-            else if (length > 0 && columnAt(m_table, static_cast<unsigned int>(i))->col_type == MDB_TEXT)
-                texts[i] = fromUtf16(storedBytes(*columnAt(m_table, static_cast<unsigned int>(i))));
-            if (length + 1 >= widestText || texts[i].find("\uFFFD") != std::string::npos)
-                broken.push_back(static_cast<int>(i));
-            m_buffers[i][0] = '\0';
-            m_lengths[i] = 0;
-        }
+        return !m_rest.empty() && m_rest.front() == static_cast<char>(mark);
     }
+    bool skip(JetMark mark)
+    {
+        const bool there = at(mark);
+        if (there)
+            m_rest.remove_prefix(1);
+        return there;
+    }
+    std::uint32_t number()
+    {
+        std::uint32_t value = 0;
+        const std::string_view bytes = take(sizeof value);
+        if (m_good)
+            std::memcpy(&value, bytes.data(), sizeof value);
+        return value;
+    }
+    std::string_view text() { return take(number()); }
 
 private:
-    /// A column of the row at hand as it lies in the file.
-    [[nodiscard]] std::span<const unsigned char> storedBytes(const MdbColumn& column) const
+    std::string_view take(std::size_t length)
     {
-        const std::span<const unsigned char> page(m_table.entry->mdb->pg_buf);
-        const auto start = std::min(static_cast<std::size_t>(column.cur_value_start), page.size());
-        return page.subspan(start,
-                            std::min(static_cast<std::size_t>(column.cur_value_len), page.size() - start));
+        m_good = m_good && length <= m_rest.size();
+        if (!m_good)
+            return m_rest = {};
+        const std::string_view taken = m_rest.substr(0, length);
+        m_rest.remove_prefix(length);
+        return taken;
     }
 
-    MdbTableDef& m_table;
-    std::vector<std::string> m_buffers;
-    std::vector<int> m_lengths;
-
-public:
-    std::vector<std::string> texts;
-    std::vector<int> broken;
+    std::string_view m_rest;
+    bool m_good = true;
 };
+
+/// What the reading process may use: a file that keeps it longer leads it round in circles.
+void limitReading(std::uintmax_t bytes)
+{
+    constexpr rlim_t seconds = 60;
+    constexpr rlim_t bytesASecond = 200000; // a tenth of what a slow machine reads
+    const rlimit noCore{0, 0};
+    const rlimit time{seconds + bytes / bytesASecond, seconds + bytes / bytesASecond};
+    ::setrlimit(RLIMIT_CORE, &noCore);
+    ::setrlimit(RLIMIT_CPU, &time);
+}
+
+std::string readAll(int from)
+{
+    constexpr std::size_t piece = 65536;
+    std::string bytes;
+    std::array<char, piece> buffer{};
+    while (true) {
+        const ssize_t count = ::read(from, buffer.data(), buffer.size());
+        if (count > 0)
+            bytes.append(buffer.data(), static_cast<std::size_t>(count));
+        else if (count == 0 || errno != EINTR)
+            return bytes;
+    }
+}
+
+/// What a process of its own reads of the file; false when it did not come to its end.
+bool readApart(const std::string& path, std::span<const std::string_view> tables, std::string& bytes)
+{
+    std::array<int, 2> ends{};
+    if (::pipe(ends.data()) != 0)
+        return false;
+    const pid_t reader = ::fork();
+    if (reader == 0) {
+        ::close(ends[0]);
+        limitReading(std::filesystem::file_size(path));
+        ::_exit(writeJetTables(ends[1], path, tables) ? EXIT_SUCCESS : EXIT_FAILURE);
+    }
+    ::close(ends[1]);
+    bytes = readAll(ends[0]);
+    ::close(ends[0]);
+    int status = 0;
+    while (reader > 0 && ::waitpid(reader, &status, 0) < 0 && errno == EINTR)
+        ;
+    return reader > 0 && WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
+}
+
+/// The next row of \a columns columns.
+void takeRow(Records& records, std::size_t columns, std::vector<std::string>& texts, std::vector<int>& broken)
+{
+    texts.clear();
+    broken.clear();
+    for (std::size_t i = 0; i < columns; ++i)
+        texts.emplace_back(records.text());
+    for (std::uint32_t n = records.number(); n > 0 && records.good(); --n)
+        broken.push_back(static_cast<int>(records.number()));
+}
 
 } // namespace
 
-struct JetFile::Handle
-{
-    explicit Handle(MdbHandle* opened) : mdb(opened) {}
-    ~Handle() { mdb_close(mdb); }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    MdbHandle* mdb;
-};
-
-JetFile::JetFile() = default;
-JetFile::~JetFile() = default;
-
-bool JetFile::open(const std::string& path, std::string& why)
+bool JetFile::open(const std::string& path, std::span<const std::string_view> tables, std::string& why)
 {
     std::error_code code;
     if (!std::filesystem::is_regular_file(path, code)) {
         why = "there is no such file";
         return false;
     }
-    // The library takes a byte of the older format that it cannot read for a question mark. Read one letter a
-    // byte, the text is ours to decode, and what is no text is seen.
-    ::setenv("MDB_JET3_CHARSET", "ISO-8859-1", 1);
-    ::setenv("MDBICONV", "UTF-8", 1);
-    MdbHandle* opened = mdb_open(path.c_str(), MDB_NOFLAGS);
-    if (opened == nullptr) {
-        why = "this is no Jet database";
-        return false;
-    }
-    m_file = std::make_unique<Handle>(opened);
-    if (opened->f->jet_version != MDB_VER_JET3 && opened->f->jet_version != MDB_VER_JET4)
-        why = "this is neither a Jet 3 nor a Jet 4 database";
-    else if (mdb_read_catalog(opened, MDB_TABLE) == nullptr)
-        why = "its list of tables cannot be read";
-    else {
-        mdb_set_bind_size(opened, widestText);
-        return true;
-    }
-    m_file.reset();
-    return false;
+    why = damaged;
+    return readApart(path, tables, m_bytes) && index(why);
 }
 
-bool JetFile::describe(std::string_view name, Table& table)
+/// Where the rows of each table begin.
+bool JetFile::index(std::string& why)
 {
-    const TableDefinition definition = definitionOf(m_file->mdb, name);
-    if (!definition)
+    Records records(m_bytes);
+    if (records.skip(JetMark::Refused)) {
+        why = records.text();
         return false;
-    table = {
-        .name = std::string(name), .columns = {}, .declaredRows = static_cast<int>(definition->num_rows)};
-    for (unsigned int i = 0; i < definition->num_cols; ++i) {
-        const MdbColumn* column = columnAt(*definition, i);
-        table.columns.push_back({.name = column->name, .readable = isReadable(column->col_type)});
     }
+    std::vector<std::string> texts;
+    std::vector<int> broken;
+    while (records.skip(JetMark::Table)) {
+        Table table{.name = std::string(records.text()), .columns = {}, .declaredRows = 0};
+        table.declaredRows = static_cast<int>(records.number());
+        for (std::uint32_t n = records.number(); n > 0 && records.good(); --n) {
+            std::string name(records.text());
+            table.columns.push_back({.name = std::move(name), .readable = records.number() != 0});
+        }
+        m_tables.push_back({std::move(table), m_bytes.size() - records.rest().size()});
+        while (records.skip(JetMark::Row))
+            takeRow(records, m_tables.back().table.columns.size(), texts, broken);
+    }
+    return records.good() && records.skip(JetMark::End) && records.rest().empty();
+}
+
+const JetFile::Place* JetFile::placeOf(std::string_view name) const
+{
+    const auto found = std::find_if(m_tables.begin(), m_tables.end(),
+                                    [name](const Place& each) { return each.table.name == name; });
+    return found != m_tables.end() ? &*found : nullptr;
+}
+
+bool JetFile::describe(std::string_view name, Table& table) const
+{
+    const Place* place = placeOf(name);
+    if (place == nullptr)
+        return false;
+    table = place->table;
     return true;
 }
 
-int JetFile::read(const Table& table, const RowHandler& handler)
+int JetFile::read(const Table& table, const RowHandler& handler) const
 {
-    const TableDefinition definition = definitionOf(m_file->mdb, table.name);
-    if (!definition)
+    const Place* place = placeOf(table.name);
+    if (place == nullptr)
         return -1;
-    Row row(*definition);
-    mdb_rewind_table(definition.get());
+    Records records(std::string_view(m_bytes).substr(place->rows));
+    std::vector<std::string> texts;
+    std::vector<int> broken;
     int number = 0;
-    while (mdb_fetch_row(definition.get()) != 0) {
-        row.take();
-        handler(++number, row.texts, row.broken);
+    while (records.skip(JetMark::Row)) {
+        takeRow(records, place->table.columns.size(), texts, broken);
+        handler(++number, texts, broken);
     }
     return number;
 }

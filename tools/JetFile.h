@@ -1,8 +1,11 @@
 // A Jet 3 or Jet 4 database file, read only. Texts come as UTF-8; Null and the empty text are one.
+//
+// The file comes from elsewhere and may be damaged in any way, and the library that reads it trusts it. So
+// all of it is read by a process of its own (JetReader); should that crash or find no end, the file is
+// refused.
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -28,21 +31,27 @@ public:
     using RowHandler =
         std::function<void(int number, std::span<const std::string> texts, std::span<const int> broken)>;
 
-    JetFile();
-    ~JetFile();
-    JetFile(const JetFile&) = delete;
-    JetFile& operator=(const JetFile&) = delete;
-
-    /// False, with the reason in \a why, for a file that is none of the two.
-    [[nodiscard]] bool open(const std::string& path, std::string& why);
-    /// The table of this name, letter case aside; false when there is none or it cannot be read.
-    [[nodiscard]] bool describe(std::string_view name, Table& table);
-    /// Hands every row of \a table to \a handler. Returns the number of rows, -1 when there is no reading it.
-    [[nodiscard]] int read(const Table& table, const RowHandler& handler);
+    /// Reads \a tables of the file. False, with the reason in \a why, for a file that is none of the two or
+    /// is damaged. Tables that it does not have are no error.
+    [[nodiscard]] bool open(const std::string& path, std::span<const std::string_view> tables,
+                            std::string& why);
+    /// The table of this name; false when the file has none or it cannot be read.
+    [[nodiscard]] bool describe(std::string_view name, Table& table) const;
+    /// Hands every row of \a table to \a handler. Returns the number of rows, -1 when there is no such table.
+    [[nodiscard]] int read(const Table& table, const RowHandler& handler) const;
 
 private:
-    struct Handle;
-    std::unique_ptr<Handle> m_file;
+    struct Place
+    {
+        Table table;
+        std::size_t rows; ///< where its rows begin in m_bytes
+    };
+
+    [[nodiscard]] bool index(std::string& why);
+    [[nodiscard]] const Place* placeOf(std::string_view name) const;
+
+    std::string m_bytes; ///< what the reading process has written
+    std::vector<Place> m_tables;
 };
 
 } // namespace suisui

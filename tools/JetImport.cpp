@@ -169,7 +169,7 @@ private:
     int m_carried = 0;
 };
 
-void carryTable(JetFile& file, AppDB& db, const TableDef& table, Report& report)
+void carryTable(const JetFile& file, AppDB& db, const TableDef& table, Report& report)
 {
     JetFile::Table theirs;
     if (!file.describe(table.name, theirs)) {
@@ -183,7 +183,7 @@ void carryTable(JetFile& file, AppDB& db, const TableDef& table, Report& report)
 }
 
 /// Fills the new database \a aside. Empty when that went through, else what failed.
-std::string fill(JetFile& file, const std::string& aside, Report& report)
+std::string fill(const JetFile& file, const std::string& aside, Report& report)
 {
     std::string why;
     if (AppDB::Create(aside, &why) != 0)
@@ -226,7 +226,10 @@ ToolStatus importJet(const std::string& base, const std::string& file, bool anyw
         return failed(target + " is there already, and an import makes a new one: move it away first");
     JetFile jet;
     std::string why;
-    if (!jet.open(file, why))
+    std::vector<std::string_view> names;
+    for (const TableDef* table : allTables())
+        names.push_back(table->name);
+    if (!jet.open(file, names, why))
         return failed(why);
     fs::create_directories(folderOf(target), code);
     removeAside(aside);

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "tests/support/EntryDesk.h"
+#include "tests/support/SideName.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -77,14 +78,10 @@ protected:
     MovementPage* page = nullptr;
 };
 
-const auto sideName = [](const ::testing::TestParamInfo<Side>& info) {
-    return std::string(info.param == Side::Receipt ? "receipts" : "shipments");
-};
-
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(BothSides, EntryFocusTest, ::testing::Values(Side::Receipt, Side::Shipment),
-                         sideName);
+                         [](const ::testing::TestParamInfo<Side>& each) { return sideName(each.param); });
 
 // ---- keys in the code field
 

@@ -2,11 +2,13 @@
 // taken over whole or not at all.
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "platform/core/CodePage.h"
+#include "tests/support/Seed.h"
 #include "tests/support/TempShop.h"
 #include "tools/Forms.h"
 
@@ -179,6 +181,8 @@ TEST_F(FormsTest, whatCannotBe_isNamedByFileAndLine_andNothingIsStored)
     expectFault("商品.csv", "商品コード,商品名\nA1,りんご,個\n",
                 "商品.csv 2 行目：見出しより多くの欄があります");
     expectFault("商品.csv", "商品コード,品名\nA1,りんご\n", "見出し「品名」がわかりません");
+    expectFault("商品.csv", "商品コード,商品名\nA1,\"りんご\n赤\"\n",
+                "商品名に改行などの使えない文字があります");
     expectFault("商品.csv", "商品コード\nA1\n", "商品.csv：見出し「商品名」がありません");
     expectFault("商品.csv", "", "商品.csv：何も書かれていません");
     expectFault("商品.csv", "商品コード,商品名\nA1,\"りんご\n", "商品.csv：CSV の形が正しくありません");
@@ -202,6 +206,45 @@ TEST_F(FormsTest, oneBadLine_keepsAllFormsOut_andEveryFaultIsTold)
                          "部品.csv 3 行目：部品の数「many」は使えません。数を入れて下さい\n");
     EXPECT_EQ(shop.query("SELECT count(*) FROM Master"), Texts{"0"});
     EXPECT_EQ(lacking().size(), 3U);
+}
+
+TEST_F(FormsTest, damagedForms_areTakenOverWholeOrNotAtAll)
+{
+    fillSmallShop();
+    ASSERT_EQ(take(), ToolStatus::Good) << err.str();
+    std::mt19937 engine(printedSeed());
+    const auto any = [&engine](std::size_t below) {
+        return std::uniform_int_distribution<std::size_t>(0, below - 1)(engine);
+    };
+    const Texts names{"担当者.csv", "取引先.csv", "商品.csv", "部品.csv"};
+    Texts whole;
+    for (const std::string& name : names)
+        whole.push_back(form(name));
+    const auto everything = [this] {
+        Texts all;
+        for (const char* table : {"TantouTB", "KokyakuTB", "Master", "HSeihinTB"})
+            for (std::string& row : shop.query(std::string("SELECT * FROM ") + table + " ORDER BY 1, 3"))
+                all.push_back(std::move(row));
+        return all;
+    };
+    const std::string bytes = std::string("\0\"',\n\r1Ee+-.\xEF\xBB\xBF\x81\xFF", 17);
+    Texts before = everything();
+    for (int i = 0; i < 300; ++i) {
+        const std::size_t which = any(names.size());
+        std::string damaged = whole[which];
+        for (std::size_t n = 0; n <= any(3); ++n)
+            damaged.replace(any(damaged.size()), any(4), 1, bytes[any(bytes.size())]);
+        fill(names[which], damaged);
+        const ToolStatus status = take();
+        EXPECT_EQ(status == ToolStatus::Good, err.str().empty()) << damaged;
+        const Texts after = everything();
+        if (status == ToolStatus::Good)
+            before = after;
+        ASSERT_EQ(after, before) << damaged;
+        std::ostringstream checked;
+        ASSERT_EQ(checkBooks(base(), checked, checked), ToolStatus::Good) << checked.str() << damaged;
+        fill(names[which], whole[which]);
+    }
 }
 
 TEST_F(FormsTest, noDatabase_orNoRoomForForms_isToldOf)

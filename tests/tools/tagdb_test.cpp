@@ -158,7 +158,7 @@ TEST_F(TagDbTest, whatAColumnCannotHold_andBytesThatAreNoText_areNamed_andNothin
         {"HSeihinTB", "Code,HSeihinCD,Suuryou\nA,B,two\n", false, "column Suuryou: \"two\" is no number"},
         {"Master", "Code,Name\nA,a\nB,\x83\x8A\n", false,
          "line 3, column 3: no text in UTF-8 (a file in code page 932 needs --cp932)"},
-        {"Master", "Code,Name\nA,\x83\n", true, "line 2: no text of code page 932"},
+        {"Master", "Code,Name\nA,\x83\n", true, "line 2, column 3: no text in code page 932"},
     };
     for (const auto& file : files) {
         write("bad.csv", file.bytes);
