@@ -1,5 +1,5 @@
-// A one-line field that takes keys as they are typed: the input method stays off, whatever the shop's computer
-// is set to. Codes and figures must not be turned into kana.
+// A one-line field that takes keys as they are typed: the input method stays off, whatever the shop's
+// computer is set to. Codes and figures must not be turned into kana.
 #pragma once
 
 #include <QLineEdit>

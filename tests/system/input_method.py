@@ -1,6 +1,8 @@
 """A Japanese input method on the private screen: ibus with the anthy engine, switched on."""
 
+import os
 import pathlib
+import signal
 import subprocess
 import tempfile
 
@@ -25,7 +27,8 @@ class InputMethod:
         self._daemon = subprocess.Popen(
             ["dbus-run-session", "--", "ibus-daemon", "--panel=disable", "--config=disable", "--cache=none",
              "--emoji-extension=disable"],
-            env=self._environment, stdin=subprocess.DEVNULL, stdout=self._said, stderr=self._said)
+            env=self._environment, stdin=subprocess.DEVNULL, stdout=self._said, stderr=self._said,
+            start_new_session=True)
         try:
             wait_for("the input method is up", self._is_on)
         except DeskError as error:
@@ -51,11 +54,7 @@ class InputMethod:
         self.close()
 
     def close(self):
-        self._ibus("exit")
-        try:
-            self._daemon.wait(timeout=5)
-        except subprocess.TimeoutExpired:
-            self._daemon.kill()
-            self._daemon.wait()
+        os.killpg(self._daemon.pid, signal.SIGTERM)  # the bus, the engine and what else has come with them
+        self._daemon.wait()
         self._said.close()
         self._home.cleanup()

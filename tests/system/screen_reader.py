@@ -4,7 +4,9 @@ The tests find by it what they click, so each click also proves that the control
 screen. The listening half (listen) runs in the system's own Python, which has the bindings."""
 
 import json
+import os
 import pathlib
+import signal
 import subprocess
 import sys
 import tempfile
@@ -20,7 +22,7 @@ class ScreenReader:
         self._said = tempfile.TemporaryFile()
         self._bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address"],
                                      env=screen.environment, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                     stderr=self._said, encoding="ascii")
+                                     stderr=self._said, encoding="ascii", start_new_session=True)
         screen.environment.update(DBUS_SESSION_BUS_ADDRESS=self._bus.stdout.readline().strip(),
                                   QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         self._listener = subprocess.Popen([*BINDINGS, str(pathlib.Path(__file__).resolve())], env=screen.environment,
@@ -34,8 +36,9 @@ class ScreenReader:
         return json.loads(self._listener.stdout.readline() or "[]")
 
     def close(self):
+        self._listener.terminate()
+        os.killpg(self._bus.pid, signal.SIGTERM)  # with the services that it has started
         for process in (self._listener, self._bus):
-            process.terminate()
             process.wait()
             process.stdout.close()
         self._listener.stdin.close()
