@@ -1,25 +1,11 @@
 #include "history/ScreenPrompts.h"
 
-#include <QGuiApplication>
-
 #include "frame/support/ShowModal.h"
 #include "history/frmRirekiFileExt.h"
 #include "history/frmRirekiFromTo.h"
 #include "history/frm_DirFile.h"
 
 namespace suisui {
-
-namespace {
-
-/// Shows \a dialog until it is answered. The window behind it is busy, the dialog is not.
-void ask(QDialog& dialog)
-{
-    QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-    showModal(dialog);
-    QGuiApplication::restoreOverrideCursor();
-}
-
-} // namespace
 
 ScreenPrompts::ScreenPrompts(AppDB& db, const AppIni& ini, const AppEnv& env, const Clock& clock,
                              MsgBox& msgBox, DialogScan::ReadLine readLine, QWidget& window)
@@ -31,14 +17,14 @@ ScreenPrompts::ScreenPrompts(AppDB& db, const AppIni& ini, const AppEnv& env, co
 QString ScreenPrompts::askExtension()
 {
     frmRirekiFileExt dialog(m_msgBox, m_readLine, &m_window);
-    ask(dialog);
+    showModal(dialog);
     return dialog.HistoryExt();
 }
 
 std::optional<Period> ScreenPrompts::askPeriod()
 {
     frmRirekiFromTo dialog(m_db, m_clock, m_msgBox, m_readLine, &m_window);
-    ask(dialog);
+    showModal(dialog);
     if (dialog.DateFrom().empty())
         return std::nullopt;
     return Period{dialog.DateFrom(), dialog.DateTo()};
@@ -47,7 +33,7 @@ std::optional<Period> ScreenPrompts::askPeriod()
 Place ScreenPrompts::askPlace(const PlaceQuestion& question)
 {
     frm_DirFile dialog(question, m_ini, m_env, m_msgBox, m_readLine, &m_window);
-    ask(dialog);
+    showModal(dialog);
     return dialog.place();
 }
 

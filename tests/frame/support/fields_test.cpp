@@ -9,8 +9,6 @@
 #include "frame/support/Check_Csv.h"
 #include "frame/support/FocusPaint.h"
 #include "frame/support/KeyField.h"
-#include "frame/support/ScannedValue.h"
-#include "platform/core/RunTimeError.h"
 #include "platform/widgets/EnterButton.h"
 #include "tests/support/ExpectBox.h"
 #include "tests/support/InputMethod.h"
@@ -262,52 +260,6 @@ TEST(FocusPaint, aControlThatIsBackToItsOwnColours_hasNoPaletteOfItsOwn)
     EXPECT_EQ(second->palette().cacheKey(), born);
     second->setFocus();
     EXPECT_EQ(second->palette().color(QPalette::Button), QColor(0, 255, 255));
-}
-
-TEST(ScannedValue, firstAndLastCharacterTell)
-{
-    const struct
-    {
-        const char16_t* value;
-        ScanKind kind;
-        const char16_t* text;
-    } cases[] = {
-        {u"", ScanKind::Nothing, u""},
-        {u"{ENTER}", ScanKind::Keys, u"{ENTER}"},
-        {u"[4]", ScanKind::Function, u"4"},
-        {u"[]", ScanKind::Function, u""},
-        {u"#101#", ScanKind::Partner, u"101"},
-        {u"@01@", ScanKind::Staff, u"01"},
-        {u"##", ScanKind::Partner, u""},
-        {u"[4", ScanKind::Dropped, u"[4"},
-        {u"{x", ScanKind::Dropped, u"{x"},
-        {u"#1", ScanKind::Dropped, u"#1"},
-        {u"@1", ScanKind::Dropped, u"@1"},
-        {u"1", ScanKind::Goods, u"1"},
-        {u"1234567890123456", ScanKind::Goods, u"1234567890123456"},
-        {u"12345678901234567", ScanKind::Dropped, u"12345678901234567"},
-    };
-    for (const auto& each : cases) {
-        const ScannedValue scanned = classify(QString::fromUtf16(each.value));
-        EXPECT_EQ(scanned.kind, each.kind) << QString::fromUtf16(each.value).toStdString();
-        EXPECT_EQ(scanned.text, QString::fromUtf16(each.text));
-    }
-    EXPECT_THROW((void)classify(u"#"_s), RunTimeError);
-    EXPECT_THROW((void)classify(u"@"_s), RunTimeError);
-}
-
-TEST(ScannedValue, dialogsKnowTwoFunctions_andKeys)
-{
-    std::string done;
-    const auto scan = [&done](const QString& value) {
-        dialogBarCodeChk(
-            value, [&done] { done += "ok "; }, [&done] { done += "end "; },
-            [&done](const QString& keys) { done += keys.toStdString() + ' '; });
-    };
-    for (const QString& value : {u"[P]"_s, u"[T]"_s, u"{TAB}"_s, u"[U]"_s, u"[p]"_s, u"4901"_s, u"#"_s,
-                                 u"@01@"_s, u"["_s, QString()})
-        scan(value);
-    EXPECT_EQ(done, "ok end {TAB} ");
 }
 
 } // namespace suisui::test
