@@ -44,12 +44,19 @@ void show(QMessageBox& box)
     box.exec();
 }
 
+/// Where \a path is, as a shop would say it: a folder of one's own begins at home.
+QString placeOf(const QString& path)
+{
+    const QString home = QDir::homePath() + u'/';
+    return u"\n\n場所："_s + (path.startsWith(home) ? u"ホーム/"_s + path.mid(home.size()) : path);
+}
+
 enum class Choice { Empty, Sample, None };
 
 Choice askForDatabase(const QString& folder)
 {
     QMessageBox box(QMessageBox::Question, title,
-                    u"データベースがまだありません。どちらを用意しますか？\n\n場所："_s + folder);
+                    u"データベースがまだありません。どちらを用意しますか？"_s + placeOf(folder));
     box.setInformativeText(
         u"見本：小さな見本のお店で試すとき\n空　：自分のお店で始めるとき\n　　　（続けて、担当者・取引先・商品の表をお渡しします）"_s);
     const QPushButton* empty = box.addButton(u"空のデータベース(&E)"_s, QMessageBox::AcceptRole);
@@ -159,8 +166,8 @@ WithForms askForForms(const QString& forms, const QString& lacking)
                            u"　　・取引先の「入荷先」「出荷先」の欄には、あてはまる方に 1 を入れます。\n"
                            u"　　・商品コードの列は、書式を「文字列」にしてから入れます。\n"
                            u"２．CSV のまま保存します。\n"
-                           u"３．「取り込む」を押します。同じコードの行は、表の内容に変わります。\n\n場所："_s
-                           + forms);
+                           u"３．「取り込む」を押します。同じコードの行は、表の内容に変わります。"_s
+                           + placeOf(forms));
     const QPushButton* take = box.addButton(u"取り込む(&I)"_s, QMessageBox::AcceptRole);
     QPushButton* look = box.addButton(u"フォルダを開く(&O)"_s, QMessageBox::ActionRole);
     box.setDefaultButton(look);
