@@ -64,20 +64,21 @@ def is_whole_pdf(file):
 
 
 def wait_at_rest(pid):
-    """Waits until the process used no processor time for a while."""
+    """Waits until the process has neither used processor time nor asked for any for a while."""
     def ticks_now():
         try:
             fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
         except OSError:
-            return None
-        return int(fields[11]) + int(fields[12])
+            return -1  # it has ended
+        # On a busy machine a process that would run gets no time.
+        return None if fields[0] == "R" else int(fields[11]) + int(fields[12])
 
     last, since = ticks_now(), time.monotonic()
 
     def still():
         nonlocal last, since
         ticks = ticks_now()
-        if ticks != last:
+        if ticks is None or ticks != last:
             last, since = ticks, time.monotonic()
         return time.monotonic() - since > STANDS_STILL
 

@@ -3,10 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <malloc.h>
-
 #include "platform/core/RunTimeError.h"
 #include "tests/lists/report/ReportDesk.h"
+#include "tests/support/HeldBytes.h"
 #include "tests/support/PdfText.h"
 
 namespace suisui::test {
@@ -341,12 +340,11 @@ TEST_F(ListReportTest, memoryDoesNotGrowWithThePages)
     ASSERT_TRUE(desk.select());
     std::size_t early = 0;
     std::size_t late = 0;
-    const auto held = [] { return mallinfo2().uordblks + mallinfo2().hblkhd; };
     const auto look = [&](int done, int) {
         if (done == 100)
-            early = held();
+            early = heldBytes();
         if (done == 500)
-            late = held();
+            late = heldBytes();
     };
     ASSERT_EQ(ListReport(rptList_In, *grid).print(desk.paper, {}, {1, 500}, 500, look),
               ReportStatus::Printed);
