@@ -70,8 +70,8 @@ def wait_at_rest(pid):
             fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
         except OSError:
             return -1  # it has ended
-        # On a busy machine a process that would run gets no time.
-        return None if fields[0] == "R" else int(fields[11]) + int(fields[12])
+        # On a busy machine a process that would run gets no time, and one that writes waits for the disk.
+        return int(fields[11]) + int(fields[12]) if fields[0] == "S" else None
 
     last, since = ticks_now(), time.monotonic()
 
