@@ -37,7 +37,8 @@ using TickBox = QCheckBox* Ui::frm_PriCheck::*;
 struct FieldCheck
 {
     Field field;
-    const char16_t* name; ///< as the operator is told
+    const char16_t* title;
+    const char16_t* firstLine;
     Must must;
     When when = When::Always;
     TickBox box = nullptr;
@@ -47,50 +48,63 @@ using Form = Ui::frm_PriCheck;
 
 // In the order in which the operator is told.
 constexpr FieldCheck fieldChecks[] = {
-    {&Form::txtXYpoint_1, u"印刷開始位置 ： 縦", Must::BeANumber},
-    {&Form::txtXYpoint_0, u"印刷開始位置 ： 横", Must::BeANumber},
-    {&Form::txtOnePageNum_0, u"１ページ内の列数", Must::BeANumber},
-    {&Form::txtOnePageNum_0, u"１ページ内の列数", Must::NotBeZero},
-    {&Form::txtBarHeight, u"線高", Must::BeANumber},
-    {&Form::txtBarHeight, u"線高", Must::NotRoundToZero},
-    {&Form::txtWHPich_1, u"ラベル高", Must::BeANumber, When::Enabled},
-    {&Form::txtOnePageNum_1, u"１ページ内の行数", Must::BeANumber},
-    {&Form::txtOnePageNum_1, u"１ページ内の行数", Must::NotBeZero},
-    {&Form::txtWHPich_0, u"ラベル幅", Must::BeANumber, When::Enabled},
-    {&Form::txtNameXYpoint_0, u"名称印刷 ： 横", Must::BeANumber, When::Ticked, &Form::chkName},
-    {&Form::txtNameXYpoint_1, u"名称印刷 ： 縦", Must::BeANumber, When::Ticked, &Form::chkName},
-    {&Form::txtCodeXYpoint_0, u"コード印刷 ： 横", Must::BeANumber, When::Ticked, &Form::chkCode},
-    {&Form::txtCodeXYpoint_1, u"コード印刷 ： 縦", Must::BeANumber, When::Ticked, &Form::chkCode},
-    {&Form::txtKinouXYpoint_0, u"画面切替 印刷 ： 横", Must::BeANumber, When::Ticked, &Form::chkKinou_0},
-    {&Form::txtKinouXYpoint_1, u"画面切替 印刷 ： 縦", Must::BeANumber, When::Ticked, &Form::chkKinou_0},
-    {&Form::txtKinouXYpoint_2, u"検索機能 印刷 ： 横", Must::BeANumber, When::Ticked, &Form::chkKinou_1},
-    {&Form::txtKinouXYpoint_3, u"検索機能 印刷 ： 縦", Must::BeANumber, When::Ticked, &Form::chkKinou_1},
-    {&Form::txtPrtNum, u"ラベル印刷枚数", Must::BeANumber},
+    {&Form::txtXYpoint_1, u"印刷開始位置 ： 縦 エラー",
+     u"「印刷開始位置 ： 縦」 が 数値入力されていません。　　　", Must::BeANumber},
+    {&Form::txtXYpoint_0, u"印刷開始位置 ： 横 エラー",
+     u"「印刷開始位置 ： 横」 が 数値入力されていません。　　　", Must::BeANumber},
+    {&Form::txtOnePageNum_0, u"１ページ内の列数 エラー",
+     u"「１ページ内の列数」 が 数値入力されていません。　　　", Must::BeANumber},
+    {&Form::txtOnePageNum_0, u"１ページ内の列数 エラー", u"「１ページ内の列数」 に ０ は入力できません。",
+     Must::NotBeZero},
+    {&Form::txtBarHeight, u"線高 エラー", u"「線高」 が 数値入力されていません。　　　", Must::BeANumber},
+    {&Form::txtBarHeight, u"線高 エラー", u"「線高」 に １ より小さい数値は入力できません。",
+     Must::NotRoundToZero},
+    {&Form::txtWHPich_1, u"ラベル高 エラー", u"「ラベル高」 が 数値入力されていません。　　　",
+     Must::BeANumber, When::Enabled},
+    {&Form::txtOnePageNum_1, u"１ページ内の行数 エラー",
+     u"「１ページ内の行数」 が 数値入力されていません。　　　", Must::BeANumber},
+    {&Form::txtOnePageNum_1, u"１ページ内の行数 エラー", u"「１ページ内の行数」 に ０ は入力できません。",
+     Must::NotBeZero},
+    {&Form::txtWHPich_0, u"ラベル幅 エラー", u"「ラベル幅」 が 数値入力されていません。　　　",
+     Must::BeANumber, When::Enabled},
+    {&Form::txtNameXYpoint_0, u"名称印刷 ： 横 エラー",
+     u"「名称印刷 ： 横」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked, &Form::chkName},
+    {&Form::txtNameXYpoint_1, u"名称印刷 ： 縦 エラー",
+     u"「名称印刷 ： 縦」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked, &Form::chkName},
+    {&Form::txtCodeXYpoint_0, u"コード印刷 ： 横 エラー",
+     u"「コード印刷 ： 横」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkCode},
+    {&Form::txtCodeXYpoint_1, u"コード印刷 ： 縦 エラー",
+     u"「コード印刷 ： 縦」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkCode},
+    {&Form::txtKinouXYpoint_0, u"画面切替 印刷 ： 横 エラー",
+     u"「画面切替 印刷 ： 横」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkKinou_0},
+    {&Form::txtKinouXYpoint_1, u"画面切替 印刷 ： 縦 エラー",
+     u"「画面切替 印刷 ： 縦」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkKinou_0},
+    {&Form::txtKinouXYpoint_2, u"検索機能 印刷 ： 横 エラー",
+     u"「検索機能 印刷 ： 横」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkKinou_1},
+    {&Form::txtKinouXYpoint_3, u"検索機能 印刷 ： 縦 エラー",
+     u"「検索機能 印刷 ： 縦」 が 数値入力されていません。　　　", Must::BeANumber, When::Ticked,
+     &Form::chkKinou_1},
+    {&Form::txtPrtNum, u"ラベル印刷枚数 エラー", u"「ラベル印刷枚数」 が 数値入力されていません。　　　",
+     Must::BeANumber},
 };
 
 // The same for the range of rows.
 constexpr FieldCheck rowChecks[] = {
-    {&Form::txtLine_0, u"印刷開始行", Must::BeANumber},
-    {&Form::txtLine_0, u"印刷開始行", Must::NotBeZero},
-    {&Form::txtLine_1, u"印刷最終行", Must::BeANumber},
-    {&Form::txtLine_1, u"印刷最終行", Must::NotBeZero},
+    {&Form::txtLine_0, u"印刷開始行 エラー", u"「印刷開始行」 が 数値入力されていません。　　　",
+     Must::BeANumber},
+    {&Form::txtLine_0, u"印刷開始行 エラー", u"「印刷開始行」 に ０ は入力できません。", Must::NotBeZero},
+    {&Form::txtLine_1, u"印刷最終行 エラー", u"「印刷最終行」 が 数値入力されていません。　　　",
+     Must::BeANumber},
+    {&Form::txtLine_1, u"印刷最終行 エラー", u"「印刷最終行」 に ０ は入力できません。", Must::NotBeZero},
 };
 
+const QString noNumber = u"\r\n\r\n数値入力した後に、再度、印刷して下さい。"_s;
 const QString tooSmall = u"\r\n\r\n１ 以上の数値を入力した後に、再度、印刷して下さい。　　　"_s;
-
-/// What is told of a field that does not pass, behind its name.
-QString complaint(Must must)
-{
-    switch (must) {
-    case Must::BeANumber:
-        return u" が 数値入力されていません。　　　\r\n\r\n数値入力した後に、再度、印刷して下さい。"_s;
-    case Must::NotBeZero:
-        return u" に ０ は入力できません。"_s + tooSmall;
-    case Must::NotRoundToZero:
-        break;
-    }
-    return u" に １ より小さい数値は入力できません。"_s + tooSmall;
-}
 
 /// Pages that a print may have at most: what the fields for pages can name.
 constexpr std::int32_t mostPages = 9999;
@@ -137,8 +151,10 @@ bool frm_PriCheck::fieldsAreGood()
         KeyField* field = (*m_ui).*check.field;
         if (!applies(check, *m_ui) || passes(check, field->text()))
             return true;
-        const QString name = QString::fromUtf16(check.name);
-        return refuse(name + u" エラー"_s, u'「' + name + u'」' + complaint(check.must), field);
+        return refuse(QString::fromUtf16(check.title),
+                      QString::fromUtf16(check.firstLine)
+                          + (check.must == Must::BeANumber ? noNumber : tooSmall),
+                      field);
     };
     if (!std::all_of(std::begin(fieldChecks), std::end(fieldChecks), good))
         return false;
