@@ -161,6 +161,17 @@ protected:
             std::chrono::seconds(10));
     }
 
+    /// Types what nobody would, behind a pause and with nothing come yet, and returns it.
+    std::vector<TypedKey> typeRandomKeys()
+    {
+        came.clear();
+        scans.clear();
+        std::vector<TypedKey> keys = randomKeys(1200);
+        keys.front().gap = 1000;
+        type(keys);
+        return keys;
+    }
+
     /// Keeps what the fields get.
     struct Recorder : QObject
     {
@@ -196,11 +207,7 @@ TEST_F(TypedFuzz, outsideTheCodeField_scansAreTheBursts_andNoKeyIsLostDoubledOrO
 {
     other.setFocus();
     for (int round = 0; round < 6; ++round) {
-        came.clear();
-        scans.clear();
-        std::vector<TypedKey> keys = randomKeys(1200);
-        keys.front().gap = 1000;
-        type(keys);
+        const std::vector<TypedKey> keys = typeRandomKeys();
         ASSERT_EQ(came.toStdString(), textOf(keys, 0, keys.size()).toStdString());
         ASSERT_EQ(scans, scansOf(keys));
         EXPECT_GE(scans.size(), 5U);
@@ -211,11 +218,7 @@ TEST_F(TypedFuzz, inTheCodeField_scansAreBracketedBursts_andNoKeyIsLostDoubledOr
 {
     code.setFocus();
     for (int round = 0; round < 6; ++round) {
-        came.clear();
-        scans.clear();
-        std::vector<TypedKey> keys = randomKeys(1200);
-        keys.front().gap = 1000;
-        type(keys);
+        const std::vector<TypedKey> keys = typeRandomKeys();
         ASSERT_EQ(came.toStdString(), textOf(keys, 0, keys.size()).toStdString());
         // A busy window makes the code field one that cannot end a code by itself.
         const auto possible = scansOf(keys);
