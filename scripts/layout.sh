@@ -2,6 +2,12 @@
 # Fails when a C++ file of the house is not laid out as .clang-format says.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+# Each release lays out a little differently, so one of them decides; 77 says that nothing was looked at.
+decides=14
+if ! clang-format --version | grep -q "version $decides\."; then
+    echo "The layout is that of clang-format $decides; here is $(clang-format --version)"
+    exit 77
+fi
 rooms=()
 for room in platform store frame movement lists history barcode tools tests benchmarks; do
     [ ! -d "$room" ] || rooms+=("$room")

@@ -2,7 +2,8 @@
 """Runs clang-tidy over the program's sources, and only over those that changed since they were last clean.
 
 A source counts as changed when its own text, a header or form of the house that it includes at any depth, its
-compile command or the settings of clang-tidy changed.
+compile command or the settings of clang-tidy changed. Several runs may work side by side, each on rooms of its own.
+Ends with 77 where clang-tidy is of another release than the one whose checks the sources are held to.
 """
 
 import argparse
@@ -19,6 +20,8 @@ import time
 
 import includes
 
+RELEASE = 14
+NOTHING_LOOKED_AT = 77
 PRODUCT = [room for room in includes.ROOMS if room not in ("tests", "benchmarks")]
 
 
@@ -66,18 +69,24 @@ def main():
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     options.add_argument("--build", required=True, help="folder with compile_commands.json")
     options.add_argument("--jobs", type=int, default=os.cpu_count() or 2)
+    options.add_argument("--room", choices=PRODUCT, help="looks at this room alone")
     options.add_argument("root", help="top of the source tree")
     chosen = options.parse_args()
     root, build = pathlib.Path(chosen.root).resolve(), pathlib.Path(chosen.build).resolve()
     tidy = shutil.which("clang-tidy")
     if tidy is None:
         sys.exit("clang-tidy is not installed")
+    version = subprocess.run([tidy, "--version"], capture_output=True, check=True, encoding="utf-8").stdout
+    if f"version {RELEASE}." not in version:
+        print(f"The sources are held to the checks of clang-tidy {RELEASE}; here is: {' '.join(version.split())}")
+        sys.exit(NOTHING_LOOKED_AT)
     (build / "tidy").mkdir(exist_ok=True)
     mark_of = marks(root, build, tidy)
+    for old in set((build / "tidy").iterdir()) - set(mark_of.values()):
+        old.unlink(missing_ok=True)
+    mark_of = {name: mark for name, mark in mark_of.items() if chosen.room in (None, includes.room_of(name))}
     if not mark_of:
         sys.exit("no sources found")
-    for old in set((build / "tidy").iterdir()) - set(mark_of.values()):
-        old.unlink()
     waiting = [name for name, mark in mark_of.items() if not mark.exists()]
     # Headers of the house, and not what the build makes beside them; the compile commands are g++'s, which
     # knows warnings that clang does not.

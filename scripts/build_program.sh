@@ -1,0 +1,14 @@
+#!/bin/bash
+# Configures and builds the programs in the named folder of build/, with neither tests nor benchmarks; further
+# arguments go to CMake. ./run calls it, and the test that shows that ./run needs no more than its packages.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+folder=$1
+shift
+
+# What one folder of build/ has compiled serves the next one, so that building in a second folder is quick.
+export CCACHE_BASEDIR="$PWD"
+# The preset sets all that differs between folders each time: nothing that a cache remembers can switch on what
+# needs more packages.
+cmake --preset program -B "$folder" "$@"
+cmake --build "$folder"
