@@ -21,6 +21,7 @@ FLOORS = [
 # Beside the house: what they may include. Nothing of the house includes them.
 BESIDE = {
     "tools": {"tools", "platform/core", "store"},
+    "sheet": {"sheet", "platform/core", "store", "platform/widgets"},
     "tests": None,  # anything
     "benchmarks": None,
 }

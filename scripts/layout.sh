@@ -9,7 +9,7 @@ if ! clang-format --version | grep -q "version $decides\."; then
     exit 77
 fi
 rooms=()
-for room in platform store frame movement lists history barcode tools tests benchmarks; do
+for room in platform store frame movement lists history barcode tools sheet tests benchmarks; do
     [ ! -d "$room" ] || rooms+=("$room")
 done
 mapfile -d '' files < <(find "${rooms[@]}" \( -name '*.h' -o -name '*.cpp' \) -print0 | sort -z)

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int usualResolution = 600;
 constexpr double pointsPerInch = 72;
+constexpr double millimetresPerInch = 25.4;
 
 /// The platform's dialog without what nothing would come of. Which pages are printed is asked in the
 /// program's own dialogs; a range from here would go to the print server beside the document and cut through
@@ -172,15 +173,16 @@ PrinterGeometry Printer::geometry() const
 {
     const QPageLayout layout = device().pageLayout();
     const QPointF margins = cornerMargins(layout);
-    const QRect paper = layout.fullRectPixels(device().resolution());
+    // The library's own dots of a paper come from rounded points, which differ from release to release.
+    const QSizeF paper = layout.fullRect(QPageLayout::Millimeter).size();
     const double dpiX = device().logicalDpiX();
     const double dpiY = device().logicalDpiY();
     return {.dpiX = dpiX,
             .dpiY = dpiY,
             .offsetX = static_cast<double>(qRound(margins.x() * dpiX / pointsPerInch)),
             .offsetY = static_cast<double>(qRound(margins.y() * dpiY / pointsPerInch)),
-            .width = static_cast<double>(paper.width()),
-            .height = static_cast<double>(paper.height())};
+            .width = static_cast<double>(qRound(paper.width() * dpiX / millimetresPerInch)),
+            .height = static_cast<double>(qRound(paper.height() * dpiY / millimetresPerInch))};
 }
 
 QString Printer::deviceName() const

@@ -26,11 +26,11 @@ struct Scans
     }
 };
 
-template <typename Widget> Widget& control(const QDialog& dialog, const QString& name)
+template <typename Widget> Widget& control(const QDialog& dialog, QStringView name)
 {
-    auto* found = dialog.findChild<Widget*>(name);
+    auto* found = dialog.findChild<Widget*>(name.toString());
     if (found == nullptr)
-        throw std::runtime_error("no control " + name.toStdString());
+        throw std::runtime_error("no control " + name.toString().toStdString());
     return *found;
 }
 

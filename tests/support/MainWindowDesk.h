@@ -59,11 +59,11 @@ struct MainWindowDesk
     }
     QLineEdit& field(Tab tab) const { return *window->page(tab).barCodeField(); }
     vaSpread& grid(Tab tab) const { return *window->page(tab).grid(); }
-    template <typename Widget> Widget& control(const QString& name) const
+    template <typename Widget> Widget& control(QStringView name) const
     {
-        auto* found = window->findChild<Widget*>(name);
+        auto* found = window->findChild<Widget*>(name.toString());
         if (found == nullptr)
-            throw std::runtime_error("no control " + name.toStdString());
+            throw std::runtime_error("no control " + name.toString().toStdString());
         return *found;
     }
     /// Books a receipt and leaves its quantity changed and not saved.

@@ -30,8 +30,8 @@ TEST_F(PrinterTest, theValuesAreThoseOfTheChosenPrinterAndPaper)
     EXPECT_EQ(properties.PrtDpiY(), 600);
     EXPECT_EQ(properties.PrtOffsetX(), 100); // 12 / 72 inch
     EXPECT_EQ(properties.PrtOffsetY(), 200);
-    EXPECT_EQ(printer.geometry().width, 7017);
-    EXPECT_EQ(printer.geometry().height, 4958);
+    EXPECT_EQ(printer.geometry().width, 7016);  // 297 mm
+    EXPECT_EQ(printer.geometry().height, 4961); // 210 mm
     select(300, {12, 24, 36, 48});
     EXPECT_EQ(properties.PrtOffsetX(), 50);
     EXPECT_EQ(properties.PrtOffsetY(), 100);
@@ -84,8 +84,8 @@ TEST_F(PrinterTest, paperOfAnotherSizeIsTakenAsChosen)
 {
     setup->paper = QPageSize(QPageSize::B5);
     select(600);
-    EXPECT_EQ(printer.geometry().width, 5908);
-    EXPECT_EQ(printer.geometry().height, 4158);
+    EXPECT_EQ(printer.geometry().width, 5906);  // 250 mm
+    EXPECT_EQ(printer.geometry().height, 4157); // 176 mm
 }
 
 TEST_F(PrinterTest, aLineHalfAnInchInPullsTheOffsetToItself)
