@@ -6,6 +6,7 @@ import subprocess
 import tempfile
 
 import desk
+from day_first_start import wait_started
 from desk import wait_for
 from packaged import Packaged, main
 
@@ -46,8 +47,7 @@ class FirstStart(Packaged):
 
     def work_and_end(self, process):
         """Through the start of the program itself to its orderly end."""
-        self.screen.wait_active(desk.MAIN_WINDOW)
-        desk.wait_at_rest(process.pid)
+        wait_started(self.screen, process.pid)
         name = pathlib.Path(f"/proc/{process.pid}/exe").resolve()
         self.assertEqual(self.root / "usr/bin/suisuitag", name)
         self.screen.press("alt+F4")
@@ -147,7 +147,7 @@ class FirstStart(Packaged):
             file.write("4999999999996,なし,個,1,80,1,120,0\n")
         self.answer_forms("alt+i", picture=pathlib.Path.cwd() / "more-forms.png")
         self.answer_forms("Return")
-        self.screen.wait_active(desk.MAIN_WINDOW)
+        wait_started(self.screen, process.pid)
         second = self.start("--forms")
         self.answer_forms("Return")  # the program runs; it says so
         self.assertEqual(2, self.ended(second))
