@@ -2,7 +2,7 @@
 """Takes the pictures of the operator's guide from those that a sample day has left: cut to the window, few colours,
 small. Needs the packages imagemagick and poppler-utils.
 
-    python3 scripts/sample_day.py --build build/release --output demo-out
+    python3 scripts/sample_day.py --build build/program --output demo-out
     python3 scripts/guide_pictures.py demo-out docs/images
 """
 

@@ -1,4 +1,4 @@
-# The packages of Debian 12 that the commands need, and how they come onto the machine.
+# The packages of Debian 12 and 13 that the commands need, and how they come onto the machine.
 # To be sourced; README.md says what each package is for.
 
 build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev libsqlite3-dev libxcb1-dev libzint-dev pkgconf mdbtools-dev)
