@@ -2,7 +2,8 @@
 """Runs clang-tidy over the program's sources, and only over those that changed since they were last clean.
 
 A source counts as changed when its own text, a header or form of the house that it includes at any depth, its
-compile command or the settings of clang-tidy changed. Several runs may work side by side, each on rooms of its own.
+compile command or the settings of clang-tidy changed. What is known to be clean is kept in the user's cache, so that a
+fresh clone of the same text is as quick as the old one. Several runs may work side by side.
 Ends with 77 where clang-tidy is of another release than the one whose checks the sources are held to.
 """
 
@@ -22,6 +23,7 @@ import includes
 
 RELEASE = 14
 NOTHING_LOOKED_AT = 77
+KEPT_DAYS = 30  # a mark that nobody asks for
 PRODUCT = [room for room in includes.ROOMS if room not in ("tests", "benchmarks")]
 
 
@@ -51,8 +53,23 @@ class Sources:
         return digest.hexdigest()
 
 
-def marks(root, build, tidy):
-    """For each source of the program the file that stands in the build while it is known to be clean."""
+def cache():
+    return pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache") / "suisuitag-tidy"
+
+
+def forget_old_marks(folder):
+    limit = time.time() - KEPT_DAYS * 24 * 60 * 60
+    for mark in folder.iterdir():
+        try:
+            if mark.stat().st_mtime < limit:
+                mark.unlink()
+        except FileNotFoundError:  # another run was quicker
+            pass
+
+
+def marks(root, build, tidy, folder):
+    """For each source of the program the file that is in folder while it is known to be clean. Where the tree and its
+    build are makes no difference."""
     settings = subprocess.run([tidy, "--version"], capture_output=True, check=True).stdout
     settings += (root / ".clang-tidy").read_bytes()
     files, found = Sources(root), {}
@@ -60,8 +77,9 @@ def marks(root, build, tidy):
         path = pathlib.Path(entry["file"])
         name = path.relative_to(root).as_posix() if path.is_relative_to(root) else ""
         if includes.room_of(name) in PRODUCT:
-            key = hashlib.sha256(settings + entry["command"].encode() + files.fingerprint(name).encode())
-            found[name] = build / "tidy" / key.hexdigest()
+            command = entry["command"].replace(str(build), "BUILD").replace(str(root), "TOP")
+            key = hashlib.sha256(settings + command.encode() + files.fingerprint(name).encode())
+            found[name] = folder / key.hexdigest()
     return found
 
 
@@ -80,14 +98,15 @@ def main():
     if f"version {RELEASE}." not in version:
         print(f"The sources are held to the checks of clang-tidy {RELEASE}; here is: {' '.join(version.split())}")
         sys.exit(NOTHING_LOOKED_AT)
-    (build / "tidy").mkdir(exist_ok=True)
-    mark_of = marks(root, build, tidy)
-    for old in set((build / "tidy").iterdir()) - set(mark_of.values()):
-        old.unlink(missing_ok=True)
-    mark_of = {name: mark for name, mark in mark_of.items() if chosen.room in (None, includes.room_of(name))}
+    cache().mkdir(parents=True, exist_ok=True)
+    forget_old_marks(cache())
+    mark_of = {name: mark for name, mark in marks(root, build, tidy, cache()).items()
+               if chosen.room in (None, includes.room_of(name))}
     if not mark_of:
         sys.exit("no sources found")
     waiting = [name for name, mark in mark_of.items() if not mark.exists()]
+    for name in mark_of.keys() - set(waiting):
+        mark_of[name].touch()
     # Headers of the house, and not what the build makes beside them; the compile commands are g++'s, which
     # knows warnings that clang does not.
     command = [tidy, "-p", str(build), "--quiet", "--extra-arg=-Wno-unknown-warning-option",
