@@ -10,7 +10,7 @@ screen_packages=(ibus ibus-anthy at-spi2-core gir1.2-atspi-2.0 python3-gi dbus-d
 test_packages=(dpkg-dev lintian appstream desktop-file-utils man-db systemd libgtest-dev libbenchmark-dev clang-format clang-tidy poppler-utils zbar-tools cups-daemon cups-client "${screen_packages[@]}" "${no_display_packages[@]}")
 # Only for taking the pictures of the guide anew: guide_pictures.py.
 guide_packages=(imagemagick poppler-utils)
-bench_packages=(libbenchmark-dev "${no_display_packages[@]}")
+bench_packages=(libbenchmark-dev libgtest-dev "${no_display_packages[@]}")
 
 say() { printf '\n== %s\n' "$*"; }
 
