@@ -44,7 +44,8 @@ std::string folded(std::string_view code)
 /// The bytes of a form as UTF-8; nothing when they are neither that nor code page 932.
 std::optional<std::string> decoded(std::string bytes)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8);
+    // Stateless: a file that ends inside a letter is not UTF-8 either.
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = utf8(bytes);
     if (utf8.hasError() || text.contains(QChar::ReplacementCharacter)) {
         bytes = fromCp932(bytes);

@@ -187,6 +187,7 @@ TEST_F(FormsTest, whatCannotBe_isNamedByFileAndLine_andNothingIsStored)
     expectFault("商品.csv", "", "商品.csv：何も書かれていません");
     expectFault("商品.csv", "商品コード,商品名\nA1,\"りんご\n", "商品.csv：CSV の形が正しくありません");
     expectFault("商品.csv", "商品コード,商品名\nA1,\x81\n", "商品.csv：文字コードがわかりません");
+    expectFault("商品.csv", "商品コード,商品名\nA1,りんご\xE3", "商品.csv："); // cut inside a letter
     expectFault("取引先.csv", "取引先コード,取引先名,入荷先\n1,市場,はい\n",
                 "取引先.csv 2 行目：入荷先「はい」は");
     expectFault("部品.csv", "商品コード,部品コード,部品の数\nS1,A1,1\n",
