@@ -17,6 +17,8 @@ import time
 import tty
 import urllib.parse
 
+import at_rest
+
 MAIN_WINDOW = " すいすいＴＡＧ　　【 入出荷在庫管理 】　　Tarnvik Works Co.,Ltd."
 END_DIALOG = " システムを終了します"
 NO_PORT_BOX = "通信ポート(COM) 未設定"
@@ -25,10 +27,9 @@ UNREGISTERED_BOX = "商品 未登録エラー"
 SHORTAGE_BOXES = (" 在庫不足", " 最低在庫数 未満")
 
 FIRST_SCREEN = 90
-DEADLINE = 20.0  # seconds; generous, since nothing waits longer than it must
+DEADLINE = 60.0  # seconds; generous, since nothing waits longer than it must
 LOOK_AGAIN = 0.02
 PAINTED = 0.2  # a window that has just come up has painted itself by then
-STANDS_STILL = 0.3
 
 
 # Names of the keys that xdotool does not know by their character.
@@ -63,26 +64,41 @@ def is_whole_pdf(file):
     return file.exists() and file.read_bytes().rstrip().endswith(b"%%EOF")
 
 
-def wait_at_rest(pid):
-    """Waits until the process has neither used processor time nor asked for any for a while."""
-    def ticks_now():
+def has_ended(pid):
+    try:
+        return pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()[0] in "ZX"
+    except OSError:
+        return True
+
+
+def display_of(pid):
+    """The X display on which a process shows its windows."""
+    words = pathlib.Path(f"/proc/{pid}/environ").read_bytes().split(b"\0")
+    return next((word[len(b"DISPLAY="):].decode() for word in words if word.startswith(b"DISPLAY=")), "")
+
+
+def open_files(pid):
+    """Where the open files of a process lead to."""
+    found = []
+    for link in pathlib.Path(f"/proc/{pid}/fd").iterdir():
         try:
-            fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
-        except OSError:
-            return -1  # it has ended
-        # On a busy machine a process that would run gets no time, and one that writes waits for the disk.
-        return int(fields[11]) + int(fields[12]) if fields[0] == "S" else None
+            found.append(os.readlink(link))
+        except OSError:  # closed meanwhile
+            continue
+    return found
 
-    last, since = ticks_now(), time.monotonic()
 
-    def still():
-        nonlocal last, since
-        ticks = ticks_now()
-        if ticks is None or ticks != last:
-            last, since = ticks, time.monotonic()
-        return time.monotonic() - since > STANDS_STILL
-
-    wait_for("the program is at rest", still)
+def wait_at_rest(pid):
+    """Waits until the process has done everything that it was given (keys, clicks, scans) and waits for more, or has
+    ended. It says so itself; what its reader has sent is seen to have been taken before."""
+    try:
+        with at_rest.Asker(display_of(pid), pid) as asker:
+            wait_for("the reader's bytes are taken",
+                     lambda: has_ended(pid) or all(reader.taken() for reader in Reader.of(pid)))
+            wait_for("the program is at rest", lambda: has_ended(pid) or asker.answered())
+    except OSError:
+        if not has_ended(pid):
+            raise
 
 
 class Screen:
@@ -225,11 +241,19 @@ class Screen:
 class Reader:
     """A bar-code reader on a pseudo-terminal."""
 
+    _plugged_in = {}  # by device
+
+    @staticmethod
+    def of(pid):
+        """The readers whose port a process has open."""
+        return [Reader._plugged_in[file] for file in open_files(pid) if file in Reader._plugged_in]
+
     def __init__(self):
         self._reader, self._line = os.openpty()
         tty.setraw(self._line)
         os.set_blocking(self._reader, False)
         self.device = os.ttyname(self._line)
+        Reader._plugged_in[self.device] = self
 
     def __enter__(self):
         return self
@@ -247,11 +271,16 @@ class Reader:
     def scan(self, text):
         self.send(text.encode("cp932") + b"\r\n")
 
+    def taken(self):
+        """Whether everything that was sent has been read. Looking makes the kernel pass on what it still holds."""
+        return not select.select([self._line], [], [], 0)[0]
+
     def forget(self):
         """Drops what was sent and never read."""
         termios.tcflush(self._line, termios.TCIFLUSH)
 
     def unplug(self):
+        Reader._plugged_in.pop(self.device, None)
         for end in (self._line, self._reader):
             if end >= 0:
                 os.close(end)
@@ -368,6 +397,10 @@ class Program:
 
     def running(self):
         return self._process.poll() is None
+
+    def wait_port(self, reader):
+        """Waits until the program has opened the reader's port; what is sent before is dropped by then."""
+        wait_for("the reader's port is open", lambda: reader in Reader.of(self.pid))
 
     def ended(self, seconds=DEADLINE):
         """Waits for the end; the exit status, negative for a signal."""

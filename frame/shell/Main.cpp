@@ -2,9 +2,11 @@
 
 #include <cstdlib>
 
+#include <QApplication>
 #include <QDir>
 
 #include "frame/shell/frm_End.h"
+#include "frame/support/DialogScan.h"
 #include "frame/support/ShowModal.h"
 #include "lists/ListPrinting.h"
 #include "platform/core/AwayFromLoop.h"
@@ -30,7 +32,8 @@ const auto masterTitle = u" 基本情報 登録  　【 マスタ管理 】　�
 } // namespace
 
 Main_Module::Main_Module(const QString& baseFolder, Clock& clock, ScreenMsgBox& msgBox)
-    : m_base(baseFolder), m_clock(clock), m_msgBox(msgBox), m_instance(baseFolder)
+    : m_base(baseFolder), m_clock(clock), m_msgBox(msgBox), m_instance(baseFolder),
+      m_atRest([this] { return atWork(); })
 {
 }
 
@@ -127,6 +130,17 @@ QString Main_Module::LastDateGet() const
 QString Main_Module::readLine()
 {
     return m_barcode ? m_barcode->line() : QString();
+}
+
+/// Boxes and dialogs wait for their operator, so only what the reader has for a dialog is work then. Behind
+/// them a scan may well wait; it is nobody's turn.
+bool Main_Module::atWork() const
+{
+    const bool lineWaits = m_barcode && m_barcode->hasLine();
+    if (const QWidget* dialog = QApplication::activeModalWidget())
+        return lineWaits && readsScans(*dialog);
+    return !m_barcode || !m_frmMain || lineWaits || m_frmMain->atWork() || m_shortWait->isVisible()
+           || m_wait->isVisible();
 }
 
 /// The window with everything that it is given by the run.

@@ -155,6 +155,12 @@ void frmMain::recogniseTypedScans()
                                               [this](const QString& value) { m_gate.scanned(value); });
 }
 
+bool frmMain::atWork() const
+{
+    return !m_gate.enabled() || m_gate.heldKeys() > 0 || m_gate.hasScan()
+           || (m_typedScan && m_typedScan->holdsKeys());
+}
+
 QComboBox* frmMain::staffChoice()
 {
     return m_ui->cmbTantou;

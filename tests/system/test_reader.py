@@ -60,6 +60,7 @@ class Reader(ShopTest):
                                  "InpDate": f"{i:014d}", "UpdDate": f"{i:014d}"} for i in range(20000)])
         program = self.start()
         self.screen.answer(MANY_ROWS_BOX)  # the first sight of the tab
+        self.wait_ready(program)
         self.reader.scan("[E]")
         self.screen.answer(MANY_ROWS_BOX)
         for _ in range(3):
