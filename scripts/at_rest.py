@@ -5,20 +5,20 @@ Spoken through libxcb, which xdotool needs anyway; of its errors none ends the a
 
 import ctypes
 import itertools
+import random
 import struct
 
 _xcb = ctypes.CDLL("libxcb.so.1")
 _free = ctypes.CDLL(None).free
 _free.argtypes = [ctypes.c_void_p]
 _POINTERS = ("xcb_connect", "xcb_get_setup", "xcb_intern_atom_reply", "xcb_get_property_reply", "xcb_get_property_value",
-             "xcb_poll_for_event")
+             "xcb_query_tree_reply", "xcb_query_tree_children", "xcb_poll_for_event")
 for _name in _POINTERS:
     getattr(_xcb, _name).restype = ctypes.c_void_p
 
 _QUESTION = b"_SUISUITAG_AT_REST"
 _CLIENT_MESSAGE = 33
-_LONGEST = 1024  # in 32-bit units: windows of a list
-_numbers = itertools.count(1)
+_numbers = itertools.count(random.randrange(1, 1 << 31))  # an answer to another asker may still be there
 
 
 class _Cookie(ctypes.Structure):
@@ -30,7 +30,7 @@ class _Screens(ctypes.Structure):
 
 
 _xcb.xcb_intern_atom.restype = _xcb.xcb_get_property.restype = _Cookie
-_xcb.xcb_send_event.restype = _Cookie
+_xcb.xcb_query_tree.restype = _xcb.xcb_send_event.restype = _Cookie
 _xcb.xcb_setup_roots_iterator.restype = _Screens
 
 
@@ -45,8 +45,7 @@ class Asker:
             raise OSError(f"no X display {display}")
         setup = ctypes.c_void_p(_xcb.xcb_get_setup(self._link))
         self._root = _xcb.xcb_setup_roots_iterator(setup).data[0]  # the first word of a screen is its root window
-        self._question, self._list, self._pid_note = (
-            self._atom(name) for name in (_QUESTION, b"_NET_CLIENT_LIST", b"_NET_WM_PID"))
+        self._question, self._pid_note = (self._atom(name) for name in (_QUESTION, b"_NET_WM_PID"))
         self._asked = self._number = None
 
     def __enter__(self):
@@ -62,16 +61,28 @@ class Asker:
         _free(reply)
         return atom
 
-    def _property(self, window, name):
-        """The 32-bit numbers of a property; none for a window that has closed."""
-        cookie = _xcb.xcb_get_property(self._link, 0, window, name, 0, 0, _LONGEST)
+    def _number_at(self, window, name):
+        """The number that a property holds; 0 when there is none, None for a window that has closed."""
+        cookie = _xcb.xcb_get_property(self._link, 0, window, name, 0, 0, 1)
         reply = ctypes.c_void_p(_xcb.xcb_get_property_reply(self._link, cookie, None))
         if not reply:
-            return []
+            return None
         value = ctypes.cast(_xcb.xcb_get_property_value(reply), ctypes.POINTER(ctypes.c_uint32))
-        numbers = value[:_xcb.xcb_get_property_value_length(reply) // 4]
+        number = value[0] if _xcb.xcb_get_property_value_length(reply) == 4 else 0
         _free(reply)
-        return numbers
+        return number
+
+    def _below(self, window):
+        """The windows inside a window, at any depth; the list of a window manager is not everywhere."""
+        reply = ctypes.c_void_p(_xcb.xcb_query_tree_reply(self._link, _xcb.xcb_query_tree(self._link, window), None))
+        if not reply:
+            return
+        inside = ctypes.cast(_xcb.xcb_query_tree_children(reply), ctypes.POINTER(ctypes.c_uint32))
+        inside = inside[:_xcb.xcb_query_tree_children_length(reply)]
+        _free(reply)
+        for one in inside:
+            yield one
+            yield from self._below(one)
 
     def _forget_errors(self):
         while event := _xcb.xcb_poll_for_event(self._link):
@@ -85,11 +96,12 @@ class Asker:
 
     def answered(self):
         """Whether the program has answered; asks when no window of it has been asked yet, or that one has closed."""
-        windows = [window for window in self._property(self._root, self._list)
-                   if self._property(window, self._pid_note) == [self._pid]]
+        answer = None if self._asked is None else self._number_at(self._asked, self._question)
         self._forget_errors()
-        if self._asked not in windows:
-            if windows:
-                self._ask(windows[0])
+        if answer is None:
+            self._asked = next((window for window in self._below(self._root)
+                                if self._number_at(window, self._pid_note) == self._pid), None)
+            if self._asked is not None:
+                self._ask(self._asked)
             return False
-        return self._property(self._asked, self._question) == [self._number]
+        return answer == self._number

@@ -64,11 +64,16 @@ def is_whole_pdf(file):
     return file.exists() and file.read_bytes().rstrip().endswith(b"%%EOF")
 
 
-def has_ended(pid):
+def state_of(pid):
+    """The letter that the kernel has for the state of a process."""
     try:
-        return pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()[0] in "ZX"
+        return pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()[0]
     except OSError:
-        return True
+        return "X"
+
+
+def has_ended(pid):
+    return state_of(pid) in "ZX"
 
 
 def display_of(pid):
@@ -101,15 +106,56 @@ def wait_at_rest(pid):
             raise
 
 
-class Screen:
+class Windows:
+    """The windows of an X display that is there already; environment names it."""
+
+    def __init__(self, environment):
+        self.environment = environment
+
+    def _xdotool(self, *arguments):
+        return subprocess.run(["xdotool", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
+                              capture_output=True, encoding="utf-8", check=False)
+
+    def _visible(self):
+        return self._xdotool("search", "--onlyvisible", "--name", ".").stdout.split()
+
+    def titles(self):
+        """Titles of the windows that can be seen."""
+        commands = [word for window in self._visible() for word in ("getwindowname", window)]
+        # A window may close between the two looks; what is left of the list is still right.
+        return self._xdotool(*commands).stdout.splitlines() if commands else []
+
+    def active_window(self):
+        """The number of the window that takes the keys, "" when there is none."""
+        return self._xdotool("getactivewindow").stdout.strip()
+
+    def active_title(self):
+        return self._xdotool("getactivewindow", "getwindowname").stdout.rstrip("\n")
+
+    def wait_active(self, title, seconds=DEADLINE):
+        """Waits until the window with this title is there and takes the keys."""
+        try:
+            wait_for(f"window {title!r}", lambda: self.active_title() == title, seconds)
+        except DeskError as error:
+            raise DeskError(f"{error}; to be seen: {self.titles()}") from None
+
+    def wait_in_front_of(self, window):
+        """Waits until another window than that one takes the keys; it may carry the same title."""
+        wait_for("a window in front", lambda: self.active_window() not in ("", window))
+
+    def wait_gone(self, title, seconds=DEADLINE):
+        wait_for(f"window {title!r} is gone", lambda: title not in self.titles(), seconds)
+
+
+class Screen(Windows):
     """An X server and a window manager of its own, closed with the object."""
 
     def __init__(self, width=1280, height=960):
         self._home = tempfile.TemporaryDirectory(prefix="suisui-screen-")
         os.chmod(self._home.name, 0o700)
         self._server, number = self._start_server(f"{width}x{height}x24")
-        self.environment = {key: value for key, value in os.environ.items()
-                            if not key.startswith("QT_") and key != "WAYLAND_DISPLAY"}
+        super().__init__({key: value for key, value in os.environ.items()
+                          if not key.startswith("QT_") and key not in ("WAYLAND_DISPLAY", "XDG_SESSION_TYPE")})
         # The window manager's and the user's own settings must not colour what happens here.
         self.environment.update(DISPLAY=f":{number}", LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
                                 XDG_RUNTIME_DIR=self._home.name, XDG_CONFIG_HOME=self._home.name)
@@ -157,32 +203,6 @@ class Screen:
             process.wait()
         self._home.cleanup()
 
-    def _xdotool(self, *arguments):
-        return subprocess.run(["xdotool", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
-                              capture_output=True, encoding="utf-8", check=False)
-
-    def _visible(self):
-        return self._xdotool("search", "--onlyvisible", "--name", ".").stdout.split()
-
-    def titles(self):
-        """Titles of the windows that can be seen."""
-        commands = [word for window in self._visible() for word in ("getwindowname", window)]
-        # A window may close between the two looks; what is left of the list is still right.
-        return self._xdotool(*commands).stdout.splitlines() if commands else []
-
-    def active_title(self):
-        return self._xdotool("getactivewindow", "getwindowname").stdout.rstrip("\n")
-
-    def wait_active(self, title, seconds=DEADLINE):
-        """Waits until the window with this title is there and takes the keys."""
-        try:
-            wait_for(f"window {title!r}", lambda: self.active_title() == title, seconds)
-        except DeskError as error:
-            raise DeskError(f"{error}; to be seen: {self.titles()}") from None
-
-    def wait_gone(self, title, seconds=DEADLINE):
-        wait_for(f"window {title!r} is gone", lambda: title not in self.titles(), seconds)
-
     def press(self, *keys):
         done = self._xdotool("key", *keys)
         if done.returncode != 0:
@@ -214,7 +234,7 @@ class Screen:
 
         The next box may carry the same title, so it is the window that is waited for."""
         self.wait_active(title)
-        window = self._xdotool("getactivewindow").stdout.strip()
+        window = self.active_window()
         if picture:
             self.settled_picture(picture)
         self.press(*(keys or ("Return",)))
@@ -399,8 +419,8 @@ class Program:
         return self._process.poll() is None
 
     def wait_port(self, reader):
-        """Waits until the program has opened the reader's port; what is sent before is dropped by then."""
-        wait_for("the reader's port is open", lambda: reader in Reader.of(self.pid))
+        """Waits until the program has opened the reader's port and, asleep, has dropped what was sent before."""
+        wait_for("the reader's port is open", lambda: reader in Reader.of(self.pid) and state_of(self.pid) in "SZX")
 
     def ended(self, seconds=DEADLINE):
         """Waits for the end; the exit status, negative for a signal."""

@@ -22,6 +22,7 @@
 #include "platform/core/DoEvents.h"
 #include "platform/core/KeyCodes.h"
 #include "platform/widgets/EnterButton.h"
+#include "platform/widgets/Hourglass.h"
 #include "store/AppEnv.h"
 #include "store/AppIni.h"
 #include "ui_frmMain.h"
@@ -179,7 +180,7 @@ void frmMain::setPointer(bool hourglass)
         return;
     m_hourglass = hourglass;
     if (hourglass)
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        QGuiApplication::setOverrideCursor(suisui::hourglass());
     else
         QGuiApplication::restoreOverrideCursor();
 }
