@@ -428,9 +428,10 @@ class Program:
         return self._process.returncode
 
     def said(self):
-        """What it wrote to its outputs; a healthy run writes nothing."""
-        self._said.seek(0)
-        return self._said.read().decode("utf-8", "replace")
+        """What it wrote to its outputs; a healthy run writes nothing. The place in the file is shared with the program,
+        which may still be writing, so it stays where it is."""
+        file = self._said.fileno()
+        return os.pread(file, os.fstat(file).st_size, 0).decode("utf-8", "replace")
 
     def wait_idle(self):
         """Waits until the program has done all there is to do."""
