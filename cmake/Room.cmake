@@ -38,3 +38,12 @@ function(suisui_test name)
     set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT} LABELS "${T_LABELS}"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/run;LC_ALL=C.UTF-8")
 endfunction()
+
+# suisui_long_suite(NAME SUITE): the suite of the test program NAME that shows the same on many more cases is a test
+# of its own, NAME_long with the label "long", and no part of NAME. ./check leaves it out.
+function(suisui_long_suite name suite)
+    add_test(NAME ${name}_long COMMAND ${name})
+    set_tests_properties(${name}_long PROPERTIES TIMEOUT 1500 LABELS long
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/run;LC_ALL=C.UTF-8;GTEST_FILTER=${suite}.*")
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT_MODIFICATION "GTEST_FILTER=set:-${suite}.*")
+endfunction()

@@ -4,6 +4,7 @@
 
 #include "platform/core/Clock.h"
 #include "platform/core/FillIn.h"
+#include "platform/widgets/Hourglass.h"
 #include "platform/widgets/MsgBox.h"
 #include "store/AppDB.h"
 #include "store/Stamps.h"
@@ -22,7 +23,7 @@ const QString databaseError = u"データーベース エラー"_s;
 class Hourglass
 {
 public:
-    Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    Hourglass() { QGuiApplication::setOverrideCursor(hourglass()); }
     ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
     Hourglass(const Hourglass&) = delete;
     Hourglass& operator=(const Hourglass&) = delete;

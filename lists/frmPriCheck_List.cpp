@@ -9,6 +9,7 @@
 #include "platform/core/Clock.h"
 #include "platform/core/DoEvents.h"
 #include "platform/widgets/EnterButton.h"
+#include "platform/widgets/Hourglass.h"
 #include "platform/widgets/MsgBox.h"
 #include "platform/widgets/SendKeys.h"
 #include "platform/widgets/vaSpread.h"
@@ -117,7 +118,7 @@ void frmPriCheck_List::printPages(PageRange range)
     ReportStatus status = ReportStatus::Failed;
     {
         m_gate.setEnabled(false);
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        QGuiApplication::setOverrideCursor(hourglass());
         const auto restore = qScopeGuard([this] {
             QGuiApplication::restoreOverrideCursor();
             m_gate.setEnabled(true);

@@ -17,6 +17,8 @@ import time
 import tty
 import urllib.parse
 
+import at_rest
+
 MAIN_WINDOW = " すいすいＴＡＧ　　【 入出荷在庫管理 】　　Tarnvik Works Co.,Ltd."
 END_DIALOG = " システムを終了します"
 NO_PORT_BOX = "通信ポート(COM) 未設定"
@@ -25,10 +27,9 @@ UNREGISTERED_BOX = "商品 未登録エラー"
 SHORTAGE_BOXES = (" 在庫不足", " 最低在庫数 未満")
 
 FIRST_SCREEN = 90
-DEADLINE = 20.0  # seconds; generous, since nothing waits longer than it must
+DEADLINE = 60.0  # seconds; generous, since nothing waits longer than it must
 LOOK_AGAIN = 0.02
 PAINTED = 0.2  # a window that has just come up has painted itself by then
-STANDS_STILL = 0.3
 
 
 # Names of the keys that xdotool does not know by their character.
@@ -63,37 +64,98 @@ def is_whole_pdf(file):
     return file.exists() and file.read_bytes().rstrip().endswith(b"%%EOF")
 
 
-def wait_at_rest(pid):
-    """Waits until the process has neither used processor time nor asked for any for a while."""
-    def ticks_now():
+def state_of(pid):
+    """The letter that the kernel has for the state of a process."""
+    try:
+        return pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()[0]
+    except OSError:
+        return "X"
+
+
+def has_ended(pid):
+    return state_of(pid) in "ZX"
+
+
+def display_of(pid):
+    """The X display on which a process shows its windows."""
+    words = pathlib.Path(f"/proc/{pid}/environ").read_bytes().split(b"\0")
+    return next((word[len(b"DISPLAY="):].decode() for word in words if word.startswith(b"DISPLAY=")), "")
+
+
+def open_files(pid):
+    """Where the open files of a process lead to."""
+    found = []
+    for link in pathlib.Path(f"/proc/{pid}/fd").iterdir():
         try:
-            fields = pathlib.Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
-        except OSError:
-            return -1  # it has ended
-        # On a busy machine a process that would run gets no time, and one that writes waits for the disk.
-        return int(fields[11]) + int(fields[12]) if fields[0] == "S" else None
-
-    last, since = ticks_now(), time.monotonic()
-
-    def still():
-        nonlocal last, since
-        ticks = ticks_now()
-        if ticks is None or ticks != last:
-            last, since = ticks, time.monotonic()
-        return time.monotonic() - since > STANDS_STILL
-
-    wait_for("the program is at rest", still)
+            found.append(os.readlink(link))
+        except OSError:  # closed meanwhile
+            continue
+    return found
 
 
-class Screen:
+def wait_at_rest(pid):
+    """Waits until the process has done everything that it was given (keys, clicks, scans) and waits for more, or has
+    ended. It says so itself; what its reader has sent is seen to have been taken before."""
+    try:
+        with at_rest.Asker(display_of(pid), pid) as asker:
+            wait_for("the reader's bytes are taken",
+                     lambda: has_ended(pid) or all(reader.taken() for reader in Reader.of(pid)))
+            wait_for("the program is at rest", lambda: has_ended(pid) or asker.answered())
+    except OSError:
+        if not has_ended(pid):
+            raise
+
+
+class Windows:
+    """The windows of an X display that is there already; environment names it."""
+
+    def __init__(self, environment):
+        self.environment = environment
+
+    def _xdotool(self, *arguments):
+        return subprocess.run(["xdotool", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
+                              capture_output=True, encoding="utf-8", check=False)
+
+    def _visible(self):
+        return self._xdotool("search", "--onlyvisible", "--name", ".").stdout.split()
+
+    def titles(self):
+        """Titles of the windows that can be seen."""
+        commands = [word for window in self._visible() for word in ("getwindowname", window)]
+        # A window may close between the two looks; what is left of the list is still right.
+        return self._xdotool(*commands).stdout.splitlines() if commands else []
+
+    def active_window(self):
+        """The number of the window that takes the keys, "" when there is none."""
+        return self._xdotool("getactivewindow").stdout.strip()
+
+    def active_title(self):
+        return self._xdotool("getactivewindow", "getwindowname").stdout.rstrip("\n")
+
+    def wait_active(self, title, seconds=DEADLINE):
+        """Waits until the window with this title is there and takes the keys."""
+        try:
+            wait_for(f"window {title!r}", lambda: self.active_title() == title, seconds)
+        except DeskError as error:
+            raise DeskError(f"{error}; to be seen: {self.titles()}") from None
+
+    def wait_in_front_of(self, window):
+        """Waits until another window than that one takes the keys; it may carry the same title."""
+        wait_for("a window in front", lambda: self.active_window() not in ("", window))
+
+    def wait_gone(self, title, seconds=DEADLINE):
+        wait_for(f"window {title!r} is gone", lambda: title not in self.titles(), seconds)
+
+
+class Screen(Windows):
     """An X server and a window manager of its own, closed with the object."""
 
     def __init__(self, width=1280, height=960):
         self._home = tempfile.TemporaryDirectory(prefix="suisui-screen-")
         os.chmod(self._home.name, 0o700)
         self._server, number = self._start_server(f"{width}x{height}x24")
-        self.environment = {key: value for key, value in os.environ.items()
-                            if not key.startswith("QT_") and key != "WAYLAND_DISPLAY"}
+        super().__init__({key: value for key, value in os.environ.items()
+                          if not key.startswith("QT_") and key not in ("WAYLAND_DISPLAY", "XDG_SESSION_TYPE")})
         # The window manager's and the user's own settings must not colour what happens here.
         self.environment.update(DISPLAY=f":{number}", LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
                                 XDG_RUNTIME_DIR=self._home.name, XDG_CONFIG_HOME=self._home.name)
@@ -141,32 +203,6 @@ class Screen:
             process.wait()
         self._home.cleanup()
 
-    def _xdotool(self, *arguments):
-        return subprocess.run(["xdotool", *arguments], env=self.environment, stdin=subprocess.DEVNULL,
-                              capture_output=True, encoding="utf-8", check=False)
-
-    def _visible(self):
-        return self._xdotool("search", "--onlyvisible", "--name", ".").stdout.split()
-
-    def titles(self):
-        """Titles of the windows that can be seen."""
-        commands = [word for window in self._visible() for word in ("getwindowname", window)]
-        # A window may close between the two looks; what is left of the list is still right.
-        return self._xdotool(*commands).stdout.splitlines() if commands else []
-
-    def active_title(self):
-        return self._xdotool("getactivewindow", "getwindowname").stdout.rstrip("\n")
-
-    def wait_active(self, title, seconds=DEADLINE):
-        """Waits until the window with this title is there and takes the keys."""
-        try:
-            wait_for(f"window {title!r}", lambda: self.active_title() == title, seconds)
-        except DeskError as error:
-            raise DeskError(f"{error}; to be seen: {self.titles()}") from None
-
-    def wait_gone(self, title, seconds=DEADLINE):
-        wait_for(f"window {title!r} is gone", lambda: title not in self.titles(), seconds)
-
     def press(self, *keys):
         done = self._xdotool("key", *keys)
         if done.returncode != 0:
@@ -198,7 +234,7 @@ class Screen:
 
         The next box may carry the same title, so it is the window that is waited for."""
         self.wait_active(title)
-        window = self._xdotool("getactivewindow").stdout.strip()
+        window = self.active_window()
         if picture:
             self.settled_picture(picture)
         self.press(*(keys or ("Return",)))
@@ -225,11 +261,19 @@ class Screen:
 class Reader:
     """A bar-code reader on a pseudo-terminal."""
 
+    _plugged_in = {}  # by device
+
+    @staticmethod
+    def of(pid):
+        """The readers whose port a process has open."""
+        return [Reader._plugged_in[file] for file in open_files(pid) if file in Reader._plugged_in]
+
     def __init__(self):
         self._reader, self._line = os.openpty()
         tty.setraw(self._line)
         os.set_blocking(self._reader, False)
         self.device = os.ttyname(self._line)
+        Reader._plugged_in[self.device] = self
 
     def __enter__(self):
         return self
@@ -247,11 +291,16 @@ class Reader:
     def scan(self, text):
         self.send(text.encode("cp932") + b"\r\n")
 
+    def taken(self):
+        """Whether everything that was sent has been read. Looking makes the kernel pass on what it still holds."""
+        return not select.select([self._line], [], [], 0)[0]
+
     def forget(self):
         """Drops what was sent and never read."""
         termios.tcflush(self._line, termios.TCIFLUSH)
 
     def unplug(self):
+        Reader._plugged_in.pop(self.device, None)
         for end in (self._line, self._reader):
             if end >= 0:
                 os.close(end)
@@ -369,15 +418,20 @@ class Program:
     def running(self):
         return self._process.poll() is None
 
+    def wait_port(self, reader):
+        """Waits until the program has opened the reader's port and, asleep, has dropped what was sent before."""
+        wait_for("the reader's port is open", lambda: reader in Reader.of(self.pid) and state_of(self.pid) in "SZX")
+
     def ended(self, seconds=DEADLINE):
         """Waits for the end; the exit status, negative for a signal."""
         wait_for("the program has ended", lambda: not self.running(), seconds)
         return self._process.returncode
 
     def said(self):
-        """What it wrote to its outputs; a healthy run writes nothing."""
-        self._said.seek(0)
-        return self._said.read().decode("utf-8", "replace")
+        """What it wrote to its outputs; a healthy run writes nothing. The place in the file is shared with the program,
+        which may still be writing, so it stays where it is."""
+        file = self._said.fileno()
+        return os.pread(file, os.fstat(file).st_size, 0).decode("utf-8", "replace")
 
     def wait_idle(self):
         """Waits until the program has done all there is to do."""

@@ -4,6 +4,7 @@
 
 #include "barcode/label/frm_PriCheck.h"
 #include "frame/support/ShowModal.h"
+#include "platform/widgets/Hourglass.h"
 #include "platform/widgets/MsgBox.h"
 #include "platform/widgets/vaSpread.h"
 #include "store/AppIni.h"
@@ -30,7 +31,7 @@ bool hasRows(const LabelDesk& desk, const vaSpread& grid, int least)
 
 void showDialog(const LabelDesk& desk, const LabelSource& source)
 {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    QGuiApplication::setOverrideCursor(hourglass());
     frm_PriCheck dialog(source, {desk.ini, desk.msgBox, desk.barPrt, desk.readLine}, desk.form);
     QGuiApplication::restoreOverrideCursor();
     showModal(dialog);

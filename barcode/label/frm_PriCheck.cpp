@@ -9,6 +9,7 @@
 #include "frame/support/FocusPaint.h"
 #include "platform/widgets/BarPrt.h"
 #include "platform/widgets/EnterButton.h"
+#include "platform/widgets/Hourglass.h"
 #include "platform/widgets/SendKeys.h"
 #include "store/Numbers.h"
 #include "ui_frm_PriCheck.h"
@@ -217,7 +218,7 @@ void frm_PriCheck::txtOnePageNum_Change()
         m_txtWHPich.at(i)->setEnabled(counts.at(i) != 1);
         enable(labels.at(i), counts.at(i) != 1);
     }
-    setCursor(Qt::WaitCursor);
+    setCursor(hourglass());
     const int capacity = counts[0] * counts[1];
     const bool many = capacity >= 2;
     m_ui->lblStart->setEnabled(many);

@@ -7,6 +7,7 @@
 #include "platform/core/FillIn.h"
 #include "platform/widgets/BarPrt.h"
 #include "platform/widgets/EnterButton.h"
+#include "platform/widgets/Hourglass.h"
 #include "platform/widgets/MsgBox.h"
 #include "platform/widgets/vaSpread.h"
 #include "store/AppIni.h"
@@ -227,7 +228,7 @@ void frm_PriCheck::CmdOK_Click()
     m_around.barPrt.setOrientation(portrait);
     const bool goOn = m_around.barPrt.choosePrinter(this) == 1;
     if (goOn) { // while the printer is chosen the operator is asked, not kept waiting
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        QGuiApplication::setOverrideCursor(hourglass());
         print();
         QGuiApplication::restoreOverrideCursor();
     }

@@ -2,13 +2,16 @@
 
 #include <cstdlib>
 
+#include <QApplication>
 #include <QDir>
 
 #include "frame/shell/frm_End.h"
+#include "frame/support/DialogScan.h"
 #include "frame/support/ShowModal.h"
 #include "lists/ListPrinting.h"
 #include "platform/core/AwayFromLoop.h"
 #include "platform/core/DoEvents.h"
+#include "platform/core/FileLock.h"
 #include "platform/core/FillIn.h"
 #include "platform/core/FindWindow.h"
 #include "platform/core/RunTimeError.h"
@@ -27,10 +30,22 @@ constexpr int pausesBeforeMaster = 30;
 
 const auto masterTitle = u" 基本情報 登録  　【 マスタ管理 】　　Tarnvik Works Co.,Ltd."_s;
 
+/// What the master-data program holds while it runs.
+QString masterLock(const QString& base)
+{
+    return base + u"/.master.lock"_s;
+}
+
+bool masterRuns(const QString& base)
+{
+    return FindWindow(masterTitle) || (windowsMayBeHidden() && isLocked(masterLock(base)));
+}
+
 } // namespace
 
 Main_Module::Main_Module(const QString& baseFolder, Clock& clock, ScreenMsgBox& msgBox)
-    : m_base(baseFolder), m_clock(clock), m_msgBox(msgBox), m_instance(baseFolder)
+    : m_base(baseFolder), m_clock(clock), m_msgBox(msgBox), m_instance(baseFolder),
+      m_atRest([this] { return atWork(); })
 {
 }
 
@@ -40,7 +55,7 @@ int Main_Module::Main()
 {
     if (m_instance.prevInstance())
         return EXIT_SUCCESS;
-    if (FindWindow(masterTitle)) {
+    if (masterRuns(m_base)) {
         m_msgBox.show(
             {u" 【基本情報 登録】が起動中です"_s,
              u"【すいすいＴＡＧ】の起動はできません。　　　　\r\n\r\n【基本情報 登録】が起動しています。"_s,
@@ -127,6 +142,17 @@ QString Main_Module::LastDateGet() const
 QString Main_Module::readLine()
 {
     return m_barcode ? m_barcode->line() : QString();
+}
+
+/// Boxes and dialogs wait for their operator, so only what the reader has for a dialog is work then. Behind
+/// them a scan may well wait; it is nobody's turn.
+bool Main_Module::atWork() const
+{
+    const bool lineWaits = m_barcode && m_barcode->hasLine();
+    if (const QWidget* dialog = QApplication::activeModalWidget())
+        return lineWaits && readsScans(*dialog);
+    return !m_barcode || !m_frmMain || lineWaits || m_frmMain->atWork() || m_shortWait->isVisible()
+           || m_wait->isVisible();
 }
 
 /// The window with everything that it is given by the run.
@@ -235,6 +261,7 @@ void Main_Module::stop()
     if (m_masterStartFlag) {
         for (int i = 0; i < pausesBeforeMaster; ++i)
             m_clock.letPass(10ms);
+        const InheritedLock lock(masterLock(m_base)); // it keeps the lock while it runs
         Shell(m_appEnv->BaseFolder() + u"/exe/Master.exe"_s, m_appEnv->BaseFolder());
     }
     m_appEnv.reset();

@@ -12,6 +12,7 @@
 #include "frame/shell/frmMain.h"
 #include "frame/support/frm_ShortWait.h"
 #include "frame/support/frm_Wait.h"
+#include "platform/core/AtRest.h"
 #include "platform/core/Clock.h"
 #include "platform/core/MSComm.h"
 #include "platform/core/SingleInstance.h"
@@ -50,6 +51,7 @@ private:
     [[nodiscard]] bool openDatabase();
     void volumeCheck(int count, const QString& text);
     [[nodiscard]] QString readLine();
+    [[nodiscard]] bool atWork() const;
     void makeWindow();
     [[nodiscard]] bool loadWindow();
     void openReader();
@@ -62,6 +64,7 @@ private:
     Clock& m_clock;
     ScreenMsgBox& m_msgBox;
     SingleInstance m_instance;
+    AtRest m_atRest;
 
     // Declared in the order in which the run needs them; released in the stop order by stop().
     std::unique_ptr<AppEnv> m_appEnv;

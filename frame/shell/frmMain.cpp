@@ -22,6 +22,7 @@
 #include "platform/core/DoEvents.h"
 #include "platform/core/KeyCodes.h"
 #include "platform/widgets/EnterButton.h"
+#include "platform/widgets/Hourglass.h"
 #include "store/AppEnv.h"
 #include "store/AppIni.h"
 #include "ui_frmMain.h"
@@ -155,6 +156,12 @@ void frmMain::recogniseTypedScans()
                                               [this](const QString& value) { m_gate.scanned(value); });
 }
 
+bool frmMain::atWork() const
+{
+    return !m_gate.enabled() || m_gate.heldKeys() > 0 || m_gate.hasScan()
+           || (m_typedScan && m_typedScan->holdsKeys());
+}
+
 QComboBox* frmMain::staffChoice()
 {
     return m_ui->cmbTantou;
@@ -173,7 +180,7 @@ void frmMain::setPointer(bool hourglass)
         return;
     m_hourglass = hourglass;
     if (hourglass)
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        QGuiApplication::setOverrideCursor(suisui::hourglass());
     else
         QGuiApplication::restoreOverrideCursor();
 }

@@ -81,6 +81,8 @@ public:
     /// when there is none.
     [[nodiscard]] QString takeTypedScan() { return m_gate.takeScan(); }
     [[nodiscard]] bool hasTypedScan() const { return m_gate.hasScan(); }
+    /// Something is under way, or keys and scans wait for their turn.
+    [[nodiscard]] bool atWork() const;
     /// The pages and the shared choice of staff, for whoever drives the window.
     [[nodiscard]] Page& page(Tab tab) { return *m_pages.at(static_cast<std::size_t>(tab)); }
     [[nodiscard]] QComboBox* staffChoice();

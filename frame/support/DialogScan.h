@@ -2,6 +2,7 @@
 // each tick and answers the dialog with it.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 
 #include <QAbstractButton>
@@ -33,9 +34,20 @@ public:
     void start() { m_timer1.start(1); }
     /// Interval 0: the dialog reads no more.
     void stop() { m_timer1.stop(); }
+    [[nodiscard]] bool reading() const { return m_timer1.isActive(); }
 
 private:
     QTimer m_timer1;
 };
+
+/// True when the reader's lines go to \a dialog now.
+[[nodiscard]] inline bool readsScans(const QWidget& dialog)
+{
+    const QObjectList& parts = dialog.children();
+    return std::any_of(parts.begin(), parts.end(), [](const QObject* part) {
+        const auto* scan = dynamic_cast<const DialogScan*>(part);
+        return scan != nullptr && scan->reading();
+    });
+}
 
 } // namespace suisui

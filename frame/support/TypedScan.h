@@ -35,6 +35,9 @@ public:
     TypedScan(QWidget& form, std::function<bool()> endsPlainCodes, Scanned scanned);
     ~TypedScan() override;
 
+    /// Keys are held that may still become a scan.
+    [[nodiscard]] bool holdsKeys() const { return !m_held.empty(); }
+
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 

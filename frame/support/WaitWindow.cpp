@@ -1,14 +1,36 @@
 #include "frame/support/WaitWindow.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMainWindow>
 #include <QScreen>
+#include <QWindow>
+
+#include "platform/widgets/Hourglass.h"
 
 namespace suisui {
 
 namespace {
 
 constexpr int tickMs = 300;
+
+/// Under Wayland a window of its own would take the focus, so that keys typed during the work would be lost,
+/// and would not stay in front. A tool tip of the main window does neither. At the start there is no main
+/// window yet, and no key to lose.
+void standOverMain(QWidget& wait)
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto main = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && qobject_cast<const QMainWindow*>(window) != nullptr;
+    });
+    if (main == windows.end())
+        return;
+    wait.setWindowFlags(Qt::ToolTip | Qt::WindowDoesNotAcceptFocus);
+    wait.winId(); // makes the window, which knows nothing of the other yet
+    wait.windowHandle()->setTransientParent((*main)->windowHandle());
+}
 
 } // namespace
 
@@ -36,8 +58,10 @@ void WaitWindow::open()
 {
     m_endMark = false;
     if (!m_loaded)
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        QGuiApplication::setOverrideCursor(hourglass());
     m_loaded = true;
+    if (QGuiApplication::platformName().startsWith(u"wayland"))
+        standOverMain(*this);
     adjustSize();
     const QWidget* main = QApplication::activeWindow();
     const QRect around =

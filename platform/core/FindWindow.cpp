@@ -119,4 +119,9 @@ bool FindWindow(const QString& title)
     return Search(title).run();
 }
 
+bool windowsMayBeHidden()
+{
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") || qgetenv("XDG_SESSION_TYPE") == "wayland";
+}
+
 } // namespace suisui

@@ -10,4 +10,8 @@ namespace suisui {
 /// does not. False too where there is no X display.
 [[nodiscard]] bool FindWindow(const QString& title);
 
+/// True in a Wayland session. There no program sees the windows of another; an X server beside it (Xwayland)
+/// shows those of X programs only. So a window that FindWindow does not find may be there all the same.
+[[nodiscard]] bool windowsMayBeHidden();
+
 } // namespace suisui

@@ -10,6 +10,7 @@ import time
 
 from shop_test import ShopTest, main
 
+COPIES = 3
 KILLS = 12
 
 
@@ -36,9 +37,9 @@ class Backup(ShopTest):
 
     def test_copies_made_while_receipts_come_in_are_proved_and_no_scan_is_lost(self):
         program = self.open()
-        codes = self.plain_codes(4)
+        codes = self.plain_codes(2)
         scans = 0
-        for _ in range(4):
+        for _ in range(COPIES):
             for code in codes:
                 self.reader.scan(code)
                 scans += 1
@@ -50,7 +51,7 @@ class Backup(ShopTest):
             self.assertLessEqual(before, held)
             self.assertLessEqual(held, scans)
         self.wait_receipts(scans)
-        self.assertEqual(4, len(self.copies()))
+        self.assertEqual(COPIES, len(self.copies()))
         self.assertProved()
         self.end(program)
         self.assertWhole()

@@ -5,7 +5,7 @@ import time
 
 import day_reports
 import desk
-from shop_test import ShopTest, main, wait_for
+from shop_test import ShopTest, main
 
 ERROR, NOTHING = " 印刷エラー", "一覧印刷"
 PRINTER = day_reports.PRINTER
@@ -95,9 +95,10 @@ class Reports(ShopTest):
         self.open_pages()
         self.reader.scan("[P]")
         self.screen.wait_active(PRINTER)
+        dialog = self.screen.active_window()
         self.screen.press("alt+f", "ctrl+a", "slash", *"dev", "slash", *"full", "Return")
-        wait_for("the question about a file that is there", lambda: self.screen.titles().count(PRINTER) == 2)
-        self.screen.press("alt+y")
+        self.screen.wait_in_front_of(dialog)  # the question about a file that is there
+        self.screen.answer(PRINTER, "alt+y")
         self.screen.answer(ERROR)
         self.screen.wait_gone(PAGES)
         program.wait_idle()

@@ -275,4 +275,21 @@ TEST_F(FindWindowTest, withoutAScreen_nothingIsFound)
     EXPECT_TRUE(FindWindow(masterTitle));
 }
 
+TEST(WindowsMayBeHidden, inAWaylandSessionOnly)
+{
+    const QByteArray display = qgetenv("WAYLAND_DISPLAY");
+    const QByteArray kind = qgetenv("XDG_SESSION_TYPE");
+    qunsetenv("WAYLAND_DISPLAY");
+    qputenv("XDG_SESSION_TYPE", "x11");
+    EXPECT_FALSE(windowsMayBeHidden());
+    qputenv("XDG_SESSION_TYPE", "wayland");
+    EXPECT_TRUE(windowsMayBeHidden());
+    qunsetenv("XDG_SESSION_TYPE");
+    EXPECT_FALSE(windowsMayBeHidden());
+    qputenv("WAYLAND_DISPLAY", "wayland-1");
+    EXPECT_TRUE(windowsMayBeHidden());
+    qputenv("WAYLAND_DISPLAY", display);
+    qputenv("XDG_SESSION_TYPE", kind);
+}
+
 } // namespace suisui::test

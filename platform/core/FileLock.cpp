@@ -1,0 +1,45 @@
+#include "platform/core/FileLock.h"
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <QFile>
+
+namespace suisui {
+
+namespace {
+
+constexpr mode_t ownersOnly = 0600;
+
+} // namespace
+
+bool isLocked(const QString& path)
+{
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    const bool locked = ::flock(file, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    ::close(file);
+    return locked;
+}
+
+// No O_CLOEXEC: whoever is started meanwhile keeps the lock.
+InheritedLock::InheritedLock(const QString& path)
+    : m_file(::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT, ownersOnly))
+{
+    if (m_file < 0 || ::flock(m_file, LOCK_EX | LOCK_NB) == 0)
+        return;
+    ::close(m_file);
+    m_file = -1;
+}
+
+InheritedLock::~InheritedLock()
+{
+    if (m_file >= 0)
+        ::close(m_file);
+}
+
+} // namespace suisui
