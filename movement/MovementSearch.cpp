@@ -64,7 +64,7 @@ bool MovementPage::agreesToShow(int count)
 {
     if (count <= rowsWithoutAsking)
         return true;
-    if (!agreesToManyRows(m_services.msgBox, count))
+    if (!agreesToManyRows(m_services.frame, m_services.msgBox, count))
         return false;
     m_services.frame.showWait(QString::fromUtf16(m_side.waitTag), count);
     return true;

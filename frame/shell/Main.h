@@ -48,6 +48,7 @@ public:
 
 private:
     [[nodiscard]] bool openDatabase();
+    void unloadWaits();
     void volumeCheck(int count, const QString& text);
     [[nodiscard]] QString readLine();
     void makeWindow();
