@@ -9,6 +9,7 @@
 #include <QStyle>
 
 #include "frame/support/FocusPaint.h"
+#include "history/FileChoice.h"
 #include "platform/core/FillIn.h"
 #include "platform/widgets/MsgBox.h"
 #include "store/AppEnv.h"
@@ -97,10 +98,8 @@ void frm_DirFile::dress(const AppEnv& env)
     connect(m_ui->FileList, &QListWidget::itemSelectionChanged, this, &frm_DirFile::FileList_Click);
     // A click chooses and two decide, also where the desktop opens things by one.
     m_ui->FileList->setStyleSheet(u"activate-on-singleclick: 0"_s);
-    connect(m_ui->FileList, &QListWidget::itemActivated, this, [this] {
-        FileList_Click(); // Enter takes the file that is marked, chosen before or not
-        m_ui->CmdOK->click();
-    });
+    connect(m_ui->FileList, &QListWidget::itemActivated, m_ui->CmdOK, &QPushButton::click);
+    connect(m_ui->FileList, &FileChoice::decided, m_ui->CmdOK, &QPushButton::click);
     const std::pair<QPushButton*, QString> places[] = {{m_ui->cmdMyDoc, env.MyDocFolder()},
                                                        {m_ui->cmdDeskTop, env.DeskTopFolder()}};
     for (const auto& [button, folder] : places) {

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "frame/support/GridColumns.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
 
@@ -22,16 +23,17 @@ constexpr SpreadColumn figure(std::string_view heading, int width)
 constexpr SpreadColumn indexColumn{.heading = "", .hidden = true};
 
 constexpr std::array receiptColumns{
-    text("入荷日", 92),   text("商品名", 220), text("入荷先", 170), figure("単価", 94),  figure("数量", 94),
-    figure("値引き", 94), figure("合計", 124), text("コード", 112), text("担当者", 100), figure("返却数", 80),
-    text("単位", 56),     text("備考", 180),   indexColumn,
+    text("入荷日", 92),  text("商品名", 220),  text("入荷先", 170), figure("単価", 94),
+    figure("数量", 94),  figure("値引き", 94), figure("合計", 124), text("コード", codeWidth),
+    text("担当者", 100), figure("返却数", 80), text("単位", 56),    text("備考", 180),
+    indexColumn,
 };
 
 constexpr std::array shipmentColumns{
     text("出荷日", 92),     text("商品名", 220),
     text("出荷先", 170),    figure("単価", 94),
     figure("数量", 94),     figure("値引き", 94),
-    figure("合計", 124),    text("コード", 112),
+    figure("合計", 124),    text("コード", codeWidth),
     text("担当者", 100),    figure("良品返品", 80),
     figure("不良返品", 80), text("単位", 56),
     text("備考", 180),      indexColumn,

@@ -83,7 +83,7 @@ void MovementListPage::listLoad()
         emptyGrid();
         return;
     }
-    if (count > rowsWithoutAsking && !agreesToManyRows(m_services.msgBox, count)) {
+    if (count > rowsWithoutAsking && !agreesToManyRows(m_services.frame, m_services.msgBox, count)) {
         buffer.clear(db);
         return;
     }

@@ -82,8 +82,22 @@ void StockPage::wire()
         if (newCol > 0)
             m_rowPointer = newRow;
     });
-    for (QCheckBox* box : {m_ui->chkStock_Low, m_ui->chkStock_Zero})
+    for (QCheckBox* box : {m_ui->chkStock_Low, m_ui->chkStock_Zero}) {
         box->installEventFilter(this);
+        keepRoom(*box);
+    }
+}
+
+/// The room of the larger font that a ticked box has, so that nothing moves when it is ticked.
+void StockPage::keepRoom(QCheckBox& box)
+{
+    const QFont plain = box.font();
+    QFont ticked = plain;
+    ticked.setPixelSize(tickedFontSize);
+    box.setFont(ticked);
+    box.ensurePolished();
+    box.setMinimumSize(box.sizeHint());
+    box.setFont(plain);
 }
 
 QLineEdit* StockPage::barCodeField()
@@ -238,8 +252,10 @@ void StockPage::headingClick(int col)
     if (sheet.MaxRows() < rowsForASort || detailView() || isEmptyColumn(col))
         return;
     m_services.frame.BusyOn();
-    // Nothing has moved the cursor since the headings were written: there is no row to go back to.
-    const QString kept = m_rowPointer > 0 ? sheet.qtext(StockCells::code, m_rowPointer) : QString();
+    // While nothing has moved the cursor since the headings were written, there is no code to go back to. The
+    // bar then stays with its goods, and the cursor goes there.
+    const int sought = m_rowPointer > 0 ? StockCells::code : StockCells::index;
+    const QString kept = sheet.qtext(sought, m_rowPointer > 0 ? m_rowPointer : sheet.ActiveRow());
     const bool ascending = isWords(col) || col == StockCells::unit;
     const vaSpread::SortKey keys[] = {{col, ascending}, {StockCells::code, true}, {StockCells::name, true}};
     {
@@ -249,11 +265,11 @@ void StockPage::headingClick(int col)
         sheet.Sort(keys);
         writeHeadings(col);
         for (int row = 1; !kept.isEmpty() && row <= sheet.MaxRows(); ++row) {
-            if (sheet.qtext(StockCells::code, row) != kept)
+            if (sheet.qtext(sought, row) != kept)
                 continue;
             m_bar->move(row == activeRow ? 0 : activeRow, row);
             sheet.SetActiveCell(activeCol, row);
-            m_rowPointer = row;
+            m_rowPointer = sought == StockCells::code ? row : 0;
             break;
         }
     }

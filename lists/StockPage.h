@@ -56,6 +56,7 @@ protected:
 
 private:
     void wire();
+    static void keepRoom(QCheckBox& box);
     [[nodiscard]] bool detailView() const;
     void viewChosen();
     void headingClick(int col);

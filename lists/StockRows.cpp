@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "frame/support/GridColumns.h"
 #include "platform/core/RunTimeError.h"
 #include "store/AppIni.h"
 #include "store/Numbers.h"
@@ -13,7 +14,7 @@ namespace suisui {
 namespace {
 
 constexpr std::array columns{
-    SpreadColumn{.heading = "コード", .width = 120},
+    SpreadColumn{.heading = "コード", .width = codeWidth},
     SpreadColumn{.heading = "名称", .width = 240},
     SpreadColumn{.heading = "在庫数", .type = CellType::Figure, .width = 120},
     SpreadColumn{.heading = "入荷単価", .type = CellType::Figure, .width = 100},

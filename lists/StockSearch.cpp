@@ -56,7 +56,7 @@ bool StockPage::agreesToShow(int count)
 {
     if (count <= (detailView() ? detailedRowsWithoutAsking : rowsWithoutAsking))
         return true;
-    return agreesToManyRows(m_services.msgBox, count);
+    return agreesToManyRows(m_services.frame, m_services.msgBox, count);
 }
 
 /// The wait window, where \a count goods take long enough for one.

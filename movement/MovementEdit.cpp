@@ -31,6 +31,10 @@ void MovementPage::cmdKousin_Click()
         if (answer != BoxAnswer::Yes)
             return;
     }
+    if (m_editLost) { // writing the others would report an update that has left this one out
+        concurrentChange(false);
+        return;
+    }
     putBackPosted();
     const std::string stamp = stampOf(m_services.clock.now());
     for (int row = 1; inStep(row) && row <= grid()->MaxRows(); ++row)
@@ -38,8 +42,7 @@ void MovementPage::cmdKousin_Click()
             return;
     m_services.db.Commit();
     if (m_services.db.LastStatus() != 0) {
-        m_services.db.Rollback();
-        concurrentChange(false);
+        notWritten(false);
         return;
     }
     m_takenBack.clear();
@@ -59,16 +62,24 @@ bool MovementPage::updateRow(int row, const std::string& stamp)
         m_services.db.Rollback();
         return false;
     }
-    if (m_rows.UpdateRow(index) != 0
-        && m_rows.UpdateRow(index) != 0) { // a second try, as a lock may be brief
-        m_services.db.Rollback();
-        concurrentChange(false);
+    if (!writeRow(index)) {
+        notWritten(false);
+        m_editLost = m_rows.RowState(index) == "D";
         return false;
     }
     m_takenBack.emplace_back(row, posted);
     showPosted(row, now);
     markStale();
     return true;
+}
+
+/// Tries a second time, as a lock may be brief. Only the second failure is shown.
+bool MovementPage::writeRow(int rowIndex)
+{
+    m_services.db.ShowErrors(false);
+    const int first = m_rows.UpdateRow(rowIndex);
+    m_services.db.ShowErrors(true);
+    return first == 0 || m_rows.UpdateRow(rowIndex) == 0;
 }
 
 void MovementPage::showPosted(int row, const Figures& figures)
@@ -144,7 +155,7 @@ void MovementPage::cmdDelete_Click()
     }
     m_rows.PrepareDelete(index);
     if (!commitWhen(m_rows.DeleteRow(index))) {
-        concurrentChange(true);
+        notWritten(true);
         m_services.frame.setDirty(m_side.side, false);
         return;
     }
@@ -195,6 +206,17 @@ void MovementPage::takeOutOfGrid(int row, int rowIndex)
         sheet.SetActiveCell(m_side.cells.quantity, next);
     m_bar->move(0, next);
     sheet.setReDraw(true);
+}
+
+/// Ends a correction or a delete that could not be written. A failure of the database has shown its cause by
+/// now; a row that was refused has not, and that is another program's change.
+void MovementPage::notWritten(bool deleting)
+{
+    m_services.db.Rollback();
+    if (m_services.db.LastErrNo().empty())
+        concurrentChange(deleting);
+    else
+        m_ui->cmdXKensaku->setFocus();
 }
 
 void MovementPage::concurrentChange(bool deleting)

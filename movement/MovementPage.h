@@ -97,11 +97,13 @@ private:
     [[nodiscard]] bool postUpdate(int row, int rowIndex, const Figures& posted, const Figures& now,
                                   const std::string& stamp);
     void restorePosted(int row, int rowIndex, const Figures& posted);
+    [[nodiscard]] bool writeRow(int rowIndex);
     void showPosted(int row, const Figures& figures);
     void putBackPosted();
     [[nodiscard]] bool agreesToDelete();
     [[nodiscard]] bool postDelete(int rowIndex, double delta, const std::string& stamp);
     void takeOutOfGrid(int row, int rowIndex);
+    void notWritten(bool deleting);
     void concurrentChange(bool deleting);
 
     [[nodiscard]] Figures postedFigures(int row) const;
@@ -124,6 +126,9 @@ private:
     std::vector<std::pair<int, Figures>> m_takenBack;
     /// Rows at the bottom of the grid that the buffer has left behind.
     int m_outOfStep = 0;
+    /// A corrected row is not in the table: another program has deleted it, or it was never stored. Updates
+    /// are refused until the next search.
+    bool m_editLost = false;
 };
 
 } // namespace suisui

@@ -37,6 +37,7 @@ void MovementPage::cmdKensaku_Click()
         const int count = m_rows.Select(where);
         m_takenBack.clear();
         m_outOfStep = 0;
+        m_editLost = false;
         if (count <= 0) {
             grid()->setMaxRows(0);
             grid()->setReDraw(true);
@@ -63,7 +64,7 @@ bool MovementPage::agreesToShow(int count)
 {
     if (count <= rowsWithoutAsking)
         return true;
-    if (!agreesToManyRows(m_services.msgBox, count))
+    if (!agreesToManyRows(m_services.frame, m_services.msgBox, count))
         return false;
     m_services.frame.showWait(QString::fromUtf16(m_side.waitTag), count);
     return true;
@@ -125,8 +126,11 @@ void MovementPage::cellChange(int column, int row)
     m_services.frame.BusyOn();
     if (inStep(row)) {
         const int index = bufferIndex(row);
-        if (changeNumber(column, row, index) || changeText(column, row, index))
+        if (changeNumber(column, row, index) || changeText(column, row, index)) {
             m_services.frame.setDirty(m_side.side, true);
+            const std::string_view state = m_rows.RowState(index);
+            m_editLost |= state == "D" || state == "N";
+        }
     } else {
         concurrentChange(false); // the box says what to do: search again
     }

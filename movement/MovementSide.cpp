@@ -1,5 +1,6 @@
 #include "movement/MovementSide.h"
 
+#include "frame/support/GridColumns.h"
 #include "store/AppIni.h"
 
 namespace suisui {
@@ -11,7 +12,7 @@ namespace {
 constexpr int quantityDigits = 7;
 constexpr int moneyDigits = 9;
 
-constexpr SpreadColumn codeColumn{.heading = "コード", .type = CellType::Locked, .width = 112};
+constexpr SpreadColumn codeColumn{.heading = "コード", .type = CellType::Locked, .width = codeWidth};
 constexpr SpreadColumn nameColumn{.heading = "名称", .type = CellType::Text, .width = 200};
 constexpr SpreadColumn priceColumn{
     .heading = "単価", .type = CellType::Number, .width = 94, .digits = moneyDigits};

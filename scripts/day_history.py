@@ -46,10 +46,10 @@ def work(day, shop, screen, reader):
     reader.scan("[S]")
     screen.wait_active(FILE_DIALOG)
     day.picture("history-file")
-    reader.scan("{ENTER}")  # the file that is marked
+    reader.scan("{HOME}{ENTER}")  # the first file
     screen.answer(CONFIRMATION)
     screen.answer(LOADED)
     day.expect("every movement is back", _movements(shop) == before)
     day.expect("no stock figure has moved", shop.stock() == stock)
     day.expect("the file is gone", not file.exists())
-    print(f"scan [S], Enter        {len(before[0])} 入荷  {len(before[1])} 出荷  back; no stock figure moved")
+    print(f"scan [S], Home, Enter  {len(before[0])} 入荷  {len(before[1])} 出荷  back; no stock figure moved")

@@ -1,6 +1,7 @@
 #include "store/AppDB.h"
 
 #include <array>
+#include <charconv>
 #include <filesystem>
 
 #include "platform/core/Files.h"
@@ -158,8 +159,11 @@ int AppDB::beginWrite()
         if (m_engine.inTransaction())
             return noError;
         // The engine has given up the unit by itself, as it does on a full disk. What came before is gone, so
-        // what comes after must not be stored alone.
+        // what comes after must not be stored alone. Whoever tries again hears the cause again.
         m_lastStatus = failure;
+        int code = failure;
+        std::from_chars(m_lastErrNo.data(), m_lastErrNo.data() + m_lastErrNo.size(), code);
+        report(code);
         return failure;
     }
     const int code = m_engine.execute("BEGIN IMMEDIATE");

@@ -16,6 +16,38 @@ namespace suisui {
 namespace {
 
 constexpr double widthOfSingleColumn = 110; ///< a sheet of one column gives no width
+constexpr double shareOfWidth = 0.25;       ///< so far into its label that it is over the bars of that one
+constexpr int buttonSize = 18;
+
+/// A ring on a label, so that the bars under it are still seen.
+class PositionButton final : public QRadioButton
+{
+public:
+    using QRadioButton::QRadioButton;
+
+    [[nodiscard]] QSize sizeHint() const override { return {buttonSize, buttonSize}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    [[nodiscard]] bool hitButton(const QPoint& at) const override { return rect().contains(at); }
+
+    void paintEvent(QPaintEvent*) override
+    {
+        constexpr qreal line = 2;
+        constexpr qreal halo = 5; // of white, or the ring would be lost between black bars
+        constexpr qreal inset = 3.5;
+        const QRectF ring = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
+        const QColor ink = isEnabled() ? QColor(0, 90, 200) : palette().color(QPalette::Mid);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Qt::white, halo));
+        painter.drawEllipse(ring);
+        painter.setPen(QPen(ink, line));
+        if (isChecked())
+            painter.setBrush(ink);
+        painter.drawEllipse(ring);
+    }
+};
 
 } // namespace
 
@@ -35,14 +67,14 @@ void SheetPicture::setSheet(const LabelSheet& sheet, const QString& name)
         .width = width > 0 ? width : widthOfSingleColumn,
         .height = numberIn(QString::fromUtf16(sheet.height))};
     for (int position = 0; position < grid.capacity(); ++position) {
-        auto* button = new QRadioButton(this);
+        auto* button = new PositionButton(this);
         button->setObjectName(name + QString::number(position));
         button->setToolTip(u"%1"_s.arg(position + 1));
         button->setAccessibleName(u"%1 番目のラベルから"_s.arg(position + 1));
         button->adjustSize();
         const Millimetres label = grid.placeOf(position);
         m_buttons.push_back(button);
-        m_places.push_back({label.x + grid.width, label.y + barHeight / 2});
+        m_places.push_back({label.x + grid.width * shareOfWidth, label.y + barHeight / 2});
     }
 }
 
@@ -88,12 +120,11 @@ void SheetPicture::paintEvent(QPaintEvent*)
 
 void SheetPicture::resizeEvent(QResizeEvent* event)
 {
-    constexpr int gap = 3; // to the next label
     QWidget::resizeEvent(event);
     for (std::size_t i = 0; i < m_buttons.size(); ++i) {
         QRadioButton& button = *m_buttons[i];
         const QSize size = button.sizeHint();
-        button.setGeometry(QRect(pixelOf(m_places[i]) - QPoint(size.width() + gap, size.height() / 2), size));
+        button.setGeometry(QRect(pixelOf(m_places[i]) - QPoint(size.width() / 2, size.height() / 2), size));
     }
     Q_EMIT resized();
 }

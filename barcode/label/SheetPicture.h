@@ -1,5 +1,5 @@
-// The picture of a sheet: its page as it will be printed, with a round button at every label; the chosen
-// button is the first label.
+// The picture of a sheet: its page as it will be printed, with a ring over the bars of every label; the
+// filled ring is the first label.
 #pragma once
 
 #include <vector>
@@ -45,7 +45,7 @@ private:
     QImage m_page;
     Millimetres m_corner;
     std::vector<QRadioButton*> m_buttons;
-    std::vector<Millimetres> m_places; ///< of the buttons
+    std::vector<Millimetres> m_places; ///< of the middles of the buttons
 };
 
 } // namespace suisui

@@ -18,7 +18,8 @@ public:
     /// Called with a description of the error; does not return.
     void setErrorEnd(std::function<void(const QString&)> end) { m_end = std::move(end); }
 
-    /// The words for \a error in the report.
+    /// The words for \a error in the report, for the shop's people. What a programmer needs besides goes to
+    /// the journal of the desktop.
     [[nodiscard]] static QString describe(const std::exception& error);
 
     bool notify(QObject* receiver, QEvent* event) override;

@@ -96,6 +96,7 @@ bool Main_Module::openDatabase()
     const auto showError = [this](const std::string& text) {
         // Long work on the database runs away from the loop; a box never does.
         inLoop([this, &text] {
+            unloadWaits();
             m_msgBox.show({u"データベースエラー"_s, QString::fromStdString(text), BoxIcon::Stop});
         });
     };
@@ -118,6 +119,13 @@ bool Main_Module::openDatabase()
     m_appIni.reset();
     m_slipIni.reset();
     return false;
+}
+
+/// Before a box, which could not be answered under a wait window.
+void Main_Module::unloadWaits()
+{
+    m_shortWait->unload();
+    m_wait->unload();
 }
 
 /// A warning only: the operator is told to move old movements out.
@@ -204,7 +212,7 @@ void Main_Module::openReader()
 {
     m_msComm1 = std::make_unique<MSComm>([this](int port) { return m_appEnv->portDevice(port); });
     m_barcode = std::make_unique<Barcode>([this] { return m_appEnv->readerSettings(); }, m_msgBox,
-                                          [this] { m_shortWait->unload(); });
+                                          [this] { unloadWaits(); });
     m_barcode->BarCodeInit(m_msComm1.get());
 }
 

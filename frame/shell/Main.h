@@ -49,6 +49,7 @@ public:
 
 private:
     [[nodiscard]] bool openDatabase();
+    void unloadWaits();
     void volumeCheck(int count, const QString& text);
     [[nodiscard]] QString readLine();
     [[nodiscard]] bool atWork() const;

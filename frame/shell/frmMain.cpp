@@ -238,6 +238,7 @@ bool frmMain::waitVisible() const
 void frmMain::unloadWait()
 {
     m_around.wait.unload();
+    m_around.shortWait.unload();
 }
 
 void frmMain::setWaitProgress(int value)

@@ -13,6 +13,7 @@ int main(int argc, char** argv)
     try {
         return run.Main();
     } catch (const std::exception& error) {
+        qCritical("%s", error.what());
         run.endOnError(suisui::Application::describe(error));
     }
 }

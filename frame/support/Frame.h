@@ -53,7 +53,7 @@ public:
     /// frm_Wait for the job \a waitTag, with a bar from 0 to \a maximum.
     virtual void showWait(const QString& waitTag, int maximum) = 0;
     [[nodiscard]] virtual bool waitVisible() const = 0;
-    /// Takes frm_Wait away at once, where a box is to follow.
+    /// Takes the wait windows away at once, where a box is to follow.
     virtual void unloadWait() = 0;
     /// Moves the bar and, often enough for the window to repaint, lets events run.
     virtual void setWaitProgress(int value) = 0;

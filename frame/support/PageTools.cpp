@@ -40,16 +40,11 @@ const QString allChoices = u"（すべて）"_s;
 
 void fillCombo(QComboBox& combo, const ChoiceList& choices, bool withAll)
 {
-    // One long name must not widen the whole window; the open list shows it in full.
-    constexpr int shownCharacters = 12;
-    combo.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo.setMinimumContentsLength(shownCharacters);
     combo.clear();
     for (const Choice& choice : choices)
         combo.addItem(choice.name);
     if (withAll)
         combo.addItem(allChoices);
-    combo.view()->setMinimumWidth(combo.view()->sizeHintForColumn(0));
     combo.setCurrentIndex(withAll ? combo.count() - 1 : 0);
 }
 

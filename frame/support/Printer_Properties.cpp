@@ -126,13 +126,16 @@ void Printer_Properties::PrintLabel(const FormLabel& label, bool transparent) co
     if (!transparent)
         painter.fillRect(boxOf(place.x, place.y, width, text.height()), label.backColor);
     painter.setPen(label.foreColor);
-    if (place.spaced) {
+    const double room = label.width * m_dpiX;
+    if (place.spaced && (label.alignment != FormAlign::Centre || width <= room)) {
         text.drawSpaced(painter, place.x, place.y, place.cell, label.caption);
         return;
     }
-    const double room = label.width * m_dpiX;
-    const double stretch = width > room && room > 0 ? room / width : 1;
-    text.draw(painter, place.x, place.y, label.caption, stretch);
+    // A text that is too long is drawn narrower. A centred one is no longer counted then: it fills its box.
+    const double drawn = text.width(label.caption);
+    const double stretch = drawn > room && room > 0 ? room / drawn : 1;
+    const double x = place.spaced ? dotX(label.left) + (room - drawn * stretch) / 2 : place.x;
+    text.draw(painter, x, place.y, label.caption, stretch);
 }
 
 } // namespace suisui

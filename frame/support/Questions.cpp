@@ -1,5 +1,6 @@
 #include "frame/support/Questions.h"
 
+#include "frame/support/Frame.h"
 #include "platform/core/FillIn.h"
 #include "platform/widgets/MsgBox.h"
 #include "store/AppIni.h"
@@ -8,8 +9,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
-bool agreesToManyRows(MsgBox& msgBox, int count)
+bool agreesToManyRows(Frame& frame, MsgBox& msgBox, int count)
 {
+    frame.unloadWait();
     return msgBox.show({u"表示の確認"_s,
                         fillIn(u"検索結果のデータが多いため\r\n表示に時間が掛かる可能性があります。　　　\r\n"
                                u"\r\n　　　（検索結果： {count} 件）\r\n\r\n表示を行っても、よろしいですか？",

@@ -1,5 +1,7 @@
 #include "lists/report/ReportForm.h"
 
+#include <algorithm>
+
 #include "platform/widgets/AppFont.h"
 #include "platform/widgets/vaSpread.h"
 
@@ -63,13 +65,22 @@ void ReportForm::addTexts(std::span<const FixedText> texts)
     }
 }
 
+/// \a box as far as the frame reaches, so that a text that fills it ends inside.
+TwipBox ReportForm::insideFrame(TwipBox box) const
+{
+    constexpr int gap = 45; // twips
+    const int right = m_report.titleBand.left + m_report.titleBand.width - gap;
+    box.width = std::min(box.width, right - box.left);
+    return box;
+}
+
 void ReportForm::addRow(int n)
 {
     const int down = n * m_report.pitch;
     Row row{labelOf(m_report.LbYerrow, down), {}, lineOf(m_report.LnIn, down)};
     row.band.backColor = QColor::fromRgb(bandColour);
     for (const RowElement& element : m_report.cells) {
-        row.cells.push_back(labelOf(element.box, down));
+        row.cells.push_back(labelOf(insideFrame(element.box), down));
         row.cells.back().alignment = element.alignment;
     }
     m_rows.push_back(std::move(row));

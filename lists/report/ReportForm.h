@@ -41,6 +41,7 @@ private:
 
     void addTexts(std::span<const FixedText> texts);
     void addRow(int n);
+    [[nodiscard]] TwipBox insideFrame(TwipBox box) const;
 
     const ReportTemplate& m_report;
     FormLabel m_titleBand;

@@ -8,10 +8,14 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStyle>
 #include <QTimer>
 
 #include "platform/widgets/AppFont.h"
+#include "platform/widgets/BoxText.h"
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/EnterKey.h"
 
@@ -84,22 +88,19 @@ public:
     BoxDialog(const Box& box, QWidget* parent) : QDialog(parent), m_answer(answerOfClosing(box.buttons))
     {
         setObjectName(u"msgBox"_s);
+        // It is answered or closed: a box that is minimised would leave a program that takes no input.
+        setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint
+                       | Qt::WindowCloseButtonHint);
         setWindowTitle(box.title);
         setFont(screenFont());
         auto* picture = new QLabel(this);
         constexpr int pictureSize = 36;
         picture->setPixmap(
             style()->standardIcon(pictureOf(box.icon), nullptr, this).pixmap(pictureSize, pictureSize));
-        auto* text = new QLabel(this);
-        text->setObjectName(u"msgBoxText"_s);
-        text->setTextFormat(Qt::PlainText);
-        text->setWordWrap(false); // the texts break their lines themselves
-        text->setText(box.text);
-
         auto* top = new QHBoxLayout;
         top->setSpacing(16);
         top->addWidget(picture, 0, Qt::AlignTop);
-        top->addWidget(text, 1);
+        top->addWidget(textOf(box), 1);
         auto* bottom = new QHBoxLayout;
         bottom->addStretch();
         for (const BoxButton& button : buttonsOf(box.buttons))
@@ -118,6 +119,24 @@ public:
     [[nodiscard]] BoxAnswer answer() const { return m_answer; }
 
 private:
+    /// The text as far as the screen goes; one that is higher than that scrolls.
+    QWidget* textOf(const Box& box)
+    {
+        constexpr QSize besideText(130, 180); // picture, buttons, margins, and the frame of the window
+        const QSize room = screen()->availableSize() - besideText;
+        auto* text = new BoxText(box.text, room.width(), this);
+        text->setObjectName(u"msgBoxText"_s);
+        if (text->sizeHint().height() <= room.height())
+            return text;
+        auto* area = new QScrollArea(this);
+        area->setFrameShape(QFrame::NoFrame);
+        area->setFocusPolicy(Qt::NoFocus);
+        area->setWidget(text);
+        area->setFixedSize(text->sizeHint().width() + area->verticalScrollBar()->sizeHint().width(),
+                           room.height());
+        return area;
+    }
+
     void addButton(const BoxButton& button, const Box& box, QHBoxLayout& row)
     {
         auto* widget = new EnterButton(this);

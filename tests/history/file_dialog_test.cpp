@@ -137,6 +137,8 @@ TEST(FileDialog, isWorkedByKeys)
     desk.open(false);
     ASSERT_TRUE(desk.files().hasFocus());
     QTest::keyClick(&desk.files(), Qt::Key_Down);
+    EXPECT_EQ(desk.name().text(), u"RRK20260101-20260131"_s);
+    QTest::keyClick(&desk.files(), Qt::Key_Down);
     EXPECT_EQ(desk.name().text(), u"RRK20260201-20260228"_s);
     QTest::keyClick(&desk.files(), Qt::Key_Up);
     EXPECT_EQ(desk.name().text(), u"RRK20260101-20260131"_s);
@@ -145,13 +147,58 @@ TEST(FileDialog, isWorkedByKeys)
     EXPECT_EQ(desk.dialog->FileName(), u"RRK20260101-20260131"_s);
 }
 
-TEST(FileDialog, enterOnTheFileThatIsMarked_takesIt)
+TEST(FileDialog, theFramedFileIsTheChosenOne_andAtFirstNoneIs)
 {
     FileDesk desk;
     desk.open(false);
+    ASSERT_TRUE(desk.files().hasFocus());
+    const auto expectFramedIsChosen = [&desk] {
+        const QListWidgetItem* framed = desk.files().currentItem();
+        EXPECT_EQ(desk.files().selectedItems().value(0), framed);
+        EXPECT_EQ(desk.name().text(),
+                  framed != nullptr ? QFileInfo(framed->text()).completeBaseName() : u""_s);
+    };
+    EXPECT_EQ(desk.files().currentItem(), nullptr);
+    expectFramedIsChosen();
+    desk.files().clearFocus(); // away and back
+    desk.files().setFocus();
+    EXPECT_EQ(desk.files().currentItem(), nullptr);
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = {{Qt::Key_Down, Qt::ControlModifier},
+                                                              {Qt::Key_End, Qt::NoModifier},
+                                                              {Qt::Key_Home, Qt::NoModifier},
+                                                              {Qt::Key_Down, Qt::NoModifier},
+                                                              {Qt::Key_Home, Qt::ControlModifier}};
+    for (const auto& [key, modifiers] : keys) {
+        QTest::keyClick(&desk.files(), key, modifiers);
+        ASSERT_NE(desk.files().currentItem(), nullptr) << key;
+        expectFramedIsChosen();
+    }
+}
+
+TEST(FileDialog, homeChoosesTheFirstFile)
+{
+    FileDesk desk;
+    desk.open(false);
+    QTest::keyClick(&desk.files(), Qt::Key_Home);
+    EXPECT_EQ(desk.name().text(), u"RRK20260101-20260131"_s);
+    desk.box.answers = {BoxAnswer::Yes};
+    press(*desk.dialog, u"CmdOK"_s);
+    EXPECT_EQ(desk.dialog->FullPath(), desk.folder() + u"/RRK20260101-20260131.hst"_s);
+}
+
+TEST(FileDialog, enterInTheList_isTheButton_alsoWhenNothingIsChosen)
+{
+    FileDesk desk;
+    desk.open(false);
+    QTest::keyClick(&desk.files(), Qt::Key_Return);
+    EXPECT_EQ(desk.said().title, u"ファイル名 未指定エラー"_s);
+    EXPECT_TRUE(desk.dialog->isVisible());
+    desk.expectNothingTaken();
+    QTest::keyClick(&desk.files(), Qt::Key_Down);
     desk.box.answers = {BoxAnswer::Yes};
     QTest::keyClick(&desk.files(), Qt::Key_Return);
     EXPECT_EQ(desk.dialog->FileName(), u"RRK20260101-20260131"_s);
+    EXPECT_FALSE(desk.dialog->isVisible());
 }
 
 TEST(FileDialog, withoutAFile_isTold)

@@ -1,4 +1,6 @@
 // Sorting the stock by a click on a heading.
+#include <QTest>
+
 #include "tests/lists/StockTest.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -48,7 +50,7 @@ TEST_F(StockTest, headingsWithoutOrder_doNothing)
     EXPECT_EQ(headings(), searched);
 }
 
-TEST_F(StockTest, sortStraightAfterASearch_movesTheBarWithItsGoods_andTheCursorStays)
+TEST_F(StockTest, sortStraightAfterASearch_movesBarAndCursorWithTheirGoods)
 {
     furnish();
     search(u"*"_s); // bar on a1
@@ -56,7 +58,35 @@ TEST_F(StockTest, sortStraightAfterASearch_movesTheBarWithItsGoods_andTheCursorS
     ASSERT_EQ(codes(), "B2 a1 D4 ");
     const QColor bar = grid().rowBackColor(2);
     EXPECT_TRUE(bar == focusColor || bar == barWithoutFocus);
-    EXPECT_EQ(grid().ActiveRow(), 1);
+    EXPECT_EQ(grid().ActiveRow(), 2);
+    EXPECT_EQ(grid().ActiveCol(), 3);
+}
+
+TEST_F(StockTest, afterSortsAndMoves_oneRowIsBarred_andItIsTheCursors)
+{
+    furnish();
+    search(u"*"_s);
+    page.resize(1100, 600);
+    page.show();
+    grid().setFocus();
+    const auto expectOneBar = [this](const char* when) {
+        for (int row = 1; row <= grid().MaxRows(); ++row)
+            EXPECT_EQ(grid().rowBackColor(row) == focusColor || grid().rowBackColor(row) == barWithoutFocus,
+                      row == grid().ActiveRow())
+                << when << ", row " << row;
+    };
+    expectOneBar("after the search");
+    for (const int column : {9, 1, 3, 2}) { // straight after the search, and again and again
+        Q_EMIT grid().HeadingClick(column);
+        expectOneBar("after a sort");
+    }
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Up}) {
+        QTest::keyClick(&grid(), key);
+        expectOneBar("after a move");
+        Q_EMIT grid().HeadingClick(9);
+        expectOneBar("after a sort");
+        Q_EMIT grid().HeadingClick(1);
+    }
 }
 
 TEST_F(StockTest, sortAfterTheCursorHasMoved_followsItsGoods)

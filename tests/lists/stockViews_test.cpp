@@ -51,4 +51,32 @@ TEST_F(StockTest, insertedGoods_turnYellowOnlyWhenTheBarLeaves)
     EXPECT_EQ(text(2, 2), "　① 入荷");
 }
 
+TEST_F(StockTest, nothingMoves_whenABoxIsTicked)
+{
+    page.resize(1000, 600);
+    page.show();
+    const auto places = [this] {
+        QCoreApplication::processEvents();
+        std::vector<QRect> all;
+        for (const QWidget* control : page.findChildren<QWidget*>())
+            if (control->isVisible())
+                all.emplace_back(control->mapTo(&page, QPoint()), control->size());
+        return all;
+    };
+    const std::vector<QRect> before = places();
+    for (QCheckBox* each : {&low(), &zero()}) {
+        each->setFocus();
+        each->setChecked(true);
+        StockPage::check_LostFocus(*each);
+    }
+    ASSERT_GT(low().font().pixelSize(), grid().font().pixelSize()) << "the larger font is there";
+    EXPECT_EQ(places(), before);
+    EXPECT_GE(low().width(), low().minimumSizeHint().width());
+    for (QCheckBox* each : {&low(), &zero()}) {
+        each->setChecked(false);
+        StockPage::check_LostFocus(*each);
+    }
+    EXPECT_EQ(places(), before);
+}
+
 } // namespace suisui::test

@@ -84,7 +84,7 @@ class History(ShopTest):
         self.reader.scan("[S]")
         self.screen.wait_active(FILE_DIALOG)
         program.wait_idle()
-        self.screen.press("Return")  # the only file there is
+        self.screen.press("Home", "Return")  # the only file there is
         self.screen.answer(CONFIRMATION)
         self.screen.answer(LOADED)
         self.assertEqual(before, self.movements())
@@ -107,7 +107,7 @@ class History(ShopTest):
         program.wait_idle()
         self.reader.scan("[S]")
         self.screen.wait_active(FILE_DIALOG)
-        self.screen.press("Return")
+        self.screen.press("Home", "Return")
         self.screen.answer(CONFIRMATION)
         self.screen.answer(LOADED)
         self.assertEqual(2, self.shop.count("InpTB"))

@@ -1,9 +1,12 @@
 // The label dialog: sheets, page count, what depends on what.
+#include <QCoreApplication>
 #include <QLabel>
 
 #include <gtest/gtest.h>
 
 #include "barcode/label/LabelSheets.h"
+#include "barcode/label/PagePicture.h"
+#include "barcode/label/SheetPicture.h"
 #include "tests/barcode/label/LabelDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -13,6 +16,11 @@ namespace suisui::test {
 namespace {
 
 using Desk = LabelDialogDesk;
+
+QAbstractButton* positionButton(const Desk& desk, int sheet, int position)
+{
+    return desk.button(("opt" + std::to_string(sheet) + "_" + std::to_string(position)).c_str());
+}
 
 } // namespace
 
@@ -268,6 +276,44 @@ TEST(PriCheck, whereTheNumberIsGiven_itIsNotAskedFor)
     desk.open();
     EXPECT_EQ(desk.find<QLabel>("lblPrtNum_1")->text(), u"１ 枚 　"_s);
     EXPECT_EQ(desk.pages(), "1-1");
+}
+
+TEST(PriCheck, eachRoundButtonIsOverTheBarsOfItsOwnLabel_andLetsThemBeSeen)
+{
+    Desk desk(std::vector<Desk::Row>{{"4901001000017", "44"}});
+    frm_PriCheck& dialog = desk.open();
+    for (int sheet = 0; sheet < 4; ++sheet) {
+        SCOPED_TRACE(sheet);
+        desk.sheet(sheet);
+        for (const QSize& size : {QSize(1260, 750), QSize(1000, 720)}) {
+            dialog.resize(size);
+            QCoreApplication::processEvents();
+            const LabelSheet& each = labelSheets.at(static_cast<std::size_t>(sheet));
+            const auto button = [&](int position) { return positionButton(desk, sheet, position); };
+            const auto& picture = *static_cast<SheetPicture*>(button(0)->parentWidget());
+            const double pixels = picture.pageSize().width() / paperWidth;
+            const QPoint corner = picture.rect().center()
+                                  - QPoint(picture.pageSize().width() / 2, picture.pageSize().height() / 2);
+            const auto millimetres = [](const char16_t* text) { return QString::fromUtf16(text).toDouble(); };
+            const double width = each.columns > 1 ? millimetres(each.width) : paperWidth / 2;
+            for (int column = 0; column < each.columns; ++column) {
+                const QRect place = button(column)->geometry();
+                const double bars = corner.x() + (millimetres(each.startX) + column * width) * pixels;
+                EXPECT_GT(place.left(), bars - 4) << column;
+                EXPECT_LT(place.right(), bars + width / 2 * pixels) << column << ": nearer to the next label";
+                const double middle =
+                    corner.y() + (millimetres(each.startY) + millimetres(each.barHeight) / 2) * pixels;
+                EXPECT_NEAR(place.center().y(), middle, 3);
+            }
+        }
+        // An outline: inside the ring the paper is seen.
+        QAbstractButton* other = positionButton(desk, sheet, 1);
+        const QImage ring = other->grab().toImage();
+        const QColor middle = ring.pixelColor(ring.rect().center());
+        EXPECT_NE(middle, QColor(0, 90, 200));
+        other->setChecked(true);
+        EXPECT_EQ(other->grab().toImage().pixelColor(ring.rect().center()), QColor(0, 90, 200));
+    }
 }
 
 } // namespace suisui::test

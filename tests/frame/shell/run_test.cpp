@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QTimer>
 
+#include "frame/support/WaitWindow.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/TempShop.h"
 #include "tests/support/TestClock.h"
@@ -47,14 +48,15 @@ protected:
         shop.add(tantouTable, {"01", "山田"});
         shop.add(masterTable, {"4901001000017", "鉛筆", "", "12", "50", "1", "80", "本", "0"});
     }
-    /// \a count movements of long ago.
-    void fill(const char* table, const char* day, int count)
+    /// \a count movements of one day, long ago unless it is given.
+    void fill(const char* table, const char* day, int count, const std::string& date = "20200101")
     {
         AppDB db(shop.databaseFolder());
         ASSERT_EQ(db.Open("trnvik.mdb"), 0);
         db.Execute(std::string("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ")
                    + std::to_string(count) + ") INSERT INTO " + table + " (Code, " + day
-                   + ", InpDate, UpdDate) SELECT '4901001000017', '20200101', 20200101000000 + i, "
+                   + ", InpDate, UpdDate) SELECT '4901001000017', '" + date
+                   + "', 20200101000000 + i, "
                      "20200101000000 + i FROM n");
         ASSERT_EQ(db.LastStatus(), 0) << db.LastErrText();
         db.Commit();
@@ -75,8 +77,14 @@ protected:
             const QCursor* pointer = QGuiApplication::overrideCursor();
             EXPECT_FALSE(pointer != nullptr && pointer->shape() == Qt::WaitCursor)
                 << "an hourglass over " << dialog->windowTitle().toStdString();
+            for (QWidget* each : QApplication::topLevelWidgets())
+                EXPECT_FALSE(text != nullptr && dynamic_cast<WaitWindow*>(each) != nullptr
+                             && each->isVisible())
+                    << "a wait window in front of " << dialog->windowTitle().toStdString();
             texts += text != nullptr ? text->text() : QString();
-            dialog->findChild<QAbstractButton*>(text != nullptr ? u"msgBoxOk"_s : u"CmdOK"_s)->click();
+            for (const QString& name : {u"msgBoxOk"_s, u"msgBoxYes"_s, u"CmdOK"_s})
+                if (auto* first = dialog->findChild<QAbstractButton*>(name))
+                    return first->click();
             return;
         }
         for (QWidget* each : QApplication::topLevelWidgets())
@@ -175,6 +183,16 @@ TEST_F(WholeRun, movementsJustAtTheLimit_areNotWarnedOf)
     fill("OutTB", "SyuDate", 25000);
     EXPECT_EQ(run(end), 0);
     EXPECT_EQ(titles, (QStringList{noPort, endDialog}));
+}
+
+TEST_F(WholeRun, theQuestionsOfTheFirstSearches_haveNoWaitWindowInFrontOfThem)
+{
+    furnish();
+    fill("InpTB", "NyuDate", 1001, "20260401");
+    fill("OutTB", "SyuDate", 1001, "20260401");
+    EXPECT_EQ(run(end), 0);
+    const QString question = u"表示の確認"_s;
+    EXPECT_EQ(titles, (QStringList{question, question, noPort, endDialog}));
 }
 
 TEST_F(WholeRun, withoutAReceiptPartner_theMasterProgramIsStarted_andNothingAsksAboutTheEnd)

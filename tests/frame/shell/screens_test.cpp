@@ -4,10 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTabBar>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include "frame/shell/Application.h"
 #include "frame/shell/frm_End.h"
@@ -15,6 +21,7 @@
 #include "history/frmRirekiFromTo.h"
 #include "history/frm_DirFile.h"
 #include "lists/frmPriCheck_List.h"
+#include "platform/core/RunTimeError.h"
 #include "store/AppEnv.h"
 #include "tests/barcode/label/LabelDesk.h"
 #include "tests/history/DialogDesk.h"
@@ -114,12 +121,12 @@ TEST_F(MainWindowForms, showTheLargestFiguresInFull)
 {
     // What a column may have to show: what can be typed there, and sums of it.
     const std::map<QString, std::string_view> largest{
-        {u"コード"_s, "4901001000017"}, {u"単価"_s, "-99999999"},      {u"入荷単価"_s, "99,999,999"},
-        {u"出荷単価"_s, "99,999,999"},  {u"数量"_s, "-9999999"},       {u"値引き"_s, "-99999999"},
-        {u"合計"_s, "-99,999,999,999"}, {u"在庫数"_s, "-9,999,999"},   {u"返品"_s, "-9999999"},
-        {u"良品返品"_s, "-9999999"},    {u"不良品返品"_s, "-9999999"}, {u"返却数"_s, "9,999,999"},
-        {u"日付"_s, "2026/12/31"},      {u"時間"_s, "23:59:59"},       {u"入荷日"_s, "2026/12/31"},
-        {u"出荷日"_s, "2026/12/31"},    {u"担当者"_s, "山田　太郎"},   {u"最低在庫"_s, "9,999,999"},
+        {u"コード"_s, "ABCDEFGHIJKLMNOP"}, {u"単価"_s, "-99999999"},      {u"入荷単価"_s, "99,999,999"},
+        {u"出荷単価"_s, "99,999,999"},     {u"数量"_s, "-9999999"},       {u"値引き"_s, "-99999999"},
+        {u"合計"_s, "-99,999,999,999"},    {u"在庫数"_s, "-9,999,999"},   {u"返品"_s, "-9999999"},
+        {u"良品返品"_s, "-9999999"},       {u"不良品返品"_s, "-9999999"}, {u"返却数"_s, "9,999,999"},
+        {u"日付"_s, "2026/12/31"},         {u"時間"_s, "23:59:59"},       {u"入荷日"_s, "2026/12/31"},
+        {u"出荷日"_s, "2026/12/31"},       {u"担当者"_s, "山田　太郎"},   {u"最低在庫"_s, "9,999,999"},
     };
     onEveryTab([&](Tab tab) {
         vaSpread& grid = desk.grid(tab);
@@ -152,6 +159,75 @@ TEST_F(MainWindowForms, tellACellsEditorByItsHeading)
     ASSERT_NE(editor, nullptr);
     EXPECT_EQ(editor->accessibleName(), grid.qtext(quantity, 0));
     EXPECT_GE(editor->height(), editor->fontMetrics().height());
+}
+
+TEST_F(MainWindowForms, theWheelChangesNoTabAndNoChoice)
+{
+    desk.partner("302", "別の店", "1", "1");
+    desk.open();
+    const auto turn = [](QWidget& at) {
+        for (const int angle : {-120, 120, -120, -120}) {
+            const QPointF centre = QRectF(at.rect()).center();
+            QWheelEvent wheel(centre, at.mapToGlobal(centre), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&at, &wheel);
+        }
+    };
+    onEveryTab([&](Tab tab) {
+        for (QComboBox* combo : desk.window->findChildren<QComboBox*>()) {
+            if (!combo->isVisible())
+                continue;
+            ASSERT_GT(combo->count(), 1);
+            combo->setFocus();
+            const int chosen = combo->currentIndex();
+            turn(*combo);
+            EXPECT_EQ(combo->currentIndex(), chosen) << combo->objectName().toStdString();
+        }
+        turn(*desk.window->findChild<QTabBar*>());
+        EXPECT_EQ(desk.window->currentTab(), tab);
+    });
+}
+
+TEST_F(MainWindowForms, theWheelScrollsAnOpenList)
+{
+    for (int i = 0; i < 60; ++i)
+        desk.partner("4" + std::to_string(100 + i), "店" + std::to_string(i), "1", "1");
+    desk.open();
+    auto& partners = desk.control<QComboBox>(u"cmbNSaki"_s);
+    partners.showPopup();
+    QAbstractItemView& list = *partners.view();
+    list.verticalScrollBar()->setValue(0);
+    const QPointF centre = QRectF(list.viewport()->rect()).center();
+    QWheelEvent wheel(centre, list.viewport()->mapToGlobal(centre), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(list.viewport(), &wheel);
+    EXPECT_GT(list.verticalScrollBar()->value(), 0);
+    partners.hidePopup();
+}
+
+TEST(RunTimeReport, isJapaneseThroughout)
+{
+    const RunTimeError::Number numbers[] = {
+        RunTimeError::InvalidCall,       RunTimeError::Overflow,
+        RunTimeError::OutOfMemory,       RunTimeError::SubscriptOutOfRange,
+        RunTimeError::TypeMismatch,      RunTimeError::InternalError,
+        RunTimeError::DeviceNotReady,    RunTimeError::FileNotFound,
+        RunTimeError::FileAlreadyExists, RunTimeError::DiskFull,
+        RunTimeError::PermissionDenied,  RunTimeError::PathAccessError,
+        RunTimeError::PathNotFound,      RunTimeError::InvalidPropertyValue,
+        RunTimeError::InvalidPortNumber, RunTimeError::PortAlreadyOpen,
+        RunTimeError::DeviceError,       RunTimeError::PortNotOpen};
+    const QRegularExpression latin(u"[A-Za-z]"_s);
+    const auto expectJapanese = [&latin](const std::exception& error, int number) {
+        const QString words = Application::describe(error);
+        EXPECT_TRUE(words.startsWith(u"%1 : "_s.arg(number))) << words.toStdString();
+        EXPECT_TRUE(words.endsWith(u"。"_s)) << words.toStdString();
+        EXPECT_FALSE(words.contains(latin)) << words.toStdString();
+    };
+    for (const RunTimeError::Number number : numbers)
+        expectJapanese(RunTimeError(number, "in English"), number);
+    expectJapanese(std::bad_alloc(), RunTimeError::OutOfMemory);
+    expectJapanese(std::out_of_range("in English"), RunTimeError::InternalError);
 }
 
 TEST(Windows, haveThePictureOfTheProgram)

@@ -1,14 +1,20 @@
 // Keyboard entry: filters, lengths, the Enter chain, dates in three boxes, scanned values.
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
+#include <QHBoxLayout>
+#include <QHelpEvent>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include "frame/support/Check_Csv.h"
+#include "frame/support/ChoiceBox.h"
 #include "frame/support/FocusPaint.h"
 #include "frame/support/KeyField.h"
+#include "platform/widgets/AppFont.h"
 #include "platform/widgets/EnterButton.h"
 #include "tests/support/ExpectBox.h"
 #include "tests/support/InputMethod.h"
@@ -260,6 +266,51 @@ TEST(FocusPaint, aControlThatIsBackToItsOwnColours_hasNoPaletteOfItsOwn)
     EXPECT_EQ(second->palette().cacheKey(), born);
     second->setFocus();
     EXPECT_EQ(second->palette().color(QPalette::Button), QColor(0, 255, 255));
+}
+
+TEST(ChoiceBox, showsAWholeNameOfTwentyCharacters_orEndsItWithDots_andAHint)
+{
+    QWidget window;
+    window.setFont(screenFont());
+    QHBoxLayout row(&window);
+    ChoiceBox box;
+    row.addWidget(&box);
+    row.addStretch();
+    const QString twenty = u"株式会社とても長い名前の卸売センター北関"_s;
+    ASSERT_EQ(twenty.size(), 20);
+    box.addItem(twenty);
+    box.addItem(twenty + u"東第二営業所"_s);
+    box.setToolTip(u"入荷先"_s);
+    window.show();
+    EXPECT_EQ(box.shownText(), twenty);
+    const auto hint = [&box] {
+        QHelpEvent help(QEvent::ToolTip, box.rect().center(), box.mapToGlobal(box.rect().center()));
+        QCoreApplication::sendEvent(&box, &help);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(hint(), u"入荷先"_s) << "of a name that is whole there is nothing to tell";
+    box.setCurrentIndex(1);
+    EXPECT_TRUE(box.shownText().endsWith(u'…')) << box.shownText().toStdString();
+    EXPECT_TRUE(box.currentText().startsWith(box.shownText().chopped(1)));
+    EXPECT_EQ(hint(), box.currentText() + u"\n入荷先"_s);
+    window.resize(window.minimumSizeHint()); // a small screen
+    QCoreApplication::processEvents();
+    box.setCurrentIndex(0);
+    EXPECT_LT(box.width(), box.sizeHint().width());
+    EXPECT_TRUE(box.shownText().endsWith(u'…'));
+}
+
+TEST(ChoiceBox, itsOpenListShowsWholeNames)
+{
+    ChoiceBox box;
+    box.setFont(screenFont());
+    for (int i = 0; i < 40; ++i)
+        box.addItem(u"株式会社とても長い名前の卸売センター北関"_s);
+    box.show();
+    box.showPopup();
+    const QAbstractItemView& list = *box.view();
+    EXPECT_GE(list.viewport()->width(), list.sizeHintForColumn(0));
+    box.hidePopup();
 }
 
 } // namespace suisui::test

@@ -208,4 +208,20 @@ TEST_F(PrintedFormTest, charactersTheFontLacksStandInTheirPlaceAllTheSame)
     EXPECT_LE(ink.right(), 770); // a picture of another font is as wide as it likes
 }
 
+TEST_F(PrintedFormTest, aCentredTextThatIsTooLongIsDrawnNarrowerToo)
+{
+    select(600);
+    for (const QString& unit : {u"とても長い名前の単位ですから"_s, u"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"_s}) {
+        const QRect ink = inked(drawn([&] { properties.PrintLabel(label(unit, FormAlign::Centre), true); }));
+        EXPECT_GE(ink.left(), 600) << unit.toStdString();
+        EXPECT_LE(ink.right(), 1500) << unit.toStdString();
+        EXPECT_GT(ink.width(), 800) << unit.toStdString();
+    }
+    // Long when its characters are counted, and yet narrow: it stays as wide as it is, in the middle.
+    const QRect ink =
+        inked(drawn([this] { properties.PrintLabel(label(u"箱abcdefghijklm"_s, FormAlign::Centre), true); }));
+    EXPECT_NEAR(ink.center().x(), 1050, 10);
+    EXPECT_NEAR(ink.width(), 75 + 13 * 37.5, 20);
+}
+
 } // namespace suisui::test

@@ -138,6 +138,38 @@ TEST_F(ListReportTest, aSubtotalRowPrintsInTheBlockOfAMovement)
     }
 }
 
+TEST_F(ListReportTest, aUnitOfSevenCharactersAndARemarkOfEightyStayInTheirPlaces)
+{
+    constexpr double points = 20; // twips to the point
+    for (const ReportTemplate* report : reports) {
+        SCOPED_TRACE(QStringView(report->name).toUtf8().toStdString());
+        const auto grid = filledGrid(*report, 2);
+        const auto cell = [report](std::u16string_view name) {
+            return std::find_if(report->cells.begin(), report->cells.end(),
+                                [name](const RowElement& element) { return element.name == name; });
+        };
+        const QString unit = u"十二個入大箱セット"_s.first(7);
+        const auto unitCell = cell(u"LbUnit");
+        grid->SetText(unitCell->column, 1, unit);
+        const QString remark = u"備考は八十文字まで書けるので枠の中で終わる。"_s.repeated(4).first(80);
+        const auto remarkCell = cell(u"LbMemo");
+        if (remarkCell != report->cells.end())
+            grid->SetText(remarkCell->column, 1, remark);
+        ASSERT_EQ(desk.print(*report, *grid), ReportStatus::Printed);
+        const auto words = pdfWords(desk.setup->file);
+        EXPECT_EQ(textIn(words, 1, cellBox(*report, *unitCell, 0)), unit);
+        double right = 0;
+        for (const PdfWord& word : words)
+            right = std::max(right, word.box.right());
+        EXPECT_LE(right, (report->titleBand.left + report->titleBand.width) / points + 0.3);
+        for (const PdfWord& word : words)
+            if (word.text == unit) {
+                EXPECT_GE(word.box.left(), cellBox(*report, *unitCell, 0).left() - 0.15);
+                EXPECT_LE(word.box.right(), cellBox(*report, *unitCell, 0).right() + 0.15);
+            }
+    }
+}
+
 TEST_F(ListReportTest, aStockDetailPrintsItsBlockRowsLikeMainRows)
 {
     const auto grid = filledGrid(rptList_Stock, 5 * 7); // five goods, each with a block of six rows

@@ -112,4 +112,104 @@ TEST_P(EditTest, deleteThatCannotBeStored_leavesRowAndStock)
     EXPECT_EQ(quantities().size(), 2U);
 }
 
+TEST_P(EditTest, rowDeletedByAnotherProgram_isRefusedAtEveryUpdate_untilTheNextSearch)
+{
+    bookThree();
+    desk.shop.execute(std::string("DELETE FROM ") + GetParam().table + " WHERE InpDate='20260401090001'");
+    const std::string stock = desk.stockOf("A");
+    EntryDesk::edit(*page, 4, 2, "8");
+    for (int attempt = 1; attempt <= 3; ++attempt) {
+        desk.box.shown.clear();
+        update();
+        ASSERT_EQ(desk.box.shown.size(), 2U) << attempt;
+        EXPECT_EQ(desk.box.shown[1].title, u"データベースエラー"_s) << attempt;
+        EXPECT_TRUE(desk.frame.dirty(GetParam().side)) << attempt;
+        EXPECT_EQ(desk.stockOf("A"), stock) << attempt;
+    }
+    EntryDesk::edit(*page, 4, 1, "9"); // another row does not make the lost one good
+    update();
+    EXPECT_EQ(desk.box.shown.back().title, u"データベースエラー"_s);
+    EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000005"}));
+    desk.frame.setDirty(GetParam().side, false);
+    page->cmdKensaku_Click();
+    EntryDesk::edit(*page, 4, 1, "9");
+    update();
+    EXPECT_EQ(desk.box.shown.back().title, u"更新の完了"_s);
+    EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000009"}));
+}
+
+TEST_P(EditTest, rowThatCouldNotBeDeleted_isRefusedWhenItIsCorrectedLater)
+{
+    bookThree();
+    desk.shop.execute(std::string("DELETE FROM ") + GetParam().table + " WHERE InpDate='20260401090001'");
+    erase(2);
+    ASSERT_FALSE(desk.frame.dirty(GetParam().side));
+    EntryDesk::edit(*page, 4, 2, "8");
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        desk.box.shown.clear();
+        update();
+        EXPECT_EQ(desk.box.shown.back().title, u"データベースエラー"_s) << attempt;
+        EXPECT_TRUE(desk.frame.dirty(GetParam().side)) << attempt;
+    }
+}
+
+TEST_P(EditTest, rowThatAFailedInsertLeftBehind_isRefusedWhenItIsCorrected)
+{
+    bookThree();
+    const std::string table = GetParam().table;
+    desk.shop.execute("CREATE TRIGGER full BEFORE INSERT ON " + table
+                      + " BEGIN SELECT RAISE(ABORT,'full'); END");
+    EntryDesk::book(*page, u"A"_s);
+    desk.shop.execute("DROP TRIGGER full");
+    ASSERT_EQ(quantities().size(), 3U);
+    const std::string stock = desk.stockOf("A");
+    EntryDesk::edit(*page, 4, 2, "7"); // the row below is stored
+    update();
+    ASSERT_EQ(desk.box.shown.back().title, u"更新の完了"_s);
+    EntryDesk::edit(*page, 4, 1, "9");
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        desk.box.shown.clear();
+        update();
+        ASSERT_EQ(desk.box.shown.size(), 2U) << attempt;
+        EXPECT_EQ(desk.box.shown[1].title, u"データベースエラー"_s) << attempt;
+        EXPECT_TRUE(desk.frame.dirty(GetParam().side)) << attempt;
+    }
+    EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000005", "0000007"}));
+    EXPECT_NE(desk.stockOf("A"), stock) << "the row below was posted";
+}
+
+/// A database that shows its failures, as the program's does, and fails every update in the given way.
+TEST_P(EditTest, updateThatFails_showsItsCauseOnce_andBlamesNobodyElse)
+{
+    for (const std::string how : {"ABORT", "ROLLBACK"}) { // the second gives up the whole unit
+        std::vector<std::string> causes;
+        AppDB db(desk.shop.databaseFolder(), [&causes](const std::string& text) { causes.push_back(text); });
+        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        MovementPage own(GetParam().side, {db, desk.ini, desk.clock, desk.box, desk.frame});
+        own.setPartners({{"101", u"東商店"_s}});
+        EntryDesk::book(own, u"A"_s);
+        const std::string stock = desk.stockOf("A");
+        EntryDesk::edit(own, 4, 1, "8");
+        desk.shop.execute(std::string("CREATE TRIGGER broken BEFORE UPDATE ON ") + GetParam().table
+                          + " BEGIN SELECT RAISE(" + how + ",'the disk is broken'); END");
+        for (int attempt = 1; attempt <= 2; ++attempt) {
+            causes.clear();
+            desk.box.shown.clear();
+            desk.box.answers = {BoxAnswer::Yes};
+            own.cmdKousin_Click();
+            ASSERT_EQ(causes.size(), 1U) << how << attempt;
+            EXPECT_NE(causes[0].find("the disk is broken"), std::string::npos) << causes[0];
+            EXPECT_EQ(desk.box.shown.size(), 1U) << "the question alone";
+            EXPECT_TRUE(desk.frame.dirty(GetParam().side));
+            EXPECT_FALSE(db.inUnit());
+            EXPECT_EQ(desk.stockOf("A"), stock);
+        }
+        desk.shop.execute("DROP TRIGGER broken");
+        desk.box.answers = {BoxAnswer::Yes};
+        own.cmdKousin_Click();
+        EXPECT_EQ(desk.box.shown.back().title, u"更新の完了"_s);
+        EXPECT_EQ(quantities().back(), "0000008");
+    }
+}
+
 } // namespace suisui::test

@@ -6,11 +6,13 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "platform/widgets/BoxText.h"
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/MsgBox.h"
 
@@ -156,13 +158,12 @@ TEST(MsgBox, buttonsCarryJapaneseWords)
 
 TEST(MsgBox, aLongLineWidensTheBox_andLineBreaksAreOneLineEach)
 {
-    const QString line(120, u'あ');
+    const QString line(40, u'あ');
     answered({u"t"_s, line + u"\r\n\r\nx"_s}, [&line](QWidget& dialog) {
-        const auto* text = dialog.findChild<QLabel*>(u"msgBoxText"_s);
-        const QFontMetrics metrics(text->font());
-        EXPECT_GE(text->width(), metrics.horizontalAdvance(line));
-        EXPECT_GE(text->height(), 3 * metrics.height());
-        EXPECT_LT(text->height(), 4 * metrics.lineSpacing());
+        const auto* text = static_cast<const BoxText*>(dialog.findChild<QLabel*>(u"msgBoxText"_s));
+        EXPECT_GE(text->width(), text->fontMetrics().horizontalAdvance(line));
+        EXPECT_EQ(text->lines(), (QStringList{line, QString(), u"x"_s}));
+        EXPECT_EQ(text->height(), 3 * text->lineStep());
         dialog.close();
     });
 }
@@ -202,6 +203,63 @@ TEST(EnterButton, codeThatHoldsABlank_pressesNothing_andTheFocusComingBackEndsTh
     QTest::keyClick(&button, Qt::Key_Return);
     EXPECT_EQ(clicks.size(), 1);
     EXPECT_FALSE(button.autoDefault());
+}
+
+TEST(MsgBox, staysOnTheScreen_howeverLongANameIs_andLosesNothingOfIt)
+{
+    const QString name = u"とても長い名前の商品"_s.repeated(40);
+    const Box long1{u"t"_s, u"　"_s + name + u"\r\n\r\n　　在庫数 = -1"_s};
+    Box tall = long1;
+    tall.text = name.repeated(60);
+    for (const Box& box : {long1, tall})
+        answered(box, [&box](QWidget& dialog) {
+            const QRect screen = dialog.screen()->availableGeometry();
+            EXPECT_LE(dialog.frameGeometry().width(), screen.width());
+            EXPECT_LE(dialog.frameGeometry().height(), screen.height());
+            const auto* text = static_cast<const BoxText*>(dialog.findChild<QLabel*>(u"msgBoxText"_s));
+            EXPECT_EQ(text->text(), box.text);
+            EXPECT_EQ(text->lines().join(QString()), QString(box.text).remove(u"\r\n"_s));
+            for (const QString& line : text->lines())
+                EXPECT_LE(text->fontMetrics().horizontalAdvance(line), text->width());
+            EXPECT_TRUE(dialog.findChild<QPushButton*>(u"msgBoxOk"_s)->isVisible());
+            press(dialog, Qt::Key_Return);
+        });
+}
+
+TEST(MsgBox, keepsItsLinesApart)
+{
+    answered(yesNo, [](QWidget& dialog) {
+        const auto* text = static_cast<const BoxText*>(dialog.findChild<QLabel*>(u"msgBoxText"_s));
+        ASSERT_EQ(text->lines().size(), 3);
+        EXPECT_EQ(text->height(), 3 * text->lineStep());
+        EXPECT_GE(text->lineStep(), text->fontMetrics().height() * 5 / 4);
+        // White between the lines that are drawn.
+        const QImage picture = const_cast<BoxText*>(text)->grab().toImage();
+        int inked = 0;
+        int runs = 0;
+        bool before = false;
+        for (int y = 0; y < picture.height(); ++y) {
+            bool ink = false;
+            for (int x = 0; x < picture.width(); ++x)
+                ink |= qGray(picture.pixel(x, y)) < 100;
+            inked += ink ? 1 : 0;
+            runs += ink && !before ? 1 : 0;
+            before = ink;
+        }
+        EXPECT_GT(inked, 0);
+        EXPECT_GE(runs, 2);
+        press(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST(MsgBox, hasNoButtonsToMinimiseOrMaximise)
+{
+    answered(yesNo, [](QWidget& dialog) {
+        EXPECT_TRUE(dialog.windowFlags().testFlag(Qt::CustomizeWindowHint));
+        EXPECT_FALSE(dialog.windowFlags().testAnyFlags(Qt::WindowMinMaxButtonsHint));
+        EXPECT_TRUE(dialog.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+        press(dialog, Qt::Key_Escape);
+    });
 }
 
 } // namespace suisui::test
