@@ -32,7 +32,7 @@ void typeQuantity(EntryDesk& desk, MovementPage& page, const QString& text, BoxA
     page.grid()->SetActiveCell(quantityCell, 1);
     page.grid()->setFocus();
     for (const QChar letter : text + u'\r') {
-        QKeyEvent key(QEvent::KeyPress, letter == u'\r' ? Qt::Key_Return : Qt::Key_unknown, Qt::NoModifier,
+        QKeyEvent key(QEvent::KeyPress, letter == u'\r' ? int{Qt::Key_Return} : 0, Qt::NoModifier,
                       QString(letter));
         QCoreApplication::sendEvent(QApplication::focusWidget(), &key);
     }
