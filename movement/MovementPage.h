@@ -87,6 +87,8 @@ private:
     // Searching, and taking corrections into the buffer (MovementSearch.cpp).
     [[nodiscard]] bool agreesToShow(int count);
     void makeRow(const PackedRow& stored, int index, std::span<std::string> texts) const;
+    [[nodiscard]] bool wasCode(int row, int rowIndex);
+    [[nodiscard]] bool agreesToQuantity(const QString& typed, int row);
     [[nodiscard]] bool changeNumber(int column, int row, int rowIndex);
     [[nodiscard]] bool changeText(int column, int row, int rowIndex);
     /// Whether \a row still shows what the buffer holds for it.

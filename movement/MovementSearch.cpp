@@ -2,9 +2,12 @@
 #include "movement/MovementPage.h"
 
 #include "frame/support/Questions.h"
+#include "platform/core/FillIn.h"
 #include "store/AppDB.h"
+#include "store/AppIni.h"
 #include "store/Numbers.h"
 #include "store/Stamps.h"
+#include "store/Where.h"
 #include "ui_MovementPage.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -14,6 +17,7 @@ namespace suisui {
 namespace {
 
 constexpr int rowsWithoutAsking = 1000;
+constexpr qsizetype shortestAskedCode = 6; ///< nobody ships a hundred thousand pieces unasked
 
 } // namespace
 
@@ -126,7 +130,8 @@ void MovementPage::cellChange(int column, int row)
     m_services.frame.BusyOn();
     if (inStep(row)) {
         const int index = bufferIndex(row);
-        if (changeNumber(column, row, index) || changeText(column, row, index)) {
+        const bool code = column == m_side.cells.quantity && wasCode(row, index);
+        if (!code && (changeNumber(column, row, index) || changeText(column, row, index))) {
             m_services.frame.setDirty(m_side.side, true);
             const std::string_view state = m_rows.RowState(index);
             m_editLost |= state == "D" || state == "N";
@@ -140,6 +145,38 @@ void MovementPage::cellChange(int column, int row)
 bool MovementPage::inStep(int row) const
 {
     return row <= grid()->MaxRows() - m_outOfStep;
+}
+
+/// A reader too slow to be told from a person types its code into the quantity. When the operator says so,
+/// the quantity stays as it was and the code waits in the code field for an Enter: nothing is lost, and
+/// nothing is booked unseen.
+bool MovementPage::wasCode(int row, int rowIndex)
+{
+    const QString typed = grid()->typedText();
+    const std::string code = typed.toStdString();
+    if (typed.size() < shortestAskedCode || !canBeCode(code)
+        || m_table.master(m_services.db).CountRows(whereCode(code)) <= 0 || agreesToQuantity(typed, row))
+        return false;
+    grid()->SetText(m_side.cells.quantity, row, m_rows.get(rowIndex, m_table.columns.quantity));
+    m_ui->txtXBarCode->setText(typed);
+    m_ui->txtXBarCode->setFocus();
+    m_ui->txtXBarCode->selectAll();
+    return true;
+}
+
+bool MovementPage::agreesToQuantity(const QString& typed, int row)
+{
+    const Box box{
+        u"数量の確認"_s,
+        fillIn(
+            u"入力された 「 {typed} 」 は\r\n登録されている {goods} の コード です。\r\n\r\n数量を 「 "
+            u"{quantity} 」 に変更しますか？　　　\r\n\r\n　　はい　　： 数量を変更します\r\n　　いいえ　： "
+            u"数量は変更せず、コードを入力欄に移します　　　\r\n　　　　　　　（Enter を押すと 登録します）",
+            {{u"typed", typed},
+             {u"goods", m_services.ini.MasterTerm(0)},
+             {u"quantity", grid()->qtext(m_side.cells.quantity, row)}}),
+        BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::No};
+    return m_services.msgBox.show(box) == BoxAnswer::Yes;
 }
 
 bool MovementPage::changeNumber(int column, int row, int rowIndex)

@@ -1,5 +1,8 @@
 #include "frame/support/TypedScan.h"
 
+#include <algorithm>
+#include <utility>
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -54,15 +57,8 @@ TypedScan::TypedScan(QWidget& form, std::function<bool()> endsPlainCodes, Scanne
     : m_form(form), m_endsPlainCodes(std::move(endsPlainCodes)), m_scanned(std::move(scanned))
 {
     m_pause.setSingleShot(true);
-    m_pause.setInterval(longestGapMs);
-    // Behind long work the next key may be waiting already: it is to be looked at first.
-    connect(&m_pause, &QTimer::timeout, this, [this] {
-        const quint64 last = m_lastTime;
-        QTimer::singleShot(0, this, [this, last] {
-            if (m_lastTime == last)
-                giveBack();
-        });
-    });
+    m_pause.setTimerType(Qt::PreciseTimer);
+    connect(&m_pause, &QTimer::timeout, this, &TypedScan::pauseOver);
     qApp->installEventFilter(this);
 }
 
@@ -76,13 +72,11 @@ bool TypedScan::eventFilter(QObject* object, QEvent* event)
     case QEvent::KeyPress:
         return press(*static_cast<QKeyEvent*>(event));
     case QEvent::KeyRelease:
-        if (m_held.empty())
-            return false;
-        hold(*static_cast<QKeyEvent*>(event));
-        return true;
+        return release(*static_cast<QKeyEvent*>(event));
     case QEvent::MouseButtonPress:
     case QEvent::Wheel:
         giveBack();
+        m_passedTime = 0;
         return false;
     default:
         return false;
@@ -92,30 +86,47 @@ bool TypedScan::eventFilter(QObject* object, QEvent* event)
 bool TypedScan::press(const QKeyEvent& key)
 {
     if (isModifier(key)) {
-        if (m_held.empty())
+        if (m_burst.keys.empty())
             return false;
         hold(key);
         return true;
     }
-    const bool follows =
-        !m_text.isEmpty() && key.timestamp() >= m_lastTime && key.timestamp() - m_lastTime <= longestGapMs;
-    if (!follows)
+    if (follows(key)) {
+        m_burst.longestGap = std::max<quint64>(m_burst.longestGap, key.timestamp() - m_burst.lastTime);
+        m_burst.overlapped = m_burst.overlapped || m_burst.down > 0;
+    } else {
         giveBack();
-    return isEnter(key) ? pressEnter(follows) : pressCharacter(key);
+    }
+    return isEnter(key) ? pressEnter() : pressCharacter(key);
 }
 
-/// An Enter that \a follows a burst makes it a scan.
-bool TypedScan::pressEnter(bool follows)
+bool TypedScan::release(const QKeyEvent& key)
 {
-    m_passedTime = 0;
-    if (!follows || !isScan()) {
+    if (m_burst.keys.empty())
+        return false;
+    if (!isModifier(key) && !isEnter(key) && m_burst.down > 0)
+        --m_burst.down;
+    hold(key);
+    return true;
+}
+
+bool TypedScan::follows(const QKeyEvent& key) const
+{
+    return !m_burst.text.isEmpty() && key.timestamp() >= m_burst.lastTime
+           && key.timestamp() - m_burst.lastTime < slowReaderGapMs;
+}
+
+/// An Enter makes the burst before it a scan.
+bool TypedScan::pressEnter()
+{
+    if (!isScan()) {
         giveBack();
+        m_passedTime = 0;
         return false;
     }
-    const QString value = m_text;
-    m_held.clear();
-    m_text.clear();
     m_pause.stop();
+    m_passedTime = 0;
+    const QString value = std::exchange(m_burst, {}).text;
     if (QWidget* list = QApplication::activePopupWidget())
         list->close(); // an open choice would get the keys of whatever comes of the scan
     m_scanned(value);
@@ -125,52 +136,86 @@ bool TypedScan::pressEnter(bool follows)
 bool TypedScan::pressCharacter(const QKeyEvent& key)
 {
     const QChar character = characterOf(key);
-    // What goes on behind characters that the code field has got belongs to them, whatever the field is doing
-    // with them meanwhile.
-    const bool belongs = m_passedTime != 0 && key.timestamp() - m_passedTime <= longestGapMs;
     // Keys without a time are typed by the program itself.
-    if (character.isNull() || key.timestamp() == 0 || m_text.size() >= mostCharacters
-        || (m_text.isEmpty() && (belongs || !mayBegin(character)))) {
+    const bool typed = !character.isNull() && key.timestamp() != 0;
+    const bool goesOn = !m_burst.text.isEmpty() && m_burst.text.size() < mostCharacters && mayBecomeScan();
+    if (!typed || !(goesOn || (m_burst.text.isEmpty() && mayBegin(key, character)))) {
         giveBack();
-        m_passedTime = character.isNull() || !(belongs || m_endsPlainCodes()) ? 0 : key.timestamp();
+        m_passedTime = typed ? key.timestamp() : 0;
         return false;
     }
     hold(key);
-    m_text += character;
-    m_lastTime = key.timestamp();
-    m_pause.start();
+    m_burst.text += character;
+    m_burst.lastTime = key.timestamp();
+    ++m_burst.down;
+    m_lookedAgain = false;
+    m_paused.start();
+    m_pause.start(m_burst.overlapped ? readerGapMs : slowReaderGapMs);
     return true;
 }
 
-bool TypedScan::mayBegin(QChar character) const
+/// No key has come for as long as a reader takes. Behind long work, and on a machine that lets the program
+/// wait, the next one may be there all the same; it is to be looked at first.
+void TypedScan::pauseOver()
 {
-    return opens(character) || !m_endsPlainCodes();
+    constexpr int late = 10;
+    constexpr int againMs = 20;
+    if (!m_lookedAgain && m_paused.elapsed() > m_pause.interval() + late) {
+        m_lookedAgain = true;
+        m_pause.start(againMs);
+        return;
+    }
+    const quint64 last = m_burst.lastTime;
+    QTimer::singleShot(0, this, [this, last] {
+        if (m_burst.lastTime == last)
+            giveBack();
+    });
+}
+
+/// What goes on behind characters that the window has got belongs to them, whatever it is doing with them
+/// meanwhile. So does what a held key types; a reader's "00" may come as one key and its repeat, but not as
+/// the first of a burst.
+bool TypedScan::mayBegin(const QKeyEvent& key, QChar character) const
+{
+    const bool belongs =
+        m_passedTime != 0 && key.timestamp() >= m_passedTime && key.timestamp() - m_passedTime < pauseMs;
+    return !belongs && !key.isAutoRepeat() && (opens(character) || !m_endsPlainCodes());
+}
+
+/// As far as its pace goes.
+bool TypedScan::mayBecomeScan() const
+{
+    return m_burst.longestGap < readerGapMs || !m_burst.overlapped;
 }
 
 bool TypedScan::isScan() const
 {
+    const QString& text = m_burst.text;
+    if (!mayBecomeScan())
+        return false;
     for (const Brackets& pair : brackets)
-        if (m_text.size() > 1 && m_text.startsWith(QChar(pair.open)) && m_text.endsWith(QChar(pair.close)))
+        if (text.size() > 1 && text.startsWith(QChar(pair.open)) && text.endsWith(QChar(pair.close)))
             return true;
-    return m_text.size() >= fewestCharacters && !m_endsPlainCodes();
+    const bool fast = m_burst.longestGap < readerGapMs;
+    return text.size() >= (fast ? fewestCharacters : fewestSlowCharacters) && !m_endsPlainCodes();
 }
 
 void TypedScan::hold(const QKeyEvent& key)
 {
-    m_held.emplace_back(key.clone());
+    m_burst.keys.emplace_back(key.clone());
 }
 
-/// Lets the window have the keys that are no scan.
+/// Lets the window have the keys that are not a scan.
 void TypedScan::giveBack()
 {
     m_pause.stop();
-    m_text.clear();
-    if (m_held.empty() || m_form.windowHandle() == nullptr)
+    if (!m_burst.text.isEmpty())
+        m_passedTime = m_burst.lastTime;
+    const Burst burst = std::exchange(m_burst, {});
+    if (m_form.windowHandle() == nullptr)
         return;
-    const std::vector<std::unique_ptr<QKeyEvent>> keys = std::move(m_held);
-    m_held.clear();
     const QScopedValueRollback back(m_givingBack, true);
-    for (const std::unique_ptr<QKeyEvent>& key : keys)
+    for (const std::unique_ptr<QKeyEvent>& key : burst.keys)
         QCoreApplication::sendEvent(m_form.windowHandle(), key.get());
 }
 

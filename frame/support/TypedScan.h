@@ -2,16 +2,25 @@
 // After a scan the cursor stands in the quantity of the new row; a reader that scans again there would type
 // thirteen digits into the quantity.
 //
-// A scan is a burst: eight characters or more, or a text in [ ], { }, # # or @ @, each character within 30 ms
-// of the one before, closed by Enter. Keys are looked at before any control hears of them. Those that may
-// begin a scan are held for 30 ms at most; when no scan comes of them they are worked as if nothing had been,
-// in order, so what a person types is never touched.
+// A scan is a burst that ends in Enter and comes faster than a person types: three characters or more when
+// every gap, the one before Enter included, is under 25 ms; six or more when every gap is under 60 ms, as
+// Bluetooth readers send them, and each key was let go of before the next one went down. A person who types
+// that fast still has the last key down when the next one goes down. A text in [ ], { }, # # or @ @ is a scan
+// at any length. A burst begins after an Enter, after a key that types nothing, or a quarter of a second
+// behind the last character; what follows sooner belongs to the typing before it. Repeats of a held key begin
+// none.
+//
+// What counts is when the keys were pressed, not when the program gets to see them. Keys are looked at before
+// any control sees them. Those that may still become a scan are held back; when no scan comes of them they
+// are processed as if nothing had been, in order, so what a person types is never touched. Of typing that
+// goes on, only the first character is held.
 #pragma once
 
 #include <functional>
 #include <memory>
 #include <vector>
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -26,8 +35,11 @@ class TypedScan : public QObject
 public:
     using Scanned = std::function<void(const QString& value)>;
 
-    static constexpr int longestGapMs = 30;
-    static constexpr qsizetype fewestCharacters = 8;
+    static constexpr int readerGapMs = 25;     ///< every gap of a reader is shorter
+    static constexpr int slowReaderGapMs = 60; ///< and of one that takes its time
+    static constexpr int pauseMs = 250;        ///< behind it another burst may begin
+    static constexpr qsizetype fewestCharacters = 3;
+    static constexpr qsizetype fewestSlowCharacters = 6;
     static constexpr qsizetype mostCharacters = 1024;
 
     /// Watches the keys of \a form. \a endsPlainCodes tells whether a plain code that is typed now ends in
@@ -44,21 +56,36 @@ protected:
 private:
     // True when the key goes no further for the moment.
     [[nodiscard]] bool press(const QKeyEvent& key);
-    [[nodiscard]] bool pressEnter(bool follows);
+    [[nodiscard]] bool pressEnter();
     [[nodiscard]] bool pressCharacter(const QKeyEvent& key);
-    [[nodiscard]] bool mayBegin(QChar character) const;
+    [[nodiscard]] bool release(const QKeyEvent& key);
+    [[nodiscard]] bool follows(const QKeyEvent& key) const;
+    [[nodiscard]] bool mayBegin(const QKeyEvent& key, QChar character) const;
+    [[nodiscard]] bool mayBecomeScan() const;
     [[nodiscard]] bool isScan() const;
     void hold(const QKeyEvent& key);
+    void pauseOver();
     void giveBack();
+
+    /// Keys that may be the beginning of a scan.
+    struct Burst
+    {
+        std::vector<std::unique_ptr<QKeyEvent>> keys; ///< releases and modifiers among them
+        QString text;
+        quint64 lastTime = 0;    ///< of the last character
+        quint64 longestGap = 0;  ///< between two characters, or the last one and Enter
+        int down = 0;            ///< characters whose key is not let go of yet
+        bool overlapped = false; ///< one went down before another was let go of
+    };
 
     QWidget& m_form;
     std::function<bool()> m_endsPlainCodes;
     Scanned m_scanned;
-    std::vector<std::unique_ptr<QKeyEvent>> m_held;
-    QString m_text;
-    quint64 m_lastTime = 0;   ///< of the last character held
-    quint64 m_passedTime = 0; ///< of the last character that the code field got; 0 behind an Enter
+    Burst m_burst;
+    quint64 m_passedTime = 0; ///< of the last character that went to the window; 0 behind any other key
     QTimer m_pause;
+    QElapsedTimer m_paused;
+    bool m_lookedAgain = false;
     bool m_givingBack = false;
 };
 

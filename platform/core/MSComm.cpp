@@ -2,7 +2,12 @@
 
 #include <utility>
 
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
 #include <QSerialPort>
+#include <QSocketNotifier>
 #include <QStringList>
 
 #include "platform/core/RunTimeError.h"
@@ -65,6 +70,13 @@ LineSettings parse(const QString& settings)
             valueOf(stopBits, QStringView(items[3]).trimmed())};
 }
 
+/// Whether the device behind \a descriptor has gone. A terminal that has hung up stays so.
+bool hungUp(int descriptor)
+{
+    pollfd look{.fd = descriptor, .events = 0, .revents = 0};
+    return poll(&look, 1, 0) > 0 && (look.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+}
+
 } // namespace
 
 MSComm::MSComm(std::function<QString(int)> deviceOf, QObject* parent)
@@ -72,7 +84,10 @@ MSComm::MSComm(std::function<QString(int)> deviceOf, QObject* parent)
 {
 }
 
-MSComm::~MSComm() = default;
+MSComm::~MSComm()
+{
+    endWatch();
+}
 
 void MSComm::setCommPort(int port)
 {
@@ -99,6 +114,7 @@ void MSComm::setPortOpen(bool open)
     if (!open) {
         if (!portOpen() && !m_lost)
             throw RunTimeError(RunTimeError::PortNotOpen, "the port is not open");
+        endWatch();
         m_port.reset();
         m_lost = false;
         m_left.clear();
@@ -126,11 +142,38 @@ void MSComm::setPortOpen(bool open)
             || error == QSerialPort::PermissionError || error == QSerialPort::ReadError)
             devicePulled();
     });
+    watchForLoss();
+}
+
+/// A lost device can always be read, and gives nothing. Qt 6.4 reports that as an error; later releases take
+/// it for a pause and ask again for ever. So the hang-up is looked for here, on a second descriptor, because
+/// Qt allows one notifier for each.
+void MSComm::watchForLoss()
+{
+    const int descriptor = fcntl(m_port->handle(), F_DUPFD_CLOEXEC, 0);
+    if (descriptor < 0)
+        return; // the port's own report is left
+    m_watch = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
+    connect(m_watch.get(), &QSocketNotifier::activated, this, [this, descriptor] {
+        if (hungUp(descriptor))
+            devicePulled();
+    });
+}
+
+/// May be called from the notifier itself.
+void MSComm::endWatch()
+{
+    if (!m_watch)
+        return;
+    m_watch->setEnabled(false);
+    ::close(static_cast<int>(m_watch->socket()));
+    m_watch.release()->deleteLater();
 }
 
 void MSComm::devicePulled()
 {
     m_lost = true;
+    endWatch();
     m_port->disconnect(this);
     m_left = m_port->readAll(); // closing drops it, and a scan is never dropped
     m_port->close();

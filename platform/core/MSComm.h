@@ -11,6 +11,7 @@
 #include <QString>
 
 class QSerialPort;
+class QSocketNotifier;
 
 namespace suisui {
 
@@ -51,10 +52,13 @@ Q_SIGNALS:
     void deviceLost();
 
 private:
+    void watchForLoss();
     void devicePulled();
+    void endWatch();
 
     std::function<QString(int)> m_deviceOf;
     std::unique_ptr<QSerialPort> m_port;
+    std::unique_ptr<QSocketNotifier> m_watch; ///< hears when the device hangs up
     int m_commPort = 1;
     QString m_settings;
     bool m_lost = false;

@@ -1,5 +1,6 @@
 #include "platform/widgets/SendKeys.h"
 
+#include <optional>
 #include <vector>
 
 #include <QApplication>
@@ -7,8 +8,6 @@
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
-
-#include "platform/core/RunTimeError.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -59,11 +58,7 @@ constexpr NamedKey namedKeys[] = {
 
 constexpr int mostRepeats = 1000;
 constexpr int deepestGroup = 64;
-
-[[noreturn]] void meaningless(QStringView expression)
-{
-    throw RunTimeError(RunTimeError::InvalidCall, "keys " + expression.left(40).toString().toStdString());
-}
+constexpr std::size_t mostKeys = 10000; ///< counts multiply; no memory is to be filled with keys
 
 /// Reads a whole key expression before any key of it is typed.
 class Expression
@@ -71,15 +66,18 @@ class Expression
 public:
     explicit Expression(QStringView text) : m_text(text) {}
 
-    std::vector<KeyStroke> read()
+    /// Nothing when it has no meaning.
+    std::optional<std::vector<KeyStroke>> read()
     {
         while (m_at < m_text.size())
-            item(Qt::NoModifier, 0);
+            if (!item(Qt::NoModifier, 0))
+                return std::nullopt;
         return std::move(m_keys);
     }
 
 private:
-    void item(Qt::KeyboardModifiers held, int depth)
+    // Each reads one piece of the expression; false when it has no meaning.
+    [[nodiscard]] bool item(Qt::KeyboardModifiers held, int depth)
     {
         QChar c = m_text[m_at++];
         Qt::KeyboardModifiers here = Qt::NoModifier;
@@ -87,71 +85,76 @@ private:
             const bool twice = (here & modifierOf(c)) != 0;
             here |= modifierOf(c);
             if (twice || m_at >= m_text.size())
-                meaningless(m_text);
+                return false;
             c = m_text[m_at++];
         }
         held |= here;
-        if (c == u'(') {
-            while (m_at < m_text.size() && m_text[m_at] != u')' && depth < deepestGroup)
-                item(held, depth + 1);
-            if (m_at >= m_text.size() || m_text[m_at++] != u')')
-                meaningless(m_text);
-        } else if (c == u'{') {
-            braces(held);
-        } else if (c == u')' || c == u'}') {
-            meaningless(m_text);
-        } else if (c == u'~') {
-            m_keys.push_back({Qt::Key_Return, u"\r"_s, held});
-        } else {
-            character(c, held, 1);
+        switch (c.unicode()) {
+        case u'(':
+            return group(held, depth);
+        case u'{':
+            return braces(held);
+        case u')':
+        case u'}':
+            return false;
+        case u'~':
+            return repeat({Qt::Key_Return, u"\r"_s, held}, 1);
+        default:
+            return character(c, held, 1);
         }
     }
 
-    void braces(Qt::KeyboardModifiers held)
+    [[nodiscard]] bool group(Qt::KeyboardModifiers held, int depth)
+    {
+        while (m_at < m_text.size() && m_text[m_at] != u')')
+            if (depth >= deepestGroup || !item(held, depth + 1))
+                return false;
+        return m_at++ < m_text.size();
+    }
+
+    [[nodiscard]] bool braces(Qt::KeyboardModifiers held)
     {
         // "{}}" is the closing brace itself.
         const qsizetype close = m_text.indexOf(u'}', m_at + 1);
         if (close < 0)
-            meaningless(m_text);
-        const QStringView inner = m_text.sliced(m_at, close - m_at);
+            return false;
+        QStringView name = m_text.sliced(m_at, close - m_at);
         m_at = close + 1;
-        QStringView name = inner;
         int count = 1;
-        if (const qsizetype blank = inner.lastIndexOf(u' '); blank > 0) {
+        if (const qsizetype blank = name.lastIndexOf(u' '); blank > 0) {
             bool isNumber = false;
-            count = inner.sliced(blank + 1).toInt(&isNumber);
+            count = name.sliced(blank + 1).toInt(&isNumber);
             if (!isNumber || count < 0 || count > mostRepeats)
-                meaningless(m_text);
-            name = inner.first(blank);
+                return false;
+            name = name.first(blank);
         }
-        if (name.size() == 1) {
-            character(name[0], held, count);
-            return;
-        }
+        return name.size() == 1 ? character(name[0], held, count) : namedKey(name, held, count);
+    }
+
+    [[nodiscard]] bool namedKey(QStringView name, Qt::KeyboardModifiers held, int count)
+    {
         for (const NamedKey& named : namedKeys)
             if (name.compare(named.name, Qt::CaseInsensitive) == 0)
                 return repeat({named.key, named.text == 0 ? QString() : QString(QChar(named.text)), held},
                               count);
-        if (name.startsWith(u'F', Qt::CaseInsensitive)) {
-            const bool digits = name.size() > 1 && name[1].isDigit();
-            const int number = digits ? name.sliced(1).toInt() : 0;
-            if (number >= 1 && number <= 16)
-                return repeat({Qt::Key_F1 + number - 1, {}, held}, count);
-        }
-        meaningless(m_text);
+        if (name.size() < 2 || !name.startsWith(u'F', Qt::CaseInsensitive) || !name[1].isDigit())
+            return false;
+        const int number = name.sliced(1).toInt();
+        return number >= 1 && number <= 16 && repeat({Qt::Key_F1 + number - 1, {}, held}, count);
     }
 
-    void character(QChar c, Qt::KeyboardModifiers held, int count)
+    [[nodiscard]] bool character(QChar c, Qt::KeyboardModifiers held, int count)
     {
         const bool control = (held & Qt::ControlModifier) != 0;
         const int key = c.toUpper().unicode();
         const QString text = control && c.isLetter() ? QString(QChar(key & 0x1F)) : QString(c);
-        repeat({key, text, held}, count);
+        return repeat({key, text, held}, count);
     }
 
-    void repeat(const KeyStroke& stroke, int count)
+    [[nodiscard]] bool repeat(const KeyStroke& stroke, int count)
     {
         m_keys.insert(m_keys.end(), static_cast<std::size_t>(count), stroke);
+        return m_keys.size() <= mostKeys;
     }
 
     static Qt::KeyboardModifiers modifierOf(QChar c)
@@ -204,7 +207,10 @@ void typeKey(const KeyStroke& stroke)
 
 void SendKeys(const QString& expression)
 {
-    for (const KeyStroke& stroke : Expression(expression).read())
+    const auto keys = Expression(expression).read();
+    if (!keys)
+        return;
+    for (const KeyStroke& stroke : *keys)
         QTimer::singleShot(0, qApp, [stroke] { typeKey(stroke); });
 }
 

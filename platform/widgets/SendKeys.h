@@ -9,7 +9,8 @@ namespace suisui {
 /// other key names in braces (case-blind, with an optional repeat count), "+" "^" "%" before a key or a
 /// "(group)" for Shift, Ctrl, Alt, "~" for Enter, "{+}" and the like for the signs themselves. Keys are
 /// posted and run when events next run; each goes to the widget that has the focus at that moment.
-/// Throws RunTimeError::InvalidCall for an expression that has no meaning, and types nothing of it.
+/// Of an expression that has no meaning nothing is typed. It may be a symbol that was never meant for this
+/// program, so nobody hears of it. The same holds for one of more than 10,000 keys.
 void SendKeys(const QString& expression);
 
 } // namespace suisui

@@ -124,6 +124,9 @@ public:
     /// hold it; otherwise the old text comes back.
     void endEdit();
     [[nodiscard]] bool isEditing() const;
+    /// While Change is reported: what the keys have spelled, leading zeros and characters that the column
+    /// refused included; after a correction or a paste, what the editor held.
+    [[nodiscard]] QString typedText() const { return m_typedText; }
 
     /// Called with every Enter (13), Backspace (8) or printable key that reaches the grid or its editor.
     /// Setting the key to 0 swallows it.
@@ -157,6 +160,7 @@ private:
 
     /// Offers a key to the handler; true when it was swallowed.
     bool swallowed(const QKeyEvent& event);
+    void spell(const QKeyEvent& event);
     /// What an editor holds becomes the cell's text, if the column can hold it.
     void commitText(const QModelIndex& index, const QString& typed);
     void toggleCheck(const QModelIndex& index);
@@ -175,6 +179,9 @@ private:
     int m_activeCol = 0;
     int m_activeRow = 0;
     const QKeyEvent* m_offered = nullptr; ///< the key that the handler has seen already
+    QString m_spelled;                    ///< by the keys since the editor opened
+    bool m_corrected = false;             ///< by keys that type nothing
+    QString m_typedText;
     bool m_quietCursor = false;
     bool m_scrollWhenShown = false;
     bool m_cursorSet = false; ///< the program has moved the cursor since redraw went off

@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QScopedValueRollback>
 
 #include "platform/core/KeyCodes.h"
@@ -45,11 +46,12 @@ QString asField(QString text)
 
 void vaSpread::endEdit()
 {
-    QWidget* editor = m_delegate->openEditor();
+    const QPointer<QWidget> editor = m_delegate->openEditor();
     if (editor == nullptr || !isEditing())
         return; // a closed editor lives on until events have run
     commitData(editor);
-    closeEditor(editor, QAbstractItemDelegate::NoHint);
+    if (editor != nullptr) // a box that the Change brought up lets events run
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 bool vaSpread::isEditing() const
@@ -66,11 +68,25 @@ bool vaSpread::swallowed(const QKeyEvent& event)
 {
     if (&event == m_offered)
         return false; // it has opened the editor and comes by a second time
+    spell(event);
     int key = keyAscii(event);
     if (key == 0 || !m_keyPress)
         return false;
     m_keyPress(key);
     return key == 0;
+}
+
+void vaSpread::spell(const QKeyEvent& event)
+{
+    if (!isEditing()) {
+        m_spelled.clear();
+        m_corrected = false;
+    }
+    const int key = keyAscii(event);
+    if (key >= u' ')
+        m_spelled += QChar(key);
+    else if (key != KeyCode::enter && !event.text().isEmpty())
+        m_corrected = true;
 }
 
 void vaSpread::commitText(const QModelIndex& index, const QString& typed)
@@ -84,8 +100,12 @@ void vaSpread::commitText(const QModelIndex& index, const QString& typed)
         return;
     const std::string before(text(col, row));
     SetText(col, row, *wanted);
-    if (text(col, row) != before)
-        Q_EMIT Change(col, row);
+    if (text(col, row) == before)
+        return;
+    m_typedText = m_corrected || m_spelled.isEmpty() ? typed : m_spelled;
+    m_spelled.clear();
+    Q_EMIT Change(col, row);
+    m_typedText.clear();
 }
 
 void vaSpread::toggleCheck(const QModelIndex& index)
@@ -182,6 +202,8 @@ void vaSpread::tabOutOfEditor(bool forward)
 
 bool vaSpread::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
 {
+    if (trigger != AnyKeyPressed)
+        m_spelled.clear(); // it opens by other means than by a character
     // The picture may show another row than the data now hold.
     return ReDraw() && QTableView::edit(index, trigger, event);
 }

@@ -69,6 +69,23 @@ class TypingReader(ShopTest):
         self.screen.press("alt+F4")
         self.screen.answer(desk.UNSAVED_BOX, "y")  # the quantity that was typed
 
+    def test_short_codes_are_scans_too_and_a_slow_one_is_asked_about(self):
+        self.shop.add("Master", [{"Code": code, "Name": f"品 {code}", "NyuSuu": "3", "NyuPrice": "120",
+                                  "SyuSuu": "1", "SyuPrice": "200", "Unit": "個", "Stock": "0"}
+                                 for code in ("1234567", "SET-01")])
+        program = self.open()
+        codes = ["1234567", "1234567", "SET-01", "1234567"]
+        self.screen.type("".join(f"{code}\n" for code in codes))
+        self.wait_receipts(len(codes))
+        program.wait_idle()
+        self.screen.type_by_hand("1234567\n")  # the cursor is in the quantity
+        self.screen.answer("数量の確認")
+        self.screen.press("Return")  # from the code field, to which the code has gone
+        self.wait_receipts(len(codes) + 1)
+        self.assertEqual([(code, "0000003") for code in [*codes, "1234567"]], self.receipts("Code", "NyuSuu"))
+        program.wait_idle()
+        self.end(program)  # nothing asks about unsaved cells
+
     def test_with_the_setting_off_typed_codes_go_where_the_cursor_is(self):
         code = self.plain_codes(1)[0]
         settings = self.shop.folder / "Ini" / "AppEnv.ini"
@@ -116,7 +133,8 @@ class SerialReader(ShopTest):
         known = self.plain_codes(1)[0]
         before = self.shop.stock()
         program = self.open()
-        for frame in (b"\r\n", b"[\r\n", b"{Q\r\n", b"#101\r\n", b"@02\r\n", b"12345678901234567\r\n", b"@99@\r\n"):
+        for frame in (b"\r\n", b"[\r\n", b"{Q\r\n", b"{}\r\n", b"{ENTER 2000}\r\n", b'{"code":"4901","lot":[1, 2]}\r\n',
+                      b"#101\r\n", b"@02\r\n", b"12345678901234567\r\n", b"@99@\r\n"):
             self.reader.send(frame)
         self.reader.scan(known)
         self.wait_receipts(1)

@@ -211,7 +211,8 @@ TEST_P(FunctionsTest, valuesThatOnlyLookLikeTabs_areRunTimeErrors)
 TEST_P(FunctionsTest, longAndUnclosedValues_areDropped)
 {
     const auto before = look();
-    for (const QString& value : {u"12345678901234567"_s, u"[A"_s, u"{TAB"_s, u"#101"_s, u"@01"_s})
+    for (const QString& value : {u"12345678901234567"_s, u"[A"_s, u"{TAB"_s, u"#101"_s, u"@01"_s, u"{FOO}"_s,
+                                 u"{}"_s, u"{ENTER 2000}"_s, u"{\"code\":\"4901\",\"lot\":[1,2]}"_s})
         MainBarCodeChk(value, *window);
     EXPECT_EQ(look(), before);
 }
