@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "platform/core/RunTimeError.h"
@@ -22,7 +23,11 @@ struct Component
     std::string product;
     std::string part;
     std::string quantity;
-    auto operator<=>(const Component&) const = default;
+
+    friend bool operator<(const Component& a, const Component& b)
+    {
+        return std::tie(a.product, a.part, a.quantity) < std::tie(b.product, b.part, b.quantity);
+    }
 };
 using Components = std::multiset<Component>;
 
@@ -52,7 +57,8 @@ std::optional<Components> allComponents(AppDB& db)
 std::set<std::string> changedParts(const Components& before, const Components& after)
 {
     std::vector<Component> different;
-    std::ranges::set_symmetric_difference(before, after, std::back_inserter(different));
+    std::set_symmetric_difference(before.begin(), before.end(), after.begin(), after.end(),
+                                  std::back_inserter(different));
     std::set<std::string> parts;
     for (const Component& each : different)
         parts.insert(each.part);
