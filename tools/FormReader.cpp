@@ -18,7 +18,8 @@ constexpr std::size_t neededFields = 2; // the code and what it is called
 /// The bytes of a form as UTF-8; nothing when they are neither that nor code page 932.
 std::optional<std::string> decoded(std::string bytes)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8);
+    // Stateless: a file that ends inside a letter is not UTF-8 either.
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = utf8(bytes);
     if (utf8.hasError() || text.contains(QChar::ReplacementCharacter)) {
         bytes = fromCp932(bytes);
@@ -76,8 +77,11 @@ void readForm(const std::string& bytes, const Form& form, FormFaults& faults, Fo
         return faults.add("文字コードがわかりません（UTF-8 か シフト JIS で保存して下さい）");
     CsvReader reader(*text);
     const auto headings = reader.next();
+    const auto brokenAt = [&faults](const std::string& place) {
+        faults.add("CSV の形が正しくありません（" + place + "）");
+    };
     if (!headings)
-        return faults.add("何も書かれていません");
+        return reader.error().empty() ? faults.add("何も書かれていません") : brokenAt(reader.error());
     const std::vector<int> places = placesOf(*headings, form, faults);
     if (places.empty())
         return;
@@ -92,7 +96,7 @@ void readForm(const std::string& bytes, const Form& form, FormFaults& faults, Fo
     }
     faults.atLine(0);
     if (!reader.error().empty())
-        faults.add("CSV の形が正しくありません（" + reader.error() + "）");
+        brokenAt(reader.error());
     rows.finish();
 }
 
