@@ -1,7 +1,7 @@
 #include "barcode/ScanDispatch.h"
 
-#include "frame/support/ScannedValue.h"
 #include "store/Numbers.h"
+#include "store/ScannedValue.h"
 
 using namespace Qt::Literals::StringLiterals;
 

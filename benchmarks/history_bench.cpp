@@ -14,7 +14,7 @@
 
 #include "benchmarks/Measure.h"
 #include "frame/support/frm_Wait.h"
-#include "history/CarryForward.h"
+#include "store/CarryForward.h"
 #include "tests/support/HistoryDesk.h"
 
 namespace suisui::bench {

@@ -4,7 +4,7 @@
 #include <new>
 #include <optional>
 
-#include "history/CarryForward.h"
+#include "store/CarryForward.h"
 #include "history/Sentinel.h"
 #include "platform/core/AwayFromLoop.h"
 #include "platform/core/Clock.h"

@@ -97,7 +97,7 @@ StockDetail::Totals StockDetail::addGroups(const Side& side, const Range& range,
     StockLine group{.kind = side.group, .unit = {}};
     const auto close = [&](bool last) {
         group.lastGroup = last;
-        group.amount = group.price * group.quantity - group.discount;
+        group.amount = plus(times(group.price, group.quantity), -group.discount);
         lines.push_back(group);
     };
     for (int row = range.first; row < range.first + range.count; ++row) {
@@ -112,13 +112,13 @@ StockDetail::Totals StockDetail::addGroups(const Side& side, const Range& range,
             group = {.kind = side.group, .price = numberOf(price), .unit = std::string(unit)};
         }
         const double returned = side.returned == noColumnHere ? 0 : numberOf(texts.text(side.returned));
-        const double net = numberOf(texts.text(side.quantity)) - returned;
+        const double net = plus(numberOf(texts.text(side.quantity)), -returned);
         const double discount = numberOf(texts.text(side.discount));
-        group.quantity += net;
-        group.discount += discount;
-        totals.quantity += net;
-        totals.discount += discount;
-        totals.amount += group.price * net - discount;
+        group.quantity = plus(group.quantity, net);
+        group.discount = plus(group.discount, discount);
+        totals.quantity = plus(totals.quantity, net);
+        totals.discount = plus(totals.discount, discount);
+        totals.amount = plus(totals.amount, plus(times(group.price, net), -discount));
     }
     close(true);
     return totals;
@@ -154,13 +154,13 @@ bool StockDetail::stockDetailIn(const ZaikoViewRec& goods, int row, StockBlock& 
     lines.push_back({.kind = StockLineKind::Carried,
                      .quantity = carried,
                      .price = price,
-                     .amount = price * carried,
+                     .amount = times(price, carried),
                      .unit = unit});
-    total = carried + totals.quantity;
+    total = plus(carried, totals.quantity);
     lines.push_back({.kind = StockLineKind::InTotal,
                      .quantity = total,
                      .discount = totals.discount,
-                     .amount = price * carried + totals.amount,
+                     .amount = plus(times(price, carried), totals.amount),
                      .unit = unit});
     return true;
 }
@@ -181,16 +181,17 @@ void StockDetail::stockDetailOut(const ZaikoViewRec& goods, int row, double tota
                          .price = numberOf(goods.get(row, ZaikoViewCol::SyuPrice)),
                          .unit = unit});
     // What has left the stock and is no shipment has gone into other goods.
-    const double consumed = -(numberOf(goods.get(row, ZaikoViewCol::ZaikoSuu)) - total + totals.quantity);
+    const double left = plus(total, -totals.quantity);
+    const double consumed = plus(left, -numberOf(goods.get(row, ZaikoViewCol::ZaikoSuu)));
     lines.push_back({.kind = StockLineKind::Consumed,
                      .quantity = consumed,
                      .price = price,
-                     .amount = price * consumed,
+                     .amount = times(price, consumed),
                      .unit = unit});
     lines.push_back({.kind = StockLineKind::OutTotal,
-                     .quantity = totals.quantity + consumed,
+                     .quantity = plus(totals.quantity, consumed),
                      .discount = totals.discount,
-                     .amount = price * consumed + totals.amount,
+                     .amount = plus(times(price, consumed), totals.amount),
                      .unit = unit});
 }
 

@@ -11,17 +11,19 @@ std::string componentScanDelta(std::string_view perUnit, std::string_view produc
 
 std::string componentDelta(std::string_view perUnit, double productDelta)
 {
-    return CStr(numberOf(perUnit) * productDelta * -1);
+    return CStr(-times(numberOf(perUnit), productDelta));
 }
 
 double updateDelta(int stockSign, const Figures& posted, const Figures& now)
 {
-    return ((posted.quantity - now.quantity) - (posted.returned - now.returned)) * -1 * stockSign;
+    const double quantity = plus(now.quantity, -posted.quantity);
+    const double returned = plus(now.returned, -posted.returned);
+    return plus(quantity, -returned) * stockSign;
 }
 
 double deleteDelta(int stockSign, const Figures& posted)
 {
-    return (posted.quantity - posted.returned) * -1 * stockSign;
+    return plus(posted.returned, -posted.quantity) * stockSign;
 }
 
 } // namespace suisui

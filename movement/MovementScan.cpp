@@ -134,7 +134,7 @@ bool MovementPage::postScan(const Scan& scan)
         if (!postComponents(m_services, scan.code, scan.stamp, delta))
             return false;
     }
-    const std::string delta = m_table.stockSign > 0 ? scan.quantity : CStr(numberOf(scan.quantity) * -1);
+    const std::string delta = m_table.stockSign > 0 ? scan.quantity : CStr(-numberOf(scan.quantity));
     std::string name = scan.name;
     return ZaikoPost(m_services.db, m_services.msgBox, scan.code, delta, name, scan.stamp)
            == PostResult::Posted;
@@ -153,7 +153,7 @@ void MovementPage::putOnTop(const Scan& scan)
     put(cells.price, scan.price);
     put(cells.quantity, scan.quantity);
     put(cells.discount, "0");
-    put(cells.total, Format(numberOf(scan.quantity) * numberOf(scan.price), maskA));
+    put(cells.total, Format(times(numberOf(scan.quantity), numberOf(scan.price)), maskA));
     put(cells.partner, m_ui->cmbXSaki->currentText().toStdString());
     put(cells.print, "1");
     put(cells.staff, m_services.frame.tantouName().toStdString());

@@ -125,7 +125,7 @@ PostResult postAgain(AppDB& db, MsgBox& msgBox, std::string_view code, std::stri
 {
     ZaikoRec& stock = db.ZaikoTbl();
     const double quantity = numberOf(delta);
-    const double figure = quantity + numberOf(stock.get(1, ZaikoCol::ZaikoSuu));
+    const double figure = plus(quantity, numberOf(stock.get(1, ZaikoCol::ZaikoSuu)));
     const std::optional<Goods> goods = lookUp(db.MasterPost(), code);
     if (!goods)
         return PostResult::DatabaseFailure;

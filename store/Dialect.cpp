@@ -73,6 +73,35 @@ void sqlCStr(sqlite3_context* context, int, sqlite3_value** arguments)
         guarded(context, [&] { resultText(context, CStr(numberArgument(arguments[0]))); });
 }
 
+void sqlPlus(sqlite3_context* context, int, sqlite3_value** arguments)
+{
+    guarded(context, [&] {
+        sqlite3_result_double(context, plus(numberArgument(arguments[0]), numberArgument(arguments[1])));
+    });
+}
+
+void sqlTimes(sqlite3_context* context, int, sqlite3_value** arguments)
+{
+    guarded(context, [&] {
+        sqlite3_result_double(context, times(numberArgument(arguments[0]), numberArgument(arguments[1])));
+    });
+}
+
+void sqlSumOfStep(sqlite3_context* context, int, sqlite3_value** arguments)
+{
+    auto* const sum =
+        static_cast<double*>(sqlite3_aggregate_context(context, sizeof(double))); // zero at first
+    if (sum == nullptr)
+        return sqlite3_result_error_nomem(context);
+    guarded(context, [&] { *sum = plus(*sum, numberArgument(arguments[0])); });
+}
+
+void sqlSumOf(sqlite3_context* context)
+{
+    const auto* const sum = static_cast<const double*>(sqlite3_aggregate_context(context, 0));
+    sqlite3_result_double(context, sum == nullptr ? 0 : *sum); // null: there was no row
+}
+
 void sqlFormat(sqlite3_context* context, int, sqlite3_value** arguments)
 {
     guarded(context,
@@ -119,15 +148,16 @@ int registerDialect(sqlite3* db)
         const char* name;
         int arguments;
         void (*function)(sqlite3_context*, int, sqlite3_value**);
-    } functions[] = {
-        {"like", 2, sqlLike}, {"CDbl", 1, sqlCDbl}, {"CStr", 1, sqlCStr}, {"Format", 2, sqlFormat}};
+    } functions[] = {{"like", 2, sqlLike},     {"CDbl", 1, sqlCDbl}, {"CStr", 1, sqlCStr},
+                     {"Format", 2, sqlFormat}, {"Plus", 2, sqlPlus}, {"Times", 2, sqlTimes}};
     for (const auto& each : functions) {
         const int code = sqlite3_create_function_v2(db, each.name, each.arguments, flags, nullptr,
                                                     each.function, nullptr, nullptr, nullptr);
         if (code != SQLITE_OK)
             return code;
     }
-    return SQLITE_OK;
+    return sqlite3_create_function_v2(db, "SumOf", 1, flags, nullptr, nullptr, sqlSumOfStep, sqlSumOf,
+                                      nullptr);
 }
 
 } // namespace suisui

@@ -1,5 +1,6 @@
 // The ways of the store's SQL that the rules rely on: Like with "*" and "?", CDbl, CStr, Format. Trim and iif
-// are the engine's own.
+// are the engine's own. Plus, Times and the aggregate SumOf take numbers and texts of numbers and compute as
+// store/Numbers.h does, so that a figure computed in SQL has no tail either.
 #pragma once
 
 #include <string_view>

@@ -124,32 +124,78 @@ template <typename Integer> Integer toInteger(double number)
     return static_cast<Integer>(rounded);
 }
 
+/// Whether every digit of \a number stands before the point and there are at most 15 of them: then each of
+/// them is exact.
+bool isPlainWhole(double number)
+{
+    return std::abs(number) < 1e15 && std::trunc(number) == number;
+}
+
+std::string wholeText(double number)
+{
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), static_cast<std::int64_t>(number));
+    return {text.data(), end.ptr};
+}
+
+/// The 15 significant digits of a number, its sign aside: digits[0] is the first that is not zero.
+struct Decimal
+{
+    std::array<char, significantDigits> digits{};
+    int whole = 0; ///< how many of them stand before the point; below zero: zeros between point and digits
+};
+
+/// \a number must be positive and finite.
+Decimal decimalOf(double number)
+{
+    std::array<char, 32> text{}; // "d.dddddddddddddde-308"
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
+                                   std::chars_format::scientific, significantDigits - 1);
+    Decimal decimal;
+    decimal.digits[0] = text[0];
+    std::copy_n(text.begin() + 2, significantDigits - 1, decimal.digits.begin() + 1);
+    const char* exponent = text.data() + significantDigits + 2; // behind the "e"
+    std::from_chars(*exponent == '+' ? exponent + 1 : exponent, end.ptr, decimal.whole);
+    ++decimal.whole;
+    return decimal;
+}
+
+/// How many digits behind the point those 15 are, zeros at the end left out.
+int placesOf(double number)
+{
+    if (isPlainWhole(number))
+        return 0;
+    const Decimal decimal = decimalOf(std::abs(number));
+    int used = significantDigits;
+    while (decimal.digits[static_cast<std::size_t>(used - 1)] == '0')
+        --used;
+    return std::max(0, used - decimal.whole);
+}
+
+/// The number that the text of \a number in \a format with \a precision digits reads as.
+double throughText(double number, std::chars_format format, int precision)
+{
+    std::array<char, 400> text{}; // the smallest double has its first digit at place 324
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number, format, precision);
+    double value = 0;
+    std::from_chars(text.data(), end.ptr, value, format);
+    return value == 0 ? 0 : value; // never -0
+}
+
 /// Digits of the whole number nearest to \a number, halves away from zero, decided on its decimal text of 15
 /// significant digits: 2.4999999999999996 is a 2.5 that lost a bit on the way, and reads as one.
 std::string wholeDigits(double number)
 {
-    std::array<char, 64> text{};
-    if (number < 1e15 && std::trunc(number) == number) {
-        const auto whole =
-            std::to_chars(text.data(), text.data() + text.size(), static_cast<std::int64_t>(number));
-        return {text.data(), whole.ptr};
-    }
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
-                                   std::chars_format::scientific, significantDigits - 1);
-    const std::string_view scientific(text.data(), static_cast<std::size_t>(end.ptr - text.data()));
-    const auto e = scientific.find('e');
-    int exponent = 0;
-    const std::string_view exponentText = scientific.substr(e + (scientific[e + 1] == '+' ? 2 : 1));
-    std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
-    std::string digits(1, scientific[0]);
-    digits += scientific.substr(2, e - 2);
-    if (exponent < -1)
+    if (isPlainWhole(number))
+        return wholeText(number);
+    const Decimal decimal = decimalOf(number);
+    if (decimal.whole < 0)
         return "0";
-    const int whole = exponent + 1;
-    if (whole >= static_cast<int>(digits.size()))
-        return digits + std::string(static_cast<std::size_t>(whole) - digits.size(), '0');
-    const bool up = digits[static_cast<std::size_t>(whole)] >= '5';
-    digits.resize(static_cast<std::size_t>(whole));
+    std::string digits(decimal.digits.begin(), decimal.digits.end());
+    if (decimal.whole >= significantDigits)
+        return digits + std::string(static_cast<std::size_t>(decimal.whole - significantDigits), '0');
+    const bool up = digits[static_cast<std::size_t>(decimal.whole)] >= '5';
+    digits.resize(static_cast<std::size_t>(decimal.whole));
     if (!up)
         return digits.empty() ? "0" : digits;
     std::size_t i = digits.size();
@@ -187,11 +233,44 @@ double numberOf(std::string_view text)
 
 std::string CStr(double number)
 {
-    if (number == 0)
-        return "0";
-    std::array<char, 400> text{}; // the longest double has 309 digits before the point
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
-    return {text.data(), end.ptr};
+    if (!std::isfinite(number))
+        throw RunTimeError(RunTimeError::Overflow, "number too large");
+    if (isPlainWhole(number))
+        return wholeText(number);
+    const Decimal decimal = decimalOf(std::abs(number));
+    std::string text(decimal.digits.begin(), decimal.digits.end());
+    text.erase(text.find_last_not_of('0') + 1);
+    const auto digits = static_cast<int>(text.size());
+    if (decimal.whole <= 0)
+        text.insert(0, "0." + std::string(static_cast<std::size_t>(-decimal.whole), '0'));
+    else if (decimal.whole < digits)
+        text.insert(static_cast<std::size_t>(decimal.whole), 1, '.');
+    else
+        text.append(static_cast<std::size_t>(decimal.whole - digits), '0');
+    return number < 0 ? "-" + text : text;
+}
+
+double plus(double a, double b)
+{
+    const double sum = a + b;
+    if (isPlainWhole(a) && isPlainWhole(b))
+        return sum;
+    if (sum == 0 || !std::isfinite(sum))
+        return sum;
+    // A sum has no more digits behind the point than what was added: what stands further back is a bit that
+    // got lost.
+    const int room = significantDigits - decimalOf(std::abs(sum)).whole;
+    const int places = std::min(std::max(placesOf(a), placesOf(b)), room);
+    return places >= 0 ? throughText(sum, std::chars_format::fixed, places)
+                       : throughText(sum, std::chars_format::scientific, significantDigits - 1);
+}
+
+double times(double a, double b)
+{
+    const double product = a * b;
+    if (isPlainWhole(product) || !std::isfinite(product))
+        return product == 0 ? 0 : product;
+    return throughText(product, std::chars_format::scientific, significantDigits - 1);
 }
 
 std::int16_t CInt(double number)

@@ -16,9 +16,16 @@ namespace suisui {
 /// As CDbl, but a blank reads as 0: an empty column of the master data is no quantity.
 [[nodiscard]] double numberOf(std::string_view text);
 
-/// Plain decimal text of \a number, the shortest that reads back as the same number: "0", "125", "-3",
-/// "0.1". Never an exponent, never "-0".
+/// Plain decimal text of \a number, with the 15 significant digits that a double carries of any decimal text:
+/// "0", "125", "-3", "0.1". Never an exponent, never "-0". Throws RunTimeError::Overflow for infinity.
 [[nodiscard]] std::string CStr(double number);
+
+/// Sum and product as they come out on paper, to 15 significant digits. Plain arithmetic in binary leaves a
+/// tail behind (0.3 less three times 0.1 is -0.00000000000000002776), which would be shown and stored. All
+/// figures that go back to a text or are compared are added and multiplied by these; whole numbers cost
+/// nothing extra. Beyond the range the result is infinite, which no text takes.
+[[nodiscard]] double plus(double a, double b);
+[[nodiscard]] double times(double a, double b);
 
 /// 16- and 32-bit integers: halves round to the even neighbour; throws RunTimeError::Overflow outside
 /// the range.

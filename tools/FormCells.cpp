@@ -2,8 +2,11 @@
 
 #include <algorithm>
 
+#include <QList>
 #include <QString>
 
+#include "platform/core/CodePage.h"
+#include "store/ScannedValue.h"
 #include "store/Where.h"
 #include "tools/OldTexts.h"
 
@@ -26,16 +29,16 @@ constexpr FormField partnerFields[] = {{"取引先コード", at(KokyakuCol::Cod
                                        {"住所１", at(KokyakuCol::Jyusyo1)},
                                        {"住所２", at(KokyakuCol::Jyusyo2)},
                                        {"電話番号", at(KokyakuCol::Tel)}};
-constexpr FormField goodsFields[] = {{"商品コード", at(MasterCol::Code), FormKind::Code},
+constexpr FormField goodsFields[] = {{"商品コード", at(MasterCol::Code), FormKind::GoodsCode},
                                      {"商品名", at(MasterCol::Name)},
                                      {"単位", at(MasterCol::Unit)},
-                                     {"入荷数量", at(MasterCol::NyuSuu), FormKind::Number, "1"},
+                                     {"入荷数量", at(MasterCol::NyuSuu), FormKind::Whole, "1"},
                                      {"入荷単価", at(MasterCol::NyuPrice), FormKind::Number, "0"},
-                                     {"出荷数量", at(MasterCol::SyuSuu), FormKind::Number, "1"},
+                                     {"出荷数量", at(MasterCol::SyuSuu), FormKind::Whole, "1"},
                                      {"出荷単価", at(MasterCol::SyuPrice), FormKind::Number, "0"},
                                      {"最低在庫数", at(MasterCol::Stock), FormKind::Number, "0"}};
-constexpr FormField partFields[] = {{"商品コード", at(HSeihinCol::Code), FormKind::Code},
-                                    {"部品コード", at(HSeihinCol::HSeihinCD), FormKind::Code},
+constexpr FormField partFields[] = {{"商品コード", at(HSeihinCol::Code), FormKind::GoodsCode},
+                                    {"部品コード", at(HSeihinCol::HSeihinCD), FormKind::GoodsCode},
                                     {"部品の数", at(HSeihinCol::Suuryou), FormKind::Count}};
 
 /// Whether a spreadsheet has turned a long code into a rounded number ("4.9E+12").
@@ -47,7 +50,58 @@ bool wasRounded(std::string_view code)
            && code.find_first_not_of("0123456789", e + 2) == std::string_view::npos;
 }
 
-FormCell codeCell(const std::string& text)
+/// Whether all of \a text can be seen: no zero-width character, no mark of a word processor, nothing that a
+/// blank of a width of its own hides.
+bool isVisible(const QString& text)
+{
+    constexpr char32_t wideBlank = U'\u3000';
+    const QList<uint> characters = text.toUcs4();
+    return std::ranges::all_of(characters, [](uint c) {
+        if (c == U' ' || c == wideBlank)
+            return true;
+        switch (QChar::category(c)) {
+        case QChar::Other_Control:
+        case QChar::Other_Format:
+        case QChar::Other_Surrogate:
+        case QChar::Other_PrivateUse:
+        case QChar::Other_NotAssigned:
+        case QChar::Separator_Line:
+        case QChar::Separator_Paragraph:
+        case QChar::Separator_Space:
+            return false;
+        default:
+            return true;
+        }
+    });
+}
+
+QString halfWidth(const std::string& text)
+{
+    QString half = QString::fromStdString(text);
+    for (QChar& c : half)
+        if (c >= u'！' && c <= u'～')
+            c = QChar(c.unicode() - u'！' + u'!');
+    return half;
+}
+
+/// Why no scan can ever bring \a code as a goods code; empty when one can. \a cell is what the form has.
+std::string unscannable(const std::string& code, const std::string& cell)
+{
+    const QString text = QString::fromStdString(code);
+    const std::string named = "「" + code + "」";
+    if (halfWidth(cell) != text)
+        return "「" + cell + "」の前後に空白があります。空白を取り除いて下さい";
+    if (const Enclosure* const opened = openedBy(text))
+        return named + "は使えません。「" + QString(QChar(opened->first)).toStdString()
+               + "」で始まるコードは、読み取っても商品コードになりません";
+    if (text.size() > longestGoodsCode)
+        return named + "は長すぎます。商品コードは " + std::to_string(longestGoodsCode) + " 文字までです";
+    if (!toCp932(code))
+        return named + "に、バーコードでは読み取れない文字があります";
+    return {};
+}
+
+FormCell codeCell(const std::string& text, FormKind kind)
 {
     std::string code = plainText(text);
     if (code.empty())
@@ -59,7 +113,25 @@ FormCell codeCell(const std::string& text)
                     + "」は表計算ソフトが桁を丸めたものです。列の書式を「文字列」にして入れ直して下さい"};
     if (!canBeCode(code))
         return {.stored = {}, .fault = "「" + code + "」に使えない文字があります"};
+    if (!isVisible(QString::fromStdString(code)))
+        return {.stored = {},
+                .fault = "「" + code + "」に目に見えない文字があります。コードを入れ直して下さい"};
+    if (kind == FormKind::GoodsCode)
+        if (std::string fault = unscannable(code, text); !fault.empty())
+            return {.stored = {}, .fault = std::move(fault)};
     return {.stored = std::move(code)};
+}
+
+/// Movement numbers are whole, so a default quantity with a fraction would be booked as another one.
+FormCell wholeCell(std::string stored, const std::string& text)
+{
+    const std::size_t point = stored.find('.');
+    if (point != std::string::npos) {
+        if (stored.find_first_not_of('0', point + 1) != std::string::npos)
+            return {.stored = {}, .fault = "「" + text + "」は使えません。小数のない数を入れて下さい"};
+        stored.erase(point);
+    }
+    return {.stored = stored.empty() ? "0" : std::move(stored)};
 }
 
 FormCell numberCell(const Form& form, const FormField& field, const std::string& text)
@@ -68,12 +140,14 @@ FormCell numberCell(const Form& form, const FormField& field, const std::string&
     std::erase(number, ',');
     if (number.empty())
         number = field.whenEmpty;
-    const auto stored =
+    auto stored =
         asStored(form.table.name, form.table.columns[static_cast<std::size_t>(field.column)], number);
     if (!stored || stored->empty() || stored->starts_with('-')
         || (field.kind == FormKind::Count && stored->find_first_of("123456789") == std::string::npos))
         return {.stored = {}, .fault = "「" + text + "」は使えません。数を入れて下さい"};
-    return {.stored = stored};
+    if (field.kind == FormKind::Whole)
+        return wholeCell(std::move(*stored), text);
+    return {.stored = std::move(stored)};
 }
 
 FormCell flagCell(const std::string& text)
@@ -115,19 +189,17 @@ std::span<const Form> allForms()
 
 std::string plainText(const std::string& text)
 {
-    QString half = QString::fromStdString(text);
-    for (QChar& c : half)
-        if (c >= u'！' && c <= u'～')
-            c = QChar(c.unicode() - u'！' + u'!');
-    return half.trimmed().toStdString();
+    return halfWidth(text).trimmed().toStdString();
 }
 
 FormCell formCell(const Form& form, const FormField& field, const std::string& text)
 {
     switch (field.kind) {
     case FormKind::Code:
-        return codeCell(text);
+    case FormKind::GoodsCode:
+        return codeCell(text, field.kind);
     case FormKind::Number:
+    case FormKind::Whole:
     case FormKind::Count:
         return numberCell(form, field, text);
     case FormKind::Flag:

@@ -10,7 +10,15 @@
 
 namespace suisui {
 
-enum class FormKind { Code, Text, Number, Count, Flag };
+enum class FormKind {
+    Code,
+    GoodsCode, ///< a code that a reader is to bring as it stands
+    Text,
+    Number,
+    Whole, ///< a number without a fraction
+    Count, ///< a number above zero
+    Flag,
+};
 
 struct FormField
 {

@@ -1,23 +1,20 @@
 #include "tools/Forms.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <optional>
 #include <ostream>
-#include <set>
 
-#include <QString>
-#include <QStringDecoder>
+#include <QDateTime>
 
-#include "platform/core/CodePage.h"
 #include "platform/core/Files.h"
 #include "store/AppDB.h"
-#include "store/Where.h"
+#include "store/ComponentChange.h"
+#include "store/Stamps.h"
 #include "tools/Csv.h"
-#include "tools/FormCells.h"
+#include "tools/FormReader.h"
+#include "tools/FormRows.h"
 
 namespace suisui {
 
@@ -25,194 +22,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF"; // by which spreadsheets know UTF-8
-
 std::string pathOf(const std::string& folder, const Form& form)
 {
     return folder + "/" + std::string(form.file);
 }
-
-std::string folded(std::string_view code)
-{
-    std::string text(code);
-    for (char& c : text)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return text;
-}
-
-/// The bytes of a form as UTF-8; nothing when they are neither that nor code page 932.
-std::optional<std::string> decoded(std::string bytes)
-{
-    // Stateless: a file that ends inside a letter is not UTF-8 either.
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = utf8(bytes);
-    if (utf8.hasError() || text.contains(QChar::ReplacementCharacter)) {
-        bytes = fromCp932(bytes);
-        if (bytes.find("\uFFFD") != std::string::npos)
-            return std::nullopt;
-    }
-    if (bytes.starts_with(byteOrderMark))
-        bytes.erase(0, byteOrderMark.size());
-    return bytes;
-}
-
-/// Takes one form over; pending until the caller's Commit.
-class FormReader
-{
-public:
-    FormReader(AppDB& db, const Form& form, std::vector<std::string>& faults)
-        : m_form(form), m_faults(faults), m_rows(db, form.table), m_goods(db.MasterPost())
-    {
-    }
-
-    void take(const std::string& bytes)
-    {
-        const auto text = decoded(bytes);
-        if (!text)
-            return fault("文字コードがわかりません（UTF-8 か シフト JIS で保存して下さい）");
-        CsvReader reader(*text);
-        const auto headings = reader.next();
-        if (!headings || !placeHeadings(*headings))
-            return headings ? void() : fault("何も書かれていません");
-        while (const auto record = reader.next()) {
-            m_line = reader.line();
-            if (std::ranges::any_of(*record,
-                                    [](const std::string& cell) { return !plainText(cell).empty(); }))
-                takeRecord(*record);
-        }
-        m_line = 0;
-        if (!reader.error().empty())
-            fault("CSV の形が正しくありません（" + reader.error() + "）");
-    }
-
-    [[nodiscard]] std::string summary() const
-    {
-        return std::string(m_form.what) + "：追加 " + std::to_string(m_added) + " 件、変更 "
-               + std::to_string(m_changed) + " 件\n";
-    }
-
-private:
-    void fault(const std::string& what)
-    {
-        m_faults.push_back(std::string(m_form.file)
-                           + (m_line > 0 ? " " + std::to_string(m_line) + " 行目" : "") + "：" + what);
-    }
-
-    /// For each field its place in the records. A field that the form lacks stays as the database has it.
-    bool placeHeadings(const std::vector<std::string>& headings)
-    {
-        const std::size_t before = m_faults.size();
-        m_width = headings.size();
-        m_places.assign(m_form.fields.size(), -1);
-        for (std::size_t i = 0; i < headings.size(); ++i) {
-            const auto named = std::ranges::find_if(m_form.fields, [&](const FormField& f) {
-                return plainText(std::string(f.heading)) == plainText(headings[i]);
-            });
-            if (named != m_form.fields.end())
-                m_places[static_cast<std::size_t>(named - m_form.fields.begin())] = static_cast<int>(i);
-            else if (!plainText(headings[i]).empty())
-                fault("見出し「" + headings[i] + "」がわかりません");
-        }
-        for (std::size_t i = 0; i < m_places.size(); ++i)
-            if (m_places[i] < 0 && (i < 2 || m_form.partsOfTheCode))
-                fault("見出し「" + std::string(m_form.fields[i].heading) + "」がありません");
-        return m_faults.size() == before;
-    }
-
-    void takeRecord(const std::vector<std::string>& record)
-    {
-        if (record.size() > m_width)
-            return fault("見出しより多くの欄があります");
-        std::vector<std::pair<int, std::string>> texts;
-        bool good = true;
-        for (std::size_t i = 0; i < m_form.fields.size(); ++i) {
-            const FormField& field = m_form.fields[i];
-            if (m_places[i] < 0)
-                continue;
-            const auto place = static_cast<std::size_t>(m_places[i]);
-            FormCell cell = formCell(m_form, field, place < record.size() ? record[place] : std::string());
-            if (cell.stored)
-                texts.emplace_back(field.column, std::move(*cell.stored));
-            else
-                fault(std::string(field.heading) + cell.fault);
-            good = good && cell.stored.has_value();
-        }
-        if (good && isNew(texts) && (!m_form.partsOfTheCode || partIsSound(texts)))
-            store(texts);
-    }
-
-    using Texts = std::vector<std::pair<int, std::string>>;
-
-    /// Whether no line before has said something about this code, or about this part of it.
-    bool isNew(const Texts& texts)
-    {
-        std::string key = folded(texts[0].second);
-        if (m_form.partsOfTheCode)
-            key += '\n' + folded(texts[1].second);
-        const auto [known, added] = m_lines.emplace(key, m_line);
-        if (!added)
-            fault(std::to_string(known->second) + " 行目と同じコードです");
-        return added;
-    }
-
-    bool partIsSound(const Texts& texts)
-    {
-        const std::size_t before = m_faults.size();
-        for (const std::size_t i : {std::size_t{0}, std::size_t{1}})
-            if (m_goods.CountRows(whereCode(texts[i].second)) != 1)
-                fault(std::string(m_form.fields[i].heading) + "「" + texts[i].second
-                      + "」が商品にありません");
-        if (folded(texts[0].second) == folded(texts[1].second))
-            fault("商品と部品が同じコードです");
-        return m_faults.size() == before;
-    }
-
-    void store(const Texts& texts)
-    {
-        const std::string& code = texts[0].second;
-        if (m_form.partsOfTheCode && m_cleared.insert(folded(code)).second)
-            clearParts(code);
-        const bool known = !m_form.partsOfTheCode && m_rows.Select(whereCode(code)) == 1;
-        if (!known) {
-            m_rows.Clear();
-            m_rows.NewRows(1);
-            for (const FormField& field : m_form.fields)
-                m_rows.set(1, field.column, field.whenEmpty);
-        }
-        bool changed = false;
-        for (const auto& [column, text] : texts) {
-            if (m_rows.get(1, column) == text)
-                continue;
-            m_rows.set(1, column, text);
-            changed = true;
-        }
-        if ((known && changed && m_rows.UpdateRow(1) != 0) || (!known && m_rows.InsertRow(1) != 0))
-            return fault("データベースに書けません");
-        m_added += known ? 0 : 1;
-        m_changed += known && changed ? 1 : 0;
-    }
-
-    void clearParts(const std::string& code)
-    {
-        m_rows.Select(whereCode(code));
-        while (m_rows.Count() > 0)
-            if (m_rows.DeleteRow(1) != 0)
-                return fault("データベースに書けません");
-    }
-
-    const Form& m_form;
-    std::vector<std::string>& m_faults;
-    RowSet m_rows;
-    MasterRec& m_goods;
-    std::vector<int> m_places;
-    std::size_t m_width = 0;
-    std::map<std::string, int> m_lines; ///< of each code
-    std::set<std::string> m_cleared;    ///< goods whose old parts are gone
-    int m_line = 0;
-    int m_added = 0;
-    int m_changed = 0;
-};
 
 std::optional<std::string> bytesOf(const std::string& path)
 {
@@ -262,6 +75,28 @@ bool openShop(AppDB& db, const std::string& base, std::ostream& err)
     return false;
 }
 
+/// Pending until the caller's Commit. Returns what it has come to.
+std::string takeForm(AppDB& db, const Form& form, const std::optional<std::string>& bytes, FormFaults& faults)
+{
+    if (!bytes) {
+        faults.add("読めません");
+        return {};
+    }
+    if (!form.partsOfTheCode) {
+        CodeRows rows(db, form, faults);
+        readForm(*bytes, form, faults, rows);
+        return rows.summary();
+    }
+    PartRows rows(db, form, faults);
+    const auto change = [&] {
+        readForm(*bytes, form, faults, rows);
+        return !faults.any();
+    };
+    if (!changeComponents(db, stampOf(QDateTime::currentDateTime()), change) && !faults.any())
+        faults.add("部品の在庫を繰り越せません。データベースを確認して下さい");
+    return rows.summary();
+}
+
 } // namespace
 
 ToolStatus writeForms(const std::string& base, const std::string& folder, std::ostream& out,
@@ -296,12 +131,8 @@ ToolStatus takeForms(const std::string& base, const std::string& folder, std::os
         std::error_code code;
         if (!fs::exists(pathOf(folder, form), code))
             continue;
-        FormReader reader(db, form, faults);
-        if (const auto bytes = bytesOf(pathOf(folder, form)))
-            reader.take(*bytes);
-        else
-            faults.push_back(std::string(form.file) + "：読めません");
-        summary += reader.summary();
+        FormFaults formFaults(form, faults);
+        summary += takeForm(db, form, bytesOf(pathOf(folder, form)), formFaults);
     }
     if (summary.empty())
         faults.push_back("表がありません：" + folder);

@@ -111,14 +111,16 @@ bool readApart(const std::string& path, std::span<const std::string_view> tables
 }
 
 /// The next row of \a columns columns.
-void takeRow(Records& records, std::size_t columns, std::vector<std::string>& texts, std::vector<int>& broken)
+void takeRow(Records& records, std::size_t columns, JetFile::Row& row)
 {
-    texts.clear();
-    broken.clear();
+    ++row.number;
+    row.texts.clear();
+    row.broken.clear();
+    row.cutOff = records.number() != 0;
     for (std::size_t i = 0; i < columns; ++i)
-        texts.emplace_back(records.text());
+        row.texts.emplace_back(records.text());
     for (std::uint32_t n = records.number(); n > 0 && records.good(); --n)
-        broken.push_back(static_cast<int>(records.number()));
+        row.broken.push_back(static_cast<int>(records.number()));
 }
 
 } // namespace
@@ -142,8 +144,7 @@ bool JetFile::index(std::string& why)
         why = records.text();
         return false;
     }
-    std::vector<std::string> texts;
-    std::vector<int> broken;
+    Row row;
     while (records.skip(JetMark::Table)) {
         Table table{.name = std::string(records.text()), .columns = {}, .declaredRows = 0};
         table.declaredRows = static_cast<int>(records.number());
@@ -153,8 +154,10 @@ bool JetFile::index(std::string& why)
         }
         m_tables.push_back({std::move(table), m_bytes.size() - records.rest().size()});
         while (records.skip(JetMark::Row))
-            takeRow(records, m_tables.back().table.columns.size(), texts, broken);
+            takeRow(records, m_tables.back().table.columns.size(), row);
     }
+    if (records.skip(JetMark::CutOff))
+        m_missingBytes = records.number();
     return records.good() && records.skip(JetMark::End) && records.rest().empty();
 }
 
@@ -180,14 +183,12 @@ int JetFile::read(const Table& table, const RowHandler& handler) const
     if (place == nullptr)
         return -1;
     Records records(std::string_view(m_bytes).substr(place->rows));
-    std::vector<std::string> texts;
-    std::vector<int> broken;
-    int number = 0;
+    Row row;
     while (records.skip(JetMark::Row)) {
-        takeRow(records, place->table.columns.size(), texts, broken);
-        handler(++number, texts, broken);
+        takeRow(records, place->table.columns.size(), row);
+        handler(row);
     }
-    return number;
+    return row.number;
 }
 
 } // namespace suisui

@@ -5,6 +5,7 @@
 // refused.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
@@ -27,9 +28,14 @@ public:
         std::vector<Column> columns; ///< in the file's own order
         int declaredRows = 0;        ///< how many rows the file says it has
     };
-    /// A row, numbered from 1. \a broken names the columns whose bytes are no text or do not fit.
-    using RowHandler =
-        std::function<void(int number, std::span<const std::string> texts, std::span<const int> broken)>;
+    struct Row
+    {
+        int number = 0; ///< counted from 1
+        std::vector<std::string> texts;
+        std::vector<int> broken; ///< columns whose bytes are no text or do not fit
+        bool cutOff = false;     ///< the file ends before the row does, so nothing of it counts
+    };
+    using RowHandler = std::function<void(const Row& row)>;
 
     /// Reads \a tables of the file. False, with the reason in \a why, for a file that is none of the two or
     /// is damaged. Tables that it does not have are no error.
@@ -39,6 +45,9 @@ public:
     [[nodiscard]] bool describe(std::string_view name, Table& table) const;
     /// Hands every row of \a table to \a handler. Returns the number of rows, -1 when there is no such table.
     [[nodiscard]] int read(const Table& table, const RowHandler& handler) const;
+
+    /// Bytes that the file's last page lacks; 0 for a whole file.
+    [[nodiscard]] std::uint32_t missingBytes() const { return m_missingBytes; }
 
 private:
     struct Place
@@ -52,6 +61,7 @@ private:
 
     std::string m_bytes; ///< what the reading process has written
     std::vector<Place> m_tables;
+    std::uint32_t m_missingBytes = 0;
 };
 
 } // namespace suisui

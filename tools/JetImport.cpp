@@ -26,6 +26,11 @@ bool sameLetters(std::string_view a, std::string_view b)
         a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
+bool isControl(char c)
+{
+    return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+}
+
 /// What the operator reads at the end.
 struct Report
 {
@@ -89,22 +94,26 @@ public:
     {
     }
 
-    void carry(int number, std::span<const std::string> texts, std::span<const int> broken)
+    void carry(const JetFile::Row& row)
     {
+        if (row.cutOff) {
+            m_report.problem(m_ours.name, row.number, "the file ends before this row does");
+            return;
+        }
         for (const int j : m_leftOver)
-            m_lost[static_cast<std::size_t>(j)] += texts[static_cast<std::size_t>(j)].empty() ? 0 : 1;
+            m_lost[static_cast<std::size_t>(j)] += row.texts[static_cast<std::size_t>(j)].empty() ? 0 : 1;
         m_rows.Clear();
         m_rows.NewRows(1);
         bool good = true;
         for (std::size_t i = 0; i < m_places.size(); ++i)
-            good = set(number, i, texts, broken) && good;
+            good = set(row, i) && good;
         if (!good)
             return;
         if (m_rows.InsertRow(1) == 0) {
             ++m_carried;
             return;
         }
-        m_report.problem(m_ours.name, number,
+        m_report.problem(m_ours.name, row.number,
                          m_db.LastErrNo() == "3022" ? "a row with the key " + keyOf() + " is there already"
                                                     : m_db.LastErrText());
     }
@@ -125,22 +134,25 @@ public:
     }
 
 private:
-    bool set(int number, std::size_t column, std::span<const std::string> texts, std::span<const int> broken)
+    bool set(const JetFile::Row& row, std::size_t column)
     {
-        const std::string_view name = m_ours.columns[column];
+        const std::string name(m_ours.columns[column]);
         const int place = m_places[column];
-        const std::string text = place == notThere ? std::string() : texts[static_cast<std::size_t>(place)];
-        if (place != notThere && std::ranges::find(broken, place) != broken.end()) {
-            m_report.problem(m_ours.name, number, std::string(name) + " \"" + text + "\" is no text");
+        std::string text = place == notThere ? std::string() : row.texts[static_cast<std::size_t>(place)];
+        const auto refuse = [&](const std::string& why) {
+            m_report.problem(m_ours.name, row.number, name + " \"" + text + "\" " + why);
             return false;
+        };
+        if (place != notThere && std::ranges::find(row.broken, place) != row.broken.end())
+            return refuse("is no text");
+        if (std::ranges::any_of(text, isControl)) {
+            // Said, but no reason to leave a whole movement behind for a line break in its remark.
+            std::ranges::replace_if(text, isControl, ' ');
+            (void)refuse("has control characters, here as blanks");
         }
         const auto stored = asStored(m_ours.name, name, text);
-        if (!stored) {
-            m_report.problem(m_ours.name, number,
-                             std::string(name) + " \"" + text + "\" is no "
-                                 + std::string(meaningOf(m_ours.name, name)));
-            return false;
-        }
+        if (!stored)
+            return refuse("is no " + std::string(meaningOf(m_ours.name, name)));
         m_rows.set(1, static_cast<int>(column), *stored);
         return true;
     }
@@ -177,9 +189,7 @@ void carryTable(const JetFile& file, AppDB& db, const TableDef& table, Report& r
         return;
     }
     TableCarrier carrier(db, table, theirs, report);
-    carrier.finish(
-        file.read(theirs, [&carrier](int number, std::span<const std::string> texts,
-                                     std::span<const int> broken) { carrier.carry(number, texts, broken); }));
+    carrier.finish(file.read(theirs, [&carrier](const JetFile::Row& row) { carrier.carry(row); }));
 }
 
 /// Fills the new database \a aside. Empty when that went through, else what failed.
@@ -191,6 +201,10 @@ std::string fill(const JetFile& file, const std::string& aside, Report& report)
     AppDB db(folderOf(aside));
     if (db.OpenForFilling(aside) != 0)
         return db.LastErrText();
+    if (file.missingBytes() > 0)
+        report.problem("file", 0,
+                       "it ends inside its last page, " + std::to_string(file.missingBytes())
+                           + " bytes are missing");
     for (const TableDef* table : allTables())
         carryTable(file, db, *table, report);
     if (db.FinishFilling() != 0)

@@ -116,8 +116,8 @@ const MdbColumn* columnAt(const MdbTableDef& table, unsigned int column)
 class Row
 {
 public:
-    explicit Row(MdbTableDef& table)
-        : m_table(table), m_buffers(table.num_cols, std::string(widestText, '\0')),
+    Row(MdbTableDef& table, std::uintmax_t fileSize)
+        : m_table(table), m_fileSize(fileSize), m_buffers(table.num_cols, std::string(widestText, '\0')),
           m_lengths(table.num_cols, 0), texts(table.num_cols)
     {
         for (unsigned int i = 0; i < table.num_cols; ++i)
@@ -143,6 +143,21 @@ public:
         }
     }
 
+    /// Whether the file ends before the row at hand does. The library reads on in what it takes for zeros.
+    [[nodiscard]] bool isCutOff() const
+    {
+        MdbHandle* const file = m_table.entry->mdb;
+        int start = 0;
+        std::size_t length = 0;
+        if (m_table.cur_row == 0
+            || mdb_find_row(file, static_cast<int>(m_table.cur_row) - 1, &start, &length) != 0)
+            return true;
+        constexpr unsigned offset = 0x1FFF; // above it stand flags
+        const auto page = static_cast<std::uintmax_t>(m_table.cur_phys_pg)
+                          * static_cast<std::uintmax_t>(file->fmt->pg_size);
+        return page + (static_cast<unsigned>(start) & offset) + length > m_fileSize;
+    }
+
 private:
     /// A column of the row at hand as it lies in the file.
     [[nodiscard]] std::span<const unsigned char> storedBytes(const MdbColumn& column) const
@@ -154,6 +169,7 @@ private:
     }
 
     MdbTableDef& m_table;
+    std::uintmax_t m_fileSize;
     std::vector<std::string> m_buffers;
     std::vector<int> m_lengths;
 
@@ -203,17 +219,18 @@ private:
     std::string m_bytes;
 };
 
-/// False when there are more than \a most rows: a page then leads back to itself.
-bool writeRows(Writing& out, MdbTableDef& table, std::uintmax_t most)
+/// False when there are more rows than \a fileSize bytes can hold: a page then leads back to itself.
+bool writeRows(Writing& out, MdbTableDef& table, std::uintmax_t fileSize)
 {
     constexpr std::size_t piece = 65536;
-    Row row(table);
+    std::uintmax_t most = fileSize / smallestRow;
+    Row row(table, fileSize);
     mdb_rewind_table(&table);
     while (mdb_fetch_row(&table) != 0) {
         if (most-- == 0)
             return false;
         row.take();
-        out << JetMark::Row;
+        out << JetMark::Row << std::uint32_t{row.isCutOff()};
         for (const std::string& text : row.texts)
             out << text;
         out << static_cast<std::uint32_t>(row.broken.size());
@@ -225,7 +242,7 @@ bool writeRows(Writing& out, MdbTableDef& table, std::uintmax_t most)
     return true;
 }
 
-bool writeTable(Writing& out, MdbHandle* file, std::string_view name, std::uintmax_t most)
+bool writeTable(Writing& out, MdbHandle* file, std::string_view name, std::uintmax_t fileSize)
 {
     const TableDefinition table = definitionOf(file, name);
     if (!table)
@@ -235,7 +252,7 @@ bool writeTable(Writing& out, MdbHandle* file, std::string_view name, std::uintm
         const MdbColumn* column = columnAt(*table, i);
         out << std::string_view(column->name) << std::uint32_t{isReadable(column->col_type)};
     }
-    return writeRows(out, *table, most);
+    return writeRows(out, *table, fileSize);
 }
 
 } // namespace
@@ -259,10 +276,13 @@ bool writeJetTables(int to, const std::string& path, std::span<const std::string
     if (mdb_read_catalog(file, MDB_TABLE) == nullptr)
         return refuse("its list of tables cannot be read");
     mdb_set_bind_size(file, widestText);
-    const std::uintmax_t most = std::filesystem::file_size(path) / smallestRow;
+    const std::uintmax_t fileSize = std::filesystem::file_size(path);
     for (const std::string_view table : tables)
-        if (!writeTable(out, file, table, most))
+        if (!writeTable(out, file, table, fileSize))
             return false;
+    const auto pageSize = static_cast<std::uintmax_t>(file->fmt->pg_size);
+    if (const std::uintmax_t over = fileSize % pageSize; over > 0)
+        out << JetMark::CutOff << static_cast<std::uint32_t>(pageSize - over);
     out << JetMark::End;
     return out.flush();
 }

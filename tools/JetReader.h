@@ -14,8 +14,10 @@ enum class JetMark : char {
     Refused = 'W', ///< why, a text; nothing follows
     Table = 'T', ///< name, rows that the file speaks of, number of columns, for each its name and whether it
                  ///< is readable
-    Row = 'R',   ///< of the table before: a text for each column, number of broken columns, their places
-    End = 'E',   ///< everything has been read
+    Row = 'R',   ///< of the table before: 1 when the file ends before the row does, otherwise 0; a text for
+               ///< each column, number of broken columns, their places
+    CutOff = 'C', ///< so many bytes that the last page lacks; before the end
+    End = 'E',    ///< everything has been read
 };
 
 /// Writes those of \a tables that the file at \a path has to the descriptor \a to. False when it cannot.

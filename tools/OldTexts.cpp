@@ -6,6 +6,7 @@
 
 #include "platform/core/RunTimeError.h"
 #include "store/Numbers.h"
+#include "store/Stamps.h"
 
 namespace suisui {
 
@@ -64,7 +65,8 @@ std::optional<std::string> maybeNumber(std::string_view text)
     return digits.empty() || number(digits) ? std::optional<std::string>(digits) : std::nullopt;
 }
 
-template <std::size_t Length> std::optional<std::string> digitsOf(std::string_view text)
+/// The digits of \a text without what separates them; nothing when there are others than \a length.
+std::optional<std::string> digitsOf(std::string_view text, std::size_t length)
 {
     std::string digits;
     for (const char c : trimmed(text)) {
@@ -73,7 +75,50 @@ template <std::size_t Length> std::optional<std::string> digitsOf(std::string_vi
         else if (c != '/' && c != ':' && c != ' ')
             return std::nullopt;
     }
-    return digits.size() == Length ? std::optional(digits) : std::nullopt;
+    return digits.size() == length ? std::optional(digits) : std::nullopt;
+}
+
+int numberAt(std::string_view digits, std::size_t at, std::size_t length)
+{
+    int value = 0;
+    for (const char c : digits.substr(at, length))
+        value = value * 10 + (c - '0');
+    return value;
+}
+
+bool isDay(std::string_view digits)
+{
+    return isCalendarDay(numberAt(digits, 0, 4), numberAt(digits, 4, 2), numberAt(digits, 6, 2));
+}
+
+bool isTimeOfDay(std::string_view digits)
+{
+    return numberAt(digits, 0, 2) < 24 && numberAt(digits, 2, 2) < 60 && numberAt(digits, 4, 2) < 60;
+}
+
+std::optional<std::string> date(std::string_view text)
+{
+    const auto digits = digitsOf(text, 8);
+    return digits && isDay(*digits) ? digits : std::nullopt;
+}
+
+std::optional<std::string> timeOfDay(std::string_view text)
+{
+    const auto digits = digitsOf(text, 6);
+    return digits && isTimeOfDay(*digits) ? digits : std::nullopt;
+}
+
+std::optional<std::string> timeStamp(std::string_view text)
+{
+    const auto digits = digitsOf(text, 14);
+    return digits && isDay(*digits) && isTimeOfDay(std::string_view(*digits).substr(8)) ? digits
+                                                                                        : std::nullopt;
+}
+
+/// Any text but none at all: a row without a code can be neither found nor chosen.
+std::optional<std::string> code(std::string_view text)
+{
+    return trimmed(text).empty() ? std::nullopt : std::optional<std::string>(text);
 }
 
 struct Form
@@ -84,6 +129,7 @@ struct Form
 };
 
 constexpr Form movementForms[] = {
+    {"Code", code, "code"},
     {"NyuSuu", movementNumber, "whole number"},
     {"NyuPrice", movementNumber, "whole number"},
     {"NyuNebiki", movementNumber, "whole number"},
@@ -93,33 +139,39 @@ constexpr Form movementForms[] = {
     {"SyuNebiki", movementNumber, "whole number"},
     {"RHenkyaku", movementNumber, "whole number"},
     {"FHenkyaku", movementNumber, "whole number"},
-    {"NyuDate", digitsOf<8>, "date"},
-    {"SyuDate", digitsOf<8>, "date"},
-    {"NyuTime", digitsOf<6>, "time"},
-    {"SyuTime", digitsOf<6>, "time"},
-    {"InpDate", digitsOf<14>, "time stamp"},
-    {"UpdDate", digitsOf<14>, "time stamp"},
+    {"NyuDate", date, "date"},
+    {"SyuDate", date, "date"},
+    {"NyuTime", timeOfDay, "time"},
+    {"SyuTime", timeOfDay, "time"},
+    {"InpDate", timeStamp, "time stamp"},
+    {"UpdDate", timeStamp, "time stamp"},
 };
 constexpr Form stockForms[] = {
+    {"Code", code, "code"},
     {"ZaikoSuu", stockNumber, "number"},
     {"KuriSuu", stockNumber, "number"},
-    {"InpDate", digitsOf<14>, "time stamp"},
-    {"UpdDate", digitsOf<14>, "time stamp"},
+    {"InpDate", timeStamp, "time stamp"},
+    {"UpdDate", timeStamp, "time stamp"},
 };
 constexpr Form masterForms[] = {
-    {"NyuSuu", maybeNumber, "number"}, {"NyuPrice", maybeNumber, "number"},
-    {"SyuSuu", maybeNumber, "number"}, {"SyuPrice", maybeNumber, "number"},
+    {"Code", code, "code"},
+    {"NyuSuu", maybeNumber, "number"},
+    {"NyuPrice", maybeNumber, "number"},
+    {"SyuSuu", maybeNumber, "number"},
+    {"SyuPrice", maybeNumber, "number"},
     {"Stock", maybeNumber, "number"},
 };
-constexpr Form componentForms[] = {{"Suuryou", maybeNumber, "number"}};
+constexpr Form componentForms[] = {
+    {"Code", code, "code"}, {"HSeihinCD", code, "code"}, {"Suuryou", maybeNumber, "number"}};
+constexpr Form codeForms[] = {{"Code", code, "code"}};
 
 constexpr struct
 {
     std::string_view table;
     std::span<const Form> forms;
 } tables[] = {
-    {"InpTB", movementForms}, {"OutTB", movementForms},      {"ZaikoTB", stockForms},
-    {"Master", masterForms},  {"HSeihinTB", componentForms},
+    {"InpTB", movementForms},      {"OutTB", movementForms}, {"ZaikoTB", stockForms}, {"Master", masterForms},
+    {"HSeihinTB", componentForms}, {"KokyakuTB", codeForms}, {"TantouTB", codeForms},
 };
 
 const Form* formOf(std::string_view table, std::string_view column)

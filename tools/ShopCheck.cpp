@@ -18,8 +18,6 @@ namespace {
 
 using Problems = std::vector<std::string>;
 
-constexpr double tolerance = 1e-6; // quantities of a tenth do not add up to the last bit
-
 bool allDigits(std::string_view text, std::size_t length)
 {
     return text.size() == length
@@ -124,23 +122,36 @@ std::string folded(std::string_view code)
     return text;
 }
 
+/// A stock figure as it stands in the table, and the part of it that was carried forward.
+struct StockFigure
+{
+    double figure = 0;
+    double carried = 0;
+};
+
 /// What movements make of a code's stock.
 struct Moved
 {
     double net = 0;   ///< with the returns of receipts taken off, as postings have it
     double gross = 0; ///< without, as the carry-forward has it
+    double size = 0;  ///< all that came and went, whichever way
 
     void add(double netQuantity, double grossQuantity)
     {
-        net += netQuantity;
-        gross += grossQuantity;
+        net = plus(net, netQuantity);
+        gross = plus(gross, grossQuantity);
+        size += std::abs(netQuantity) + std::abs(grossQuantity);
     }
-    /// Whether \a quantity is what they make. Once periods were saved it may be counted either way, movement
-    /// by movement: without returns up to the last save or load, with them since.
-    [[nodiscard]] bool make(double quantity, bool periodsWereSaved) const
+    /// Whether they make \a stock, on 15 digits counted from the largest figure that had a part in it: what a
+    /// text carries, and what older versions of the program have lost behind them. Once periods were saved a
+    /// movement may be counted either way: without returns up to the last save or load, with them since.
+    [[nodiscard]] bool make(const StockFigure& stock, bool periodsWereSaved) const
     {
+        constexpr double lastDigit = 1e-15;
+        const double quantity = plus(stock.figure, -stock.carried);
         const double other = periodsWereSaved ? gross : net;
-        return quantity > std::min(net, other) - tolerance && quantity < std::max(net, other) + tolerance;
+        const double room = (size + std::abs(stock.figure) + std::abs(stock.carried)) * lastDigit;
+        return quantity >= std::min(net, other) - room && quantity <= std::max(net, other) + room;
     }
 };
 
@@ -157,11 +168,12 @@ std::map<std::string, Moved> movedStock(const InpRec& receipts, const OutRec& sh
     for (int row = 1; row <= receipts.Count(); ++row) {
         const std::string code = folded(receipts.get(row, InpCol::Code));
         const double gross = numberOf(receipts.get(row, InpCol::NyuSuu));
-        const double net = gross - numberOf(receipts.get(row, InpCol::Henkyaku));
+        const double net = plus(gross, -numberOf(receipts.get(row, InpCol::Henkyaku)));
         moved[code].add(net, gross);
         const auto [first, last] = components.equal_range(code);
         for (auto part = first; part != last; ++part)
-            moved[part->second.first].add(-net * part->second.second, -gross * part->second.second);
+            moved[part->second.first].add(-times(net, part->second.second),
+                                          -times(gross, part->second.second));
     }
     for (int row = 1; row <= shipments.Count(); ++row) {
         const double shipped = numberOf(shipments.get(row, OutCol::SyuSuu));
@@ -175,13 +187,14 @@ void checkStock(AppDB& db, const ZaikoRec& stock, std::map<std::string, Moved> m
     const bool periodsWereSaved = db.RirekiTbl().CountRows("WHERE DateFrom='Trn'") > 0;
     for (int row = 1; row <= stock.Count(); ++row) {
         const std::string code = folded(stock.get(row, ZaikoCol::Code));
-        const double figure = numberOf(stock.get(row, ZaikoCol::ZaikoSuu));
-        const double carried = numberOf(stock.get(row, ZaikoCol::KuriSuu));
+        const StockFigure figures{.figure = numberOf(stock.get(row, ZaikoCol::ZaikoSuu)),
+                                  .carried = numberOf(stock.get(row, ZaikoCol::KuriSuu))};
         const Moved made = moved[code];
         moved.erase(code);
-        if (!made.make(figure - carried, periodsWereSaved))
+        if (!made.make(figures, periodsWereSaved))
             problems.push_back("stock of " + std::string(stock.get(row, ZaikoCol::Code)) + " is "
-                               + CStr(figure) + ", its movements make " + CStr(carried + made.net));
+                               + CStr(figures.figure) + ", its movements make "
+                               + CStr(plus(figures.carried, made.net)));
     }
     MasterRec& master = db.MasterPost();
     std::map<std::string, bool> known;
@@ -191,7 +204,7 @@ void checkStock(AppDB& db, const ZaikoRec& stock, std::map<std::string, Moved> m
     master.Clear();
     // A code that is in neither table is skipped by the postings, so it owes nothing here either.
     for (const auto& [code, quantity] : moved)
-        if (std::abs(quantity.net) > tolerance && known.contains(code))
+        if (!quantity.make({}, false) && known.contains(code))
             problems.push_back("no stock row for " + code + ", its movements make " + CStr(quantity.net));
 }
 

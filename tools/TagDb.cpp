@@ -12,6 +12,8 @@
 
 #include "platform/core/CodePage.h"
 #include "store/AppDB.h"
+#include "store/ComponentChange.h"
+#include "store/Stamps.h"
 #include "tools/Csv.h"
 #include "tools/OldTexts.h"
 #include "tools/SampleData.h"
@@ -282,7 +284,14 @@ ToolStatus importTable(const std::string& base, std::string_view name, const std
     if (text.starts_with("\xEF\xBB\xBF"))
         text.erase(0, 3);
     std::string error = textFault(text, cp932);
-    const int count = error.empty() ? insertCsv(db, *table, text, error) : -1;
+    int count = -1;
+    const auto insert = [&] { return (count = insertCsv(db, *table, text, error)) >= 0; };
+    const std::string stamp = stampOf(QDateTime::currentDateTime());
+    if (error.empty() && !(table == &hseihinTable ? changeComponents(db, stamp, insert) : insert())) {
+        count = -1;
+        if (error.empty())
+            error = "the stock of the parts cannot be carried forward: " + db.LastErrText();
+    }
     if (count >= 0) {
         db.Commit();
         error = db.LastStatus() == 0 ? std::string() : db.LastErrText();

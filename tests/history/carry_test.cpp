@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "history/CarryForward.h"
+#include "store/CarryForward.h"
 #include "store/Numbers.h"
 #include "tests/support/HistoryDesk.h"
 #include "tests/support/Seed.h"
@@ -14,7 +14,6 @@ namespace suisui::test {
 namespace {
 
 const std::string now = "20260401090000";
-constexpr double tolerance = 1e-9;
 
 int carried(HistoryDesk& desk, const std::string& stamp = now)
 {
@@ -27,6 +26,18 @@ int carried(HistoryDesk& desk, const std::string& stamp = now)
 }
 
 using Lines = std::vector<std::string>;
+
+/// \a count thousandths as a plain text; whole arithmetic, so there is nothing to lose on the way.
+std::string inThousandths(long long count)
+{
+    std::string digits = std::to_string(std::abs(count));
+    digits.insert(0, 4 - std::min<std::size_t>(digits.size(), 4), '0');
+    digits.insert(digits.size() - 3, 1, '.');
+    digits.erase(std::min(digits.find_last_not_of('0') + 1, digits.size()));
+    if (digits.back() == '.')
+        digits.pop_back();
+    return count < 0 ? "-" + digits : digits;
+}
 
 } // namespace
 
@@ -62,6 +73,19 @@ TEST(CarryForward, receiptsOfAProduct_giveBackItsComponents_shipmentsDoNot)
     desk.shipment("SET", "0000001", "20260302", "20260302090000");
     ASSERT_EQ(carried(desk), 0);
     EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"PART|110", "SET|0"}));
+}
+
+TEST(CarryForward, tenthsAddUp_withoutATail)
+{
+    HistoryDesk desk;
+    desk.stock("PART", "-0.3", "0");
+    desk.stock("BIG", "1000000.1", "0");
+    desk.component("SET", "PART", "0.1");
+    for (int i = 0; i < 3; ++i)
+        desk.receipt("SET", "0000001", "20260301", std::to_string(20260301090000 + i));
+    desk.receipt("BIG", "1000000", "20260301", "20260301090000");
+    ASSERT_EQ(carried(desk), 0);
+    EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"BIG|0.1", "PART|0"}));
 }
 
 TEST(CarryForward, returnedQuantitiesHaveNoPartInIt)
@@ -124,12 +148,11 @@ TEST(CarryForward, ofRandomBooks_isTheRunningSumOfEveryRow)
     const auto below = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     for (int turn = 0; turn < 20; ++turn) {
         HistoryDesk desk;
-        std::map<std::string, double> expected;
+        std::map<std::string, long long> expected; // in thousandths
         for (int i = 0; i < 12; ++i) {
             const std::string code = "G" + std::to_string(i);
-            const std::string figure = CStr(below(2000) / 8.0 - 50);
-            desk.stock(code, figure, CStr(below(100)));
-            expected[code] = CDbl(figure);
+            expected[code] = below(200000) - 50000;
+            desk.stock(code, inThousandths(expected[code]), CStr(below(100)));
         }
         std::vector<std::tuple<std::string, std::string, std::string>> parts;
         for (int i = 0; i < 6; ++i) {
@@ -143,13 +166,13 @@ TEST(CarryForward, ofRandomBooks_isTheRunningSumOfEveryRow)
             const std::string stamp = std::to_string(20260301000000 + i);
             if (below(2) == 0) {
                 desk.receipt(code, quantity, "20260301", stamp);
-                expected[code] -= CDbl(quantity);
+                expected[code] -= std::lround(CDbl(quantity)) * 1000;
                 for (const auto& [product, part, each] : parts)
                     if (product == code)
-                        expected[part] += CDbl(quantity) * CDbl(each);
+                        expected[part] += std::lround(CDbl(quantity)) * std::lround(CDbl(each) * 1000);
             } else {
                 desk.shipment(code, quantity, "20260301", stamp);
-                expected[code] += CDbl(quantity);
+                expected[code] += std::lround(CDbl(quantity)) * 1000;
             }
         }
         ASSERT_EQ(carried(desk), 0);
@@ -157,8 +180,7 @@ TEST(CarryForward, ofRandomBooks_isTheRunningSumOfEveryRow)
         ASSERT_EQ(desk.db.ZaikoTbl().Count(), 12);
         for (int row = 1; row <= 12; ++row) {
             const std::string code(desk.db.ZaikoTbl().get(row, ZaikoCol::Code));
-            EXPECT_NEAR(CDbl(desk.db.ZaikoTbl().get(row, ZaikoCol::KuriSuu)), expected[code], tolerance)
-                << code;
+            EXPECT_EQ(desk.db.ZaikoTbl().get(row, ZaikoCol::KuriSuu), inThousandths(expected[code])) << code;
             EXPECT_EQ(desk.db.ZaikoTbl().get(row, ZaikoCol::UpdDate), now);
         }
     }

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "movement/MovementPage.h"
+#include "store/ComponentChange.h"
 #include "tests/lists/StockDesk.h"
 #include "tests/support/Seed.h"
 
@@ -63,6 +64,38 @@ TEST_F(StockDetailTest, movementsStandByPriceAndUnit_withTheirSums)
     EXPECT_EQ(row(8), "|　③ 出荷|2||90|0|180|本|");
     EXPECT_EQ(row(9), "|　④ 部品消費|5|50|||250|本|"); // 21 - 8 - 8
     EXPECT_EQ(row(10), "|　合計 （ ③＋④ ）|13|||20|890|本|");
+}
+
+TEST_F(StockDetailTest, tenths_leaveNoTail_thatIsRedOrRoundsTheWrongWay)
+{
+    goods("A", "量り売り", "0", "0", "0.3", "50");
+    for (int i = 0; i < 3; ++i)
+        shipment("A", "0.1", "0000080");
+    goods("B", "量り売り", "999999.8", "0", "1000000.3", "1");
+    show(u"A"_s);
+    EXPECT_EQ(row(6), "|　④ 部品消費|0|50|||0|個|"); // 0.3 less three times 0.1
+    EXPECT_FALSE(grid().cellForeColor(3, 6) == red);
+    EXPECT_FALSE(grid().cellForeColor(7, 6) == red);
+    show(u"B"_s);
+    EXPECT_EQ(row(6), "|　④ 部品消費|1|1|||1|個|"); // 0.5, away from zero
+}
+
+TEST_F(StockDetailTest, aSetThatWasChanged_isExplainedByWhatWasCarriedForward)
+{
+    goods("SET", "詰合せ", "5");
+    goods("PART", "りんご", "85", "0", "100");
+    shop.add(hseihinTable, {"SET", "", "PART", "3"});
+    receipt("SET", "0000005", "0000050");
+    const auto nowTwo = [this] {
+        db.Execute("UPDATE HSeihinTB SET Suuryou = '2'");
+        return db.LastStatus() == 0;
+    };
+    ASSERT_TRUE(changeComponents(db, "20260401120000", nowTwo));
+    db.Commit();
+    show(u"PART"_s);
+    EXPECT_EQ(row(1), "PART|りんご|85|50|80|||個|0");
+    EXPECT_EQ(row(3), "|　② 履歴繰越|95|50|||4,750|個|");
+    EXPECT_EQ(row(6), "|　④ 部品消費|10|50|||500|個|"); // what five sets take of it now
 }
 
 TEST_F(StockDetailTest, negativeFigures_areRedAndBold_theOthersPlain)

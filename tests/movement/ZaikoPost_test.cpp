@@ -184,12 +184,37 @@ TEST_F(ZaikoPostTest, itemThatLeftTheMaster_isNamedByItsCode)
     EXPECT_EQ(stored("OLD"), "-1");
 }
 
-TEST_F(ZaikoPostTest, fractions_readBackAsTheSameNumber)
+TEST_F(ZaikoPostTest, fractions_areStoredAsTheyAddUpOnPaper)
 {
     goods("A1", "0");
     stock("A1", "0.1");
     EXPECT_EQ(post("A1", "0.2"), PostResult::Posted);
-    EXPECT_EQ(std::stod(stored("A1")), 0.1 + 0.2);
+    EXPECT_EQ(stored("A1"), "0.3");
+}
+
+TEST_F(ZaikoPostTest, threeTenthsLessThreeTimesATenth_areNothing)
+{
+    goods("A1", "0");
+    stock("A1", "0.3");
+    expectSilent("A1", "-0.1", "0.2");
+    expectSilent("A1", "-0.1", "0.1");
+    expectSilent("A1", "-0.1", "0");
+    stock("B1", "1000000.1");
+    goods("B1", "0.1");
+    expectSilent("B1", "-1000000", "0.1"); // which is not below its minimum
+}
+
+TEST_F(ZaikoPostTest, fractionsInABox_haveNoTail)
+{
+    goods("A1", "0.2");
+    stock("A1", "0.3");
+    EXPECT_EQ(post("A1", "-0.2"), PostResult::Posted);
+    EXPECT_EQ(post("A1", "-0.3"), PostResult::Posted);
+    ASSERT_EQ(box.shown.size(), 2U);
+    EXPECT_TRUE(box.shown[0].text.contains(u"在庫数 = 0.1  <  最低在庫数 = 0.2　"_s))
+        << box.shown[0].text.toStdString();
+    EXPECT_TRUE(box.shown[1].text.contains(u"在庫数 = -0.2\r\n"_s)) << box.shown[1].text.toStdString();
+    EXPECT_EQ(stored("A1"), "-0.2");
 }
 
 TEST_F(ZaikoPostTest, writeThatFails_rollsBackAndGivesDatabaseFailure)

@@ -87,7 +87,7 @@ TEST(Numbers, textToDouble_readsWhatIsANumber_andRefusesTheRest)
     EXPECT_EQ(errorOf([] { (void)numberOf("x"); }), RunTimeError::TypeMismatch);
 }
 
-TEST(Numbers, numberToText_isPlain_andReadsBackTheSame)
+TEST(Numbers, numberToText_isPlain_andReadsBackAsTheSameText)
 {
     EXPECT_EQ(CStr(0), "0");
     EXPECT_EQ(CStr(-0.0), "0");
@@ -96,14 +96,113 @@ TEST(Numbers, numberToText_isPlain_andReadsBackTheSame)
     EXPECT_EQ(CStr(0.1), "0.1");
     EXPECT_EQ(CStr(99999999999999), "99999999999999");
     EXPECT_EQ(CStr(1e15), "1000000000000000");
+    EXPECT_EQ(errorOf([] { (void)CStr(INFINITY); }), RunTimeError::Overflow);
     std::mt19937_64 random(printedSeed());
     for (int i = 0; i < 20000; ++i) {
         const std::uint64_t bits = random();
         double number = 0;
         std::memcpy(&number, &bits, sizeof number);
-        if (!std::isfinite(number))
+        if (!std::isfinite(number) || std::abs(number) > 1e308)
             continue;
-        ASSERT_EQ(CDbl(CStr(number)), number) << CStr(number);
+        const std::string text = CStr(number);
+        ASSERT_EQ(text.find_first_not_of("-.0123456789"), std::string::npos) << text;
+        ASSERT_EQ(CStr(CDbl(text)), text);
+        ASSERT_NEAR(CDbl(text) / number, 1, std::abs(number) < 1e-300 ? 0.5 : 6e-15) << text;
+    }
+}
+
+TEST(Numbers, numberToText_hasFifteenDigits)
+{
+    const struct
+    {
+        double number;
+        std::string_view text;
+    } cases[] = {
+        {0.1 + 0.2, "0.3"},
+        {0.3 - 0.1, "0.2"},
+        {-1.0 / 3, "-0.333333333333333"},
+        {2.0 / 3, "0.666666666666667"},
+        {123456789.123456789, "123456789.123457"},
+        {123456789012345678.0, "123456789012346000"},
+        {99999999999999.5, "99999999999999.5"},
+        {1e15 - 0.125, "1000000000000000"},
+        {0.000123456, "0.000123456"},
+        {1e-7, "0.0000001"},
+        {12345.678, "12345.678"},
+        {-0.05, "-0.05"},
+        {1e20, "100000000000000000000"},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(CStr(each.number), each.text);
+}
+
+TEST(Numbers, sumsAndProducts_areThoseOfPaper)
+{
+    const struct
+    {
+        double a, b;
+        std::string_view sum, product;
+    } cases[] = {
+        {0.1, 0.2, "0.3", "0.02"},
+        {0.3, -0.3, "0", "-0.09"},
+        {0.3, -0.1, "0.2", "-0.03"},
+        {1000000.1, -1000000, "0.1", "-1000000100000"},
+        {99999999999999, 0.125, "99999999999999.1", "12499999999999.9"},
+        {99999999999999, 1, "100000000000000", "99999999999999"},
+        {-2.5, 2.5, "0", "-6.25"},
+        {1.1, 1.1, "2.2", "1.21"},
+        {0, 0.1, "0.1", "0"},
+        {1e300, -1, "1" + std::string(300, '0'), "-1" + std::string(300, '0')},
+        {0.001, 0.0005, "0.0015", "0.0000005"},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(CStr(plus(each.a, each.b)), each.sum) << each.a << " " << each.b;
+        EXPECT_EQ(CStr(plus(each.b, each.a)), each.sum);
+        EXPECT_EQ(CStr(times(each.a, each.b)), each.product) << each.a << " " << each.b;
+    }
+    EXPECT_FALSE(std::signbit(plus(-0.3, 0.3)));
+    EXPECT_EQ(errorOf([] { (void)CStr(times(1e300, 1e300)); }), RunTimeError::Overflow);
+}
+
+namespace {
+
+/// \a thousandths of one as a text without zeros at its end.
+std::string decimal(std::int64_t thousandths)
+{
+    std::string digits = std::to_string(std::abs(thousandths));
+    if (digits.size() < 4)
+        digits.insert(0, 4 - digits.size(), '0');
+    digits.insert(digits.size() - 3, 1, '.');
+    digits.erase(digits.find_last_not_of('0') + 1);
+    if (digits.back() == '.')
+        digits.pop_back();
+    return thousandths < 0 ? "-" + digits : digits;
+}
+
+} // namespace
+
+TEST(Numbers, thousandsOfPostingsOfThousandths_neverShowATail)
+{
+    std::mt19937_64 random(printedSeed());
+    const std::int64_t sizes[] = {10, 1000, 1000000, 1000000000, 100000000000};
+    for (const std::int64_t size : sizes) {
+        std::int64_t exact = 0;
+        std::string stock = "0";
+        double unwritten = 0; // a sum that is not stored in between
+        for (int i = 0; i < 5000; ++i) {
+            std::int64_t delta =
+                static_cast<std::int64_t>(random() % static_cast<std::uint64_t>(2 * size)) - size;
+            if (i % 50 == 49)
+                delta = -exact; // down to nothing, where a tail would be all that is left
+            exact += delta;
+            stock = CStr(plus(CDbl(stock), CDbl(decimal(delta))));
+            unwritten = plus(unwritten, CDbl(decimal(delta)));
+            ASSERT_EQ(stock, decimal(exact)) << i;
+            ASSERT_EQ(CStr(unwritten), stock) << i;
+            const auto count = static_cast<std::int64_t>(random() % 2000) - 1000;
+            const auto each = static_cast<std::int64_t>(random() % 100000);
+            ASSERT_EQ(CStr(times(static_cast<double>(count), CDbl(decimal(each)))), decimal(count * each));
+        }
     }
 }
 

@@ -129,12 +129,13 @@ class File
 public:
     explicit File(Jet version) : m_version(version), m_layout(layoutOf(version)), m_pages(2) {}
 
-    /// Writes the pages of \a table; its definition goes onto page \a at, or behind the others.
-    std::size_t add(const JetTable& table, std::size_t at = 0)
+    /// Writes the pages of \a table; its definition goes onto page \a at and its rows onto page \a rowsAt on,
+    /// or behind the others.
+    std::size_t add(const JetTable& table, std::size_t at = 0, std::size_t rowsAt = 0)
     {
         const std::size_t definition = at == 0 ? next() : at;
         std::string map(1 + 4 + 64, '\0'); // kind 0: one bit a page, from page 0 on
-        for (const std::size_t page : addRows(table, definition))
+        for (const std::size_t page : addRows(table, definition, rowsAt))
             map[5 + page / 8] = static_cast<char>(map[5 + page / 8] | 1 << (page % 8));
         m_maps.push_back(map);
         m_pages[definition] = define(table, m_maps.size() - 1);
@@ -174,7 +175,7 @@ private:
         }
         return page;
     }
-    std::vector<std::size_t> addRows(const JetTable& table, std::size_t owner)
+    std::vector<std::size_t> addRows(const JetTable& table, std::size_t owner, std::size_t firstAt)
     {
         std::vector<std::size_t> pages;
         std::vector<std::string> rows;
@@ -182,8 +183,8 @@ private:
         const auto flush = [&] {
             if (rows.empty())
                 return;
-            pages.push_back(next());
-            m_pages.back() = dataPage(owner, rows);
+            pages.push_back(pages.empty() && firstAt != 0 ? firstAt : next());
+            m_pages[pages.back()] = dataPage(owner, rows);
             rows.clear();
             used = m_layout.rowCount + 2;
         };
@@ -250,6 +251,7 @@ std::string jetFile(Jet version, const std::vector<JetTable>& tables)
 {
     File file(version);
     const std::size_t catalogPage = file.next(); // where every reader looks for it
+    const std::size_t namesPage = file.next();   // in front, so that a file cut short loses rows and no name
     JetTable catalog{.name = "MSysObjects",
                      .columns = {{"Id", JetTable::Long},
                                  {"Name", JetTable::Text},
@@ -263,7 +265,7 @@ std::string jetFile(Jet version, const std::vector<JetTable>& tables)
                                 {"1"},
                                 {"0"},
                                 {.bytes = {}, .null = true}});
-    (void)file.add(catalog, catalogPage);
+    (void)file.add(catalog, catalogPage, namesPage);
     return file.bytes();
 }
 

@@ -198,6 +198,163 @@ TEST_F(FormsTest, whatCannotBe_isNamedByFileAndLine_andNothingIsStored)
     EXPECT_NE(err.str().find("表がありません"), std::string::npos);
 }
 
+TEST_F(FormsTest, goodsCodesThatNoScanCanBring_areRefusedByLine)
+{
+    const struct
+    {
+        const char* code;
+        const char* said;
+    } cases[] = {
+        {"12345678901234567", "商品コード「12345678901234567」は長すぎます。商品コードは 16 文字までです"},
+        {"[A]", "商品コード「[A]」は使えません。「[」で始まるコードは"},
+        {"{ENTER}", "商品コード「{ENTER}」は使えません。「{」で始まるコードは"},
+        {"#1#", "商品コード「#1#」は使えません。「#」で始まるコードは"},
+        {"@1@", "商品コード「@1@」は使えません。「@」で始まるコードは"},
+        {"＠１＠", "商品コード「@1@」は使えません。「@」で始まるコードは"},
+        {"[A", "商品コード「[A」は使えません。「[」で始まるコードは"}, // read as nothing at all
+        {" A1", "商品コード「 A1」の前後に空白があります"},
+        {"A1　", "商品コード「A1　」の前後に空白があります"},
+        {"A1\u00A0", "商品コード「A1\u00A0」の前後に空白があります"},
+        {"A1\u200B", "商品コード「A1\u200B」に目に見えない文字があります"},
+        {"\u2060A1", "に目に見えない文字があります"},
+        {"A\u00AD1", "に目に見えない文字があります"},
+        {"A\u20031", "に目に見えない文字があります"},
+        {"A1\u3164", "に、バーコードでは読み取れない文字があります"},
+        {"りんご🍎", "に、バーコードでは読み取れない文字があります"},
+    };
+    for (const auto& each : cases)
+        expectFault("商品.csv", "商品コード,商品名\n" + std::string(each.code) + ",りんご\n", each.said);
+    expectFault("部品.csv", "商品コード,部品コード,部品の数\nS1,[A],1\n",
+                "部品.csv 2 行目：部品コード「[A]」は使えません");
+    expectFault("担当者.csv", "担当者コード,担当者名\n01\u200B,山田\n",
+                "担当者.csv 2 行目：担当者コード「01\u200B」に目に見えない文字があります");
+    fill("商品.csv", "商品コード,商品名\n1234567890123456,りんご\nA-1 B,みかん\nアイ,かご\n");
+    EXPECT_EQ(take(), ToolStatus::Good) << err.str();
+}
+
+TEST_F(FormsTest, aCodeWhoseZerosAreGone_isTold_theOtherWayRoundItIsAnotherCode)
+{
+    shop.add(masterTable, {"0049", "りんご"});
+    shop.add(tantouTable, {"01", "山田"});
+    shop.add(tantouTable, {"7", "鈴木"});
+    fill("担当者.csv", "担当者コード,担当者名\n1,山田\n007,高橋\n0A,佐藤\nA,田中\n");
+    EXPECT_EQ(take(), ToolStatus::Failed);
+    EXPECT_EQ(err.str(),
+              "担当者.csv 2 行目：担当者コード「1」：01 があります。先頭の 0 が消えていませんか\n");
+    fill("担当者.csv", "担当者コード,担当者名\n01,山田\n007,高橋\n");
+    fill("商品.csv", "商品コード,商品名\n49,りんご\n");
+    fill("部品.csv", "商品コード,部品コード,部品の数\n049,49,1\n");
+    EXPECT_EQ(take(), ToolStatus::Failed);
+    EXPECT_EQ(
+        err.str(),
+        "商品.csv 2 行目：商品コード「49」：0049 があります。先頭の 0 が消えていませんか\n"
+        "部品.csv 2 行目：商品コード「049」が商品にありません。0049 があります。先頭の 0 が消えていませんか\n"
+        "部品.csv 2 行目：部品コード「49」が商品にありません。0049 があります。先頭の 0 "
+        "が消えていませんか\n");
+    fs::remove(folder() + "/商品.csv");
+    fs::remove(folder() + "/部品.csv");
+    EXPECT_EQ(take(), ToolStatus::Good) << err.str();
+    EXPECT_EQ(shop.query("SELECT Code FROM TantouTB ORDER BY Code"), (Texts{"007", "01", "7"}));
+}
+
+TEST_F(FormsTest, defaultQuantities_areWhole_pricesAndMinimumNeedNotBe)
+{
+    expectFault("商品.csv", "商品コード,商品名,入荷数量\nA1,りんご,0.5\n",
+                "商品.csv 2 行目：入荷数量「0.5」は使えません。小数のない数を入れて下さい");
+    expectFault("商品.csv", "商品コード,商品名,出荷数量\nA1,りんご,１．５\n",
+                "商品.csv 2 行目：出荷数量「１．５」は使えません。小数のない数を入れて下さい");
+    fill("商品.csv", "商品コード,商品名,入荷数量,入荷単価,出荷数量,最低在庫数\nA1,りんご,10.0,9.5,1.,0.5\n");
+    ASSERT_EQ(take(), ToolStatus::Good) << err.str();
+    EXPECT_EQ(shop.query("SELECT NyuSuu, NyuPrice, SyuSuu, Stock FROM Master"), Texts{"10|9.5|1|0.5"});
+}
+
+TEST_F(FormsTest, theLastPartOfASet_isTakenOutByALineWithoutAPart)
+{
+    for (const char* code : {"S1", "S2", "A1", "B1"})
+        shop.add(masterTable, {code, code});
+    shop.add(hseihinTable, {"S1", "", "A1", "2"});
+    shop.add(hseihinTable, {"S2", "", "A1", "1"});
+    fill("部品.csv", "商品コード,部品コード,部品の数\nS1,,\nS2,A1,1\n");
+    ASSERT_EQ(take(), ToolStatus::Good) << err.str();
+    EXPECT_EQ(out.str(), "部品：追加 0 件、変更 0 件、取り外し 1 件\n");
+    EXPECT_EQ(shop.query("SELECT Code, HSeihinCD FROM HSeihinTB"), Texts{"S2|A1"});
+    ASSERT_EQ(take(), ToolStatus::Good) << "and once more: " << err.str();
+    const Texts mixed{"S2,,\nS2,B1,1\n", "S2,B1,1\nS2,,\n", "S2,,\nS2,A1,1\n", "S2,A1,1\nS2,,\n"};
+    for (const std::string& lines : mixed) {
+        fill("部品.csv", "商品コード,部品コード,部品の数\n" + lines);
+        EXPECT_EQ(take(), ToolStatus::Failed);
+        EXPECT_EQ(err.str(),
+                  "部品.csv 3 行目：2 行目と合いません。部品のある行と部品のない行は、一緒に書けません\n")
+            << lines;
+    }
+    fill("部品.csv", "商品コード,部品コード,部品の数\nS9,,\n");
+    EXPECT_EQ(take(), ToolStatus::Failed);
+    EXPECT_EQ(err.str(), "部品.csv 2 行目：商品コード「S9」が商品にありません\n");
+    EXPECT_EQ(shop.query("SELECT Code, HSeihinCD FROM HSeihinTB"), Texts{"S2|A1"});
+}
+
+TEST_F(FormsTest, changedParts_keepWhatElseTheTableSaysOfThem)
+{
+    for (const char* code : {"S1", "A1", "B1", "C1"})
+        shop.add(masterTable, {code, code});
+    shop.add(hseihinTable, {"S1", "詰合せ", "A1", "2", "りんご", "x", "y"});
+    shop.add(hseihinTable, {"S1", "詰合せ", "B1", "1", "かご", "x", "y"});
+    fill("部品.csv", "商品コード,部品コード,部品の数\ns1,C1,1\nS1,a1,5\n");
+    ASSERT_EQ(take(), ToolStatus::Good) << err.str();
+    EXPECT_EQ(out.str(), "部品：追加 1 件、変更 1 件、取り外し 1 件\n");
+    EXPECT_EQ(shop.query("SELECT * FROM HSeihinTB ORDER BY rowid"),
+              (Texts{"S1|詰合せ|A1|5|りんご|x|y", "s1||C1|1|||"}));
+}
+
+TEST_F(FormsTest, whateverOldDataHolds_theProgramsOwnFormIsTakenBack)
+{
+    shop.add(masterTable, {"[A] B ", "Tom's", "", "0.5", "-1", "few", "1e3", "個\n", "-3"});
+    shop.add(masterTable, {"12345678901234567890\u200B", "長い"});
+    shop.add(tantouTable, {" 01 ", "山'田"});
+    shop.add(tantouTable, {"1", "鈴木"});
+    shop.add(kokyakuTable, {"#1#", "青果", "", "", "", "", "", "", "", "", "", "", "", "はい"});
+    shop.add(hseihinTable, {"[A] B ", "", "GONE", "0"});
+    shop.add(hseihinTable, {"[A] B ", "", "GONE", "0"});
+    shop.add(hseihinTable, {"NOGOODS", "", "NOGOODS", "-2"});
+    const auto everything = [this] {
+        Texts all;
+        for (const char* table : {"TantouTB", "KokyakuTB", "Master", "HSeihinTB"})
+            for (std::string& row : shop.query(std::string("SELECT * FROM ") + table + " ORDER BY rowid"))
+                all.push_back(std::move(row));
+        return all;
+    };
+    const Texts before = everything();
+    ASSERT_EQ(write(), ToolStatus::Good) << err.str();
+    ASSERT_EQ(take(), ToolStatus::Good) << err.str();
+    EXPECT_EQ(everything(), before);
+    EXPECT_EQ(out.str(), "担当者：追加 0 件、変更 0 件\n取引先：追加 0 件、変更 0 件\n"
+                         "商品：追加 0 件、変更 0 件\n部品：追加 0 件、変更 0 件\n");
+}
+
+TEST_F(FormsTest, aChangedSet_leavesGoodBooks_aFormWithAFaultLeavesBothAsTheyWere)
+{
+    for (const char* code : {"SET", "A1", "B1", "C1"})
+        shop.add(masterTable, {code, code});
+    shop.add(hseihinTable, {"SET", "", "A1", "2"});
+    shop.add(hseihinTable, {"SET", "", "B1", "1"});
+    shop.add(inpTable, {"SET", "", "", "0000005", "0000000", "", "", "20260401", "090000", "", "0000000",
+                        "0000000", "", "", "", "20260401090000", "20260401090000"});
+    for (const auto& [code, figure] : {std::pair("SET", "5"), std::pair("A1", "-10"), std::pair("B1", "-5")})
+        shop.add(zaikoTable, {code, figure, "0", "20260401090000", "20260401090000"});
+    const auto stock = [this] {
+        return shop.query("SELECT Code, ZaikoSuu, KuriSuu FROM ZaikoTB ORDER BY Code");
+    };
+    const Texts before = stock();
+    fill("部品.csv", "商品コード,部品コード,部品の数\nSET,A1,3\nSET,none,1\n");
+    EXPECT_EQ(take(), ToolStatus::Failed);
+    EXPECT_EQ(stock(), before);
+    fill("部品.csv", "商品コード,部品コード,部品の数\nSET,A1,3\nSET,C1,0.2\n");
+    ASSERT_EQ(take(), ToolStatus::Good) << err.str();
+    EXPECT_EQ(stock(), (Texts{"A1|-10|5", "B1|-5|-5", "C1|0|1", "SET|5|0"}));
+    std::ostringstream checked;
+    EXPECT_EQ(checkBooks(base(), checked, checked), ToolStatus::Good) << checked.str();
+}
+
 TEST_F(FormsTest, oneBadLine_keepsAllFormsOut_andEveryFaultIsTold)
 {
     fillSmallShop();

@@ -59,6 +59,49 @@ TEST_F(TagDbTest, create_makesDatabaseAndTemplate_andTouchesNeitherAgain)
     EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Good);
 }
 
+TEST_F(TagDbTest, importedComponents_areCarriedForward_andAFailedImportLeavesBothAsTheyWere)
+{
+    ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);
+    execute("INSERT INTO Master (Code, Name) VALUES ('SET', '詰合せ'), ('P', '部品'), ('Q', '部品')");
+    execute(
+        "INSERT INTO InpTB (Code, NyuSuu, NyuPrice, NyuNebiki, Henkyaku, NyuDate, NyuTime, InpDate, UpdDate) "
+        "VALUES ('SET', '0000003', '0000000', '0000000', '0000000', '20260401', '090000', "
+        "'20260401090000', '20260401090000')");
+    execute("INSERT INTO ZaikoTB VALUES ('SET', '3', '0', '20260401090000', '20260401090000'), "
+            "('P', '-0.3', '-0.3', '20260401090000', '20260401090000')");
+    const auto stock = [this] {
+        return queryFile(path("DB/trnvik.mdb"), "SELECT Code, ZaikoSuu, KuriSuu FROM ZaikoTB ORDER BY Code");
+    };
+    const auto parts = [this] { return queryFile(path("DB/trnvik.mdb"), "SELECT count(*) FROM HSeihinTB"); };
+    const auto before = stock();
+    write("bad.csv", "Code,HSeihinCD,Suuryou\nSET,P,0.1\nSET,Q,many\n");
+    EXPECT_EQ(importTable(base(), "HSeihinTB", path("bad.csv"), false, out, err), ToolStatus::Failed);
+    EXPECT_EQ(stock(), before);
+    EXPECT_EQ(parts(), std::vector<std::string>{"0"});
+    write("good.csv", "Code,HSeihinCD,Suuryou\nSET,P,0.1\nSET,Q,2\n");
+    EXPECT_EQ(importTable(base(), "HSeihinTB", path("good.csv"), false, out, err), ToolStatus::Good)
+        << err.str();
+    EXPECT_EQ(stock(), (std::vector<std::string>{"P|-0.3|0", "Q|0|6", "SET|3|0"}));
+    out.str({});
+    EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Good) << out.str();
+}
+
+TEST_F(TagDbTest, aDifferenceFarBehindThePoint_isFound_aBitThatGotLostIsNot)
+{
+    ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);
+    const auto statusWith = [this](const std::string& figure, const std::string& carried) {
+        execute("DELETE FROM ZaikoTB");
+        execute("INSERT INTO ZaikoTB VALUES ('A', '" + figure + "', '" + carried
+                + "', '20260401090000', '20260401090000')");
+        return checkBooks(base(), out, err);
+    };
+    EXPECT_EQ(statusWith("0.3", "0.3"), ToolStatus::Good);
+    EXPECT_EQ(statusWith("0.30000000000000004", "0.3"), ToolStatus::Good) << "as older versions wrote it";
+    EXPECT_EQ(statusWith("0.3000001", "0.3"), ToolStatus::Found);
+    EXPECT_EQ(statusWith("0.30000000000001", "0.3"), ToolStatus::Found);
+    EXPECT_EQ(statusWith("99999999999999", "99999999999998"), ToolStatus::Found);
+}
+
 TEST_F(TagDbTest, sample_fillsAnEmptyDatabase_only)
 {
     EXPECT_EQ(sampleShop(base(), out, err), ToolStatus::Failed); // there is none

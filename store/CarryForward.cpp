@@ -1,4 +1,4 @@
-#include "history/CarryForward.h"
+#include "store/CarryForward.h"
 
 #include <array>
 #include <string_view>
@@ -15,13 +15,13 @@ namespace {
 // table, which is quicker than one code after the other.
 constexpr std::array<std::string_view, 3> sums{
     // received
-    "SELECT ZaikoTB.rowid AS Item, -SUM(CDbl(InpTB.NyuSuu)) AS Moved FROM InpTB NOT INDEXED "
+    "SELECT ZaikoTB.rowid AS Item, -SumOf(InpTB.NyuSuu) AS Moved FROM InpTB NOT INDEXED "
     "CROSS JOIN ZaikoTB ON ZaikoTB.Code = InpTB.Code GROUP BY ZaikoTB.rowid",
     // shipped
-    "SELECT ZaikoTB.rowid AS Item, SUM(CDbl(OutTB.SyuSuu)) AS Moved FROM OutTB NOT INDEXED "
+    "SELECT ZaikoTB.rowid AS Item, SumOf(OutTB.SyuSuu) AS Moved FROM OutTB NOT INDEXED "
     "CROSS JOIN ZaikoTB ON ZaikoTB.Code = OutTB.Code GROUP BY ZaikoTB.rowid",
     // taken as a component
-    "SELECT ZaikoTB.rowid AS Item, SUM(CDbl(InpTB.NyuSuu) * CDbl(HSeihinTB.Suuryou)) AS Moved "
+    "SELECT ZaikoTB.rowid AS Item, SumOf(Times(InpTB.NyuSuu, HSeihinTB.Suuryou)) AS Moved "
     "FROM HSeihinTB INNER JOIN InpTB ON InpTB.Code = HSeihinTB.Code "
     "INNER JOIN ZaikoTB ON ZaikoTB.Code = HSeihinTB.HSeihinCD GROUP BY ZaikoTB.rowid",
 };
@@ -31,9 +31,8 @@ constexpr std::array<std::string_view, 3> sums{
 int carryForward(AppDB& db, const std::string& stamp, const std::function<void()>& stepDone)
 {
     const std::string now = inQuotes(stamp);
-    const std::string set = "UPDATE ZaikoTB SET KuriSuu = CStr(iif(UpdDate = " + now
-                            + ", CDbl(KuriSuu), CDbl(ZaikoSuu)) + Movements.Moved), UpdDate = " + now
-                            + " FROM (";
+    const std::string set = "UPDATE ZaikoTB SET KuriSuu = CStr(Plus(iif(UpdDate = " + now
+                            + ", KuriSuu, ZaikoSuu), Movements.Moved)), UpdDate = " + now + " FROM (";
     for (const std::string_view sum : sums) {
         std::string statement = set;
         statement += sum;

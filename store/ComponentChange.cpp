@@ -1,0 +1,167 @@
+#include "store/ComponentChange.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+#include <set>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "platform/core/RunTimeError.h"
+#include "store/AppDB.h"
+#include "store/Numbers.h"
+#include "store/Where.h"
+
+namespace suisui {
+
+namespace {
+
+/// A part of a product, and how much of it as the table says it. Letter case of codes is no difference.
+struct Component
+{
+    std::string product;
+    std::string part;
+    std::string quantity;
+
+    friend bool operator<(const Component& a, const Component& b)
+    {
+        return std::tie(a.product, a.part, a.quantity) < std::tie(b.product, b.part, b.quantity);
+    }
+};
+using Components = std::multiset<Component>;
+
+std::string folded(std::string_view code)
+{
+    std::string text(code);
+    for (char& c : text)
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
+    return text;
+}
+
+std::optional<Components> allComponents(AppDB& db)
+{
+    HSeihinRec rows(db, hseihinTable);
+    if (rows.Select({}) < 0)
+        return std::nullopt;
+    Components components;
+    for (int row = 1; row <= rows.Count(); ++row)
+        components.insert({folded(rows.get(row, HSeihinCol::Code)),
+                           folded(rows.get(row, HSeihinCol::HSeihinCD)),
+                           std::string(rows.get(row, HSeihinCol::Suuryou))});
+    return components;
+}
+
+/// Parts of which one of the two says something that the other does not.
+std::set<std::string> changedParts(const Components& before, const Components& after)
+{
+    std::vector<Component> different;
+    std::set_symmetric_difference(before.begin(), before.end(), after.begin(), after.end(),
+                                  std::back_inserter(different));
+    std::set<std::string> parts;
+    for (const Component& each : different)
+        parts.insert(each.part);
+    return parts;
+}
+
+/// What the movements in the tables make of the stock of one part after the other.
+class PartStock
+{
+public:
+    PartStock(AppDB& db, std::string_view stamp) : m_db(db), m_stamp(stamp), m_stock(db, zaikoTable) {}
+
+    [[nodiscard]] bool open()
+    {
+        const int periods = m_db.RirekiTbl().CountRows("WHERE DateFrom='Trn'");
+        const int stockRows = m_stock.CountRows({});
+        m_received = periods > 0 ? "NyuSuu" : "Plus(NyuSuu, -CDbl(Henkyaku))";
+        // A table without any row belongs to a shop that is still being filled: its rows are to come.
+        m_makesRows = stockRows > 0;
+        return periods >= 0 && stockRows >= 0;
+    }
+
+    /// False when a table cannot be read or written, or holds a quantity that is not a number.
+    [[nodiscard]] bool carry(const std::string& part)
+    {
+        try {
+            return carryOne(part);
+        } catch (const RunTimeError&) {
+            return false;
+        }
+    }
+
+private:
+    [[nodiscard]] bool carryOne(const std::string& part)
+    {
+        const std::optional<double> moved = movedBy(part);
+        if (!moved || m_stock.Select(whereCode(part)) < 0)
+            return false;
+        if (m_stock.Count() == 0)
+            return *moved == 0 || !m_makesRows || addRow(part, CStr(-*moved));
+        const double left = plus(numberOf(m_stock.get(1, ZaikoCol::ZaikoSuu)), -*moved);
+        if (left == numberOf(m_stock.get(1, ZaikoCol::KuriSuu)))
+            return true;
+        m_stock.set(1, ZaikoCol::KuriSuu, CStr(left));
+        m_stock.set(1, ZaikoCol::UpdDate, m_stamp);
+        return m_stock.UpdateRow(1) == 0;
+    }
+
+    /// Received less shipped less taken as a component; nothing when that cannot be read.
+    [[nodiscard]] std::optional<double> movedBy(const std::string& part)
+    {
+        const std::string code = inQuotes(part);
+        const std::string sql = "SELECT CStr(Plus(Plus((SELECT SumOf(" + m_received
+                                + ") FROM InpTB WHERE Code = " + code
+                                + "), -(SELECT SumOf(SyuSuu) FROM OutTB WHERE Code = " + code
+                                + ")), -(SELECT SumOf(Times(" + m_received
+                                + ", Suuryou)) FROM HSeihinTB INNER JOIN InpTB ON InpTB.Code = "
+                                  "HSeihinTB.Code WHERE HSeihinTB.HSeihinCD = "
+                                + code + "))) AS Moved";
+        std::optional<double> moved;
+        if (m_db.OpenRecordset(sql) == 0 && !m_db.recordset().atEof())
+            moved = numberOf(m_db.recordset().Fields("Moved"));
+        m_db.CloseRecordset();
+        return moved;
+    }
+
+    /// A part that never moved by itself, and of which the receipts of its product now take some. One that
+    /// the goods table does not know is no part of the books: no posting reaches it.
+    [[nodiscard]] bool addRow(const std::string& part, const std::string& carried)
+    {
+        MasterRec goods(m_db, masterTable);
+        const int known = goods.Select(whereCode(part));
+        if (known <= 0)
+            return known == 0;
+        m_stock.NewRows(1);
+        m_stock.set(1, ZaikoCol::Code, goods.get(1, MasterCol::Code));
+        m_stock.set(1, ZaikoCol::ZaikoSuu, "0");
+        m_stock.set(1, ZaikoCol::KuriSuu, carried);
+        m_stock.set(1, ZaikoCol::InpDate, m_stamp);
+        m_stock.set(1, ZaikoCol::UpdDate, m_stamp);
+        return m_stock.InsertRow(1) == 0;
+    }
+
+    AppDB& m_db;
+    std::string m_stamp;
+    ZaikoRec m_stock;
+    std::string m_received; ///< what counts of a receipt, in SQL
+    bool m_makesRows = false;
+};
+
+} // namespace
+
+bool changeComponents(AppDB& db, std::string_view stamp, const std::function<bool()>& change)
+{
+    const std::optional<Components> before = allComponents(db);
+    if (!before || !change())
+        return false;
+    const std::optional<Components> after = allComponents(db);
+    PartStock stock(db, stamp);
+    if (!after || !stock.open())
+        return false;
+    const std::set<std::string> parts = changedParts(*before, *after);
+    return std::ranges::all_of(parts, [&stock](const std::string& part) { return stock.carry(part); });
+}
+
+} // namespace suisui
