@@ -53,6 +53,8 @@ private:
     void makeWindow();
     [[nodiscard]] bool loadWindow();
     void openReader();
+    [[nodiscard]] bool mayWork();
+    void showFailedBackup();
     void mainLoop();
     void stop();
     [[nodiscard]] bool askEnd();
