@@ -72,8 +72,10 @@ public:
             return fault("文字コードがわかりません（UTF-8 か シフト JIS で保存して下さい）");
         CsvReader reader(*text);
         const auto headings = reader.next();
-        if (!headings || !placeHeadings(*headings))
-            return headings ? void() : fault("何も書かれていません");
+        if (!headings)
+            return reader.error().empty() ? fault("何も書かれていません") : brokenAt(reader.error());
+        if (!placeHeadings(*headings))
+            return;
         while (const auto record = reader.next()) {
             m_line = reader.line();
             if (std::ranges::any_of(*record,
@@ -82,7 +84,7 @@ public:
         }
         m_line = 0;
         if (!reader.error().empty())
-            fault("CSV の形が正しくありません（" + reader.error() + "）");
+            brokenAt(reader.error());
     }
 
     [[nodiscard]] std::string summary() const
@@ -92,6 +94,10 @@ public:
     }
 
 private:
+    void brokenAt(const Message& place)
+    {
+        m_faults.push_back(std::string(m_form.file) + " " + place.in(Language::Japanese));
+    }
     void fault(const std::string& what)
     {
         m_faults.push_back(std::string(m_form.file)
