@@ -159,23 +159,22 @@ ToolStatus refuse(const Phrase& what, const Message& why, std::ostream& err)
     return ToolStatus::Failed;
 }
 
-constexpr struct
+/// What a note says of a failure, short enough for a box, and what to do about it. No reason: the fault's
+/// own.
+struct Remedy
 {
     EngineError trouble;
+    const Phrase* reason;
     const Phrase& advice;
-} remedies[] = {
-    {EngineError::Full, phrases::doMakeRoom},      {EngineError::ReadOnly, phrases::doAllowWriting},
-    {EngineError::Busy, phrases::doEndOthers},     {EngineError::Damaged, phrases::doRestore},
-    {EngineError::NoDatabase, phrases::doRestore},
 };
 
-Message remedyFor(EngineError trouble)
-{
-    for (const auto& remedy : remedies)
-        if (remedy.trouble == trouble)
-            return remedy.advice;
-    return phrases::doTryAgain;
-}
+constexpr Remedy remedies[] = {
+    {EngineError::Full, &phrases::noRoom, phrases::doMakeRoom},
+    {EngineError::ReadOnly, nullptr, phrases::doAllowWriting},
+    {EngineError::Busy, &phrases::inUse, phrases::doEndOthers},
+    {EngineError::Damaged, &phrases::isDamaged, phrases::doRestore},
+    {EngineError::NoDatabase, &phrases::isDamaged, phrases::doRestore},
+};
 
 /// Leaves the failure of a daily run for the program to show. The shop reads Japanese.
 void leaveNote(const BackupOrder& order, const Clock& clock, const Message& why, const Message& advice)
@@ -186,6 +185,15 @@ void leaveNote(const BackupOrder& order, const Clock& clock, const Message& why,
     if (order.daily)
         (void)BackupNote(QString::fromStdString(order.base))
             .write({clock.now(), japanese(why), japanese(advice)});
+}
+
+void leaveNote(const BackupOrder& order, const Clock& clock, const Fault& fault)
+{
+    for (const Remedy& remedy : remedies)
+        if (remedy.trouble == fault.trouble)
+            return leaveNote(order, clock, remedy.reason != nullptr ? Message(*remedy.reason) : fault.why,
+                             remedy.advice);
+    leaveNote(order, clock, fault.why, phrases::doTryAgain);
 }
 
 void take(BackupFolder& folder)
@@ -339,7 +347,7 @@ try {
                   phrases::doCheck);
     return problems.empty() ? ToolStatus::Good : ToolStatus::Found;
 } catch (const Refused& refused) {
-    leaveNote(order, clock, refused.fault.why, remedyFor(refused.fault.trouble));
+    leaveNote(order, clock, refused.fault);
     return refuse(phrases::noBackupMade, refused.fault.why, err);
 }
 

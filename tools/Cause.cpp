@@ -10,6 +10,8 @@ namespace suisui {
 
 namespace {
 
+constexpr std::string_view notOpened = "unable to open database file";
+
 constexpr struct
 {
     EngineError kind;
@@ -37,6 +39,8 @@ EngineError troubleOf(int code)
 
 EngineError troubleOf(const AppDB& db)
 {
+    if (db.LastErrText() == notOpened)
+        return EngineError::ReadOnly; // the engine says no more; what is there needs the permission
     int code = 0;
     const std::string& number = db.LastErrNo();
     std::from_chars(number.data(), number.data() + number.size(), code);
@@ -46,7 +50,7 @@ EngineError troubleOf(const AppDB& db)
 Message causeOf(const AppDB& db)
 {
     const std::string& words = db.LastErrText();
-    if (words == "unable to open database file")
+    if (words == notOpened)
         return phrases::noSuchDatabase;
     for (const Phrase& own : phrases::causes)
         if (own.english == words)

@@ -15,7 +15,8 @@ inline constexpr Phrase notAFolder{"not a folder", "フォルダではありま�
 inline constexpr Phrase isAFolder{"this is a folder", "フォルダです"};
 inline constexpr Phrase existsAlready{"something has that name already", "同じ名前のものがすでにあります"};
 inline constexpr Phrase deviceNotReady{"the disk does not answer", "ディスクの準備ができていません"};
-inline constexpr Phrase noSuchDatabase{"there is no such file", "ファイルがありません"};
+inline constexpr Phrase noSuchDatabase{"there is no such file, or no permission to open it",
+                                       "ファイルがないか、開く許可がありません"};
 inline constexpr Phrase damagedDatabase{
     "the database is damaged, or is not one ({1}); \"tagdb restore COPY\" brings a backup back",
     "データベースが壊れているか、データベースではありません（{1}）。「tagdb restore "
@@ -226,6 +227,9 @@ inline constexpr Phrase restored{"restored {1} from {2}\n", "{2} から {1} を�
 
 // ---- what to do about a daily backup that failed: read by the shop, on the program's next start
 
+inline constexpr Phrase inUse{"another program holds the database",
+                              "ほかのプログラムがデータベースを使用中です"};
+inline constexpr Phrase isDamaged{"the database is damaged", "データベースが壊れています"};
 inline constexpr Phrase doMakeRoom{"make room on the disk, then run \"tagdb backup\"",
                                    "不要なファイルを削除して、空き容量を増やして下さい。"};
 inline constexpr Phrase doAllowWriting{"see that the folder can be written, then run \"tagdb backup\"",

@@ -322,7 +322,7 @@ TEST_F(BackupTest, aDamagedDatabase_isNamedAsSuch_inTheNoteAsWell)
     EXPECT_EQ(backup(), ToolStatus::Failed);
     EXPECT_NE(err.str().find("the database is damaged"), std::string::npos) << err.str();
     ASSERT_TRUE(note().read());
-    EXPECT_TRUE(note().read()->why.contains(QStringLiteral("データベースが壊れているか")));
+    EXPECT_EQ(note().read()->why, QStringLiteral("データベースが壊れています"));
     EXPECT_EQ(note().read()->advice, QStringLiteral("バックアップから 復元して下さい。"));
 }
 
