@@ -94,10 +94,7 @@ public:
     }
 
 private:
-    void brokenAt(const Message& place)
-    {
-        m_faults.push_back(std::string(m_form.file) + " " + place.in(Language::Japanese));
-    }
+    void brokenAt(const Message& place) { fault(place.in(Language::Japanese)); }
     void fault(const std::string& what)
     {
         m_faults.push_back(std::string(m_form.file)
