@@ -74,7 +74,8 @@ Template withoutTexts(std::string_view sql)
 
 /// Statements of the connection that make it what the rules count on.
 constexpr const char* setUp[] = {
-    "PRAGMA synchronous=FULL", // a commit is on the disk when it returns
+    "PRAGMA journal_mode=DELETE", // of whatever mode the file was left in by another program
+    "PRAGMA synchronous=FULL",    // a commit is on the disk when it returns
     "PRAGMA trusted_schema=OFF",
 };
 
@@ -95,6 +96,7 @@ Sqlite::~Sqlite()
 int Sqlite::open(const std::string& path)
 {
     close();
+    m_ownError.clear();
     // One thread uses the connection, so no call of the engine needs to take a lock.
     constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;
     int code = sqlite3_open_v2(path.c_str(), &m_db, flags, nullptr);
@@ -111,8 +113,11 @@ int Sqlite::open(const std::string& path)
             if (code == SQLITE_OK)
                 code = execute(statement);
     }
-    if (code != SQLITE_OK)
+    if (code != SQLITE_OK) {
+        std::string why = errorText(); // goes with the connection
         close();
+        m_ownError = std::move(why);
+    }
     return code;
 }
 

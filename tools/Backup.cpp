@@ -7,7 +7,10 @@
 #include "platform/core/Files.h"
 #include "platform/core/SingleInstance.h"
 #include "store/AppDB.h"
+#include "store/BackupNote.h"
 #include "tools/BackupFolder.h"
+#include "tools/Phrases.h"
+#include "tools/RestoreCheck.h"
 #include "tools/ShopCheck.h"
 
 namespace suisui {
@@ -22,8 +25,20 @@ constexpr int patience = 20; // tries of half a second each while others write
 /// A failure on its way to the operator.
 struct Refused
 {
-    std::string why;
+    Fault fault;
+
+    explicit Refused(Fault what) : fault(std::move(what)) {}
+    explicit Refused(const Phrase& phrase, std::vector<Message> parts = {})
+        : fault{{phrase, std::move(parts)}}
+    {
+    }
 };
+
+Refused refusedBy(const AppDB& db, const Phrase& phrase, std::vector<Message> parts = {})
+{
+    parts.push_back(causeOf(db));
+    return Refused(Fault{{phrase, std::move(parts)}, troubleOf(db)});
+}
 
 std::string folderFor(const BackupOrder& order)
 {
@@ -52,7 +67,7 @@ Figures figuresOf(AppDB& db)
     }
     ZaikoRec stock(db, zaikoTable);
     if (stock.Select("ORDER BY Code") < 0 || figures.rows.front() < 0)
-        throw Refused{"the stock cannot be read: " + db.LastErrText()};
+        throw refusedBy(db, phrases::stockUnreadable);
     for (int row = 1; row <= stock.Count(); ++row) {
         std::string line;
         for (int column = 0; column < stock.table().columnCount(); ++column)
@@ -73,18 +88,19 @@ bool openStill(AppDB& db, const std::string& file)
         if (!db.LastWasBusy())
             return false;
     }
-    throw Refused{"another program holds " + file};
+    throw Refused(Fault{{phrases::othersHold, {file}}, EngineError::Busy});
 }
 
 /// Proves the copy at \a path; \a problems gets what does not hold in its books.
-CopyProof proveCopy(const std::string& path, const Figures& live, std::vector<std::string>& problems)
+CopyProof proveCopy(const std::string& path, const Figures& live, Language language,
+                    std::vector<std::string>& problems)
 {
     AppDB copy(folderOf(path));
     if (copy.Open(path) != 0)
-        throw Refused{"the copy cannot be opened: " + copy.LastErrText()};
+        throw refusedBy(copy, phrases::copyNotOpened);
     if (figuresOf(copy) != live)
-        throw Refused{"the copy is not what was copied"};
-    problems = checkShop(copy);
+        throw Refused(phrases::copyDiffers);
+    problems = checkShop(copy, language);
     CopyProof proof;
     proof.figures = static_cast<int>(live.stock.size());
     proof.problems = static_cast<int>(problems.size());
@@ -92,58 +108,99 @@ CopyProof proveCopy(const std::string& path, const Figures& live, std::vector<st
     return proof;
 }
 
+struct Wanted
+{
+    BackupFolder::Kind kind;
+    bool letGo;        ///< of the live database, as soon as it is copied
+    Language language; ///< of the problems that are found
+};
+
 /// Copies the database that \a live holds still, proves the copy and gives it its name, which it returns.
-std::string copyLive(AppDB& live, BackupFolder& folder, const Clock& clock, BackupFolder::Kind kind,
-                     bool letGo, std::vector<std::string>& problems)
+std::string copyLive(AppDB& live, BackupFolder& folder, const Clock& clock, const Wanted& wanted,
+                     std::vector<std::string>& problems)
 {
     const Figures figures = figuresOf(live);
     const QDateTime moment = clock.now();
     if (live.CopyTo(folder.aside()) != 0)
-        throw Refused{live.LastErrText()};
-    if (letGo)
+        throw Refused(Fault{causeOf(live), troubleOf(live)});
+    if (wanted.letGo)
         live.Rollback(); // the shop need not wait for the proof
-    std::string why;
+    Fault fault;
     try {
-        const CopyProof proof = proveCopy(folder.aside(), figures, problems);
-        std::string name = folder.keep(moment, kind, proof, why);
+        const CopyProof proof = proveCopy(folder.aside(), figures, wanted.language, problems);
+        std::string name = folder.keep(moment, wanted.kind, proof, fault);
         if (!name.empty())
             return name;
     } catch (const Refused& refused) {
-        why = refused.why;
+        fault = refused.fault;
     }
     (void)removeFile(folder.aside());
-    throw Refused{why};
+    throw Refused(fault);
 }
 
-void describe(const CopyProof& proof, std::ostream& out)
+Message described(const CopyProof& proof)
 {
     switch (proof.verdict) {
     case CopyProof::Proved:
-        out << "proved, " << proof.figures << " stock figures";
-        break;
+        return {phrases::proved, {std::to_string(proof.figures)}};
     case CopyProof::BooksDoNotHold:
-        out << "a true copy, but its books have " << proof.problems << " problems";
-        break;
+        return {phrases::booksDoNotHold, {std::to_string(proof.problems)}};
     case CopyProof::Changed:
-        out << "NOT TO BE USED: it has changed since it was proved";
-        break;
+        return phrases::notToBeUsed;
     case CopyProof::Unproved:
-        out << "not proved";
         break;
     }
+    return phrases::notProved;
 }
 
-ToolStatus refuse(const char* what, const Refused& refused, std::ostream& err)
+ToolStatus refuse(const Phrase& what, const Message& why, std::ostream& err)
 {
-    err << "tagdb: " << what << ": " << refused.why << '\n';
+    err << Message(phrases::complaint, {{what, {why}}});
     return ToolStatus::Failed;
+}
+
+/// What a note says of a failure, short enough for a box, and what to do about it. No reason: the fault's
+/// own.
+struct Remedy
+{
+    EngineError trouble;
+    const Phrase* reason;
+    const Phrase& advice;
+};
+
+constexpr Remedy remedies[] = {
+    {EngineError::Full, &phrases::noRoom, phrases::doMakeRoom},
+    {EngineError::ReadOnly, nullptr, phrases::doAllowWriting},
+    {EngineError::Busy, &phrases::inUse, phrases::doEndOthers},
+    {EngineError::Damaged, &phrases::isDamaged, phrases::doRestore},
+    {EngineError::NoDatabase, &phrases::isDamaged, phrases::doRestore},
+};
+
+/// Leaves the failure of a daily run for the program to show. The shop reads Japanese.
+void leaveNote(const BackupOrder& order, const Clock& clock, const Message& why, const Message& advice)
+{
+    const auto japanese = [](const Message& text) {
+        return QString::fromStdString(text.in(Language::Japanese));
+    };
+    if (order.daily)
+        (void)BackupNote(QString::fromStdString(order.base))
+            .write({clock.now(), japanese(why), japanese(advice)});
+}
+
+void leaveNote(const BackupOrder& order, const Clock& clock, const Fault& fault)
+{
+    for (const Remedy& remedy : remedies)
+        if (remedy.trouble == fault.trouble)
+            return leaveNote(order, clock, remedy.reason != nullptr ? Message(*remedy.reason) : fault.why,
+                             remedy.advice);
+    leaveNote(order, clock, fault.why, phrases::doTryAgain);
 }
 
 void take(BackupFolder& folder)
 {
-    std::string why;
-    if (!folder.take(why))
-        throw Refused{why};
+    Fault fault;
+    if (!folder.take(fault))
+        throw Refused(fault);
 }
 
 /// The path of the copy that is to come back. Refused for what is no finished copy.
@@ -152,47 +209,49 @@ std::string copyToRestore(const BackupFolder& folder, const std::string& file)
     std::string path = file.find('/') == std::string::npos ? folder.pathOf(file) : file;
     std::error_code code;
     if (!fs::is_regular_file(path, code))
-        throw Refused{path + " is not there"};
+        throw Refused(phrases::isNotThere, {path});
     for (const char* beside : {"-journal", "-wal"})
         if (fs::exists(path + beside, code))
-            throw Refused{path + " is no finished copy: it has a " + std::string(beside + 1)};
+            throw Refused(phrases::notFinished, {path, beside + 1});
     if (BackupFolder::proofOf(path).verdict == CopyProof::Changed)
-        throw Refused{path + " has changed since it was proved"};
+        throw Refused(phrases::changedSince, {path});
     return path;
 }
 
-/// The new database aside, as a file of its own, opened once so that it is of the present layout.
-void proveIncoming(const std::string& incoming, bool evenUnsound, std::ostream& err)
+/// The new database aside, which came from the file named \a name: opened once, so that it is of the present
+/// layout and in the journal mode of the program.
+void proveIncoming(const std::string& incoming, const std::string& name, bool evenUnsound, std::ostream& err)
 {
     std::vector<std::string> problems;
     {
         AppDB db(folderOf(incoming));
         db.ShowErrors(false);
         if (db.Open(incoming) != 0)
-            throw Refused{"it cannot be opened as a database: " + db.LastErrText()};
-        problems = checkShop(db);
+            throw refusedBy(db, phrases::notADatabase);
+        if (const Message unfit = unfitToRestore(db, name); !unfit.empty())
+            throw Refused(Fault{unfit});
+        problems = checkShop(db, languageOf(err));
     }
     for (const std::string& problem : problems)
-        err << "tagdb: " << problem << '\n';
+        err << Message(phrases::complaint, {problem});
     if (!problems.empty() && !evenUnsound)
-        throw Refused{std::to_string(problems.size())
-                      + " problems in it (--anyway restores it all the same)"};
+        throw Refused(phrases::problemsInIt, {std::to_string(problems.size())});
     if (!syncToDisk(incoming))
-        throw Refused{incoming + " cannot be flushed"};
+        throw Refused(phrases::notFlushed, {incoming});
 }
 
 /// Keeps a file that is no sound database, byte by byte.
 std::string keepUnread(const std::string& live, BackupFolder& folder, const Clock& clock)
 {
     copyFile(live, folder.aside());
-    std::string why = folder.aside() + " cannot be flushed";
-    std::string name = syncToDisk(folder.aside()) ? folder.keepUnread(clock.now(), why) : std::string();
+    Fault fault{{phrases::notFlushed, {folder.aside()}}};
+    std::string name = syncToDisk(folder.aside()) ? folder.keepUnread(clock.now(), fault) : std::string();
     if (name.empty())
-        throw Refused{why};
+        throw Refused(fault);
     // The engine has played a journal back, as far as it could, when it looked at the file. One that were
     // left would be played into the file that takes the place.
     if (!removeFile(live + "-journal"))
-        throw Refused{live + "-journal cannot be removed"};
+        throw Refused(phrases::notRemoved, {live + "-journal"});
     return name;
 }
 
@@ -205,13 +264,15 @@ void replaceLive(const std::string& incoming, const std::string& live, BackupFol
     if (fs::exists(live, code)) {
         std::vector<std::string> problems;
         const std::string kept =
-            openStill(db, live) ? copyLive(db, folder, clock, BackupFolder::Kind::Replaced, false, problems)
+            openStill(db, live) ? copyLive(
+                db, folder, clock,
+                {.kind = BackupFolder::Kind::Replaced, .letGo = false, .language = languageOf(out)}, problems)
                                 : keepUnread(live, folder, clock);
-        out << "kept what was there as " << folder.pathOf(kept) << '\n';
+        out << Message(phrases::keptWhatWasThere, {folder.pathOf(kept)});
     }
     fs::rename(incoming, live, code);
     if (code || !syncToDisk(folderOf(live)))
-        throw Refused{live + " cannot be replaced"};
+        throw Refused(phrases::notReplaced, {live});
 }
 
 /// A file that goes with the object, unless it has become something else by then.
@@ -226,7 +287,7 @@ public:
 private:
     void clear() const
     {
-        for (const char* ending : {"-journal", ""}) {
+        for (const char* ending : {"-journal", "-wal", "-shm", ""}) {
             std::error_code code;
             fs::remove(m_path + ending, code);
         }
@@ -250,32 +311,44 @@ void restoreInto(const BackupOrder& order, const std::string& source, BackupFold
     fs::create_directories(folderOf(live), code);
     const Aside aside(incoming);
     copyFile(source, incoming);
-    proveIncoming(incoming, order.evenUnsound, streams.err);
+    proveIncoming(incoming, fs::path(source).filename().string(), order.evenUnsound, streams.err);
     replaceLive(incoming, live, folder, clock, streams.out);
-    streams.out << "restored " << live << " from " << source << '\n';
+    streams.out << Message(phrases::restored, {live, source});
 }
 
 } // namespace
 
 ToolStatus backupShop(const BackupOrder& order, const Clock& clock, std::ostream& out, std::ostream& err)
 try {
+    std::error_code code;
+    if (order.daily && !fs::exists(liveFile(order), code) && !code) {
+        out << Message(phrases::noShopToCopy, {order.base});
+        return ToolStatus::Good;
+    }
     BackupFolder folder(folderFor(order));
     AppDB live(order.base + "/DB");
     if (!openStill(live, liveFile(order)))
-        throw Refused{"cannot read " + liveFile(order) + ": " + live.LastErrText()};
+        throw refusedBy(live, phrases::cannotReadBecause, {liveFile(order)});
     take(folder);
     std::vector<std::string> problems;
-    const std::string name = copyLive(live, folder, clock, BackupFolder::Kind::Regular, true, problems);
+    const std::string name =
+        copyLive(live, folder, clock,
+                 {.kind = BackupFolder::Kind::Regular, .letGo = true, .language = languageOf(out)}, problems);
     for (const std::string& problem : problems)
         out << problem << '\n';
-    out << folder.pathOf(name) << "  ";
-    describe(BackupFolder::proofOf(folder.pathOf(name)), out);
-    out << '\n';
+    out << Message(phrases::madeCopy,
+                   {folder.pathOf(name), described(BackupFolder::proofOf(folder.pathOf(name)))});
     for (const std::string& gone : folder.rotate(order.keep, name))
-        out << "removed " << gone << '\n';
+        out << Message(phrases::removedCopy, {gone});
+    if (problems.empty())
+        BackupNote(QString::fromStdString(order.base)).clear();
+    else
+        leaveNote(order, clock, {phrases::booksOfTheCopy, {std::to_string(problems.size())}},
+                  phrases::doCheck);
     return problems.empty() ? ToolStatus::Good : ToolStatus::Found;
 } catch (const Refused& refused) {
-    return refuse("no backup was made", refused, err);
+    leaveNote(order, clock, refused.fault);
+    return refuse(phrases::noBackupMade, refused.fault.why, err);
 }
 
 ToolStatus listBackups(const BackupOrder& order, std::ostream& out, std::ostream& /*err*/)
@@ -287,13 +360,14 @@ ToolStatus listBackups(const BackupOrder& order, std::ostream& out, std::ostream
         const std::string path = folder.pathOf(copy.name);
         const CopyProof proof = BackupFolder::proofOf(path);
         std::error_code code;
-        out << copy.name << "  " << fs::file_size(path, code) << " bytes  ";
-        describe(proof, out);
-        out << (copy.kind == BackupFolder::Kind::Replaced ? ", kept by a restore\n" : "\n");
+        out << Message(
+            phrases::listedCopy,
+            {copy.name, std::to_string(fs::file_size(path, code)), described(proof),
+             copy.kind == BackupFolder::Kind::Replaced ? Message(phrases::keptByRestore) : Message()});
         proved += proof.verdict == CopyProof::Proved ? 1 : 0;
         changed += proof.verdict == CopyProof::Changed ? 1 : 0;
     }
-    out << proved << " proved copies in " << folder.pathOf("") << '\n';
+    out << Message(phrases::provedCount, {std::to_string(proved), folder.pathOf("")});
     return proved > 0 && changed == 0 ? ToolStatus::Good : ToolStatus::Found;
 }
 
@@ -301,17 +375,21 @@ ToolStatus restoreShop(const BackupOrder& order, const std::string& file, const 
                        std::ostream& out, std::ostream& err)
 {
     try {
+        std::error_code code;
+        fs::create_directories(order.base, code); // a new computer has none
         SingleInstance program(QString::fromStdString(order.base));
         if (program.prevInstance())
-            throw Refused{"the program runs; end it first"};
+            throw Refused(phrases::programRuns);
+        if (!program.holds())
+            throw Refused(phrases::cannotTellWhetherItRuns, {order.base});
         BackupFolder folder(folderFor(order));
         take(folder);
         restoreInto(order, copyToRestore(folder, file), folder, clock, {.out = out, .err = err});
         return ToolStatus::Good;
     } catch (const Refused& refused) {
-        return refuse("nothing was restored", refused, err);
+        return refuse(phrases::nothingRestored, refused.fault.why, err);
     } catch (const RunTimeError& error) {
-        return refuse("nothing was restored", {error.what()}, err);
+        return refuse(phrases::nothingRestored, error.what(), err);
     }
 }
 

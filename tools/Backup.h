@@ -17,12 +17,13 @@ struct BackupOrder
 {
     std::string base;         ///< the program folder
     std::string folder;       ///< where the copies are; empty: backup under the program folder
-    int keep = 14;            ///< copies that stay, of each sort
+    int keep = 14;            ///< copies that stay
+    bool daily = false;       ///< nobody watches: a failure is noted for the program, see BackupNote
     bool evenUnsound = false; ///< restore also what does not hold
 };
 
 /// Adds a copy and lets the oldest go. Found when the copy is true but the books in it do not hold: it is
-/// kept and never pushes a proved one out.
+/// kept and never pushes the last proved one out. A daily run has nothing to do where there is no database.
 [[nodiscard]] ToolStatus backupShop(const BackupOrder& order, const Clock& clock, std::ostream& out,
                                     std::ostream& err);
 /// Lists the copies, oldest first, and which of them are proved. Found when one has changed since, or when
@@ -30,8 +31,8 @@ struct BackupOrder
 [[nodiscard]] ToolStatus listBackups(const BackupOrder& order, std::ostream& out, std::ostream& err);
 /// Puts the copy \a file (a name in the folder of the copies, or a path) in the place of the working
 /// database, which is kept among the copies first. The copy itself is only read. Refused while the program
-/// runs, for a copy that has changed since it was proved, and for one that does not hold unless the order
-/// says so.
+/// runs or might run, for a copy that has changed since it was proved, for a history file and a database with
+/// other rules than the program's, and for one that does not hold unless the order says so.
 [[nodiscard]] ToolStatus restoreShop(const BackupOrder& order, const std::string& file, const Clock& clock,
                                      std::ostream& out, std::ostream& err);
 

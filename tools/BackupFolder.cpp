@@ -18,6 +18,7 @@
 #include <unistd.h>
 
 #include "platform/core/Files.h"
+#include "tools/Phrases.h"
 
 namespace suisui {
 
@@ -76,17 +77,21 @@ BackupFolder::~BackupFolder()
         ::close(m_lock); // and with it goes the lock
 }
 
-bool BackupFolder::take(std::string& why)
+bool BackupFolder::take(Fault& fault)
 {
     std::error_code code;
     fs::create_directories(m_folder, code);
     m_lock = ::open(m_folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (m_lock < 0) {
-        why = m_folder + ": " + std::strerror(errno);
+        fault = {{phrases::about, {m_folder, systemReason(errno)}}, troubleOf(errno)};
         return false;
     }
     if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0) {
-        why = m_folder + ": another backup or restore is at work there";
+        fault = {{phrases::atWorkThere, {m_folder}}};
+        return false;
+    }
+    if (::access(m_folder.c_str(), W_OK) != 0) {
+        fault = {{phrases::cannotWrite, {m_folder, systemReason(errno)}}, troubleOf(errno)};
         return false;
     }
     std::vector<fs::path> left;
@@ -97,7 +102,7 @@ bool BackupFolder::take(std::string& why)
     }
     for (const fs::path& path : left)
         if (!removeFile(path.string())) {
-            why = path.string() + " is left from a run that was cut short and cannot be removed";
+            fault = {{phrases::leftOver, {path.string()}}, troubleOf(errno)};
             return false;
         }
     return true;
@@ -110,48 +115,51 @@ std::string BackupFolder::aside() const
 
 std::string BackupFolder::freeName(const QDateTime& when, Kind kind) const
 {
-    const std::string stem = u"trnvik-"_s.toStdString() + when.toString(u"yyyyMMdd-HHmmss"_s).toStdString();
+    const std::string stamp = when.toString(u"yyyyMMdd-HHmmss"_s).toStdString();
     const std::string mark = kind == Kind::Replaced ? replacedMark : "";
     const auto named = [&](const std::string& number) {
-        std::string name = stem;
+        std::string name = "trnvik-" + stamp;
         name += number;
         name += mark;
         name += ".mdb";
         return name;
     };
-    std::string name = named({});
-    for (int number = 2; fs::exists(pathOf(name)) || fs::exists(pathOf(name + noteEnding)); ++number)
-        name = named("-" + std::to_string(number));
-    return name;
+    // Never the name of one that has gone since, or the newest of a second would pass for its oldest.
+    int number = 0;
+    for (const Copy& copy : copies())
+        if (copy.stamp == stamp && copy.kind == kind)
+            number = std::max(number, copy.number);
+    return named(number == 0 ? std::string() : "-" + std::to_string(number + 1));
 }
 
-std::string BackupFolder::giveName(const std::string& name, std::string& why)
+std::string BackupFolder::giveName(const std::string& name, Fault& fault)
 {
+    errno = 0;
     if (renameToNew(aside(), pathOf(name)) && syncToDisk(m_folder))
         return name;
-    why = pathOf(name) + " cannot be written";
+    fault = {{phrases::notWritten, {pathOf(name)}}, troubleOf(errno)};
     return {};
 }
 
-std::string BackupFolder::keep(const QDateTime& when, Kind kind, const CopyProof& proof, std::string& why)
+std::string BackupFolder::keep(const QDateTime& when, Kind kind, const CopyProof& proof, Fault& fault)
 {
     const std::string name = freeName(when, kind);
     const std::string note = pathOf(name + noteEnding);
     const std::string print = fingerprint(aside());
     if (print.empty() || !writeNote(pathOf(noteAside), print, proof)
         || !renameToNew(pathOf(noteAside), note)) {
-        why = note + " cannot be written";
+        fault = {{phrases::notWritten, {note}}, troubleOf(errno)};
         return {};
     }
-    std::string kept = giveName(name, why);
+    std::string kept = giveName(name, fault);
     if (kept.empty())
         (void)removeFile(note);
     return kept;
 }
 
-std::string BackupFolder::keepUnread(const QDateTime& when, std::string& why)
+std::string BackupFolder::keepUnread(const QDateTime& when, Fault& fault)
 {
-    return giveName(freeName(when, Kind::Replaced), why);
+    return giveName(freeName(when, Kind::Replaced), fault);
 }
 
 std::vector<BackupFolder::Copy> BackupFolder::copies() const
@@ -194,24 +202,27 @@ CopyProof BackupFolder::proofOf(const std::string& path)
 
 std::vector<std::string> BackupFolder::rotate(int count, const std::string& newest)
 {
-    enum Group { Good, Doubtful, Kept };
-    std::map<Group, std::vector<std::string>> groups;
-    for (const Copy& copy : copies()) {
-        const bool proved = proofOf(pathOf(copy.name)).verdict == CopyProof::Proved;
-        groups[copy.kind == Kind::Replaced ? Kept : (proved ? Good : Doubtful)].push_back(copy.name);
-    }
+    std::vector<std::string> names;
+    for (const Copy& copy : copies())
+        names.push_back(copy.name);
+    // Where the computer's date was set back, the newest copy is not the last by name.
+    if (const auto own = std::ranges::find(names, newest); own != names.end())
+        std::rotate(own, own + 1, names.end());
+    const auto proved = std::find_if(names.rbegin(), names.rend(), [this](const std::string& name) {
+        return proofOf(pathOf(name)).verdict == CopyProof::Proved;
+    });
+    const std::string lastProved = proved == names.rend() ? std::string() : *proved;
+    auto tooMany = std::ssize(names) - count;
     std::vector<std::string> gone;
-    for (auto& [group, names] : groups) {
-        // Where the computer's date was set back, the newest copy is not the last by name.
-        if (const auto own = std::ranges::find(names, newest); own != names.end())
-            std::rotate(own, own + 1, names.end());
-        for (std::size_t i = 0; i + static_cast<std::size_t>(count) < names.size(); ++i) {
-            // The copy before its note, so that none is ever without one; a note alone means nothing.
-            if (!removeFile(pathOf(names[i])))
-                continue;
-            (void)removeFile(pathOf(names[i] + noteEnding));
-            gone.push_back(names[i]);
-        }
+    for (const std::string& name : names) {
+        if (tooMany <= 0 || name == newest)
+            break;
+        // The copy before its note, so that none is ever without one; a note alone means nothing.
+        if (name == lastProved || !removeFile(pathOf(name)))
+            continue;
+        (void)removeFile(pathOf(name + noteEnding));
+        gone.push_back(name);
+        --tooMany;
     }
     return gone;
 }

@@ -12,6 +12,8 @@
 
 #include <QDateTime>
 
+#include "tools/Cause.h"
+
 namespace suisui {
 
 /// What the note of a copy says, and whether the copy is still what the note was written for.
@@ -43,31 +45,30 @@ public:
     BackupFolder& operator=(const BackupFolder&) = delete;
 
     /// Makes the folder where it is missing, keeps other runs of this tool out of it until the object goes,
-    /// and clears away what a killed run has left. False, with the reason in \a why, when that cannot be.
-    [[nodiscard]] bool take(std::string& why);
+    /// and clears away what a killed run has left. False, with the reason in \a fault, when that cannot be.
+    [[nodiscard]] bool take(Fault& fault);
 
     [[nodiscard]] std::string pathOf(const std::string& name) const { return m_folder + "/" + name; }
     /// Where the next copy is written, aside. There is no such file.
     [[nodiscard]] std::string aside() const;
     /// Gives the file aside its name, and the note first, so that what has a name has its note. Both are on
-    /// the disk when this returns. Empty, with the reason in \a why, when that cannot be.
-    [[nodiscard]] std::string keep(const QDateTime& when, Kind kind, const CopyProof& proof,
-                                   std::string& why);
+    /// the disk when this returns. Empty, with the reason in \a fault, when that cannot be.
+    [[nodiscard]] std::string keep(const QDateTime& when, Kind kind, const CopyProof& proof, Fault& fault);
     /// As keep, for a file that could not be read as a database: without a note, hence never proved.
-    [[nodiscard]] std::string keepUnread(const QDateTime& when, std::string& why);
+    [[nodiscard]] std::string keepUnread(const QDateTime& when, Fault& fault);
 
     /// All copies, oldest first.
     [[nodiscard]] std::vector<Copy> copies() const;
     /// Reads the copy and its note; the copy is not opened as a database.
     [[nodiscard]] static CopyProof proofOf(const std::string& path);
 
-    /// Removes the oldest until \a count are left of those that are proved, of those that are not, and of the
-    /// replaced ones, each; \a newest stays whatever its date. Returns the names that went.
+    /// Removes the oldest, of whatever sort, until \a count are left. \a newest stays whatever its date, and
+    /// so does the newest proved copy, even as one too many. Returns the names that went.
     std::vector<std::string> rotate(int count, const std::string& newest);
 
 private:
     [[nodiscard]] std::string freeName(const QDateTime& when, Kind kind) const;
-    [[nodiscard]] std::string giveName(const std::string& name, std::string& why);
+    [[nodiscard]] std::string giveName(const std::string& name, Fault& fault);
 
     std::string m_folder;
     int m_lock = -1;

@@ -1,16 +1,18 @@
 #include "tools/Csv.h"
 
+#include "tools/Phrases.h"
+
 namespace suisui {
 
-void CsvReader::fault(const std::string& what)
+void CsvReader::fault(const Place& place, const Phrase& what)
 {
-    m_error =
-        "line " + std::to_string(m_line) + ", column " + std::to_string(m_at - m_lineStart + 1) + ": " + what;
+    m_error = {phrases::atPlace, {std::to_string(place.line), std::to_string(place.column), what}};
 }
 
 std::optional<std::string> CsvReader::quotedField()
 {
     std::string field;
+    const Place open = here(); // where to look for what is wrong, when it runs on to the end of the file
     ++m_at;
     while (m_at < m_text.size()) {
         const char c = m_text[m_at];
@@ -27,7 +29,7 @@ std::optional<std::string> CsvReader::quotedField()
         field += c;
         ++m_at;
     }
-    fault("a quoted field has no end");
+    fault(open, phrases::quoteWithoutEnd);
     return std::nullopt;
 }
 
@@ -57,7 +59,7 @@ std::optional<std::vector<std::string>> CsvReader::next()
         if (m_text[m_at] == '\r' && m_at + 1 < m_text.size() && m_text[m_at + 1] == '\n')
             ++m_at;
         if (m_text[m_at] != '\n') {
-            fault("a field ends with something else than a comma or the end of the line");
+            fault(here(), m_text[m_at] == '\r' ? phrases::oldMacLines : phrases::textAfterQuote);
             return std::nullopt;
         }
         ++m_at;

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/Texts.h"
+
 namespace suisui {
 
 /// Reads records one after the other.
@@ -19,18 +21,24 @@ public:
     /// Line, counted from 1, on which the last record began.
     [[nodiscard]] int line() const { return m_recordLine; }
     /// What is wrong with the text, with line and column; empty when nothing is.
-    [[nodiscard]] const std::string& error() const { return m_error; }
+    [[nodiscard]] const Message& error() const { return m_error; }
 
 private:
     [[nodiscard]] std::optional<std::string> quotedField();
-    void fault(const std::string& what);
+    struct Place
+    {
+        int line;
+        std::size_t column; ///< in bytes, from 1
+    };
+    [[nodiscard]] Place here() const { return {m_line, m_at - m_lineStart + 1}; }
+    void fault(const Place& place, const Phrase& what);
 
     std::string_view m_text;
     std::size_t m_at = 0;
     std::size_t m_lineStart = 0;
     int m_line = 1;
     int m_recordLine = 1;
-    std::string m_error;
+    Message m_error;
 };
 
 /// One record with its CR LF; fields are quoted where they need it.

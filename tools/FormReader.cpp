@@ -77,9 +77,7 @@ void readForm(const std::string& bytes, const Form& form, FormFaults& faults, Fo
         return faults.add("文字コードがわかりません（UTF-8 か シフト JIS で保存して下さい）");
     CsvReader reader(*text);
     const auto headings = reader.next();
-    const auto brokenAt = [&faults](const std::string& place) {
-        faults.add("CSV の形が正しくありません（" + place + "）");
-    };
+    const auto brokenAt = [&faults](const Message& place) { faults.add(place.in(Language::Japanese)); };
     if (!headings)
         return reader.error().empty() ? faults.add("何も書かれていません") : brokenAt(reader.error());
     const std::vector<int> places = placesOf(*headings, form, faults);

@@ -10,6 +10,7 @@
 #include "store/AppDB.h"
 #include "tools/JetFile.h"
 #include "tools/OldTexts.h"
+#include "tools/Phrases.h"
 #include "tools/ShopCheck.h"
 
 namespace suisui {
@@ -40,7 +41,10 @@ struct Report
     void problem(std::string_view table, int row, const std::string& reason)
     {
         ++problems;
-        out << table << (row > 0 ? " row " + std::to_string(row) : std::string()) << ": " << reason << '\n';
+        const Message where = recognised(phrases::jetPlaces, table);
+        const Message why = recognised(phrases::jetReasons, reason);
+        out << (row > 0 ? Message(phrases::ofRow, {where, std::to_string(row), why})
+                        : Message(phrases::ofTable, {where, why}));
     }
 };
 
@@ -60,8 +64,8 @@ std::vector<int> placesOf(const TableDef& ours, const JetFile::Table& theirs, Re
         if (places[i] == notThere && i < taken.size() && !taken[i]) {
             places[i] = static_cast<int>(i);
             taken[i] = true;
-            report.out << ours.name << ": column " << ours.columns[i] << " is their "
-                       << theirs.columns[i].name << ", by its place\n";
+            report.out << Message(phrases::columnByPlace,
+                                  {ours.name, ours.columns[i], theirs.columns[i].name});
         }
         const int place = places[i];
         if (place == notThere)
@@ -130,7 +134,8 @@ public:
             m_report.problem(m_ours.name, 0,
                              "the file has " + std::to_string(m_theirs.declaredRows) + " rows, "
                                  + std::to_string(std::max(read, 0)) + " can be read");
-        m_report.out << m_ours.name << ": " << m_carried << " of " << m_theirs.declaredRows << " rows\n";
+        m_report.out << Message(phrases::rowsCarried, {m_ours.name, std::to_string(m_carried),
+                                                       std::to_string(m_theirs.declaredRows)});
     }
 
 private:
@@ -209,7 +214,7 @@ std::string fill(const JetFile& file, const std::string& aside, Report& report)
         carryTable(file, db, *table, report);
     if (db.FinishFilling() != 0)
         return db.LastErrText();
-    for (const std::string& problem : checkShop(db))
+    for (const std::string& problem : checkShop(db, languageOf(report.out)))
         report.problem("books", 0, problem);
     db.CloseFile();
     return db.CloseAfterSave() == 0 ? std::string() : aside + " cannot be flushed";
@@ -232,7 +237,8 @@ ToolStatus importJet(const std::string& base, const std::string& file, bool anyw
     const std::string aside = target + ".importing";
     const auto failed = [&](const std::string& why) {
         removeAside(aside);
-        err << "tagdb: " << file << ": " << why << "; nothing was written\n";
+        const Message reason = recognised(phrases::jetReasons, why);
+        err << Message(phrases::complaint, {{phrases::nothingWritten, {file, reason}}});
         return ToolStatus::Failed;
     };
     std::error_code code;
@@ -253,19 +259,19 @@ ToolStatus importJet(const std::string& base, const std::string& file, bool anyw
         return failed(why);
     if (report.problems > 0 && !anyway) {
         removeAside(aside);
-        out << report.problems << " problems; nothing was written (--anyway writes what can be carried)\n";
+        out << Message(phrases::problemsSoNothing, {std::to_string(report.problems)});
         return ToolStatus::Found;
     }
     if (!renameToNew(aside, target) || !syncToDisk(folderOf(target)))
         return failed(target + " cannot be written");
     fs::create_directories(folderOf(empty), code);
     if (!fs::exists(empty, code) && AppDB::Create(empty, &why) != 0) {
-        err << "tagdb: made " << target << ", but not " << empty << ": " << why << '\n';
+        err << Message(phrases::complaint, {{phrases::madeButNot, {target, empty, why}}});
         return ToolStatus::Failed;
     }
-    out << "made " << target;
-    out << (report.problems > 0 ? ", with " + std::to_string(report.problems) + " problems\n"
-                                : std::string(", all is well\n"));
+    out << (report.problems > 0
+                ? Message(phrases::madeWithProblems, {target, std::to_string(report.problems)})
+                : Message(phrases::madeAllWell, {target}));
     return report.problems > 0 ? ToolStatus::Found : ToolStatus::Good;
 }
 

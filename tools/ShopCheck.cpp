@@ -11,12 +11,14 @@
 #include "platform/core/RunTimeError.h"
 #include "store/AppDB.h"
 #include "store/Numbers.h"
+#include "tools/Cause.h"
+#include "tools/Phrases.h"
 
 namespace suisui {
 
 namespace {
 
-using Problems = std::vector<std::string>;
+using Problems = std::vector<Message>;
 
 bool allDigits(std::string_view text, std::size_t length)
 {
@@ -91,11 +93,11 @@ bool isUtf8(std::string_view text)
     return !decoder.hasError() && decoded.size() >= 0;
 }
 
-std::string place(const RowSet& rows, int row, std::size_t column)
+Message place(const RowSet& rows, int row, std::size_t column)
 {
-    return std::string(rows.table().name) + " row " + std::to_string(row) + " "
-           + std::string(rows.table().columns[column]) + " \""
-           + std::string(rows.get(row, static_cast<int>(column))) + "\"";
+    return {phrases::cellOf,
+            {rows.table().name, std::to_string(row), rows.table().columns[column],
+             rows.get(row, static_cast<int>(column))}};
 }
 
 void checkEncodings(const RowSet& rows, std::span<const Encoding> encodings, Problems& problems)
@@ -105,10 +107,11 @@ void checkEncodings(const RowSet& rows, std::span<const Encoding> encodings, Pro
         for (std::size_t column = 0; column < table.columns.size(); ++column) {
             const std::string_view text = rows.get(row, static_cast<int>(column));
             if (!isUtf8(text))
-                problems.push_back(place(rows, row, column) + " is no text");
+                problems.push_back({phrases::isNoText, {place(rows, row, column)}});
             for (const Encoding& encoding : encodings)
                 if (encoding.column == table.columns[column] && !encoding.holds(text))
-                    problems.push_back(place(rows, row, column) + " is no " + std::string(encoding.meaning));
+                    problems.push_back(
+                        {phrases::isNo, {place(rows, row, column), kindNamed(encoding.meaning)}});
         }
     }
 }
@@ -192,9 +195,9 @@ void checkStock(AppDB& db, const ZaikoRec& stock, std::map<std::string, Moved> m
         const Moved made = moved[code];
         moved.erase(code);
         if (!made.make(figures, periodsWereSaved))
-            problems.push_back("stock of " + std::string(stock.get(row, ZaikoCol::Code)) + " is "
-                               + CStr(figures.figure) + ", its movements make "
-                               + CStr(plus(figures.carried, made.net)));
+            problems.push_back({phrases::stockDiffers,
+                                {stock.get(row, ZaikoCol::Code), CStr(figures.figure),
+                                 CStr(plus(figures.carried, made.net))}});
     }
     MasterRec& master = db.MasterPost();
     std::map<std::string, bool> known;
@@ -205,19 +208,17 @@ void checkStock(AppDB& db, const ZaikoRec& stock, std::map<std::string, Moved> m
     // A code that is in neither table is skipped by the postings, so it owes nothing here either.
     for (const auto& [code, quantity] : moved)
         if (!quantity.make({}, false) && known.contains(code))
-            problems.push_back("no stock row for " + code + ", its movements make " + CStr(quantity.net));
+            problems.push_back({phrases::noStockRow, {code, CStr(quantity.net)}});
 }
 
-} // namespace
-
-std::vector<std::string> checkShop(AppDB& db)
+Problems problemsOf(AppDB& db)
 {
     Problems problems;
     if (db.OpenRecordset("SELECT integrity_check AS result FROM pragma_integrity_check") != 0)
-        return {"the file cannot be read: " + db.LastErrText()};
+        return {{phrases::fileUnreadable, {causeOf(db)}}};
     for (; !db.recordset().atEof(); db.recordset().MoveNext())
         if (const std::string result = db.recordset().Fields("result"); result != "ok")
-            problems.push_back("the file is damaged: " + result);
+            problems.push_back({phrases::fileDamaged, {result}});
     db.CloseRecordset();
     InpRec receipts(db, inpTable);
     OutRec shipments(db, outTable);
@@ -230,7 +231,7 @@ std::vector<std::string> checkShop(AppDB& db)
     RowSet* const all[] = {&receipts, &shipments, &stock, &parts, &goods, &partners, &staff, &periods};
     for (RowSet* rows : all)
         if (rows->Select({}) < 0)
-            return {"table " + std::string(rows->table().name) + " cannot be read: " + db.LastErrText()};
+            return {{phrases::tableUnreadable, {rows->table().name, causeOf(db)}}};
     checkEncodings(receipts, movementEncodings, problems);
     checkEncodings(shipments, movementEncodings, problems);
     checkEncodings(stock, stockEncodings, problems);
@@ -240,9 +241,19 @@ std::vector<std::string> checkShop(AppDB& db)
     try {
         checkStock(db, stock, movedStock(receipts, shipments, parts), problems);
     } catch (const RunTimeError& error) {
-        problems.push_back(std::string("the stock cannot be computed: ") + error.what());
+        problems.push_back({phrases::stockNotComputed, {error.what()}});
     }
     return problems;
+}
+
+} // namespace
+
+std::vector<std::string> checkShop(AppDB& db, Language language)
+{
+    std::vector<std::string> lines;
+    for (const Message& problem : problemsOf(db))
+        lines.push_back(problem.in(language));
+    return lines;
 }
 
 } // namespace suisui

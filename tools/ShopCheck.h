@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "tools/Texts.h"
+
 namespace suisui {
 
 class AppDB;
@@ -15,6 +17,6 @@ class AppDB;
 /// receipts, as postings have it; shipped is SyuSuu, since a shipment's returns never reach the stock;
 /// consumed is what receipts of products took of c as their component. The carry-forward that goes with
 /// saving and loading periods counts NyuSuu alone, so from the first one on either is right.
-[[nodiscard]] std::vector<std::string> checkShop(AppDB& db);
+[[nodiscard]] std::vector<std::string> checkShop(AppDB& db, Language language = Language::English);
 
 } // namespace suisui

@@ -14,8 +14,11 @@
 #include "store/AppDB.h"
 #include "store/ComponentChange.h"
 #include "store/Stamps.h"
+#include "tools/Cause.h"
 #include "tools/Csv.h"
+#include "tools/ExportFile.h"
 #include "tools/OldTexts.h"
+#include "tools/Phrases.h"
 #include "tools/SampleData.h"
 #include "tools/ShopCheck.h"
 
@@ -33,15 +36,21 @@ bool sameLetters(std::string_view a, std::string_view b)
                       [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
+ToolStatus complain(std::ostream& err, const Message& what)
+{
+    err << Message(phrases::complaint, {what});
+    return ToolStatus::Failed;
+}
+
 const TableDef* tableNamed(std::string_view name, std::ostream& err)
 {
     for (const TableDef* table : allTables())
         if (sameLetters(table->name, name))
             return table;
-    err << "tagdb: no table " << name << "; there are";
+    std::string names;
     for (const TableDef* table : allTables())
-        err << ' ' << table->name;
-    err << '\n';
+        names += " " + std::string(table->name);
+    (void)complain(err, {phrases::noTable, {name, names}});
     return nullptr;
 }
 
@@ -49,13 +58,13 @@ bool opened(AppDB& db, const std::string& base, std::ostream& err)
 {
     if (db.Open(workingFile) == 0)
         return true;
-    err << "tagdb: cannot open " << base << "/DB/" << workingFile << ": " << db.LastErrText() << '\n';
+    (void)complain(err, {phrases::cannotOpen, {base + "/DB/" + workingFile, causeOf(db)}});
     return false;
 }
 
 /// Where each field of a record goes; nothing when a name is no column of the table.
 std::optional<std::vector<int>> columnPlaces(const TableDef& table, const std::vector<std::string>& names,
-                                             std::string& error)
+                                             Message& error)
 {
     std::vector<int> places;
     for (const std::string& name : names) {
@@ -64,11 +73,11 @@ std::optional<std::vector<int>> columnPlaces(const TableDef& table, const std::v
             if (sameLetters(table.columns[static_cast<std::size_t>(i)], name))
                 found = i;
         if (found < 0) {
-            error = "line 1: no column \"" + name + "\" in " + std::string(table.name);
+            error = {phrases::atLine, {"1", {phrases::noColumn, {name, table.name}}}};
             return std::nullopt;
         }
         if (std::find(places.begin(), places.end(), found) != places.end()) {
-            error = "line 1: column \"" + name + "\" stands there twice";
+            error = {phrases::atLine, {"1", {phrases::columnTwice, {name}}}};
             return std::nullopt;
         }
         places.push_back(found);
@@ -78,7 +87,7 @@ std::optional<std::vector<int>> columnPlaces(const TableDef& table, const std::v
 
 /// Makes the record the one row of \a rows, each text in the form that its column holds; what it cannot hold
 /// is the fault that is returned.
-std::string fillRow(RowSet& rows, const std::vector<int>& places, const std::vector<std::string>& record)
+Message fillRow(RowSet& rows, const std::vector<int>& places, const std::vector<std::string>& record)
 {
     std::vector<std::string> texts(rows.table().columns.size());
     for (std::size_t i = 0; i < record.size(); ++i)
@@ -89,8 +98,8 @@ std::string fillRow(RowSet& rows, const std::vector<int>& places, const std::vec
         const std::string_view name = rows.table().columns[column];
         const auto stored = asStored(rows.table().name, name, texts[column]);
         if (!stored)
-            return "column " + std::string(name) + ": \"" + texts[column] + "\" is no "
-                   + std::string(meaningOf(rows.table().name, name));
+            return {phrases::notThatKind,
+                    {name, texts[column], kindNamed(meaningOf(rows.table().name, name))}};
         rows.set(1, static_cast<int>(column), *stored);
     }
     return {};
@@ -113,7 +122,7 @@ std::size_t noTextAt(std::string_view text, bool decoded)
 }
 
 /// What to tell of bytes that are no text; empty when there are none.
-std::string textFault(std::string_view text, bool cp932)
+Message textFault(std::string_view text, bool cp932)
 {
     const std::size_t at = noTextAt(text, cp932);
     if (at == std::string_view::npos)
@@ -121,17 +130,17 @@ std::string textFault(std::string_view text, bool cp932)
     const std::string_view before = text.substr(0, at);
     const auto line = std::count(before.begin(), before.end(), '\n') + 1;
     const std::size_t column = at - (before.rfind('\n') + 1) + 1; // npos + 1 is 0
-    return "line " + std::to_string(line) + ", column " + std::to_string(column) + ": no text in "
-           + (cp932 ? "code page 932" : "UTF-8 (a file in code page 932 needs --cp932)");
+    return {phrases::atPlace,
+            {std::to_string(line), std::to_string(column), cp932 ? phrases::notCp932 : phrases::notUtf8}};
 }
 
 /// Inserts the records of \a text; pending until the caller's Commit. Returns their number, -1 at a fault.
-int insertCsv(AppDB& db, const TableDef& table, std::string_view text, std::string& error)
+int insertCsv(AppDB& db, const TableDef& table, std::string_view text, Message& error)
 {
     CsvReader reader(text);
     const auto header = reader.next();
     if (!header) {
-        error = reader.error().empty() ? "the file is empty" : reader.error();
+        error = reader.error().empty() ? Message(phrases::fileIsEmpty) : reader.error();
         return -1;
     }
     const auto places = columnPlaces(table, *header, error);
@@ -140,25 +149,36 @@ int insertCsv(AppDB& db, const TableDef& table, std::string_view text, std::stri
     RowSet rows(db, table);
     int count = 0;
     while (const auto record = reader.next()) {
-        const std::string where = "line " + std::to_string(reader.line()) + ": ";
-        if (record->size() != places->size()) {
-            error = where + std::to_string(record->size()) + " fields instead of "
-                    + std::to_string(places->size());
-            return -1;
-        }
-        error = fillRow(rows, *places, *record);
-        if (!error.empty()) {
-            error.insert(0, where);
-            return -1;
-        }
-        if (rows.InsertRow(1) != 0) {
-            error = where + (db.LastErrNo() == "3022" ? "this key is there already" : db.LastErrText());
+        Message what;
+        if (record->size() != places->size())
+            what = {phrases::fieldCount, {std::to_string(record->size()), std::to_string(places->size())}};
+        else
+            what = fillRow(rows, *places, *record);
+        if (what.empty() && rows.InsertRow(1) != 0)
+            what = db.LastErrNo() == "3022" ? Message(phrases::keyThere) : causeOf(db);
+        if (!what.empty()) {
+            error = {phrases::atLine, {std::to_string(reader.line()), what}};
             return -1;
         }
         ++count;
     }
     error = reader.error();
     return error.empty() ? count : -1;
+}
+
+/// The table with the names of its columns.
+std::string csvOf(const RowSet& rows)
+{
+    const TableDef& table = rows.table();
+    std::string text = csvRecord({table.columns.begin(), table.columns.end()});
+    for (int row = 1; row <= rows.Count(); ++row) {
+        std::vector<std::string_view> fields;
+        fields.reserve(table.columns.size());
+        for (int column = 0; column < table.columnCount(); ++column)
+            fields.push_back(rows.get(row, column));
+        text += csvRecord(fields);
+    }
+    return text;
 }
 
 } // namespace
@@ -169,16 +189,14 @@ ToolStatus createShop(const std::string& base, std::ostream& out, std::ostream& 
     for (const fs::path& file : {fs::path(base) / "DB" / workingFile, fs::path(base) / "db" / "trnorg.mdb"}) {
         std::error_code code;
         if (fs::exists(file, code)) {
-            err << "tagdb: " << file.string() << " is there already and stays as it is\n";
+            (void)complain(err, {phrases::staysAsItIs, {file.string()}});
             continue;
         }
         fs::create_directories(file.parent_path(), code);
         std::string why;
-        if (AppDB::Create(file.string(), &why) != 0) {
-            err << "tagdb: cannot make " << file.string() << ": " << why << '\n';
-            return ToolStatus::Failed;
-        }
-        out << "made " << file.string() << '\n';
+        if (AppDB::Create(file.string(), &why) != 0)
+            return complain(err, {phrases::cannotMake, {file.string(), why}});
+        out << Message(phrases::made, {file.string()});
         made = true;
     }
     return made ? ToolStatus::Good : ToolStatus::Failed;
@@ -191,26 +209,23 @@ ToolStatus sampleShop(const std::string& base, std::ostream& out, std::ostream& 
         return ToolStatus::Failed;
     for (const TableDef* table : allTables()) {
         RowSet rows(db, *table);
-        if (rows.CountRows({}) != 0) {
-            err << "tagdb: " << table->name << " has rows; the sample goes into an empty database only\n";
-            return ToolStatus::Failed;
-        }
+        if (rows.CountRows({}) != 0)
+            return complain(err, {phrases::hasRows, {table->name}});
     }
     for (const SampleTable& sample : sampleTables) {
         const TableDef* table = tableNamed(sample.table, err);
-        std::string error;
+        Message error;
         const int count = table == nullptr ? -1 : insertCsv(db, *table, sample.csv, error);
         if (count < 0) {
             db.Rollback();
-            err << "tagdb: sample of " << sample.table << ": " << error << '\n';
-            return ToolStatus::Failed;
+            return complain(err, {phrases::sampleOf, {sample.table, error}});
         }
-        out << sample.table << ": " << count << " rows\n";
+        out << Message(phrases::rowsOf, {sample.table, std::to_string(count)});
     }
     db.Commit();
     if (db.LastStatus() == 0)
         return ToolStatus::Good;
-    err << "tagdb: " << db.LastErrText() << '\n';
+    (void)complain(err, causeOf(db));
     db.Rollback();
     return ToolStatus::Failed;
 }
@@ -220,49 +235,35 @@ ToolStatus checkBooks(const std::string& base, std::ostream& out, std::ostream& 
     AppDB db(base + "/DB");
     if (!opened(db, base, err))
         return ToolStatus::Failed;
-    const std::vector<std::string> problems = checkShop(db);
+    const std::vector<std::string> problems = checkShop(db, languageOf(out));
     for (const std::string& problem : problems)
         out << problem << '\n';
-    out << (problems.empty() ? "all is well\n" : std::to_string(problems.size()) + " problems\n");
+    out << (problems.empty() ? Message(phrases::allIsWell)
+                             : Message(phrases::problemCount, {std::to_string(problems.size())}));
     return problems.empty() ? ToolStatus::Good : ToolStatus::Found;
 }
 
-ToolStatus exportTable(const std::string& base, std::string_view name, const std::string& file, bool cp932,
-                       std::ostream& out, std::ostream& err)
+ToolStatus exportTable(const std::string& base, const ExportOrder& order, std::ostream& out,
+                       std::ostream& err)
 {
-    const TableDef* table = tableNamed(name, err);
+    const TableDef* table = tableNamed(order.table, err);
     AppDB db(base + "/DB");
     if (table == nullptr || !opened(db, base, err))
         return ToolStatus::Failed;
     RowSet rows(db, *table);
-    if (rows.Select({}) < 0) {
-        err << "tagdb: " << db.LastErrText() << '\n';
-        return ToolStatus::Failed;
+    if (rows.Select({}) < 0)
+        return complain(err, causeOf(db));
+    std::string text = csvOf(rows);
+    if (order.cp932) {
+        auto encoded = toCp932(text);
+        if (!encoded)
+            return complain(err, {phrases::notInCp932, {table->name}});
+        text = std::move(*encoded);
     }
-    std::string text = csvRecord({table->columns.begin(), table->columns.end()});
-    for (int row = 1; row <= rows.Count(); ++row) {
-        std::vector<std::string_view> fields;
-        fields.reserve(table->columns.size());
-        for (int column = 0; column < table->columnCount(); ++column)
-            fields.push_back(rows.get(row, column));
-        text += csvRecord(fields);
-    }
-    if (cp932) {
-        const auto encoded = toCp932(text);
-        if (!encoded) {
-            err << "tagdb: " << table->name << " holds characters that code page 932 does not have\n";
-            return ToolStatus::Failed;
-        }
-        text = *encoded;
-    }
-    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-    stream << text;
-    stream.close();
-    if (!stream) {
-        err << "tagdb: cannot write " << file << '\n';
-        return ToolStatus::Failed;
-    }
-    out << table->name << ": " << rows.Count() << " rows\n";
+    const Message fault = writeExport(base, order, text);
+    if (!fault.empty())
+        return complain(err, fault);
+    out << Message(phrases::rowsOf, {table->name, std::to_string(rows.Count())});
     return ToolStatus::Good;
 }
 
@@ -274,34 +275,31 @@ ToolStatus importTable(const std::string& base, std::string_view name, const std
     if (table == nullptr || !opened(db, base, err))
         return ToolStatus::Failed;
     std::ifstream stream(file, std::ios::binary);
-    if (!stream) {
-        err << "tagdb: cannot read " << file << '\n';
-        return ToolStatus::Failed;
-    }
+    if (!stream)
+        return complain(err, {phrases::cannotRead, {file}});
     std::string text{std::istreambuf_iterator<char>(stream), {}};
     if (cp932)
         text = fromCp932(text);
     if (text.starts_with("\xEF\xBB\xBF"))
         text.erase(0, 3);
-    std::string error = textFault(text, cp932);
+    Message error = textFault(text, cp932);
     int count = -1;
     const auto insert = [&] { return (count = insertCsv(db, *table, text, error)) >= 0; };
     const std::string stamp = stampOf(QDateTime::currentDateTime());
     if (error.empty() && !(table == &hseihinTable ? changeComponents(db, stamp, insert) : insert())) {
         count = -1;
         if (error.empty())
-            error = "the stock of the parts cannot be carried forward: " + db.LastErrText();
+            error = {phrases::partsNotCarried, {causeOf(db)}};
     }
     if (count >= 0) {
         db.Commit();
-        error = db.LastStatus() == 0 ? std::string() : db.LastErrText();
+        error = db.LastStatus() == 0 ? Message() : causeOf(db);
     }
     if (!error.empty()) {
         db.Rollback();
-        err << "tagdb: " << file << ": " << error << "; nothing was stored\n";
-        return ToolStatus::Failed;
+        return complain(err, {phrases::nothingStored, {file, error}});
     }
-    out << table->name << ": " << count << " rows\n";
+    out << Message(phrases::rowsOf, {table->name, std::to_string(count)});
     return ToolStatus::Good;
 }
 

@@ -16,9 +16,18 @@ enum class ToolStatus { Good = 0, Found = 1, Failed = 2 };
 [[nodiscard]] ToolStatus sampleShop(const std::string& base, std::ostream& out, std::ostream& err);
 /// Checks the books; Found when something does not hold.
 [[nodiscard]] ToolStatus checkBooks(const std::string& base, std::ostream& out, std::ostream& err);
-/// Writes a table as CSV, in UTF-8 or code page 932.
-[[nodiscard]] ToolStatus exportTable(const std::string& base, std::string_view table, const std::string& file,
-                                     bool cp932, std::ostream& out, std::ostream& err);
+struct ExportOrder
+{
+    std::string table;
+    std::string file;
+    bool cp932 = false;        ///< in code page 932 instead of UTF-8
+    bool replaceOther = false; ///< also a file that is there already
+};
+
+/// Writes a table as CSV. The file is there whole or not at all, and takes the place of another only when the
+/// order says so; of a database, a backup or what belongs to one, never.
+[[nodiscard]] ToolStatus exportTable(const std::string& base, const ExportOrder& order, std::ostream& out,
+                                     std::ostream& err);
 /// Adds the records of a CSV file to a table; all of them or, when a line is bad, none. The first record
 /// names the columns, in any order; columns that it leaves out are empty. Numbers and dates get the form that
 /// their column holds; a line is bad, too, when they cannot, or when its bytes are no text.

@@ -16,11 +16,13 @@
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
+#include <QSaveFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTranslator>
 #include <QUrl>
 
+#include "platform/core/OwnOnly.h"
 #include "platform/core/SingleInstance.h"
 #include "store/AppDB.h"
 #include "store/AppEnv.h"
@@ -73,6 +75,11 @@ Choice askForDatabase(const QString& folder)
 QString complaintOf(const QString& tool, const QStringList& arguments)
 {
     QProcess process;
+    // What it complains of is shown in a box of this program, so it is to say it in Japanese.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(u"LC_ALL"_s);
+    environment.insert(u"LC_MESSAGES"_s, u"ja_JP.UTF-8"_s);
+    process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(tool, arguments);
     if (!process.waitForFinished(-1))
@@ -121,9 +128,30 @@ void copySettings(const QString& folder, const QString& programs)
     const QStringList names = shipped.entryList({u"*.ini"_s}, QDir::Files);
     for (const QString& name : names) {
         if (QFile::copy(shipped.filePath(name), place + name))
-            QFile::setPermissions(place + name,
-                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+            QFile::setPermissions(place + name, QFile::ReadOwner | QFile::WriteOwner);
     }
+}
+
+/// Has the daily backup look where the shop is. The manager of the user's services may start it before the
+/// session has told it of XDG_DATA_HOME, so the name of the folder is left among the manager's own settings.
+void nameFolderToBackup()
+{
+    const QString settings = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+                             + u"/systemd/user/suisuitag-backup.service.d"_s;
+    const QString file = settings + u"/folder.conf"_s;
+    const QString place = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (place == QDir::homePath() + u"/.local/share"_s) {
+        QFile::remove(file);
+        return;
+    }
+    QString quoted = place;
+    quoted.replace(u'\\', u"\\\\"_s).replace(u'"', u"\\\""_s).replace(u'%', u"%%"_s);
+    QDir().mkpath(settings);
+    QSaveFile target(file);
+    if (!target.open(QIODevice::WriteOnly))
+        return; // the manager may still know it from the session
+    target.write((u"[Service]\nEnvironment=\"XDG_DATA_HOME="_s + quoted + u"\"\n"_s).toUtf8());
+    target.commit();
 }
 
 void tell(QMessageBox::Icon icon, const QString& text)
@@ -197,7 +225,7 @@ bool takeOver(const std::string& base, const std::string& forms)
     if (taken)
         tell(QMessageBox::Information, u"取り込みました。\n\n"_s + shortened(done.str()));
     else
-        tell(QMessageBox::Warning, u"取り込めませんでした。まだ何も登録されていません。\n"
+        tell(QMessageBox::Warning, u"取り込めませんでした。今回は何も取り込んでいません。\n"
                                    "次のところを直して保存し、もう一度「取り込む」を押して下さい。\n\n"_s
                                        + shortened(faults.str()));
     return taken;
@@ -252,6 +280,7 @@ std::optional<int> furnish(const QString& folder, const QString& programs)
 
 int main(int argc, char** argv)
 {
+    suisui::beginProgram();
     const QApplication application(argc, argv);
     QFont font(u"BIZ UDGothic"_s);
     font.setPixelSize(14); // half-width characters are half as wide as full-width ones
@@ -265,8 +294,10 @@ int main(int argc, char** argv)
     const bool formsWanted = QCoreApplication::arguments().contains(u"--forms"_s);
     if (formsWanted && suisui::SingleInstance(folder).prevInstance())
         return complain(u"すいすいＴＡＧが動いています。終了してから、もう一度選んで下さい。"_s);
+    suisui::makeOwnOnly(folder.toStdString());
     if (const auto status = furnish(folder, programs))
         return *status;
+    nameFolderToBackup();
     copySettings(folder, programs);
     if (!fillIn(folder, formsWanted))
         return 0;

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 
 #include "frame/shell/frm_End.h"
 #include "frame/support/DialogScan.h"
@@ -14,8 +15,10 @@
 #include "platform/core/FileLock.h"
 #include "platform/core/FillIn.h"
 #include "platform/core/FindWindow.h"
+#include "platform/core/OwnOnly.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/core/Shell.h"
+#include "store/BackupNote.h"
 #include "store/Stamps.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -62,6 +65,9 @@ int Main_Module::Main()
              BoxIcon::Stop});
         return EXIT_SUCCESS;
     }
+    if (!mayWork())
+        return EXIT_SUCCESS;
+    makeOwnOnly(m_base.toStdString());
     m_appEnv = std::make_unique<AppEnv>(m_base);
     QDir::setCurrent(m_appEnv->BaseFolder());
     const QString iniFolder = m_appEnv->BaseFolder() + u"/Ini"_s;
@@ -85,10 +91,49 @@ int Main_Module::Main()
         m_appDB->OutList().CountRows({}),
         u"出荷の情報が多くなってきました。\r\n　（出荷の履歴情報： {count} 件）\r\n\r\n履歴が多くなると 処理が遅くなります。　　　　\r\n\r\n 　「履歴の保存」 を行ってください。"_s);
     m_lastDate = LastDateGet();
-    if (loadWindow())
+    if (loadWindow()) {
+        showFailedBackup();
         mainLoop();
+    }
     stop();
     return EXIT_SUCCESS;
+}
+
+/// Where the folder takes no file, no copy of the program can see the other, while the database may well take
+/// the writes of both. A database that takes none has a box of its own.
+bool Main_Module::mayWork()
+{
+    if (m_instance.holds() || !QFileInfo(m_base + u"/DB"_s).isWritable())
+        return true;
+    m_msgBox.show({u"プログラムフォルダに書き込めません"_s,
+                   fillIn(u"【すいすいＴＡＧ】の起動はできません。　　　　\r\n\r\nフォルダ｢{base}"
+                          u"｣に書き込めないため、\r\n二重に"
+                          u"起動していないことを 確認できません。　　　　\r\n\r\nフォルダの "
+                          u"書き込み許可を確認して、再度、起動し"
+                          u"て下さい。",
+                          {{u"base", QDir::toNativeSeparators(m_base)}}),
+                   BoxIcon::Stop});
+    return false;
+}
+
+/// Once for each failure: the note goes when it has been read.
+void Main_Module::showFailedBackup()
+{
+    const BackupNote note(m_base);
+    const std::optional<FailedBackup> failed = note.read();
+    if (!failed)
+        return;
+    m_msgBox.show(
+        {u" バックアップの失敗"_s,
+         fillIn(u"自動のバックアップに 失敗しました。　　　　\r\n\r\n　（ 日時 ： {when} ）\r\n　（ 理由 ： "
+                u"{why} "
+                u"）　　　　\r\n\r\n{advice}\r\n\r\nその後、端末で 「 tagdb backup 」 を実行すると、"
+                u"\r\nすぐに バックアップを作れます。　　　　",
+                {{u"when", failed->when.toString(u"yyyy/MM/dd HH:mm"_s)},
+                 {u"why", failed->why},
+                 {u"advice", failed->advice}}),
+         BoxIcon::Exclamation});
+    note.clear();
 }
 
 bool Main_Module::openDatabase()

@@ -56,6 +56,8 @@ private:
     void makeWindow();
     [[nodiscard]] bool loadWindow();
     void openReader();
+    [[nodiscard]] bool mayWork();
+    void showFailedBackup();
     void mainLoop();
     void stop();
     [[nodiscard]] bool askEnd();

@@ -1,9 +1,11 @@
 #include "frame/shell/Application.h"
 #include "frame/shell/Main.h"
+#include "platform/core/OwnOnly.h"
 #include "store/AppEnv.h"
 
 int main(int argc, char** argv)
 {
+    suisui::beginProgram();
     suisui::Application application(argc, argv);
     suisui::SystemClock clock;
     suisui::ScreenMsgBox msgBox;

@@ -19,4 +19,9 @@ bool SingleInstance::prevInstance()
     return !m_lock->tryLock(0) && m_lock->error() == QLockFile::LockFailedError;
 }
 
+bool SingleInstance::holds() const
+{
+    return m_lock->isLocked();
+}
+
 } // namespace suisui

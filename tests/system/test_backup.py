@@ -8,10 +8,11 @@ import subprocess
 import sys
 import time
 
-from shop_test import ShopTest, main
+from shop_test import ShopTest, main, wait_for
 
 COPIES = 3
 KILLS = 12
+DATABASE_ERROR_BOX = "データベースエラー"
 
 
 class Backup(ShopTest):
@@ -82,7 +83,9 @@ class Backup(ShopTest):
     def test_wrong_use_is_told_and_changes_nothing(self):
         database = self.data_files()
         for words in (("backup", "--keep", "0"), ("backup", "--keep", "many"), ("backup", "here"), ("restore",),
-                      ("restore", "none.mdb"), ("import", "none.mdb"), ("backup", "--to", str(self.shop.database))):
+                      ("restore", "none.mdb"), ("import", "none.mdb"), ("backup", "--to", str(self.shop.database)),
+                      ("backup", "--kep", "3"), ("--nothing",), ("nothing",), (),
+                      ("export", "TantouTB", str(self.shop.database), "--force")):
             verdict = self.shop.tagdb(*words)
             self.assertEqual(2, verdict.returncode, verdict.stdout)
             self.assertTrue(verdict.stdout)
@@ -90,13 +93,68 @@ class Backup(ShopTest):
         self.assertEqual([], self.backup_files())
         self.assertEqual(database, self.data_files())
 
+    def test_whatever_the_umask_only_the_owner_can_read_what_is_made(self):
+        base = self.shop.folder.parent / "another" / "shop"
+        previous = os.umask(0)
+        try:
+            for words in (("create",), ("sample",), ("backup",), ("export", "KokyakuTB", str(base.parent / "k.csv")),
+                          ("forms", str(base.parent / "forms"))):
+                done = subprocess.run([str(self.shop.folder / "tagdb"), "--base", str(base), *words], check=False,
+                                      stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8")
+                self.assertEqual(0, done.returncode, done.stdout)
+            program = self.open()
+            self.end(program)
+        finally:
+            os.umask(previous)
+        made = [base, *base.parent.rglob("*"), self.shop.folder / "Ini" / "AppEnv.ini", self.shop.database]
+        made += [self.shop.folder / name for name in ("DB", "db", "Ini", "exe")]
+        self.assertGreater(len(made), 14)
+        for file in made:
+            self.assertEqual(0o700 if file.is_dir() else 0o600, file.stat().st_mode & 0o777, file)
+
+    def test_where_a_file_may_not_grow_the_program_shows_a_box_and_loses_nothing(self):
+        stored = resource.getrlimit(resource.RLIMIT_FSIZE)
+        resource.setrlimit(resource.RLIMIT_FSIZE, (8192, stored[1]))
+        try:
+            program = self.start()
+        finally:
+            resource.setrlimit(resource.RLIMIT_FSIZE, stored)
+        self.wait_ready(program)
+        self.reader.scan(self.plain_codes(1)[0])
+        self.screen.wait_active(DATABASE_ERROR_BOX)
+        self.assertTrue(program.running())
+        self.assertEqual(0, self.shop.count("InpTB"))
+        self.assertWhole()
+
+    def test_the_tool_speaks_the_language_of_the_session(self):
+        def said(*words, **locale):
+            environment = {name: value for name, value in os.environ.items() if not name.startswith(("LC_", "LANG"))}
+            return subprocess.run([str(self.shop.folder / "tagdb"), "--base", str(self.shop.folder), *words],
+                                  env={**environment, **locale}, check=False, stdout=subprocess.PIPE,
+                                  stderr=subprocess.PIPE, encoding="utf-8")
+
+        japanese = {"LANG": "ja_JP.UTF-8", "LC_CTYPE": "C.UTF-8"}
+        self.assertEqual("異常はありません\n", said("check", **japanese).stdout)
+        self.assertEqual("all is well\n", said("check", LANG="C.UTF-8").stdout)
+        helped = said("--help", **japanese)
+        self.assertEqual(0, helped.returncode)
+        self.assertIn("オプション", helped.stdout)
+        self.assertIn("写しと、検証済みかどうかを一覧する", helped.stdout)
+        self.assertNotRegex(helped.stdout, "Usage|Options|Displays|folder")
+        wrong = said("--nothing", **japanese)
+        self.assertEqual(2, wrong.returncode)
+        self.assertIn("このようなオプションはありません：nothing", wrong.stderr)
+        wrong = said("check", "--to", **japanese)
+        self.assertEqual(2, wrong.returncode)
+        self.assertIn("オプションが正しくありません", wrong.stderr)
+
     def test_where_there_is_no_room_no_copy_is_left_and_a_restore_leaves_the_database_as_it_was(self):
         self.assertEqual(0, self.shop.tagdb("backup").returncode)
         copy = self.copies()[0]
         database = self.data_files()
         for words in (("backup",), ("restore", copy)):
             run = subprocess.run([str(self.shop.folder / "tagdb"), "--base", str(self.shop.folder), *words], check=False,
-                                 capture_output=True, encoding="utf-8", restore_signals=False,
+                                 capture_output=True, encoding="utf-8",  # SIGXFSZ as a session has it
                                  preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (20000, 20000)))
             self.assertEqual(2, run.returncode, run.stderr)
             self.assertTrue(run.stderr)

@@ -35,9 +35,9 @@ class FirstStart(Packaged):
                 process.wait()
         return result
 
-    def start(self, *words):
+    def start(self, *words, **more):
         process = subprocess.Popen([str(self.root / "usr/bin/suisuitag-start"), *words], cwd="/",
-                                   env=self.screen.environment, stdin=subprocess.DEVNULL)
+                                   env={**self.screen.environment, **more}, stdin=subprocess.DEVNULL)
         self._started.append(process)
         return process
 
@@ -160,6 +160,37 @@ class FirstStart(Packaged):
         self.work_and_end(process)
         self.assertGreater(self.goods(), 0)
         self.assertFurnished()
+
+    def test_what_is_wrong_with_the_form_of_another_program_is_said_in_japanese(self):
+        for command in ("create", "sample"):
+            subprocess.run([str(self.root / "usr/bin/tagdb"), command], env=self.screen.environment, check=True,
+                           stdout=subprocess.DEVNULL)
+        goods = self.goods()
+        process = self.start("--forms")
+        wait_for("the forms", lambda: (self.forms / "部品.csv").is_file())
+        staff, partners = self.forms / "担当者.csv", self.forms / "取引先.csv"
+        staff.write_bytes(staff.read_bytes().replace(b"\r\n", b"\r"))
+        partners.write_text(partners.read_text(encoding="utf-8") + '999,"青果市場,1,\n', encoding="utf-8")
+        self.answer_forms("alt+i")
+        self.answer_forms("Return", picture=pathlib.Path.cwd() / "broken-forms.png")
+        self.answer_forms("alt+q")
+        self.assertEqual(0, self.ended(process))
+        self.assertEqual(goods, self.goods())
+
+    def test_the_starter_names_another_folder_of_data_to_the_daily_backup(self):
+        elsewhere = self.home / 'my "50 %" data'
+        settings = self.home / ".config/systemd/user/suisuitag-backup.service.d/folder.conf"
+        process = self.start(XDG_DATA_HOME=str(elsewhere), XDG_CONFIG_HOME=str(self.home / ".config"))
+        self.screen.answer(FIRST_START, "alt+s")
+        self.work_and_end(process)
+        escaped = str(elsewhere).replace('"', '\\"').replace("%", "%%")
+        self.assertEqual(f'[Service]\nEnvironment="XDG_DATA_HOME={escaped}"\n', settings.read_text(encoding="utf-8"))
+        self.assertTrue((elsewhere / "suisuitag/DB/trnvik.mdb").is_file())
+        self.assertEqual(0o700, (elsewhere / "suisuitag").stat().st_mode & 0o777)
+        process = self.start(XDG_CONFIG_HOME=str(self.home / ".config"))
+        self.screen.answer(FIRST_START, "alt+s")
+        self.work_and_end(process)
+        self.assertFalse(settings.exists(), "the usual folder needs no name")
 
     def test_leaving_the_choice_makes_nothing(self):
         for key in ("alt+q", "Escape"):

@@ -151,23 +151,20 @@ class DailyBackup(Packaged):
         home.mkdir()
         return home
 
-    def environment(self, home):
+    def environment(self, home, **more):
         """What a user's manager gives its services, and nothing of the session that runs the tests."""
-        return {"HOME": str(home), "PATH": "/usr/bin:/bin", "LANG": "C.UTF-8"}
+        return {"HOME": str(home), "PATH": "/usr/bin:/bin", "LANG": "C.UTF-8", **more}
 
-    def tagdb(self, home, *words):
-        return subprocess.run([str(self.root / "usr/bin/tagdb"), *words], env=self.environment(home), check=False,
+    def tagdb(self, home, *words, **more):
+        return subprocess.run([str(self.root / "usr/bin/tagdb"), *words], env=self.environment(home, **more), check=False,
                               cwd="/", stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8")
 
-    def start_service(self, home):
-        """Does what the manager of the user with this home would do: None where the condition keeps it away."""
-        condition, = (value.replace("%h", str(home)) for value in self.service("ConditionPathExists"))
-        if not pathlib.Path(condition).exists():
-            return None
+    def start_service(self, home, **more):
+        """Does what the manager of the user with this home would do."""
         command, = self.service("ExecStart")
         program, *words = command.replace("%h", str(home)).split()
         self.assertTrue(program.startswith("/usr/bin/"), command)
-        return subprocess.run([str(self.root) + program, *words], env=self.environment(home), check=False, cwd="/",
+        return subprocess.run([str(self.root) + program, *words], env=self.environment(home, **more), check=False, cwd="/",
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8")
 
     def test_the_manager_of_units_understands_them(self):
@@ -205,7 +202,18 @@ class DailyBackup(Packaged):
 
     def test_a_user_without_a_shop_gets_no_folder_and_no_failure(self):
         home = self.home("guest")
-        self.assertIsNone(self.start_service(home))
+        done = self.start_service(home)
+        self.assertEqual(0, done.returncode, done.stdout)
+        self.assertEqual([], list(home.iterdir()))
+
+    def test_a_shop_in_another_folder_of_data_gets_its_copies_there(self):
+        home, elsewhere = self.home("hanako"), self.home("elsewhere")
+        place = {"XDG_DATA_HOME": str(elsewhere)}
+        for command in ("create", "sample"):
+            self.assertEqual(0, self.tagdb(home, command, **place).returncode)
+        made = self.start_service(home, **place)
+        self.assertEqual(0, made.returncode, made.stdout)
+        self.assertEqual(1, len(list((elsewhere / "suisuitag/backup").glob("*.mdb"))))
         self.assertEqual([], list(home.iterdir()))
 
     def test_books_that_do_not_hold_make_the_service_fail_where_all_can_see_it(self):
@@ -218,6 +226,8 @@ class DailyBackup(Packaged):
         made = self.start_service(home)
         self.assertEqual(1, made.returncode, made.stdout)
         self.assertIn("its movements make 0", made.stdout)
+        note = home / ".local/share/suisuitag/backup-failed.txt"
+        self.assertIn("在庫数と記録の合わないところが 1 件", note.read_text(encoding="utf-8"))
 
 
 if __name__ == "__main__":

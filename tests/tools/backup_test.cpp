@@ -6,9 +6,12 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
+#include <sqlite3.h>
 #include <unistd.h>
 
 #include "platform/core/SingleInstance.h"
+#include "store/BackupNote.h"
+#include "tests/support/AsAnotherUser.h"
 #include "tests/support/TempShop.h"
 #include "tests/support/TestClock.h"
 #include "tools/Backup.h"
@@ -77,6 +80,27 @@ protected:
         ASSERT_EQ(db.LastStatus(), 0) << db.LastErrText();
         db.Commit();
     }
+
+    /// Does \a sql to a copy, behind the back of the store's connection.
+    void change(const std::string& name, const std::string& sql) const
+    {
+        sqlite3* db = nullptr;
+        ASSERT_EQ(sqlite3_open((folder() + name).c_str(), &db), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(db);
+        sqlite3_close(db);
+        fs::remove(folder() + name + ".proof"); // a copy from elsewhere has none
+    }
+    /// A restore of the first copy is refused with these words, and nothing has changed.
+    void expectRefused(const std::string& words)
+    {
+        const std::string before = bytesOf(shop.databaseFile());
+        err.str({});
+        EXPECT_EQ(restore(first), ToolStatus::Failed);
+        EXPECT_NE(err.str().find(words), std::string::npos) << err.str();
+        EXPECT_EQ(bytesOf(shop.databaseFile()), before);
+        EXPECT_FALSE(fs::exists(shop.databaseFile() + ".restored"));
+    }
+    [[nodiscard]] BackupNote note() const { return BackupNote(shop.base()); }
 
     static constexpr const char* first = "trnvik-20260401-090000.mdb";
 
@@ -234,6 +258,93 @@ TEST_F(BackupTest, dateSetBack_theNewCopyIsNotTheOneThatGoes)
     EXPECT_EQ(copies[1].stamp, "20260402-090000");
 }
 
+TEST_F(BackupTest, soManyCopiesStay_ofAllSortsTogether_andTheLastProvedOneAmongThem)
+{
+    order.keep = 3;
+    ASSERT_EQ(backup(), ToolStatus::Good);
+    later(60);
+    ASSERT_EQ(restore(first), ToolStatus::Good) << err.str(); // leaves a copy of what was there
+    execute("UPDATE ZaikoTB SET ZaikoSuu='16' WHERE Code='A1'");
+    for (int i = 0; i < 6; ++i) {
+        later(60);
+        ASSERT_EQ(backup(), ToolStatus::Found);
+        EXPECT_LE(BackupFolder(folder()).copies().size(), 3U);
+    }
+    const auto copies = BackupFolder(folder()).copies();
+    ASSERT_EQ(copies.size(), 3U);
+    EXPECT_EQ(copies[0].name, "trnvik-20260401-090100-replaced.mdb") << "proved, when it was replaced";
+    EXPECT_EQ(copies[1].stamp, "20260401-090600");
+    EXPECT_EQ(copies[2].stamp, "20260401-090700");
+}
+
+TEST_F(BackupTest, copiesOfOneSecond_neverTakeTheNameOfOneThatWent)
+{
+    order.keep = 2;
+    for (int i = 0; i < 5; ++i)
+        ASSERT_EQ(backup(), ToolStatus::Good);
+    const auto copies = BackupFolder(folder()).copies();
+    ASSERT_EQ(copies.size(), 2U);
+    EXPECT_EQ(copies[0].number, 4);
+    EXPECT_EQ(copies[1].number, 5);
+}
+
+TEST_F(BackupTest, aDailyRunThatFails_isNotedWithTheReason_untilOneIsGood)
+{
+    ASSERT_EQ(backupShop(order, clock, out, err), ToolStatus::Good);
+    EXPECT_FALSE(note().read());
+    order.daily = true;
+    order.folder = shop.databaseFile(); // a file in the place of the folder
+    EXPECT_EQ(backup(), ToolStatus::Failed);
+    auto failed = note().read();
+    ASSERT_TRUE(failed);
+    EXPECT_EQ(failed->when, clock.now());
+    EXPECT_EQ(failed->why.toStdString(), shop.databaseFile() + "：フォルダではありません");
+    EXPECT_FALSE(failed->advice.isEmpty());
+    order.folder.clear();
+    later(86400);
+    EXPECT_EQ(backup(), ToolStatus::Good);
+    EXPECT_FALSE(note().read());
+    execute("UPDATE ZaikoTB SET ZaikoSuu='16' WHERE Code='A1'");
+    EXPECT_EQ(backup(), ToolStatus::Found);
+    failed = note().read();
+    ASSERT_TRUE(failed);
+    EXPECT_EQ(failed->why.toStdString(), "写しは作りましたが、在庫数と記録の合わないところが 1 件あります。");
+    note().clear();
+    order.daily = false; // somebody watches
+    EXPECT_EQ(backup(), ToolStatus::Found);
+    EXPECT_FALSE(note().read());
+}
+
+TEST_F(BackupTest, aDamagedDatabase_isNamedAsSuch_inTheNoteAsWell)
+{
+    order.daily = true;
+    write(shop.databaseFile(), "no database any more");
+    EXPECT_EQ(backup(), ToolStatus::Failed);
+    EXPECT_NE(err.str().find("the database is damaged"), std::string::npos) << err.str();
+    ASSERT_TRUE(note().read());
+    EXPECT_EQ(note().read()->why, QStringLiteral("データベースが壊れています"));
+    EXPECT_EQ(note().read()->advice, QStringLiteral("バックアップから 復元して下さい。"));
+}
+
+TEST_F(BackupTest, aNoteThatLostItsWordsOnAFullDisk_stillSaysWhen)
+{
+    write(order.base + "/backup-failed.txt", "");
+    const auto failed = note().read();
+    ASSERT_TRUE(failed);
+    EXPECT_TRUE(failed->when.isValid());
+    EXPECT_TRUE(failed->why.contains(QStringLiteral("空き容量")));
+}
+
+TEST_F(BackupTest, aDailyRunWithoutADatabase_hasNothingToDo_andMakesNothing)
+{
+    order.daily = true;
+    order.base += "/nobody";
+    EXPECT_EQ(backup(), ToolStatus::Good) << err.str();
+    EXPECT_FALSE(fs::exists(order.base));
+    order.daily = false;
+    EXPECT_EQ(backup(), ToolStatus::Failed);
+}
+
 TEST_F(BackupTest, whatAKilledRunHasLeft_isNoCopy_andGoes)
 {
     fs::create_directories(folder());
@@ -265,7 +376,7 @@ TEST_F(BackupTest, noDatabase_orNoFolder_isToldOf)
     fs::remove(shop.databaseFile());
     order.folder.clear();
     EXPECT_EQ(backup(), ToolStatus::Failed);
-    EXPECT_NE(err.str().find("cannot read"), std::string::npos);
+    EXPECT_NE(err.str().find("cannot read"), std::string::npos) << err.str();
 }
 
 TEST_F(BackupTest, restore_bringsTheCopyBack_keepsWhatWasThere_andLeavesTheCopyAsItIs)
@@ -334,6 +445,65 @@ TEST_F(BackupTest, restore_ofWhatDoesNotHold_onlyWhenTheOperatorSaysSo)
     later(1);
     EXPECT_EQ(restore(first), ToolStatus::Good);
     EXPECT_EQ(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), Texts{"16"});
+}
+
+TEST_F(BackupTest, restore_ofAHistoryFile_isRefused_byWhatIsInIt_andByItsName)
+{
+    ASSERT_EQ(backup(), ToolStatus::Good);
+    change(first, "DELETE FROM ZaikoTB");
+    order.evenUnsound = true;
+    expectRefused("is a history file");
+    fs::copy_file(shop.databaseFile(), folder() + "RRK20260401-20260430.abc");
+    EXPECT_EQ(restore("RRK20260401-20260430.abc"), ToolStatus::Failed);
+}
+
+TEST_F(BackupTest, restore_ofACopyWithOtherRulesThanTheProgram_isRefused)
+{
+    const std::pair<const char*, const char*> changes[] = {
+        {"DROP INDEX InpTB_1", "it lacks the unique index of InpTB (InpDate, Code)"},
+        {"DROP INDEX TantouTB_1; CREATE INDEX TantouTB_1 ON TantouTB (Code)",
+         "it lacks the unique index of TantouTB (Code)"},
+        {"CREATE UNIQUE INDEX own ON InpTB (Code)", "it has a unique index of its own, own"},
+        {"CREATE TRIGGER t AFTER INSERT ON InpTB BEGIN DELETE FROM OutTB; END",
+         "it has a trigger of its own, t"},
+        {"CREATE VIEW v AS SELECT * FROM InpTB", "it has a view of its own, v"},
+    };
+    order.evenUnsound = true; // which is about the books alone
+    for (const auto& [sql, words] : changes) {
+        ASSERT_EQ(backup(), ToolStatus::Good) << err.str();
+        change(first, sql);
+        expectRefused(words);
+        fs::remove(folder() + first);
+    }
+}
+
+TEST_F(BackupTest, restore_ofACopyInAnotherJournalMode_leavesTheFileInTheProgramsOwn)
+{
+    const auto modeOf = [](const std::string& file) { return bytesOf(file).substr(18, 2); };
+    const std::string own = modeOf(shop.databaseFile());
+    ASSERT_EQ(backup(), ToolStatus::Good);
+    change(first, "PRAGMA journal_mode=WAL");
+    ASSERT_NE(modeOf(folder() + first), own);
+    ASSERT_EQ(restore(first), ToolStatus::Good) << err.str();
+    EXPECT_EQ(modeOf(shop.databaseFile()), own);
+    EXPECT_EQ(std::distance(fs::directory_iterator(shop.databaseFolder()), {}), 1);
+}
+
+TEST_F(BackupTest, restore_whereNobodyCanTellWhetherTheProgramRuns_isRefused)
+{
+    ASSERT_EQ(backup(), ToolStatus::Good);
+    const AsAnotherUser another(order.base, {shop.databaseFolder(), folder(), shop.databaseFile(),
+                                             folder() + first, folder() + first + ".proof"});
+    expectRefused("so nobody can tell whether the program runs in it");
+}
+
+TEST_F(BackupTest, restore_onANewComputer_makesTheProgramFolder)
+{
+    ASSERT_EQ(backup(), ToolStatus::Good);
+    const std::string copy = folder() + first;
+    order.base += "/new/computer";
+    ASSERT_EQ(restore(copy), ToolStatus::Good) << err.str();
+    EXPECT_EQ(queryFile(order.base + "/DB/trnvik.mdb", "SELECT ZaikoSuu FROM ZaikoTB"), Texts{"15"});
 }
 
 TEST_F(BackupTest, restore_ofNoDatabase_leavesEverythingAsItWas)

@@ -185,7 +185,12 @@ TEST_F(FormsTest, whatCannotBe_isNamedByFileAndLine_andNothingIsStored)
                 "商品名に改行などの使えない文字があります");
     expectFault("商品.csv", "商品コード\nA1\n", "商品.csv：見出し「商品名」がありません");
     expectFault("商品.csv", "", "商品.csv：何も書かれていません");
-    expectFault("商品.csv", "商品コード,商品名\nA1,\"りんご\n", "商品.csv：CSV の形が正しくありません");
+    expectFault("商品.csv", "商品コード,商品名\nA1,\"りんご\n",
+                "商品.csv：2 行目 4 文字目：「\"」で始まる欄が閉じていません。表計算ソフトで開き");
+    expectFault("商品.csv", "商品コード,商品名\nA1,りん\"ご\n",
+                "商品.csv：2 行目 10 文字目：欄の途中に「\"」があります。表計算ソフトで開き");
+    expectFault("商品.csv", "商品コード,商品名\rA1,りんご\r",
+                "商品.csv：1 行目 26 文字目：改行が古い Macintosh の形式（CR だけ）です。表計算ソフトで開き");
     expectFault("商品.csv", "商品コード,商品名\nA1,\x81\n", "商品.csv：文字コードがわかりません");
     expectFault("商品.csv", "商品コード,商品名\nA1,りんご\xE3", "商品.csv："); // cut inside a letter
     expectFault("取引先.csv", "取引先コード,取引先名,入荷先\n1,市場,はい\n",

@@ -13,6 +13,8 @@
 #include <QTimer>
 
 #include "frame/support/WaitWindow.h"
+#include "store/BackupNote.h"
+#include "tests/support/AsAnotherUser.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/TempShop.h"
 #include "tests/support/TestClock.h"
@@ -223,6 +225,58 @@ TEST_F(WholeRun, theMasterButton_endsTheProgramWithoutAQuestion_andStartsTheMast
     QFile started(shop.base() + u"/started"_s);
     ASSERT_TRUE(started.open(QIODevice::ReadOnly));
     EXPECT_EQ(QString::fromUtf8(started.readAll()).trimmed(), QDir(shop.base()).canonicalPath());
+}
+
+TEST_F(WholeRun, aDailyBackupThatFailed_isShownOnce_afterAllBoxesOfTheStart)
+{
+    furnish();
+    const BackupNote note(shop.base());
+    ASSERT_TRUE(note.write({QDateTime(QDate(2026, 3, 31), QTime(12, 30)), u"ディスクの空き容量が足りません"_s,
+                            u"不要なファイルを削除して、空き容量を増やして下さい。"_s}));
+    EXPECT_EQ(run([](frmMain& window) { end(window); }), 0);
+    ASSERT_EQ(titles, (QStringList{noPort, u" バックアップの失敗"_s, endDialog}));
+    EXPECT_EQ(
+        texts.at(1),
+        u"自動のバックアップに 失敗しました。　　　　\r\n\r\n　（ 日時 ： 2026/03/31 12:30 ）\r\n　（ "
+        u"理由 ： ディスクの空き容量が足りません ）　　　　\r\n\r\n不要なファイルを削除して、空き容量を増やし"
+        u"て下さい。\r\n\r\nその後、端末で 「 tagdb backup 」 を実行すると、\r\nすぐに "
+        u"バックアップを作れます。　　　　"_s);
+    EXPECT_FALSE(note.read());
+    titles.clear();
+    EXPECT_EQ(run([](frmMain& window) { end(window); }), 0);
+    EXPECT_EQ(titles, (QStringList{noPort, endDialog}));
+}
+
+TEST_F(WholeRun, aFolderThatTakesNoLock_whileItsDatabaseTakesWrites_isRefused)
+{
+    furnish();
+    const std::string database = shop.databaseFile();
+    {
+        const AsAnotherUser another(shop.base().toStdString(), {shop.databaseFolder(), database});
+        EXPECT_EQ(run([](frmMain&) { ADD_FAILURE() << "the window was shown"; }), 0);
+    }
+    ASSERT_EQ(titles, QStringList{u"プログラムフォルダに書き込めません"_s});
+    EXPECT_TRUE(texts.at(0).contains(u"フォルダ｢"_s + shop.base() + u"｣に書き込めないため"_s))
+        << texts.at(0).toStdString();
+    EXPECT_EQ(lastUseDate(), QString());
+}
+
+TEST_F(WholeRun, theShopsFolder_isForItsOwnerAlone_onceTheProgramWasInIt)
+{
+    furnish();
+    const std::string database = shop.databaseFile();
+    ASSERT_EQ(::chmod(database.c_str(), 0644), 0);
+    ASSERT_EQ(::chmod(shop.databaseFolder().c_str(), 0755), 0);
+    EXPECT_EQ(run([](frmMain& window) { end(window); }), 0);
+    const auto rightsOfOthers = [](const std::string& path) {
+        struct stat is
+        {
+        };
+        EXPECT_EQ(::stat(path.c_str(), &is), 0) << path;
+        return is.st_mode & 0077U;
+    };
+    for (const std::string& path : {database, shop.databaseFolder(), shop.base().toStdString()})
+        EXPECT_EQ(rightsOfOthers(path), 0U) << path;
 }
 
 TEST_F(WholeRun, aMissingDatabase_isTold_andNothingIsMade)

@@ -137,6 +137,7 @@ TEST_F(SingleInstanceTest, aFolderThatCannotBeWritten_countsAsNotHeld)
 {
     SingleInstance nowhere(base() + u"/no such folder"_s);
     EXPECT_FALSE(nowhere.prevInstance());
+    EXPECT_FALSE(nowhere.holds());
 }
 
 } // namespace suisui::test

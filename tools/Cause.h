@@ -1,0 +1,29 @@
+// Why the database refused, in the words of the tool.
+#pragma once
+
+#include <string_view>
+
+#include "store/Sqlite.h"
+#include "tools/Texts.h"
+
+namespace suisui {
+
+class AppDB;
+
+/// Why something was not done, and of what sort that is, which says what can be done about it.
+struct Fault
+{
+    Message why;
+    EngineError trouble = EngineError::Other;
+};
+
+/// The system's failure \a code (an errno).
+[[nodiscard]] EngineError troubleOf(int code);
+/// What the last failure of \a db means.
+[[nodiscard]] EngineError troubleOf(const AppDB& db);
+/// The last failure of \a db, with what can be done about a damaged file.
+[[nodiscard]] Message causeOf(const AppDB& db);
+/// A kind of text that a column may be asked to hold ("date", "whole number").
+[[nodiscard]] Message kindNamed(std::string_view english);
+
+} // namespace suisui
