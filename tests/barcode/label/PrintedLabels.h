@@ -22,6 +22,7 @@ using namespace Qt::Literals::StringLiterals;
 inline std::vector<LabelledRow> rowsFor(int count)
 {
     std::vector<LabelledRow> rows;
+    rows.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         rows.push_back({u"490123456%1"_s.arg(i, 4, 10, QChar(u'0')).toStdString()});
     return rows;
