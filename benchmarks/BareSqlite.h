@@ -1,4 +1,5 @@
-// SQLite by hand, as little as it takes: what the program's own work is measured against.
+// SQLite by hand, as little as it takes: what the program's own work is measured against. A connection that
+// writes takes journal and flushes from a connection of the program, so that both wait for the disk as often.
 #pragma once
 
 #include <cstdlib>
@@ -8,7 +9,25 @@
 
 #include <sqlite3.h>
 
+#include "store/AppDB.h"
+
 namespace suisui::bench {
+
+/// The statements that make a connection as durable as the program's own to the database \a file.
+inline std::vector<std::string> asDurable(const std::string& file)
+{
+    AppDB db(file.substr(0, file.rfind('/')));
+    if (db.Open(file) != 0)
+        std::abort();
+    std::vector<std::string> statements;
+    for (const std::string name : {"journal_mode", "synchronous"}) {
+        if (db.OpenRecordset("SELECT * FROM pragma_" + name) != 0 || db.recordset().atEof())
+            std::abort();
+        statements.push_back("PRAGMA " + name + "=" + std::string(db.recordset().text(0)));
+        db.CloseRecordset();
+    }
+    return statements;
+}
 
 class BareSqlite
 {
@@ -17,7 +36,6 @@ public:
     {
         if (sqlite3_open_v2(file.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
             std::abort();
-        sqlite3_exec(m_db, "PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
         constexpr int patience = 2000; // milliseconds, while the program writes
         sqlite3_busy_timeout(m_db, patience);
     }
@@ -29,6 +47,14 @@ public:
     }
     BareSqlite(const BareSqlite&) = delete;
     BareSqlite& operator=(const BareSqlite&) = delete;
+
+    /// For a connection that writes: see asDurable().
+    void run(const std::vector<std::string>& statements)
+    {
+        for (const std::string& statement : statements)
+            if (sqlite3_exec(m_db, statement.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+                std::abort();
+    }
 
     /// The statement lives as long as the connection.
     sqlite3_stmt* prepared(const char* sql)

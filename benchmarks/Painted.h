@@ -7,6 +7,7 @@
 #include <QAbstractTableModel>
 #include <QApplication>
 #include <QWidget>
+#include <QWindow>
 
 namespace suisui::bench {
 
@@ -16,6 +17,29 @@ inline void showPainted(QWidget& widget)
     widget.show();
     widget.repaint();
     QCoreApplication::processEvents();
+}
+
+/// Lets \a show bring \a window up and events run until the screen has asked for it and it has painted
+/// itself.
+template <typename Show> void untilPainted(QWidget& window, Show show)
+{
+    class Painting final : public QObject
+    {
+    public:
+        bool eventFilter(QObject* watched, QEvent* event) override
+        {
+            const auto* widget = static_cast<QWidget*>(watched);
+            seen |= event->type() == QEvent::Paint && widget->windowHandle() != nullptr
+                    && widget->windowHandle()->isExposed();
+            return false;
+        }
+        bool seen = false;
+    } painting;
+    window.installEventFilter(&painting);
+    show();
+    while (!painting.seen)
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    window.removeEventFilter(&painting);
 }
 
 using Rows = std::vector<std::vector<std::string>>;

@@ -36,23 +36,6 @@ double heldMegabytes()
     return static_cast<double>(info.uordblks + info.hblkhd) / 1048576;
 }
 
-/// A window whose wait window is the real one.
-class WaitingFrame final : public test::TestFrame
-{
-public:
-    void showWait(const QString& tag, int maximum) override
-    {
-        m_wait.load(tag, maximum);
-        DoEvents();
-    }
-    [[nodiscard]] bool waitVisible() const override { return m_wait.isVisible(); }
-    void setWaitProgress(int value) override { m_wait.setProgress(value); }
-    void closeWait() { m_wait.unload(); }
-
-private:
-    frm_Wait m_wait;
-};
-
 /// A page over \a shop whose period holds every row.
 struct Desk
 {
@@ -77,7 +60,6 @@ void GridFill(benchmark::State& state)
     const test::TempShop shop(QDir::tempPath());
     fill(shop, static_cast<int>(state.range(0)));
     Samples program;
-    Samples waited;
     Samples bare;
     Samples items;
     double held = 0;
@@ -93,17 +75,6 @@ void GridFill(benchmark::State& state)
             held = heldMegabytes() - before;
             if (desk.page.grid()->MaxRows() != state.range(0))
                 std::abort();
-        }
-        {
-            WaitingFrame frame;
-            Desk desk(shop, frame);
-            frame.showWait(QString(), 1); // the program shows it at its start as well
-            frame.closeWait();
-            waited.add(timed([&] {
-                desk.page.cmdKensaku_Click();
-                frame.closeWait();
-                showPainted(desk.page);
-            }));
         }
         Rows rows;
         bare.add(timed([&] {
@@ -124,14 +95,37 @@ void GridFill(benchmark::State& state)
     }
     report(state, program, bare);
     state.counters["to_QTableWidget"] = program.median() / items.median();
-    if (state.range(0) > 1000) // fewer rows are loaded without it
-        state.counters["wait_window_share"] = waited.median() / program.median() - 1;
     state.counters["held_MB"] = held;
     struct rusage usage = {};
     getrusage(RUSAGE_SELF, &usage);
     state.counters["peak_MB_all"] = static_cast<double>(usage.ru_maxrss) / 1024;
 }
 BENCHMARK(GridFill)->Arg(1000)->Arg(25000)->Arg(100000)->Iterations(7)->Unit(benchmark::kMillisecond);
+
+/// What the wait window adds to long work: from its coming up to its first paint, and its going away.
+void WaitWindow(benchmark::State& state)
+{
+    frm_Wait wait;
+    QWidget plain(nullptr, wait.windowFlags());
+    plain.setAttribute(Qt::WA_ShowWithoutActivating);
+    plain.resize(wait.sizeHint());
+    Samples program;
+    Samples bare;
+    for ([[maybe_unused]] auto turn : state) {
+        program.add(timed([&] {
+            untilPainted(wait, [&] { wait.load(QString(), 1000); });
+            wait.unload();
+            DoEvents();
+        }));
+        bare.add(timed([&] {
+            untilPainted(plain, [&] { plain.show(); });
+            plain.close();
+            DoEvents();
+        }));
+    }
+    report(state, program, bare);
+}
+BENCHMARK(WaitWindow)->Iterations(41)->Unit(benchmark::kMillisecond);
 
 /// Every row of the grid gets another quantity, and all are written in one unit of work.
 void UpdateRows(benchmark::State& state)
@@ -144,7 +138,9 @@ void UpdateRows(benchmark::State& state)
     Desk desk(programShop, frame);
     desk.page.cmdKensaku_Click();
     frame.guardActive = true;
+    const std::vector<std::string> durable = asDurable(bareShop.databaseFile());
     BareSqlite db(bareShop.databaseFile());
+    db.run(durable);
     sqlite3_stmt* all = db.prepared("SELECT rowid,* FROM InpTB ORDER BY NyuDate DESC, NyuTime DESC");
     sqlite3_stmt* parts = db.prepared("SELECT * FROM HSeihinTB WHERE Code=? ORDER BY rowid");
     sqlite3_stmt* stock = db.prepared("SELECT rowid,* FROM ZaikoTB WHERE Code=? ORDER BY rowid");

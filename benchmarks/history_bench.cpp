@@ -12,6 +12,7 @@
 
 #include <sqlite3.h>
 
+#include "benchmarks/BareSqlite.h"
 #include "benchmarks/Measure.h"
 #include "frame/support/frm_Wait.h"
 #include "store/CarryForward.h"
@@ -69,14 +70,16 @@ void fill(AppDB& db, int rows)
     db.Commit();
 }
 
-/// A second, bare connection.
+/// A second, bare connection, which flushes as the program's does.
 class Bare
 {
 public:
-    explicit Bare(const std::string& file)
+    Bare(const std::string& file, const std::vector<std::string>& durable)
     {
         if (sqlite3_open(file.c_str(), &m_db) != SQLITE_OK)
             std::abort();
+        for (const std::string& statement : durable)
+            run(statement);
     }
     ~Bare() { sqlite3_close(m_db); }
     Bare(const Bare&) = delete;
@@ -92,10 +95,10 @@ private:
 };
 
 /// The moves on bare SQLite: every row of \a from goes to \a to.
-void moveBare(const std::string& working, const std::string& file, const char* from, const char* to)
+void moveBare(const std::vector<std::string>& durable, const std::string& working, const std::string& file,
+              const char* from, const char* to)
 {
-    Bare bare(working);
-    bare.run("PRAGMA synchronous=FULL");
+    Bare bare(working, durable);
     bare.run("ATTACH '" + file + "' AS history");
     bare.run("BEGIN IMMEDIATE");
     for (const char* const table : {"InpTB", "OutTB"}) {
@@ -165,6 +168,7 @@ void SaveAndLoad(benchmark::State& state)
     const std::string bareFile = shop.desk.shop->databaseFolder() + "/bare.mdb";
     const std::string bareHistory = (shop.desk.folder() + QStringLiteral("/bare.hst")).toStdString();
     std::filesystem::copy_file(shop.desk.shop->databaseFile(), bareFile);
+    const std::vector<std::string> durable = asDurable(bareFile);
 
     Samples save;
     Samples load;
@@ -178,12 +182,12 @@ void SaveAndLoad(benchmark::State& state)
         save.add(timed([&] { require(history.save() == RirekiDB::Done); }));
         bareSave.add(timed([&] {
             std::filesystem::copy_file(shop.desk.emptyDatabase(), bareHistory);
-            moveBare(bareFile, bareHistory, "main", "history");
+            moveBare(durable, bareFile, bareHistory, "main", "history");
         }));
         shop.desk.clock.letPass(std::chrono::seconds(1));
         load.add(timed([&] { require(history.load() == RirekiDB::Done); }));
         bareLoad.add(timed([&] {
-            moveBare(bareFile, bareHistory, "history", "main");
+            moveBare(durable, bareFile, bareHistory, "history", "main");
             std::filesystem::remove(bareHistory);
         }));
         shop.desk.clock.letPass(std::chrono::seconds(1));
@@ -211,6 +215,7 @@ void CarryForward(benchmark::State& state)
 {
     Desk shop(static_cast<int>(state.range(0)));
     const std::string working = shop.desk.shop->databaseFile();
+    const std::vector<std::string> durable = asDurable(working);
     Samples program;
     Samples baseline;
     for ([[maybe_unused]] auto turn : state) {
@@ -220,7 +225,7 @@ void CarryForward(benchmark::State& state)
         }));
         shop.desk.db.Execute("UPDATE ZaikoTB SET UpdDate=''");
         shop.desk.db.Commit();
-        Bare bare(working);
+        Bare bare(working, durable);
         baseline.add(timed([&] {
             bare.run(
                 "UPDATE ZaikoTB SET KuriSuu=ZaikoSuu+m.n, UpdDate='x' FROM (SELECT Code, SUM(q) n FROM ("

@@ -1,12 +1,13 @@
-// The whole program: from its start to its window, against a bare Qt window; from a scan to its row; and what
-// it takes of a processor while nobody does anything. Needs an X display.
+// The whole program: from its start to its window, against a bare Qt window; from a scan to its row, against
+// a bare serial port and bare statements; and what it takes of a processor while nobody does anything,
+// against a bare window with a blinking cursor. Needs an X display.
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QThread>
 
-#include <unistd.h>
+#include <ctime>
 
 #include "benchmarks/BareSqlite.h"
 #include "benchmarks/BenchShop.h"
@@ -44,13 +45,20 @@ void furnish(const test::TempShop& shop, const QString& device)
 }
 
 /// Seconds from the start of \a program to its window.
-double toWindow(QProcess& process, const QString& program, const QString& title)
+double toWindow(QProcess& process, const QString& program, const QString& title,
+                const QStringList& arguments = {})
 {
     return timed([&] {
-        process.start(program);
+        process.start(program, arguments);
         while (!FindWindow(title))
             QThread::usleep(300);
     });
+}
+
+void end(QProcess& process)
+{
+    process.kill();
+    process.waitForFinished();
 }
 
 void StartToWindow(benchmark::State& state)
@@ -63,32 +71,64 @@ void StartToWindow(benchmark::State& state)
     for ([[maybe_unused]] auto turn : state) {
         QProcess process;
         program.add(toWindow(process, shop.base() + QStringLiteral("/suisuitag"), programTitle));
-        process.kill();
-        process.waitForFinished();
+        end(process);
         QProcess window;
         bare.add(toWindow(window, QStringLiteral(BARE_WINDOW_PROGRAM), bareTitle));
-        window.kill();
-        window.waitForFinished();
+        end(window);
     }
     report(state, program, bare);
 }
 BENCHMARK(StartToWindow)->Iterations(9)->Unit(benchmark::kMillisecond);
 
+/// Of all threads together, to the nanosecond.
 double processorSeconds(qint64 pid)
 {
-    QFile file(QStringLiteral("/proc/%1/stat").arg(pid));
-    if (!file.open(QIODevice::ReadOnly))
+    clockid_t clock = 0;
+    struct timespec time = {};
+    if (clock_getcpuclockid(static_cast<pid_t>(pid), &clock) != 0 || clock_gettime(clock, &time) != 0)
         std::abort();
-    const QByteArray line = file.readAll();
-    const QList<QByteArray> fields = line.sliced(line.lastIndexOf(')') + 2).split(' ');
-    return static_cast<double>(fields[11].toLongLong() + fields[12].toLongLong())
-           / static_cast<double>(sysconf(_SC_CLK_TCK));
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
 }
 
-/// With the dialog open whose timer reads the port, or without.
+/// Processor time of \a process a second, in percent.
+double percentOfCore(const QProcess& process)
+{
+    constexpr int seconds = 10;
+    const double before = processorSeconds(process.processId());
+    QThread::sleep(seconds);
+    return (processorSeconds(process.processId()) - before) / seconds * 100;
+}
+
+/// The program with its cursor in the code field, and a bare window with its cursor in a field, turn and turn
+/// about: each blinks as long as the other.
 void IdleProgram(benchmark::State& state)
 {
-    constexpr int seconds = 20;
+    const test::Pty pty;
+    const test::TempShop shop(QDir::tempPath());
+    furnish(shop, pty.device());
+    Samples program;
+    Samples bare;
+    for ([[maybe_unused]] auto turn : state) {
+        QProcess process;
+        (void)toWindow(process, shop.base() + QStringLiteral("/suisuitag"), programTitle);
+        QThread::sleep(2);
+        program.add(percentOfCore(process));
+        end(process);
+        QProcess window;
+        (void)toWindow(window, QStringLiteral(BARE_WINDOW_PROGRAM), bareTitle, {QStringLiteral("field")});
+        QThread::sleep(2);
+        bare.add(percentOfCore(window));
+        end(window);
+    }
+    state.counters["percent_of_core"] = program.median();
+    state.counters["bare_percent_of_core"] = bare.median();
+    state.counters["ratio"] = program.median() / bare.median();
+}
+BENCHMARK(IdleProgram)->Iterations(5)->Unit(benchmark::kSecond);
+
+/// With the dialog open whose timer reads the port.
+void IdleDialog(benchmark::State& state)
+{
     test::Pty pty;
     const test::TempShop shop(QDir::tempPath());
     furnish(shop, pty.device());
@@ -96,47 +136,80 @@ void IdleProgram(benchmark::State& state)
         QProcess process;
         (void)toWindow(process, shop.base() + QStringLiteral("/suisuitag"), programTitle);
         QThread::sleep(2);
-        if (state.range(0) != 0) {
-            pty.write("[U]\r\n");
-            QThread::sleep(2);
-        }
-        const double before = processorSeconds(process.processId());
-        QThread::sleep(seconds);
-        state.counters["percent_of_core"] = (processorSeconds(process.processId()) - before) / seconds * 100;
-        process.kill();
-        process.waitForFinished();
+        pty.write("[U]\r\n");
+        QThread::sleep(2);
+        state.counters["percent_of_core"] = percentOfCore(process);
+        end(process);
     }
 }
-BENCHMARK(IdleProgram)->ArgName("dialog")->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(IdleDialog)->Iterations(1)->Unit(benchmark::kSecond);
 
-/// From the last byte of a frame to the receipt that a second connection can see. A scan keeps the window for
-/// the rest of its second, so the next one is sent when that is over.
-void ScanToRow(benchmark::State& state)
+/// A reader, whoever listens to it, and a second connection that sees what has become of its frames.
+class ScanRoad
 {
-    test::Pty pty;
-    const test::TempShop shop(QDir::tempPath());
-    furnish(shop, pty.device());
-    QProcess process;
-    (void)toWindow(process, shop.base() + QStringLiteral("/suisuitag"), programTitle);
-    QThread::sleep(2);
-    BareSqlite db(shop.databaseFile());
-    sqlite3_stmt* count = db.prepared("SELECT count(*) FROM InpTB");
-    const auto receipts = [&] { return std::stoi(BareSqlite::rows(count).at(0).at(0)); };
-    Samples times;
-    for ([[maybe_unused]] auto turn : state) {
+public:
+    explicit ScanRoad(const test::TempShop& shop) : m_db(shop.databaseFile()) {}
+
+    [[nodiscard]] const test::Pty& pty() const { return m_pty; }
+    /// Sends frames until one has become a row: from then on the port is open.
+    void warmUp()
+    {
         const int before = receipts();
-        const double seconds = timed([&] {
-            pty.write(QByteArray(code) + "\r\n");
+        while (receipts() == before) {
+            m_pty.write(frame);
+            QThread::msleep(200);
+        }
+        QThread::msleep(1500); // those that were sent too often
+    }
+    /// From the last byte of a frame to the receipt that the second connection can see.
+    [[nodiscard]] double scan()
+    {
+        const int before = receipts();
+        return timed([&] {
+            m_pty.write(frame);
             while (receipts() == before)
                 QThread::usleep(100);
         });
-        times.add(seconds);
-        QThread::msleep(1300);
     }
-    process.kill();
-    process.waitForFinished();
-    state.counters["median_ms"] = times.median() * 1e3;
-    state.counters["p99_ms"] = times.at(0.99) * 1e3;
+
+private:
+    [[nodiscard]] int receipts() { return std::stoi(BareSqlite::rows(m_count).at(0).at(0)); }
+
+    const QByteArray frame = QByteArray(code) + "\r\n";
+    test::Pty m_pty;
+    BareSqlite m_db;
+    sqlite3_stmt* m_count = m_db.prepared("SELECT count(*) FROM InpTB");
+};
+
+/// A scan keeps the window for the rest of its second, so the next one is sent when that is over.
+void ScanToRow(benchmark::State& state)
+{
+    const test::TempShop shop(QDir::tempPath());
+    const test::TempShop bareShop(QDir::tempPath());
+    ScanRoad road(shop);
+    ScanRoad bareRoad(bareShop);
+    furnish(shop, road.pty().device());
+    furnish(bareShop, bareRoad.pty().device());
+    QProcess process;
+    (void)toWindow(process, shop.base() + QStringLiteral("/suisuitag"), programTitle);
+    QProcess reader;
+    reader.start(QStringLiteral(BARE_READER_PROGRAM),
+                 {bareRoad.pty().device(), QString::fromStdString(bareShop.databaseFile())});
+    road.warmUp();
+    bareRoad.warmUp();
+    Samples program;
+    Samples bare;
+    for ([[maybe_unused]] auto turn : state) {
+        program.add(road.scan());
+        QThread::msleep(650);
+        bare.add(bareRoad.scan());
+        QThread::msleep(650);
+    }
+    end(process);
+    end(reader);
+    report(state, program, bare);
+    state.counters["p99_ms"] = program.at(0.99) * 1e3;
+    state.counters["baseline_p99_ms"] = bare.at(0.99) * 1e3;
 }
 BENCHMARK(ScanToRow)->Iterations(40)->Unit(benchmark::kMillisecond);
 

@@ -1,5 +1,5 @@
 // What one scan asks of the store, against the same statements prepared once on bare SQLite.
-#include "benchmarks/BareSqlite.h"
+#include "benchmarks/BareScan.h"
 #include "benchmarks/BenchShop.h"
 #include "benchmarks/Measure.h"
 #include "movement/ZaikoPost.h"
@@ -15,17 +15,6 @@ class NoBox final : public MsgBox
 public:
     BoxAnswer show(const Box&) override { return BoxAnswer::Ok; }
 };
-
-std::string stampOfScan(int number)
-{
-    std::string digits = std::to_string(number);
-    return "30000101" + std::string(6 - digits.size(), '0') + digits;
-}
-
-constexpr std::string_view columnsOfRow[] = {
-    code,      "見本の商品 5kg",   "",         "0000001",    "0001850",
-    "101",     "東西食品株式会社", "30000101", "090000",     "袋",
-    "0000000", "0000000",          "01",       "山田　太郎", ""};
 
 class ProgramScan
 {
@@ -49,8 +38,9 @@ public:
         InpRec& rows = m_db.InpTbl();
         rows.NewRows(1);
         const int row = rows.Count();
-        for (int column = 0; column < 15; ++column)
-            rows.RowSet::set(row, column, columnsOfRow[column]);
+        rows.set(row, InpCol::Code, code);
+        for (std::size_t i = 0; i < std::size(restOfRow); ++i)
+            rows.RowSet::set(row, static_cast<int>(i) + 1, restOfRow[i]);
         rows.set(row, InpCol::InpDate, stamp);
         rows.set(row, InpCol::UpdDate, stamp);
         if (rows.InsertRow(row) != 0)
@@ -63,47 +53,6 @@ private:
     NoBox m_box;
 };
 
-/// The same look-ups, update, insert and commit by hand.
-class BareScan
-{
-public:
-    explicit BareScan(const test::TempShop& shop) : m_db(shop.databaseFile()) {}
-
-    void run(int number)
-    {
-        const std::string stamp = stampOfScan(number);
-        (void)BareSqlite::first(m_master, code);
-        (void)BareSqlite::first(m_parts, code);
-        const std::vector<std::string> stock = BareSqlite::first(m_stock, code);
-        (void)BareSqlite::first(m_master, code);
-        BareSqlite::step(m_begin);
-        const std::string figure = std::to_string(std::stol(stock.at(2)) + 1);
-        BareSqlite::bind(m_update, {stock[1], figure, stock[3], stock[4], stamp, stock[1], stock[2], stock[3],
-                                    stock[4], stock[5]});
-        sqlite3_bind_int64(m_update, 11, std::stoll(stock[0]));
-        BareSqlite::step(m_update);
-        std::vector<std::string> row(std::begin(columnsOfRow), std::end(columnsOfRow));
-        row.push_back(stamp);
-        row.push_back(stamp);
-        BareSqlite::bind(m_insert, row);
-        BareSqlite::step(m_insert);
-        BareSqlite::step(m_commit);
-    }
-
-private:
-    BareSqlite m_db;
-    sqlite3_stmt* m_master = m_db.prepared("SELECT * FROM Master WHERE Code=? ORDER BY rowid");
-    sqlite3_stmt* m_parts = m_db.prepared("SELECT * FROM HSeihinTB WHERE Code=? ORDER BY rowid");
-    sqlite3_stmt* m_stock = m_db.prepared("SELECT rowid,* FROM ZaikoTB WHERE Code=? ORDER BY rowid");
-    sqlite3_stmt* m_begin = m_db.prepared("BEGIN IMMEDIATE");
-    sqlite3_stmt* m_update =
-        m_db.prepared("UPDATE ZaikoTB SET Code=?,ZaikoSuu=?,KuriSuu=?,InpDate=?,UpdDate=? WHERE "
-                      "Code=? COLLATE BINARY AND ZaikoSuu=? COLLATE BINARY AND KuriSuu=? COLLATE BINARY AND "
-                      "InpDate=? COLLATE BINARY AND UpdDate=? COLLATE BINARY AND rowid=?");
-    sqlite3_stmt* m_insert = m_db.prepared("INSERT INTO InpTB VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
-    sqlite3_stmt* m_commit = m_db.prepared("COMMIT");
-};
-
 void ScanStoreWork(benchmark::State& state)
 {
     const test::TempShop programShop(QDir::tempPath());
@@ -111,14 +60,14 @@ void ScanStoreWork(benchmark::State& state)
     fill(programShop, static_cast<int>(state.range(0)));
     fill(bareShop, static_cast<int>(state.range(0)));
     ProgramScan program(programShop);
-    BareScan bare(bareShop);
+    BareScan bare(bareShop.databaseFile());
     Samples programTimes;
     Samples bareTimes;
     int number = 0;
     for ([[maybe_unused]] auto turn : state) {
         ++number;
         programTimes.add(timed([&] { program.run(number); }));
-        bareTimes.add(timed([&] { bare.run(number); }));
+        bareTimes.add(timed([&] { bare.run(code, number); }));
     }
     report(state, programTimes, bareTimes);
 }

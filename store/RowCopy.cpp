@@ -1,93 +1,72 @@
 // Rows from one database to another, and files that are filled with them.
 #include "store/AppDB.h"
 
-#include <cstring>
 #include <vector>
+
+#include "store/ArrivingRows.h"
 
 namespace suisui {
 
 namespace {
 
-// So many rows go into one statement, which spreads what each statement costs.
-constexpr std::size_t rowsTogether = 32;
-
-std::string insertInto(const TableDef& table, std::size_t rows)
+std::string insertInto(const TableDef& table)
 {
     std::string names;
-    std::string marks;
     for (const std::string_view column : table.columns) {
         names += names.empty() ? "" : ",";
         names += column;
-        marks += marks.empty() ? "(?" : ",?";
     }
-    marks += ')';
-    std::string all = marks;
-    for (std::size_t i = 1; i < rows; ++i)
-        all += "," + marks;
     // A key that is there already is passed over; nothing else can be wrong with a row of texts.
-    return "INSERT OR IGNORE INTO " + std::string(table.name) + " (" + names + ") VALUES " + all;
+    return "INSERT OR IGNORE INTO " + std::string(table.name) + " (" + names + ")";
 }
 
 /// Whether the text could stand between single quotes as it is.
 bool canBeQuoted(std::string_view text)
 {
-    return text.empty()
-           || (std::memchr(text.data(), '\'', text.size()) == nullptr
-               && std::memchr(text.data(), '\0', text.size()) == nullptr);
+    bool can = true;
+    for (const char c : text)
+        can &= c != '\'' && c != '\0';
+    return can;
 }
 
-/// Rows on their way: their texts behind each other, since a cursor's own live only until its next step.
-class Batch
+/// The rows of a cursor, from the one that is current on.
+class RowsOfCursor final : public ArrivingRows
 {
 public:
-    explicit Batch(const TableDef& table)
-        : m_columns(table.columns.size()), m_values(m_columns * rowsTogether),
-          m_insertOne(insertInto(table, 1)), m_insertMany(insertInto(table, rowsTogether))
+    explicit RowsOfCursor(Recordset& rows) : m_rows(rows), m_texts(static_cast<std::size_t>(rows.columns()))
     {
-        m_ends.reserve(m_values.size());
+        take();
     }
 
-    /// False when the row holds what no INSERT text could carry.
-    [[nodiscard]] bool add(const Recordset& row)
+    [[nodiscard]] int columns() const override { return static_cast<int>(m_texts.size()); }
+    [[nodiscard]] bool atEnd() const override { return m_rows.atEof(); }
+    [[nodiscard]] bool advance() override
     {
-        for (std::size_t i = 0; i < m_columns; ++i) {
-            const std::string_view text = row.text(static_cast<int>(i));
-            if (!canBeQuoted(text))
-                return false;
-            m_bytes += text;
-            m_ends.push_back(m_bytes.size());
-        }
-        return true;
+        m_rows.MoveNext();
+        take();
+        return !m_refused && m_rows.status() == 0;
     }
-    [[nodiscard]] bool full() const { return m_ends.size() == m_values.size(); }
-
-    /// Adds the rows to the table and empties the batch. An engine code; \a added grows by what was new.
-    [[nodiscard]] int store(Sqlite& engine, std::int64_t& added)
+    [[nodiscard]] std::string_view text(int column) const override
     {
-        std::size_t start = 0;
-        for (std::size_t i = 0; i < m_ends.size(); ++i) {
-            m_values[i] = std::string_view(m_bytes).substr(start, m_ends[i] - start);
-            start = m_ends[i];
-        }
-        const std::span<const std::string_view> values(m_values);
-        const std::size_t together = full() ? m_values.size() : m_columns;
-        int code = 0;
-        for (std::size_t at = 0; code == 0 && at < m_ends.size(); at += together) {
-            code = engine.executeBound(full() ? m_insertMany : m_insertOne, values.subspan(at, together));
-            added += code == 0 ? engine.changes() : 0;
-        }
-        m_bytes.clear();
-        m_ends.clear();
-        return code;
+        return m_texts[static_cast<std::size_t>(column)];
     }
+    /// The current row holds what no INSERT text could carry.
+    [[nodiscard]] bool refused() const { return m_refused; }
 
 private:
-    std::size_t m_columns;
-    std::string m_bytes;
-    std::vector<std::size_t> m_ends;
-    std::vector<std::string_view> m_values;
-    std::string m_insertOne;
-    std::string m_insertMany;
+    void take()
+    {
+        if (m_rows.atEof())
+            return;
+        for (std::size_t i = 0; i < m_texts.size(); ++i) {
+            m_texts[i] = m_rows.text(static_cast<int>(i));
+            m_refused |= !canBeQuoted(m_texts[i]);
+        }
+    }
+
+    Recordset& m_rows;
+    std::vector<std::string_view> m_texts;
+    bool m_refused = false;
 };
 
 } // namespace
@@ -112,22 +91,22 @@ int AppDB::copyCursor(AppDB& source, const TableDef& table, std::int64_t& added)
         return failOwn("the rows have not the columns of " + std::string(table.name));
     if (const int status = beginWrite(); status != 0)
         return status;
-    Batch batch(table);
-    for (; !rows.atEof(); rows.MoveNext()) {
-        if (!batch.add(rows))
-            return failOwn("a quote in a row of " + std::string(table.name));
-        if (!batch.full())
-            continue;
-        if (const int code = batch.store(m_engine, added); code != 0)
-            return fail(code);
+    int code = 0;
+    bool refused = false;
+    if (!rows.atEof()) {
+        RowsOfCursor arriving(rows);
+        if (!arriving.refused())
+            code = m_engine.insertArriving(insertInto(table), arriving);
+        refused = arriving.refused();
+        added = code == 0 && !refused ? m_engine.changes() : 0;
     }
+    if (refused)
+        return failOwn("a quote in a row of " + std::string(table.name));
     if (const int status = rows.status(); status != 0) {
         source.failRead(status);
         return failOwn("a row of " + std::string(table.name) + " cannot be read");
     }
-    if (const int code = batch.store(m_engine, added); code != 0)
-        return fail(code);
-    return succeed();
+    return code == 0 ? succeed() : fail(code);
 }
 
 int AppDB::OpenForFilling(std::string_view file)

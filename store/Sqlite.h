@@ -15,6 +15,8 @@ struct sqlite3_stmt;
 
 namespace suisui {
 
+class ArrivingRows;
+
 /// What a failure means to the layer above.
 enum class EngineError { None, DuplicateKey, Busy, Full, ReadOnly, Damaged, NoDatabase, Other };
 
@@ -53,6 +55,10 @@ public:
     [[nodiscard]] int selectNumber(std::string_view sql, std::int64_t& number);
     /// As selectNumber, for a kept statement with \a rowId bound.
     [[nodiscard]] int selectNumberBound(const std::string& sql, std::int64_t rowId, std::int64_t& number);
+
+    /// Runs \a insert, an "INSERT INTO table (columns)" that goes on with a SELECT of all \a rows. changes()
+    /// then says how many went in.
+    [[nodiscard]] int insertArriving(std::string_view insert, ArrivingRows& rows);
 
     /// Rows that the last executeBound changed.
     [[nodiscard]] int changes() const;

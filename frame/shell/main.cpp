@@ -1,12 +1,15 @@
 #include "frame/shell/Application.h"
 #include "frame/shell/Main.h"
 #include "platform/core/OwnOnly.h"
+#include "platform/widgets/FontsAhead.h"
 #include "store/AppEnv.h"
 
 int main(int argc, char** argv)
 {
     suisui::beginProgram();
+    const suisui::FontsAhead configuration(suisui::FontsAhead::readConfiguration);
     suisui::Application application(argc, argv);
+    const suisui::FontsAhead families(suisui::FontsAhead::readFamilies);
     suisui::SystemClock clock;
     suisui::ScreenMsgBox msgBox;
     suisui::Main_Module run(suisui::AppEnv::programFolder(QCoreApplication::applicationFilePath()), clock,

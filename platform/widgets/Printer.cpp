@@ -81,15 +81,17 @@ std::unique_ptr<QPrinter> copyOf(const QPrinter& from)
     return to;
 }
 
-/// What cannot be printed at the left and at the top of a page, in points. The library tells the margins of
-/// the sheet as it is fed, upright. A page laid crosswise goes onto it turned to the left, as print servers
-/// do it: its left edge comes to the bottom of the sheet and its top to the left.
+/// What cannot be printed at the left and at the top of a page, in points. The library reports the margins of
+/// the sheet as it is fed, upright. A landscape page goes onto it turned to the left or to the right, as the
+/// queue has it, and nothing says which: its left edge comes to the bottom of the sheet or to its top, and
+/// its top to the left or to the right. So the wider margin of the two is kept.
 QPointF cornerMargins(QPageLayout layout)
 {
     layout.setUnits(QPageLayout::Point);
     const QMarginsF sheet = layout.minimumMargins();
-    return layout.orientation() == QPageLayout::Landscape ? QPointF(sheet.bottom(), sheet.left())
-                                                          : QPointF(sheet.left(), sheet.top());
+    return layout.orientation() == QPageLayout::Landscape
+               ? QPointF(std::max(sheet.top(), sheet.bottom()), std::max(sheet.left(), sheet.right()))
+               : QPointF(sheet.left(), sheet.top());
 }
 
 /// \a name as the name of a file that is not there yet.

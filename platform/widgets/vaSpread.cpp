@@ -8,6 +8,7 @@
 #include <QScrollBar>
 
 #include "platform/widgets/SpreadDelegate.h"
+#include "platform/widgets/SpreadHeader.h"
 #include "platform/widgets/SpreadModel.h"
 
 namespace suisui {
@@ -30,6 +31,7 @@ QHeaderView* still(QHeaderView* header)
 vaSpread::vaSpread(QWidget* parent)
     : QTableView(parent), m_model(new SpreadModel(this)), m_delegate(new SpreadDelegate(this))
 {
+    setHorizontalHeader(new SpreadHeader(this));
     setModel(m_model);
     setItemDelegate(m_delegate);
     still(verticalHeader());

@@ -1,10 +1,9 @@
-// A print server of a test's own, with one queue whose printer keeps the jobs that it is sent. Started in a
-// folder of its own and ended with the object; the machine's own queues are not touched.
+// A print server of a test's own, with one queue whose printer keeps the jobs that it is sent.
 #pragma once
 
-#include <QProcess>
 #include <QString>
-#include <QTemporaryDir>
+
+#include "tests/support/CupsServer.h"
 
 namespace suisui::test {
 
@@ -16,9 +15,6 @@ public:
     static constexpr auto name = "Laser";
 
     CupsQueue();
-    ~CupsQueue();
-    CupsQueue(const CupsQueue&) = delete;
-    CupsQueue& operator=(const CupsQueue&) = delete;
 
     /// Why there is no queue; empty when there is one.
     [[nodiscard]] QString missing() const { return m_missing; }
@@ -31,12 +27,7 @@ public:
     void removePrinter();
 
 private:
-    void start();
-    [[nodiscard]] bool write(const QString& to, const QByteArray& text, bool program = false) const;
-    [[nodiscard]] bool lpadmin(const QStringList& arguments);
-
-    QTemporaryDir m_folder;
-    QProcess m_server;
+    CupsServer m_server{CupsServer::Devices::Own};
     QString m_missing;
 };
 

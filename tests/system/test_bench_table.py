@@ -54,6 +54,13 @@ class BenchTable(unittest.TestCase):
         line, = (line for line in said.splitlines() if "| NO" in line)
         self.assertRegex(line, r"Carry-forward.*\| 12.5 ms +\| 12.5 ms +\| 1.51 +\| ≤ 1.5 +\| NO")
 
+    def test_a_ratio_of_other_than_times_has_their_unit_and_a_goal_without_one(self):
+        self.measured(IdleProgram=1.31)
+        status, said = self.table()
+        self.assertEqual(1, status)
+        line, = (line for line in said.splitlines() if "| NO" in line)
+        self.assertRegex(line, r"Idle program.*\| 12.5 % +\| 12.5 % +\| 1.31 +\| ≤ 1.3 +\| NO")
+
     def test_a_goal_just_reached_is_met(self):
         self.measured(CarryForward=1.5)
         self.assertEqual(0, self.table()[0])

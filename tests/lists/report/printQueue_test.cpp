@@ -45,8 +45,8 @@ TEST_F(PrintQueueTest, aListArrivesAtThePrinterAsOneJob)
     ASSERT_TRUE(select());
     EXPECT_EQ(printer.deviceName(), QString::fromUtf8(CupsQueue::name));
     EXPECT_EQ(paper.PrtDpiX(), 300);
-    EXPECT_EQ(paper.PrtOffsetX(), 100); // 24 points at the foot of the sheet
-    EXPECT_EQ(paper.PrtOffsetY(), 50);  // 12 points at its left
+    EXPECT_EQ(paper.PrtOffsetX(), 200); // 48 points at the head of the sheet, which is more than at its foot
+    EXPECT_EQ(paper.PrtOffsetY(), 150); // 36 points at its right
     const auto grid = filledGrid(rptList_Stock, 30);
     ASSERT_EQ(ListReport(rptList_Stock, *grid).print(paper, {}, {1, 2}, 2), ReportStatus::Printed);
     const QString file = queue->job(++jobs);

@@ -4,8 +4,10 @@
 #include <string>
 #include <vector>
 
+#include <QHeaderView>
 #include <QSignalSpy>
 
+#include "platform/widgets/AppFont.h"
 #include "tests/platform/widgets/SpreadWindow.h"
 #include "tests/support/Seed.h"
 
@@ -74,6 +76,24 @@ TEST_F(SpreadData, emptyGrid_hasNoCursor_andTakesEveryCall)
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_F2, Qt::Key_Space, Qt::Key_Return, Qt::Key_PageDown})
         QTest::keyClick(&grid, key);
     EXPECT_FALSE(grid.isEditing());
+}
+
+TEST_F(SpreadData, oneHeading_tellsHowHighAllAre)
+{
+    grid.horizontalHeader()->setFont(screenFont()); // which has all letters; others step in for each other
+    const QHeaderView& header = *grid.horizontalHeader();
+    const auto usual = [&header] { return header.QHeaderView::sizeHint().height(); };
+    EXPECT_EQ(header.sizeHint().height(), usual());
+    constexpr SpreadColumn mixed[] = {{.heading = "", .type = CellType::CheckBox},
+                                      {.heading = "gone", .hidden = true},
+                                      {.heading = "数量"},
+                                      {.heading = "No."},
+                                      {.heading = "ｺｰﾄﾞ"}};
+    grid.setColumns(mixed);
+    EXPECT_EQ(header.sizeHint().height(), usual());
+    constexpr SpreadColumn silent[] = {{.heading = ""}, {.heading = ""}};
+    grid.setColumns(silent);
+    EXPECT_EQ(header.sizeHint().height(), usual());
 }
 
 TEST_F(SpreadData, cursorStaysWithItsRow_whenRowsComeAndGo)
