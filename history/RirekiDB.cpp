@@ -172,7 +172,9 @@ RirekiDB::Result RirekiDB::listPeriod(const std::string& path)
     const std::uintmax_t size = std::filesystem::file_size(path, error);
     // Without the row of the extension nobody would find the way back to the files.
     const std::string extension = m_historyExt.toStdString();
-    if (!findSentinel(m_services.db) && addSentinel(m_services.db, extension) != 0)
+    const SentinelRow sentinel = findSentinel(m_services.db);
+    if (sentinel == SentinelRow::Unreadable
+        || (sentinel == SentinelRow::Missing && addSentinel(m_services.db, extension) != 0))
         return Failed;
     RirekiRec& rows = m_services.db.RirekiTbl();
     rows.Clear();
