@@ -173,6 +173,8 @@ void frm_DirFile::DirList_Change(const QModelIndex& current)
 
 void frm_DirFile::showFiles()
 {
+    if (m_question.beforeListing)
+        m_question.beforeListing(m_folder);
     QListWidget& list = *m_ui->FileList;
     const QSignalBlocker quiet(list);
     list.clear();
