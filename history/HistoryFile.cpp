@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <QDateTime>
+
 #include "platform/core/Files.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -13,11 +15,16 @@ namespace {
 constexpr qsizetype fromAt = 3; // characters before the first day
 constexpr qsizetype toAt = 12;
 constexpr qsizetype dateLength = 8;
+constexpr qsizetype extensionAt = toAt + dateLength;
+constexpr int namesToTry = 9;
 
-std::string asideOf(const std::string& path)
+/// \a path as the \a turn-th name to try: "RRK20260101-20260131(2).hst".
+std::string nameToTry(const std::string& path, int turn)
 {
-    const std::size_t name = path.rfind('/') + 1; // 0 without a folder
-    return path.substr(0, name) + "." + path.substr(name) + ".new";
+    const std::size_t at = path.rfind('/') + 1 + static_cast<std::size_t>(extensionAt);
+    if (turn == 1 || at > path.size())
+        return path;
+    return path.substr(0, at) + "(" + std::to_string(turn) + ")" + path.substr(at);
 }
 
 } // namespace
@@ -38,12 +45,36 @@ Period periodOf(const QString& name)
     return {name.mid(fromAt, dateLength).toStdString(), name.mid(toAt, dateLength).toStdString()};
 }
 
+std::uint32_t historyMark(std::string_view stamp)
+{
+    const QString text = QString::fromUtf8(stamp.data(), static_cast<qsizetype>(stamp.size()));
+    const QDateTime origin(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC);
+    // The figures of the stamp, wherever the shop is.
+    const QDateTime moment(QDate::fromString(text.left(dateLength), u"yyyyMMdd"_s),
+                           QTime::fromString(text.mid(dateLength), u"HHmmss"_s), Qt::UTC);
+    return moment.isValid() ? static_cast<std::uint32_t>(origin.secsTo(moment)) : 0;
+}
+
+std::string asideOf(const std::string& path)
+{
+    const std::size_t name = path.rfind('/') + 1; // 0 without a folder
+    return path.substr(0, name) + "." + path.substr(name) + ".new";
+}
+
+bool giveName(const std::string& aside, const std::string& path)
+{
+    for (int turn = 1; turn <= namesToTry; ++turn)
+        if (renameToNew(aside, nameToTry(path, turn)))
+            return syncToDisk(folderOf(path));
+    return false;
+}
+
 FileInTheMaking::FileInTheMaking(const std::string& path) : m_path(path), m_aside(asideOf(path)) {}
 
 FileInTheMaking::~FileInTheMaking()
 {
     if (!m_kept)
-        removeFile(m_inPlace ? m_path : m_aside);
+        removeFile(m_aside);
 }
 
 void FileInTheMaking::copyFrom(const std::string& model)
@@ -52,10 +83,9 @@ void FileInTheMaking::copyFrom(const std::string& model)
     copyFile(model, m_aside);
 }
 
-bool FileInTheMaking::putInPlace()
+bool FileInTheMaking::isStored() const
 {
-    m_inPlace = renameToNew(m_aside, m_path);
-    return m_inPlace && syncToDisk(folderOf(m_path));
+    return syncToDisk(m_aside) && syncToDisk(folderOf(m_path)) && ::access(m_path.c_str(), F_OK) != 0;
 }
 
 } // namespace suisui

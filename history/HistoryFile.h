@@ -1,6 +1,7 @@
 // History files: what they are called, and how one comes into being without ever being half there.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -27,8 +28,18 @@ struct Period
 /// the 13th. Nothing else of the name is looked at.
 [[nodiscard]] Period periodOf(const QString& name);
 
-/// A history file that is being filled. It carries a name aside, hidden from those who choose files, until
-/// all its rows are on the disk; then it gets its own. Unless it is kept, it leaves nothing behind.
+/// The number that the file of a save carries within it, wherever it is copied: the moment of the save, \a
+/// stamp. 0 for a text that is not a stamp.
+[[nodiscard]] std::uint32_t historyMark(std::string_view stamp);
+
+/// Hidden name under which the file \a path is filled, in the same folder.
+[[nodiscard]] std::string asideOf(const std::string& path);
+
+/// Gives the stored file \a aside its name \a path and flushes it; when something else has that name, the
+/// next free one that tells the same period. False when the folder cannot be reached or written.
+[[nodiscard]] bool giveName(const std::string& aside, const std::string& path);
+
+/// A history file that is being filled under its hidden name. Unless it is kept, it leaves nothing behind.
 class FileInTheMaking
 {
 public:
@@ -43,15 +54,14 @@ public:
     [[nodiscard]] const std::string& aside() const { return m_aside; }
     /// Makes it of \a model. Throws RunTimeError under the number of the file system's failure.
     void copyFrom(const std::string& model);
-    /// Gives it its name. False when something has that name meanwhile, or the disk refuses.
-    [[nodiscard]] bool putInPlace();
-    /// The rows live here now.
+    /// True once it is on the disk under its hidden name, and nothing has the name that it will get.
+    [[nodiscard]] bool isStored() const;
+    /// The rows may be here alone now.
     void keep() { m_kept = true; }
 
 private:
     std::string m_path;
     std::string m_aside;
-    bool m_inPlace = false;
     bool m_kept = false;
 };
 

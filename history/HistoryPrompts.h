@@ -2,6 +2,7 @@
 // it.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include <QString>
@@ -16,8 +17,9 @@ struct PlaceQuestion
     QString kind = QStringLiteral("履歴"); ///< what the files are; each kind remembers a folder of its own
     bool saveMode = false;
     QString caption;
-    QString pattern;  ///< of the files that are shown
-    QString fileName; ///< proposed for a new file
+    QString pattern;                                               ///< of the files that are shown
+    QString fileName;                                              ///< proposed for a new file
+    std::function<void(const QString& folder)> beforeListing = {}; ///< runs before a folder's files are shown
 };
 
 struct Place

@@ -29,7 +29,7 @@ void RirekiButtons::cmdRirekiOut_Click()
         u"保存の完了"_s, u"保存の失敗"_s,
         u"「 履歴の保存 」 に 失敗しました。　　　　　\r\n\r\n　　　再度、実行して下さい。"_s};
     m_services.frame.BusyOn();
-    if (!editsAreSettled() || !(findSentinel(m_services.db) || makeSentinel())) {
+    if (!editsAreSettled() || !sentinelIsThere()) {
         m_services.frame.BusyOff();
         m_controls.cmdRirekiOut.setFocus();
         return;
@@ -52,15 +52,7 @@ void RirekiButtons::cmdRirekiIn_Click()
         u"読込の完了"_s, u"読込の失敗"_s,
         u"「 履歴の読込 」 に 失敗しました。　　　　　\r\n\r\n　　　再度、実行して下さい。"_s};
     m_services.frame.BusyOn();
-    bool ready = editsAreSettled();
-    if (ready && (m_services.db.RirekiTbl().CountRows({}) < 2 || !findSentinel(m_services.db))) {
-        ready = false;
-        m_services.msgBox.show(
-            {u" 履歴の未保存"_s,
-             u"履歴が保存されていません。\r\n\r\n　　「履歴の保存」 を 行った後に\r\n　  「履歴の読込」 を 実行して下さい。　　　"_s,
-             BoxIcon::Stop});
-    }
-    if (!ready) {
+    if (!editsAreSettled() || !somethingIsSaved()) {
         m_services.frame.BusyOff();
         m_controls.cmdRirekiIn.setFocus();
         return;
@@ -78,14 +70,37 @@ bool RirekiButtons::editsAreSettled()
     return m_services.frame.EditGuard(m_services.frame.currentTab()) != BoxAnswer::Cancel;
 }
 
-/// The first save of a database asks for the extension of its history files.
-bool RirekiButtons::makeSentinel()
+/// The first save of a database asks for the extension of its history files. Where the selection or the
+/// insert fails the store has shown why, and nothing goes on: a second extension would make files that no
+/// load offers.
+bool RirekiButtons::sentinelIsThere()
 {
+    const SentinelRow found = findSentinel(m_services.db);
+    if (found != SentinelRow::Missing)
+        return found == SentinelRow::Found;
     const QString extension = m_prompts.askExtension();
     if (extension.isEmpty())
         return false;
-    (void)addSentinel(m_services.db, extension.toStdString()); // a save that completes sees to it again
-    return true;
+    const bool added = addSentinel(m_services.db, extension.toStdString()) == 0;
+    if (!added)
+        m_services.db.Rollback(); // a unit that was opened for the row would hold the file
+    return added;
+}
+
+/// False when there is nothing to load, which is shown, or when the list cannot be read, which the store has
+/// shown.
+bool RirekiButtons::somethingIsSaved()
+{
+    const int rows = m_services.db.RirekiTbl().CountRows({});
+    if (rows < 0)
+        return false;
+    const SentinelRow found = rows < 2 ? SentinelRow::Missing : findSentinel(m_services.db);
+    if (found == SentinelRow::Missing)
+        m_services.msgBox.show(
+            {u" 履歴の未保存"_s,
+             u"履歴が保存されていません。\r\n\r\n　　「履歴の保存」 を 行った後に\r\n　  「履歴の読込」 を 実行して下さい。　　　"_s,
+             BoxIcon::Stop});
+    return found == SentinelRow::Found;
 }
 
 void RirekiButtons::takeExtension()

@@ -28,7 +28,8 @@ private:
     struct Words;
 
     [[nodiscard]] bool editsAreSettled();
-    [[nodiscard]] bool makeSentinel();
+    [[nodiscard]] bool sentinelIsThere();
+    [[nodiscard]] bool somethingIsSaved();
     void takeExtension();
     void tell(RirekiDB::Result result, const Words& words, const QString& doneText);
 

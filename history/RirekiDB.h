@@ -2,8 +2,9 @@
 // The stock never moves by that; only the part of it that is carried forward does.
 //
 // At any instant, power cuts included, a movement is in the working tables, or in a history file that
-// RirekiTB lists: a file is whole and on the disk before the working database lets go of its rows, and it
-// goes only after they are back.
+// RirekiTB lists: a file is whole and on the disk before the working database lets go of its rows, gets its
+// name after that, and goes only after they are back. What a kill in between leaves is settled by whoever
+// starts, saves or loads next (UnfinishedSave.h).
 //
 // The long steps run away from the loop, so the window goes on painting; it must be disabled meanwhile.
 #pragma once
@@ -38,11 +39,13 @@ public:
     /// The period saved last, for the message about it.
     [[nodiscard]] const Period& period() const { return m_period; }
 
+    /// Ends what a killed program has left of a save. For the start; save and load do it themselves.
+    void settle();
     /// Asks for a period and a folder and moves the period there. When the file system fails before anything
     /// has moved, the operator is told here and the result is Done nevertheless, as it has always been.
     [[nodiscard]] Result save();
     /// Asks for a history file and brings its movements back. A row whose key the working tables hold already
-    /// is dropped with the file.
+    /// is dropped with the file. A file that is not the one on the list, or is damaged, is refused and kept.
     [[nodiscard]] Result load();
 
 private:
@@ -52,9 +55,12 @@ private:
     [[nodiscard]] Result fill(const Place& place);
     [[nodiscard]] Result moveOut(FileInTheMaking& file);
     [[nodiscard]] Result moveOut(Side side);
-    [[nodiscard]] Result finish(FileInTheMaking& file);
-    [[nodiscard]] Result listPeriod(const std::string& path);
-    [[nodiscard]] Result bringBack(const std::string& path);
+    [[nodiscard]] Result finish(const FileInTheMaking& file);
+    [[nodiscard]] Result listPeriod(const std::string& file);
+    void giveUp(FileInTheMaking& file);
+    void conclude(const Place& place, const FileInTheMaking& file);
+    [[nodiscard]] Result openSound(const std::string& path, bool& fits);
+    [[nodiscard]] Result bringBack();
     [[nodiscard]] Result bringBack(Side side);
     [[nodiscard]] Result strikePeriod();
     [[nodiscard]] Result carry();
@@ -64,7 +70,9 @@ private:
     void closeHistory();
     void rollBack();
     [[nodiscard]] bool isManaged(const Place& place);
+    void refuse(const Place& place);
     void report(const Job& job, int number);
+    void reportUnreachable();
     void clearRows();
     void advance();
 
@@ -74,6 +82,8 @@ private:
     std::unique_ptr<AppDB> m_history; ///< the second connection, while a file is being saved or loaded
     QString m_historyExt;
     Period m_period;
+    std::string m_stamp;   ///< of the save under way
+    QString m_unreachable; ///< the file of a save that is complete but for its name
     int m_progress = 0;
 };
 

@@ -4,11 +4,14 @@
 
 namespace suisui {
 
-bool findSentinel(AppDB& db)
+SentinelRow findSentinel(AppDB& db)
 {
-    return db.RirekiTbl().Select("Where DateFrom = 'Trn' And DateTo = 'Vik'   And FileSize = '00000000' AND "
-                                 "FileUpdate = '00000000000000'")
-           >= 1;
+    const int count =
+        db.RirekiTbl().Select("Where DateFrom = 'Trn' And DateTo = 'Vik'   And FileSize = '00000000' AND "
+                              "FileUpdate = '00000000000000'");
+    if (count < 0)
+        return SentinelRow::Unreadable;
+    return count == 0 ? SentinelRow::Missing : SentinelRow::Found;
 }
 
 int addSentinel(AppDB& db, const std::string& extension)

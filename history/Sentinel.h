@@ -8,12 +8,14 @@ namespace suisui {
 
 class AppDB;
 
-/// Selects the row into RirekiTbl. False when there is none.
-[[nodiscard]] bool findSentinel(AppDB& db);
+enum class SentinelRow { Found, Missing, Unreadable };
+
+/// Selects the row into RirekiTbl. Unreadable when the selection failed: there may be one.
+[[nodiscard]] SentinelRow findSentinel(AppDB& db);
 
 /// Adds the row and leaves it in RirekiTbl. It is stored with the next commit and goes with the next
 /// rollback.
-int addSentinel(AppDB& db, const std::string& extension);
+[[nodiscard]] int addSentinel(AppDB& db, const std::string& extension);
 
 /// Extension in the row that findSentinel or addSentinel has left in RirekiTbl.
 [[nodiscard]] std::string sentinelExtension(AppDB& db);

@@ -172,6 +172,8 @@ void frm_DirFile::DirList_Change(const QModelIndex& current)
 
 void frm_DirFile::showFiles()
 {
+    if (m_question.beforeListing)
+        m_question.beforeListing(m_folder);
     QListWidget& list = *m_ui->FileList;
     const QSignalBlocker quiet(list);
     list.clear();
@@ -205,13 +207,19 @@ void frm_DirFile::CmdOK_Click()
         refuseFolder(m_folder);
         return;
     }
+    // Events run while the box is up, and the tree leaves a folder that disappears.
+    const Place confirmed{m_folder, m_fullPath, name};
     if (m_msgBox.show({u"決定の確認"_s, u"「決定」 します。　よろしいですか？　　　　"_s, BoxIcon::Question,
                        BoxButtons::YesNo})
         != BoxAnswer::Yes) {
         restartTimer();
         return;
     }
-    m_place = {m_folder, m_fullPath, name};
+    if (!canBeReached(confirmed.folder)) {
+        refuseFolder(confirmed.folder);
+        return;
+    }
+    m_place = confirmed;
     unload();
 }
 

@@ -1,9 +1,12 @@
 #include "lists/SlipFile.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include "lists/ListHeadings.h"
 #include "platform/core/CodePage.h"
+#include "platform/core/Files.h"
 
 namespace suisui {
 
@@ -50,10 +53,14 @@ bool writeSlipFile(const QString& path, const std::string& text)
     const std::string bytes = toCp932(text, '?');
     QSaveFile file(path);
     file.setDirectWriteFallback(false);
-    return file.open(QIODevice::WriteOnly)
-           && file.write(bytes.data(), static_cast<qint64>(bytes.size())) == static_cast<qint64>(bytes.size())
-           && file.flush() // commit alone overlooks a full disk
-           && file.commit();
+    const bool written =
+        file.open(QIODevice::WriteOnly)
+        && file.write(bytes.data(), static_cast<qint64>(bytes.size())) == static_cast<qint64>(bytes.size())
+        && file.flush() // commit alone overlooks a full disk
+        && file.commit();
+    if (written)
+        (void)syncToDisk(QFile::encodeName(QFileInfo(path).absolutePath()).toStdString());
+    return written;
 }
 
 } // namespace suisui

@@ -23,6 +23,9 @@ struct Advice
     const char* text;
 };
 
+constexpr const char* cannotBeOpened =
+    "データベースを開けません。　　　\r\n\r\nデータファイルを確認して下さい。";
+
 constexpr Advice advices[] = {
     {EngineError::Busy,
      "他のプログラムが "
@@ -32,7 +35,8 @@ constexpr Advice advices[] = {
     {EngineError::ReadOnly,
      "データベースに書き込めません。　　　\r\n\r\nファイルとフォルダの 書き込み許可を確認して下さい。"},
     {EngineError::Damaged, "データベースが壊れています。　　　\r\n\r\nバックアップから 復元して下さい。"},
-    {EngineError::NoDatabase, "データベースを開けません。　　　\r\n\r\nデータファイルを確認して下さい。"},
+    {EngineError::NoDatabase, cannotBeOpened},
+    {EngineError::NotADatabase, cannotBeOpened},
 };
 
 /// All tables in the empty file \a path. Empty when it went well, else what the engine says.
@@ -80,6 +84,7 @@ int AppDB::Open(std::string_view file)
                                  : std::string(file);
     m_path = path;
     int code = m_engine.open(path);
+    m_unfit = isDamage(code);
     std::string_view own; // what the engine has nothing against
     // A file that takes no write, now or ever, is no use to a shop: better to hear it at the start than at
     // the first scan.
@@ -87,16 +92,21 @@ int AppDB::Open(std::string_view file)
         code = failure;
         own = "it cannot be written to";
     }
-    if (code == noError)
+    if (code == noError) {
         code = m_engine.execute("BEGIN IMMEDIATE");
+        m_unfit = isDamage(code);
+    }
     if (code == noError) {
         const bool ours = isOurs() && isWhole(path);
         code = m_engine.execute(ours ? "COMMIT" : "ROLLBACK");
         if (!ours) {
+            m_unfit = true;
             code = failure;
             own = "this is no whole database of the program, or one of a newer version";
         }
     }
+    if (code == noError)
+        code = m_engine.useOwnJournal();
     if (code != noError) {
         m_lastErrNo = std::to_string(code);
         m_lastErrText = own.empty() ? m_engine.errorText() : own;
@@ -151,6 +161,27 @@ bool AppDB::isWhole(const std::string& path)
     return !code && m_engine.selectNumber("PRAGMA page_count", pages) == noError
            && m_engine.selectNumber("PRAGMA page_size", pageSize) == noError
            && length >= static_cast<std::uintmax_t>(pages * pageSize);
+}
+
+bool AppDB::isDamage(int engineCode) const
+{
+    const EngineError kind = m_engine.errorKind(engineCode);
+    return kind == EngineError::Damaged || kind == EngineError::NotADatabase;
+}
+
+bool AppDB::IsSound()
+{
+    bool sound = false;
+    const int code = m_engine.checkPages(sound);
+    if (code != noError)
+        failRead(code);
+    m_unfit = code == noError ? !sound : isDamage(code);
+    return sound;
+}
+
+std::optional<std::uint32_t> AppDB::MarkOf(const std::string& path)
+{
+    return Sqlite::headerNumber(path);
 }
 
 int AppDB::beginWrite()
@@ -333,7 +364,7 @@ int AppDB::Create(const std::string& path, std::string* error)
         fs::remove(aside, code);
         return give(why);
     }
-    if (!syncToDisk(aside) || !renameToNew(aside, target) || !syncToDisk(folderOf(target))) {
+    if (!storeAs(aside, target)) {
         fs::remove(aside, code);
         return give("cannot write " + path);
     }

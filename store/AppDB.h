@@ -6,8 +6,10 @@
 // for its operator, hold no lock.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -69,8 +71,16 @@ public:
     /// As Open, for a new file that is thrown away unless the work on it ends well: what is written to it is
     /// safe only after FinishFilling, CloseFile and CloseAfterSave, and takes no file beside it meanwhile.
     [[nodiscard]] int OpenForFilling(std::string_view file);
-    /// Makes the file what any database is, and commits.
-    [[nodiscard]] int FinishFilling();
+    /// Makes the file what any database is, gives it \a mark, and commits.
+    [[nodiscard]] int FinishFilling(std::uint32_t mark = 0);
+    /// The mark of the database \a path, which goes with every copy of the file; 0 when it was given none,
+    /// and nothing when it cannot be read or is not a database. Takes no lock.
+    [[nodiscard]] static std::optional<std::uint32_t> MarkOf(const std::string& path);
+    /// Whether all pages of the open file hold what they should; reads them all.
+    [[nodiscard]] bool IsSound();
+    /// True when the last Open or IsSound has found that the file is damaged, cut short or not one of this
+    /// program: no later try will do better.
+    [[nodiscard]] bool LastFileWasUnfit() const { return m_unfit; }
     /// As Open, but holds the database as it is until Rollback, also while another process has writes
     /// pending: all reads see one state, and the others' commits wait. For moments only, since their patience
     /// is half a second.
@@ -126,6 +136,7 @@ private:
     [[nodiscard]] std::string adviceFor(int engineCode) const;
     [[nodiscard]] int holdStill();
     [[nodiscard]] bool isOurs();
+    [[nodiscard]] bool isDamage(int engineCode) const;
     [[nodiscard]] bool isWhole(const std::string& path);
     // Row sets made over this connection, the accessors' own among them.
     void enter(RowSet* rows) { m_rowSets.push_back(rows); }
@@ -138,6 +149,7 @@ private:
     ErrorSink m_showError;
     bool m_showErrors = true;
     bool m_inUnit = false;
+    bool m_unfit = false; ///< the file opened last
     int m_lastStatus = 0;
     std::string m_lastErrNo;
     std::string m_lastErrText;

@@ -10,6 +10,12 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
+namespace {
+
+const QString saveInTheMaking = u"SaveInTheMaking"_s;
+
+} // namespace
+
 AppIni::AppIni()
 {
     m_shipped.parse(QString::fromUtf8(shippedAppIni.data(), static_cast<qsizetype>(shippedAppIni.size())));
@@ -43,9 +49,21 @@ QString AppIni::LastBackupFolder() const
     return m_file.value(u"Folder", u"LastBackup").value_or(QString());
 }
 
-bool AppIni::setLastHistoryTo(const QString& date)
+QString AppIni::SaveInTheMaking() const
 {
-    return m_file.setValue(u"Folder"_s, u"LastHistoryTo"_s, date);
+    return m_file.value(u"Folder", saveInTheMaking).value_or(QString());
+}
+
+bool AppIni::setSaveInTheMaking(const QString& path)
+{
+    return m_file.setValue(u"Folder"_s, saveInTheMaking, path);
+}
+
+bool AppIni::setLastSave(const QString& folder, const QString& lastDay, const QString& inTheMaking)
+{
+    return m_file.setValues(
+        u"Folder"_s,
+        {{u"LastHistory"_s, folder}, {u"LastHistoryTo"_s, lastDay}, {saveInTheMaking, inTheMaking}});
 }
 
 const QStringList& AppIni::labelSettingNames()

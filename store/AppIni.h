@@ -32,8 +32,12 @@ public:
 
     [[nodiscard]] QString LastHistoryFolder() const;
     bool setLastHistoryFolder(const QString& folder);
+    /// The file of a period whose save has begun and is not known to have ended; empty most of the time.
+    [[nodiscard]] QString SaveInTheMaking() const;
+    bool setSaveInTheMaking(const QString& path);
+    /// Folder and last day of a save that has ended, at once with \a inTheMaking.
+    bool setLastSave(const QString& folder, const QString& lastDay, const QString& inTheMaking);
     [[nodiscard]] QString LastBackupFolder() const;
-    bool setLastHistoryTo(const QString& date);
 
     /// Names of the label settings, in the order in which the label dialog stores them after a print.
     [[nodiscard]] static const QStringList& labelSettingNames();

@@ -125,7 +125,7 @@ int AppDB::OpenForFilling(std::string_view file)
     return code == 0 ? succeed() : fail(code);
 }
 
-int AppDB::FinishFilling()
+int AppDB::FinishFilling(std::uint32_t mark)
 {
     if (const int status = beginWrite(); status != 0)
         return status;
@@ -134,6 +134,9 @@ int AppDB::FinishFilling()
             if (!table->indexes[i].unique)
                 if (const int code = m_engine.execute(createStatements(*table)[i + 1]); code != 0)
                     return fail(code);
+    if (mark != 0)
+        if (const int code = m_engine.setHeaderNumber(mark); code != 0)
+            return fail(code);
     Commit();
     return LastStatus();
 }

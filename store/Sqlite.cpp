@@ -1,6 +1,7 @@
 #include "store/Sqlite.h"
 
 #include <array>
+#include <fstream>
 #include <vector>
 
 #include <sqlite3.h>
@@ -74,10 +75,20 @@ Template withoutTexts(std::string_view sql)
 
 /// Statements of the connection that make it what the rules count on.
 constexpr const char* setUp[] = {
-    "PRAGMA journal_mode=DELETE", // of whatever mode the file was left in by another program
-    "PRAGMA synchronous=FULL",    // a commit is on the disk when it returns
+    "PRAGMA synchronous=FULL",
     "PRAGMA trusted_schema=OFF",
 };
+
+// With a journal that is deleted a commit is the removal of a directory entry, and the engine does not flush
+// the folder for it: a power cut brings the journal back, and it undoes the commit. One that is cut to length
+// 0 is flushed as any file is (sqlite.org/pragma.html, journal_mode and synchronous).
+constexpr std::string_view ownJournal = "truncate";
+constexpr const char* noJournalFile = "PRAGMA journal_mode=DELETE";
+
+// sqlite.org/fileformat.html, the database header
+constexpr std::string_view headerMagic("SQLite format 3\0", 16);
+constexpr std::size_t headerLength = 100;
+constexpr std::size_t applicationNumberAt = 68;
 
 } // namespace
 
@@ -124,9 +135,58 @@ int Sqlite::open(const std::string& path)
 void Sqlite::close()
 {
     m_kept.clear();
+    if (m_ownJournal && !inTransaction())
+        (void)execute(noJournalFile); // nothing is left beside the database
+    m_ownJournal = false;
     if (m_db != nullptr)
         sqlite3_close_v2(m_db);
     m_db = nullptr;
+}
+
+int Sqlite::useOwnJournal()
+{
+    if (pragmaText("PRAGMA journal_mode=" + std::string(ownJournal)) == ownJournal) {
+        m_ownJournal = true;
+        return SQLITE_OK;
+    }
+    const int code = m_db == nullptr ? SQLITE_MISUSE : sqlite3_extended_errcode(m_db);
+    return code == SQLITE_OK || code == SQLITE_ROW || code == SQLITE_DONE ? SQLITE_BUSY : code;
+}
+
+int Sqlite::checkPages(bool& sound)
+{
+    Cursor cursor;
+    int code = openCursor("PRAGMA quick_check(1)", cursor);
+    if (code == SQLITE_OK)
+        code = cursor.next();
+    sound = code == SQLITE_OK && cursor.text(0) == "ok";
+    return code;
+}
+
+std::optional<std::uint32_t> Sqlite::headerNumber(const std::string& path)
+{
+    std::array<char, headerLength> header{};
+    std::ifstream file(path, std::ios::binary);
+    if (!file.read(header.data(), header.size())
+        || std::string_view(header.data(), headerMagic.size()) != headerMagic)
+        return std::nullopt;
+    std::uint32_t number = 0;
+    for (std::size_t i = 0; i < sizeof number; ++i)
+        number = number << 8 | static_cast<unsigned char>(header[applicationNumberAt + i]);
+    return number;
+}
+
+int Sqlite::setHeaderNumber(std::uint32_t number)
+{
+    // The engine takes a signed number of the same 32 bits.
+    return execute("PRAGMA application_id=" + std::to_string(static_cast<std::int32_t>(number)));
+}
+
+std::string Sqlite::pragmaText(std::string_view pragma)
+{
+    Cursor cursor;
+    const bool answered = openCursor(pragma, cursor) == SQLITE_OK && cursor.next() == SQLITE_OK;
+    return answered ? std::string(cursor.text(0)) : std::string();
 }
 
 bool Sqlite::isReadOnly() const
@@ -332,6 +392,7 @@ EngineError Sqlite::errorKind(int code) const
     case SQLITE_CORRUPT:
         return EngineError::Damaged;
     case SQLITE_NOTADB:
+        return EngineError::NotADatabase;
     case SQLITE_CANTOPEN:
         return EngineError::NoDatabase;
     default:

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,7 +19,7 @@ namespace suisui {
 class ArrivingRows;
 
 /// What a failure means to the layer above.
-enum class EngineError { None, DuplicateKey, Busy, Full, ReadOnly, Damaged, NoDatabase, Other };
+enum class EngineError { None, DuplicateKey, Busy, Full, ReadOnly, Damaged, NoDatabase, NotADatabase, Other };
 
 class Sqlite
 {
@@ -40,6 +41,9 @@ public:
     /// Opens an existing file for reading and writing. Never creates one.
     [[nodiscard]] int open(const std::string& path);
     void close();
+    /// From here on a commit that has returned survives a power cut, whichever journal the file came with:
+    /// this is the one place that says how. Nonzero when another process is in the way.
+    [[nodiscard]] int useOwnJournal();
     [[nodiscard]] bool isOpen() const { return m_db != nullptr; }
     [[nodiscard]] bool isReadOnly() const;
 
@@ -65,6 +69,13 @@ public:
     [[nodiscard]] std::int64_t lastRowId() const;
     /// True while a transaction is open in the engine. A full disk may have ended it on its own.
     [[nodiscard]] bool inTransaction() const;
+
+    /// Looks through all pages and rows. An engine code, or 0 with the outcome in \a sound.
+    [[nodiscard]] int checkPages(bool& sound);
+    /// The number that the database has in the header of its file for its application; nothing when \a path
+    /// cannot be read or is not a database. Takes no lock.
+    [[nodiscard]] static std::optional<std::uint32_t> headerNumber(const std::string& path);
+    [[nodiscard]] int setHeaderNumber(std::uint32_t number);
 
     /// Copies the database, as this connection sees it, onto the empty file \a path. Not flushed.
     [[nodiscard]] int copyTo(const std::string& path);
@@ -97,7 +108,11 @@ private:
     [[nodiscard]] int prepare(std::string_view sql, unsigned flags, sqlite3_stmt** statement);
     [[nodiscard]] int kept(const std::string& sql, sqlite3_stmt** statement);
 
+    /// The one text that a pragma answers with; empty when it fails.
+    [[nodiscard]] std::string pragmaText(std::string_view pragma);
+
     sqlite3* m_db = nullptr;
+    bool m_ownJournal = false;
     std::unordered_map<std::string, Statement> m_kept;
     std::string m_ownError; ///< set when the fault was found before the engine saw the statement
 };

@@ -60,7 +60,7 @@ bool writeNew(const std::string& path, const std::string& bytes)
     std::ofstream file(aside, std::ios::binary | std::ios::trunc);
     file << bytes;
     file.close();
-    const bool written = file.good() && syncToDisk(aside) && renameToNew(aside, path);
+    const bool written = file.good() && storeAs(aside, path);
     if (!written)
         (void)removeFile(aside);
     return written;

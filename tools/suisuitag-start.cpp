@@ -22,6 +22,7 @@
 #include <QTranslator>
 #include <QUrl>
 
+#include "platform/core/Files.h"
 #include "platform/core/OwnOnly.h"
 #include "platform/core/SingleInstance.h"
 #include "store/AppDB.h"
@@ -96,7 +97,13 @@ QString moved(const QString& from, const QString& to)
     QFile file(from);
     if (!QDir().mkpath(QFileInfo(to).path()))
         return to;
-    return file.rename(to) || QFile::exists(to) ? QString() : to + u": "_s + file.errorString();
+    if (!file.rename(to) && !QFile::exists(to))
+        return to + u": "_s + file.errorString();
+    // The name, and the name of the folder that it may have come with.
+    const std::string folder = folderOf(QFile::encodeName(to).toStdString());
+    (void)syncToDisk(folder);
+    (void)syncToDisk(folderOf(folder));
+    return {};
 }
 
 /// Makes the database aside and moves it in whole: an interrupted first start leaves no half-filled database.

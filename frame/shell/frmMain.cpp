@@ -107,6 +107,7 @@ void frmMain::setHistoryPlace(const AppEnv& env, const std::function<QString()>&
                                                        m_around.msgBox, readLine, *this);
     m_history = std::make_unique<RirekiDB>(services, *m_historyPrompts,
                                            (env.BaseFolder() + u"/db/trnorg.mdb"_s).toStdString());
+    m_history->settle();
     m_historyButtons = std::make_unique<RirekiButtons>(
         services, *m_historyPrompts, *m_history,
         RirekiButtons::Controls{*m_ui->cmdRirekiOut, *m_ui->cmdRirekiIn, [this] { showTab(Tab::Receipt); }});

@@ -134,6 +134,11 @@ bool renameToNew(const std::string& from, const std::string& to)
     return moved;
 }
 
+bool storeAs(const std::string& aside, const std::string& path)
+{
+    return syncToDisk(aside) && renameToNew(aside, path) && syncToDisk(folderOf(path));
+}
+
 bool removeFile(const std::string& path)
 {
     if (::unlink(path.c_str()) != 0)

@@ -26,6 +26,10 @@ void copyFile(const std::string& from, const std::string& to);
 /// Gives \a from the name \a to in the same folder. False when something has that name already.
 [[nodiscard]] bool renameToNew(const std::string& from, const std::string& to);
 
+/// Makes the finished file \a aside the stored file \a path of the same folder: flushed, renamed, and its
+/// name flushed as well. False when something has that name already, or the disk refuses.
+[[nodiscard]] bool storeAs(const std::string& aside, const std::string& path);
+
 /// Removes \a path, if it is there, and flushes its folder.
 bool removeFile(const std::string& path);
 

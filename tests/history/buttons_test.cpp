@@ -5,6 +5,7 @@
 
 #include "history/RirekiButtons.h"
 #include "tests/support/ExpectBox.h"
+#include "tests/support/HeldFile.h"
 #include "tests/support/HistoryDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -76,6 +77,26 @@ Box savedBox(const QString& from, const QString& to)
         u"「 履歴の保存 」 が 完了しました。\r\n\r\n　（ 履歴ファイル ： \r\n　　 RRK {DateFrom}-{DateTo} . {KakuTyo} ）　　　"_s;
     text.replace(u"{DateFrom}"_s, from).replace(u"{DateTo}"_s, to).replace(u"{KakuTyo}"_s, u"hst"_s);
     return {u"保存の完了"_s, text, BoxIcon::Information};
+}
+
+/// Another program that lets nobody read either, as for the moment of its commit.
+class LockedFile
+{
+public:
+    explicit LockedFile(const TempShop& shop)
+    {
+        if (m_engine.open(shop.databaseFile()) != 0 || m_engine.execute("BEGIN EXCLUSIVE") != 0)
+            throw std::runtime_error("cannot lock " + shop.databaseFile());
+    }
+
+private:
+    Sqlite m_engine;
+};
+
+void expectHeldByAnother(const std::vector<std::string>& said)
+{
+    ASSERT_EQ(said.size(), 1U);
+    EXPECT_NE(said[0].find("他のプログラムが データベースを使用中です。"), std::string::npos) << said[0];
 }
 
 const QString saveFailed =
@@ -196,6 +217,44 @@ TEST(SaveButton, refusalOfTheFileSystem_showsTheReport_andThenTheCompletion)
     EXPECT_EQ(desk.box.shown[1].title, u"保存の完了"_s);
     EXPECT_EQ(desk.shop->query("SELECT COUNT(*) FROM InpTB"), Lines{"2"});
     EXPECT_EQ(desk.tabsRead, 1);
+}
+
+TEST(SaveButton, listThatCannotBeRead_stopsIt_withoutAskingForASecondExtension)
+{
+    ButtonDesk desk;
+    desk.save();
+    desk.prompts.extensions = {u"other"_s};
+    desk.answerSave();
+    {
+        const LockedFile locked(*desk.shop);
+        desk.buttons.cmdRirekiOut_Click();
+        desk.buttons.cmdRirekiIn_Click();
+    }
+    EXPECT_EQ(desk.prompts.extensions.size(), 1U) << "nobody was asked";
+    EXPECT_EQ(desk.prompts.periods.size(), 1U);
+    EXPECT_TRUE(desk.box.shown.empty());
+    ASSERT_EQ(desk.storeSaid.size(), 2U);
+    expectHeldByAnother({desk.storeSaid[0]});
+    expectHeldByAnother({desk.storeSaid[1]});
+    EXPECT_TRUE(desk.frame.enabled);
+    EXPECT_TRUE(desk.focused(desk.in));
+}
+
+TEST(SaveButton, extensionThatCannotBeStored_stopsIt)
+{
+    ButtonDesk desk;
+    desk.prompts.extensions = {u"hst"_s};
+    desk.answerSave();
+    {
+        const HeldFile held(*desk.shop);
+        desk.buttons.cmdRirekiOut_Click();
+    }
+    EXPECT_EQ(desk.prompts.periods.size(), 1U) << "nothing was asked after it";
+    EXPECT_TRUE(desk.box.shown.empty());
+    expectHeldByAnother(desk.storeSaid);
+    EXPECT_FALSE(desk.db.inUnit());
+    EXPECT_TRUE(desk.frame.enabled);
+    EXPECT_TRUE(desk.focused(desk.out));
 }
 
 TEST(SaveButton, savedAgain_afterALoad)

@@ -180,45 +180,6 @@ TEST(SaveFaults, fileLeftBehindByAKilledProgram_isNoObstacle)
     EXPECT_EQ(desk.files(), QStringList{QStringLiteral("RRK20260101-20260131.hst")});
 }
 
-TEST(LoadFaults, fileThatCannotBeUsed_isLeftAsItIs)
-{
-    const TempShop foreign;
-    {
-        Sqlite engine;
-        ASSERT_EQ(engine.open(foreign.databaseFile()), 0);
-        ASSERT_EQ(engine.execute("ALTER TABLE Master RENAME COLUMN Stock TO Other"), 0);
-    }
-    const std::string foreignBytes = bytesOf(QString::fromStdString(foreign.databaseFile()));
-    const std::function<std::string(const std::string&)> spoil[] = {
-        [](const std::string&) { return std::string(); },
-        [](const std::string&) { return std::string("text"); },
-        [](const std::string& whole) { return whole.substr(0, whole.size() / 2); },
-        [](const std::string& whole) { return whole.substr(0, whole.size() - 100); },
-        [&foreignBytes](const std::string&) { return foreignBytes; },
-    };
-    for (const auto& change : spoil) {
-        FaultyDesk desk;
-        ASSERT_EQ(desk.save(january), RirekiDB::Done);
-        const std::string spoilt = change(bytesOf(desk.fileOf(january)));
-        write(desk.fileOf(january), spoilt);
-        desk.expectLoadFails();
-        EXPECT_EQ(bytesOf(desk.fileOf(january)), spoilt);
-    }
-}
-
-TEST(LoadFaults, fileDamagedWithin_bringsNothingBack)
-{
-    FaultyDesk desk;
-    for (int i = 0; i < 200; ++i)
-        desk.receipt("A", "0000001", "20260110", std::to_string(20260110000000 + i), std::string(300, 'x'));
-    ASSERT_EQ(desk.save(january), RirekiDB::Done);
-    std::string bytes = bytesOf(desk.fileOf(january));
-    const std::size_t page = bytes.find(std::string(300, 'x')) / 4096 * 4096;
-    std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(page), 4096, '\xAA');
-    write(desk.fileOf(january), bytes);
-    desk.expectLoadFails();
-}
-
 TEST(LoadFaults, fileThatIsGone_keepsItsPlaceOnTheList)
 {
     FaultyDesk desk;

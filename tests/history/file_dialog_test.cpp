@@ -317,6 +317,34 @@ TEST(FileDialog, folderThatIsGoneAtTheDecision_isTold)
     desk.expectNothingTaken();
 }
 
+TEST(FileDialog, folderThatDisappearsUnderTheConfirmation_isTold_andNoOtherTakesItsPlace)
+{
+    for (const bool save : {true, false}) {
+        FileDesk desk;
+        desk.open(save);
+        const QString chosen = desk.folder();
+        if (!save)
+            desk.files().setCurrentRow(0);
+        auto& shown = control<QLabel>(*desk.dialog, u"lblFolder"_s);
+        desk.box.onShow = [&](const Box& box) {
+            if (box.title != u"決定の確認"_s)
+                return;
+            ASSERT_TRUE(QDir(chosen).removeRecursively());
+            ASSERT_TRUE(eventually([&] { return shown.text() != chosen; })) << "the tree leaves it";
+        };
+        desk.box.answers = {BoxAnswer::Yes};
+        press(*desk.dialog, u"CmdOK"_s);
+        ASSERT_EQ(desk.box.shown.size(), 2U);
+        expectBox(
+            desk.box.shown[1],
+            {u"フォルダの準備エラー"_s,
+             chosen
+                 + u"\r\n\r\nフォルダの準備ができていません。\r\n\r\n準備した後に、再度、選択して下さい。　　"_s});
+        EXPECT_TRUE(desk.dialog->isVisible());
+        desk.expectNothingTaken();
+    }
+}
+
 TEST(FileDialog, showsTheUsersFolders_whereTheyAre)
 {
     FileDesk desk;

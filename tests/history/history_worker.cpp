@@ -1,5 +1,5 @@
-// Saves a period and loads it back, again and again, until it is killed. Says each step that the operator
-// would see as done. Argument: the folder of the shop.
+// Saves a period and loads it back, again and again, until it is killed. Says what it begins, and each step
+// that the operator would see as done. Argument: the folder of the shop.
 #include <cstdio>
 
 #include <QApplication>
@@ -31,15 +31,16 @@ int main(int argc, char** argv)
     const Period period{"20260101", "20260131"};
     const QString name = historyFileName(period, QStringLiteral("hst"));
     const QString folder = base + QStringLiteral("/old");
+    history.settle();
     for (;;) {
         // What is to be done next is what the books say.
         const bool saved = db.RirekiTbl().CountRows("WHERE DateFrom='20260101'") == 1;
         if (!saved && QFile::exists(folder + u'/' + name) && !QFile::remove(folder + u'/' + name))
-            return 2; // the operator has deleted the file that nobody lists
+            return 2; // the operator has deleted the file that a load had no time to delete
         prompts.periods = {period};
         prompts.places = {saved ? Place{folder, folder + u'/' + name, name.left(name.lastIndexOf(u'.'))}
                                 : Place{folder, {}, name}};
-        std::puts("begin");
+        std::puts(saved ? "load" : "save");
         std::fflush(stdout);
         if ((saved ? history.load() : history.save()) != RirekiDB::Done || !box.shown.empty())
             return 3;

@@ -53,7 +53,8 @@ struct HistoryDesk
     HistoryDesk() : HistoryDesk(std::make_unique<TempShop>()) {}
     /// \a ownShop may lie on a disk.
     explicit HistoryDesk(std::unique_ptr<TempShop> ownShop)
-        : shop(std::move(ownShop)), db(shop->databaseFolder())
+        : shop(std::move(ownShop)),
+          db(shop->databaseFolder(), [this](const std::string& text) { storeSaid.push_back(text); })
     {
         QDir(shop->base()).mkpath(QStringLiteral("db"));
         QDir(shop->base()).mkpath(QStringLiteral("old"));
@@ -148,6 +149,7 @@ struct HistoryDesk
     }
 
     std::unique_ptr<TempShop> shop;
+    std::vector<std::string> storeSaid; ///< the boxes that the store itself would show
     AppDB db;
     AppIni ini;
     TestClock clock;

@@ -166,15 +166,15 @@ class History(ShopTest):
         there = self.shop.count("InpTB")
         self.assertIn((len(listed), there), [(0, rows), (1, 0)])
         self.assertWhole()
-        # The next run saves to the same folder; what the killed one has left is no obstacle to it.
+        # The next start ends what the killed run has left: the file gets its name, or goes.
+        self.reader.forget()
+        program = self.open()
         if not listed:
-            (self.old / "RRK20260101-20261231.hst").unlink(missing_ok=True)  # whole, but killed before it was listed
-            self.reader.forget()
-            program = self.open()
+            self.assertEqual([], list(self.old.iterdir()))
             self.save_by_reader("20260101", "20261231", extension="hst")
-            self.end(program)
-            self.assertEqual(0, self.shop.count("InpTB"))
-            self.assertEqual(["RRK20260101-20261231.hst"], [file.name for file in self.old.iterdir()])
+        self.end(program)
+        self.assertEqual(0, self.shop.count("InpTB"))
+        self.assertEqual(["RRK20260101-20261231.hst"], [file.name for file in self.old.iterdir()])
 
 
 if __name__ == "__main__":
