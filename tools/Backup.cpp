@@ -174,6 +174,7 @@ constexpr Remedy remedies[] = {
     {EngineError::Busy, &phrases::inUse, phrases::doEndOthers},
     {EngineError::Damaged, &phrases::isDamaged, phrases::doRestore},
     {EngineError::NoDatabase, &phrases::isDamaged, phrases::doRestore},
+    {EngineError::NotADatabase, &phrases::isDamaged, phrases::doRestore},
 };
 
 /// Leaves the failure of a daily run for the program to show. The shop reads Japanese.

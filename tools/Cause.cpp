@@ -17,8 +17,11 @@ constexpr struct
     EngineError kind;
     const Phrase& phrase;
 } meanings[] = {
-    {EngineError::Damaged, phrases::damagedDatabase},   {EngineError::NoDatabase, phrases::damagedDatabase},
-    {EngineError::Busy, phrases::busyDatabase},         {EngineError::Full, phrases::fullDisk},
+    {EngineError::Damaged, phrases::damagedDatabase},
+    {EngineError::NoDatabase, phrases::damagedDatabase},
+    {EngineError::NotADatabase, phrases::damagedDatabase},
+    {EngineError::Busy, phrases::busyDatabase},
+    {EngineError::Full, phrases::fullDisk},
     {EngineError::ReadOnly, phrases::readOnlyDatabase},
 };
 

@@ -100,9 +100,9 @@ QString moved(const QString& from, const QString& to)
     if (!file.rename(to) && !QFile::exists(to))
         return to + u": "_s + file.errorString();
     // The name, and the name of the folder that it may have come with.
-    const std::string folder = folderOf(QFile::encodeName(to).toStdString());
-    (void)syncToDisk(folder);
-    (void)syncToDisk(folderOf(folder));
+    const std::string folder = suisui::folderOf(QFile::encodeName(to).toStdString());
+    (void)suisui::syncToDisk(folder);
+    (void)suisui::syncToDisk(suisui::folderOf(folder));
     return {};
 }
 

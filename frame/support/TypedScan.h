@@ -48,7 +48,7 @@ public:
     ~TypedScan() override;
 
     /// Keys are held that may still become a scan.
-    [[nodiscard]] bool holdsKeys() const { return !m_held.empty(); }
+    [[nodiscard]] bool holdsKeys() const { return !m_burst.keys.empty(); }
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;

@@ -249,7 +249,8 @@ TEST(LoadFaults, fileThatCannotBeDeleted_isLoadedAllTheSame)
     ASSERT_EQ(desk.save(january), RirekiDB::Done);
     ASSERT_EQ(::chmod(desk.shop->base().toLocal8Bit().constData(), 0777), 0);
     ASSERT_EQ(::chmod(desk.shop->databaseFolder().c_str(), 0777), 0);
-    ASSERT_EQ(::chmod(desk.shop->databaseFile().c_str(), 0666), 0);
+    for (const char* file : {"", "-journal"})
+        ASSERT_EQ(::chmod((desk.shop->databaseFile() + file).c_str(), 0666), 0);
     ASSERT_EQ(::chmod(desk.fileOf(january).toLocal8Bit().constData(), 0666), 0);
     ASSERT_EQ(::chmod(desk.folder().toLocal8Bit().constData(), 0555), 0);
     {

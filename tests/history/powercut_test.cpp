@@ -183,7 +183,7 @@ TEST(PowerCut, atAnyMoment_leavesWholeUnits_andEverythingThatWasReportedAsDone)
     std::unordered_set<std::string> seen;
     int tried = 0;
     const double probabilities[] = {1, 0, 0.5, 0.9, 0.1, 0.97, 0.03};
-    const int perMoment = 1 + 2 * wantedStates / static_cast<int>(record.ops.size());
+    const int perMoment = 1 + 4 * wantedStates / static_cast<int>(record.ops.size());
     std::size_t done = 0;
     for (std::size_t moment = 0; moment <= record.ops.size(); ++moment) {
         cut.goTo(moment);

@@ -141,7 +141,7 @@ TEST(Numbers, sumsAndProducts_areThoseOfPaper)
     const struct
     {
         double a, b;
-        std::string_view sum, product;
+        std::string sum, product;
     } cases[] = {
         {0.1, 0.2, "0.3", "0.02"},
         {0.3, -0.3, "0", "-0.09"},

@@ -57,7 +57,20 @@ DiskRecorder::DiskRecorder(const std::string& root) : m_root(fs::canonical(root)
 {
     for (const auto& [path, bytes] : m_before)
         m_objects[path] = m_objectCount++;
+    noteOpenFiles();
     recorder = this;
+}
+
+/// Files that were opened before, such as the working database.
+void DiskRecorder::noteOpenFiles()
+{
+    for (const auto& entry : fs::directory_iterator("/proc/self/fd")) {
+        std::error_code gone; // the handle of this very walk
+        const std::string path = fs::read_symlink(entry.path(), gone).string();
+        if (watches(path))
+            if (const auto file = m_objects.find(below(path)); file != m_objects.end())
+                m_files[std::stoi(entry.path().filename().string())] = file->second;
+    }
 }
 
 void DiskRecorder::stop()
@@ -80,9 +93,11 @@ bool DiskRecorder::watches(std::string_view path) const
 
 void DiskRecorder::opened(int handle, const std::string& path, int flags)
 {
+    if ((flags & O_TMPFILE) == O_TMPFILE) {
+        m_files[handle] = m_objectCount++; // without a name until it is linked
+        return;
+    }
     if (fs::is_directory(path)) {
-        if ((flags & O_TMPFILE) == O_TMPFILE)
-            miss("O_TMPFILE");
         m_folders[handle] = path == m_root ? std::string() : below(path);
         return;
     }
@@ -133,6 +148,19 @@ void DiskRecorder::renamed(const std::string& from, const std::string& to)
     m_objects.erase(below(from));
     m_objects[below(to)] = object;
     m_ops.push_back({DiskOp::Rename, object, below(from), below(to), 0, {}});
+}
+
+void DiskRecorder::linked(const std::string& from, const std::string& to)
+{
+    constexpr std::string_view openFiles = "/proc/self/fd/";
+    const auto file =
+        from.starts_with(openFiles) ? m_files.find(std::stoi(from.substr(openFiles.size()))) : m_files.end();
+    if (file == m_files.end()) {
+        miss("link of a file that has a name");
+        return;
+    }
+    m_objects[below(to)] = file->second;
+    m_ops.push_back({DiskOp::Link, file->second, below(to), {}, 0, {}});
 }
 
 void DiskRecorder::unlinked(const std::string& path)
@@ -229,7 +257,7 @@ int linkRecorded(int fromFolder, const char* from, int toFolder, const char* to,
         [&] { return static_cast<int>(::syscall(SYS_linkat, fromFolder, from, toFolder, to, flags)); },
         [&](DiskRecorder& active, int) {
             if (active.watches(to))
-                active.miss("link");
+                active.linked(from, to);
         });
 }
 

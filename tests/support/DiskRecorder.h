@@ -57,11 +57,14 @@ public:
     void truncated(int handle, std::int64_t length);
     void synced(int handle);
     void renamed(const std::string& from, const std::string& to);
+    /// \a from names an open file by its handle, as a file that was made without a name gets one.
+    void linked(const std::string& from, const std::string& to);
     void unlinked(const std::string& path);
     void miss(const std::string& call);
     [[nodiscard]] std::mutex& lock() { return m_lock; }
 
 private:
+    void noteOpenFiles();
     [[nodiscard]] std::string below(const std::string& path) const { return path.substr(m_root.size() + 1); }
 
     std::string m_root;

@@ -211,7 +211,8 @@ TEST_F(PrintedFormTest, charactersTheFontLacksStandInTheirPlaceAllTheSame)
 TEST_F(PrintedFormTest, aCentredTextThatIsTooLongIsDrawnNarrowerToo)
 {
     select(600);
-    for (const QString& unit : {u"とても長い名前の単位ですから"_s, u"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"_s}) {
+    for (const QString& unit :
+         {u"とても長い名前の単位ですから"_s, u"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"_s}) {
         const QRect ink = inked(drawn([&] { properties.PrintLabel(label(unit, FormAlign::Centre), true); }));
         EXPECT_GE(ink.left(), 600) << unit.toStdString();
         EXPECT_LE(ink.right(), 1500) << unit.toStdString();
