@@ -2,7 +2,7 @@
 # the room it reaches into ("store/AppDB.h") and tests/includes.py can hold the direction.
 
 add_library(suisui_flags INTERFACE)
-# What a compiler of tomorrow warns of must not keep anybody from building the program: only ./check makes it an error.
+# What a compiler of tomorrow warns of must not keep anybody from building the program: only .ci/run makes it an error.
 target_compile_options(suisui_flags INTERFACE
     -Wall -Wextra -Wpedantic $<$<BOOL:${SUISUI_WERROR}>:-Werror> -Wshadow -Wconversion -Wno-sign-conversion)
 # GCC 12 sees an overlap in "text" + std::string where there is none (its bug 105651).

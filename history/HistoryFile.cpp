@@ -17,6 +17,7 @@ constexpr qsizetype toAt = 12;
 constexpr qsizetype dateLength = 8;
 constexpr qsizetype extensionAt = toAt + dateLength;
 constexpr int namesToTry = 9;
+constexpr qint64 secondsOfADay = 86400;
 
 /// \a path as the \a turn-th name to try: "RRK20260101-20260131(2).hst".
 std::string nameToTry(const std::string& path, int turn)
@@ -48,11 +49,13 @@ Period periodOf(const QString& name)
 std::uint32_t historyMark(std::string_view stamp)
 {
     const QString text = QString::fromUtf8(stamp.data(), static_cast<qsizetype>(stamp.size()));
-    const QDateTime origin(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC);
+    const QDate day = QDate::fromString(text.left(dateLength), u"yyyyMMdd"_s);
+    const QTime time = QTime::fromString(text.mid(dateLength), u"HHmmss"_s);
+    if (!day.isValid() || !time.isValid())
+        return 0;
     // The figures of the stamp, wherever the shop is.
-    const QDateTime moment(QDate::fromString(text.left(dateLength), u"yyyyMMdd"_s),
-                           QTime::fromString(text.mid(dateLength), u"HHmmss"_s), Qt::UTC);
-    return moment.isValid() ? static_cast<std::uint32_t>(origin.secsTo(moment)) : 0;
+    return static_cast<std::uint32_t>(QDate(2000, 1, 1).daysTo(day) * secondsOfADay
+                                      + QTime(0, 0).secsTo(time));
 }
 
 std::string asideOf(const std::string& path)

@@ -31,17 +31,20 @@ constexpr std::array<std::string_view, 3> sums{
 int carryForward(AppDB& db, const std::string& stamp, const std::function<void()>& stepDone)
 {
     const std::string now = inQuotes(stamp);
-    const std::string set = "UPDATE ZaikoTB SET KuriSuu = CStr(Plus(iif(UpdDate = " + now
-                            + ", KuriSuu, ZaikoSuu), Movements.Moved)), UpdDate = " + now + " FROM (";
-    for (const std::string_view sum : sums) {
-        std::string statement = set;
-        statement += sum;
-        statement += ") AS Movements WHERE Movements.Item = ZaikoTB.rowid";
-        db.Execute(statement);
-        if (db.LastStatus() != 0)
-            return db.LastStatus();
-        stepDone();
+    // One write for each stock row, however many kinds of movements it has.
+    std::string statement = "UPDATE ZaikoTB SET KuriSuu = CStr(Plus(iif(UpdDate = " + now
+                            + ", KuriSuu, ZaikoSuu), Movements.Moved)), UpdDate = " + now
+                            + " FROM (SELECT Item, SumOf(Moved) AS Moved FROM (";
+    for (std::size_t i = 0; i < sums.size(); ++i) {
+        statement += i > 0 ? " UNION ALL " : "";
+        statement += sums[i];
     }
+    statement += ") GROUP BY Item) AS Movements WHERE Movements.Item = ZaikoTB.rowid";
+    db.Execute(statement);
+    if (db.LastStatus() != 0)
+        return db.LastStatus();
+    for (std::size_t i = 0; i < sums.size(); ++i)
+        stepDone();
     db.Execute("UPDATE ZaikoTB SET KuriSuu = CStr(CDbl(ZaikoSuu)), UpdDate = " + now + " WHERE UpdDate <> "
                + now);
     if (db.LastStatus() == 0)

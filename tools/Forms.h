@@ -4,8 +4,8 @@
 // Forgiving about what spreadsheets and typists do (code page 932 or UTF-8, full-width digits, thousands
 // commas, empty lines), strict about what would hurt the shop later: a code that a spreadsheet has rounded or
 // shortened by its zeros, one that no reader can bring, a price that is no number, a component that is no
-// goods. What the database says already is taken as it is, however odd. What is said about a form is said in Japanese, since
-// it goes to whoever filled it in.
+// goods. What the database says already is taken as it is, however odd. What is said about a form is said in
+// Japanese, since it goes to whoever filled it in.
 #pragma once
 
 #include <iosfwd>
@@ -26,8 +26,8 @@ class AppDB;
 /// Takes over the forms that are in \a folder, all of them together or, when anything in them cannot be,
 /// none: new codes are added, known ones get what the form says. Nothing is ever deleted but the components
 /// of goods that the form of components names, which become what it says (a line with the goods alone says
-/// that there are none); what that makes of the parts' stock is carried forward. Every fault is listed by file and
-/// line.
+/// that there are none); what that makes of the parts' stock is carried forward. Every fault is listed by
+/// file and line.
 [[nodiscard]] ToolStatus takeForms(const std::string& base, const std::string& folder, std::ostream& out,
                                    std::ostream& err);
 

@@ -15,8 +15,8 @@ namespace suisui {
 /// the same, of what can be carried.
 ///
 /// What changes on the way: a Null becomes the empty text, an empty movement number zero, and a number or a
-/// date in another dress (unpadded, with separators) gets the usual one. Control characters become blanks; they
-/// are listed as well.
+/// date in another format (unpadded, with separators) gets the usual one. Control characters become blanks;
+/// they are listed as well.
 [[nodiscard]] ToolStatus importJet(const std::string& base, const std::string& file, bool anyway,
                                    std::ostream& out, std::ostream& err);
 

@@ -12,10 +12,10 @@ namespace suisui {
 /// What begins each record of the writing. Numbers are 32 bits of this machine, texts their length and bytes.
 enum class JetMark : char {
     Refused = 'W', ///< why, a text; nothing follows
-    Table = 'T', ///< name, rows that the file speaks of, number of columns, for each its name and whether it
-                 ///< is readable
-    Row = 'R',   ///< of the table before: 1 when the file ends before the row does, otherwise 0; a text for
-               ///< each column, number of broken columns, their places
+    Table = 'T',  ///< name, rows that the file speaks of, number of columns, for each its name and whether it
+                  ///< is readable
+    Row = 'R',    ///< of the table before: 1 when the file ends before the row does, otherwise 0; a text for
+                  ///< each column, number of broken columns, their places
     CutOff = 'C', ///< so many bytes that the last page lacks; before the end
     End = 'E',    ///< everything has been read
 };
