@@ -12,6 +12,8 @@ import sys
 import tempfile
 
 MOST_CELLS = 400
+# Newer releases of the interface call some roles otherwise.
+ROLES = {"button": "push button"}
 BINDINGS = ("/usr/bin/python3", "-B")
 
 
@@ -55,7 +57,7 @@ def listen():
         states = node.get_state_set()
         if not states.contains(Atspi.StateType.SHOWING):
             return
-        role = node.get_role_name()
+        role = ROLES.get(node.get_role_name(), node.get_role_name())
         extents = node.get_extents(Atspi.CoordType.SCREEN)
         found.append({"window": window, "role": role, "name": node.get_name().strip(),
                       "enabled": states.contains(Atspi.StateType.ENABLED),

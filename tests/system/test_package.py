@@ -95,7 +95,9 @@ class Package(Packaged):
 
     def test_the_distribution_s_own_judges_find_nothing(self):
         share = self.root / "usr/share"
-        judges = [["lintian", "--allow-root", "--fail-on", "error,warning", str(self.package)],
+        # What newer releases ask of the catalogue's entry is looked at line by line in the next test.
+        judges = [["lintian", "--allow-root", "--fail-on", "error,warning",
+                   "--suppress-tags", "appstream-metadata-validation-failed", str(self.package)],
                   ["desktop-file-validate", str(share / "applications/suisuitag.desktop")]]
         judges += [["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z", str(page)]
                    for page in sorted(share.glob("man/**/*.gz"))]
