@@ -13,6 +13,7 @@ from packaged import Packaged, main, output_of
 
 METAINFO = "metainfo/invalid.example.suisuitag.metainfo.xml"
 PROGRAMS = ("suisuitag", "suisuitag-start", "tagdb")
+CATALOGUE = "appstream-metadata-validation-failed"  # what lintian says of it
 
 
 class Package(Packaged):
@@ -95,9 +96,7 @@ class Package(Packaged):
 
     def test_the_distribution_s_own_judges_find_nothing(self):
         share = self.root / "usr/share"
-        # What newer releases ask of the catalogue's entry is looked at line by line in the next test.
-        judges = [["lintian", "--allow-root", "--fail-on", "error,warning",
-                   "--suppress-tags", "appstream-metadata-validation-failed", str(self.package)],
+        judges = [["lintian", "--allow-root", "--fail-on", "error,warning", str(self.package)],
                   ["desktop-file-validate", str(share / "applications/suisuitag.desktop")]]
         judges += [["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", "-Z", str(page)]
                    for page in sorted(share.glob("man/**/*.gz"))]
@@ -105,6 +104,8 @@ class Package(Packaged):
             verdict = subprocess.run(judge, check=False, encoding="utf-8", stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                                      env={**os.environ, "LC_ALL": "C.UTF-8", "MANWIDTH": "80"})
             said = verdict.stderr if judge[0] == "man" else verdict.stdout + verdict.stderr
+            if judge[0] == "lintian" and set(re.findall(r"(?m)^[EW]: \S+ (\S+)", said)) == {CATALOGUE}:
+                continue  # a newer lintian; the next test looks at that line by line
             self.assertEqual(0, verdict.returncode, said)
             if judge[0] == "man":
                 self.assertEqual("", said, judge[-1])
