@@ -10,22 +10,16 @@
 #include <QWindow>
 
 #include "platform/widgets/EnterKey.h"
+#include "store/ScannedValue.h"
 
 namespace suisui {
 
 namespace {
 
-struct Brackets
-{
-    char16_t open;
-    char16_t close;
-};
-constexpr Brackets brackets[] = {{u'[', u']'}, {u'{', u'}'}, {u'#', u'#'}, {u'@', u'@'}};
-
 bool opens(QChar character)
 {
-    for (const Brackets& pair : brackets)
-        if (character == QChar(pair.open))
+    for (const Enclosure& pair : enclosures())
+        if (character == QChar(pair.first))
             return true;
     return false;
 }
@@ -193,8 +187,8 @@ bool TypedScan::isScan() const
     const QString& text = m_burst.text;
     if (!mayBecomeScan())
         return false;
-    for (const Brackets& pair : brackets)
-        if (text.size() > 1 && text.startsWith(QChar(pair.open)) && text.endsWith(QChar(pair.close)))
+    for (const Enclosure& pair : enclosures())
+        if (text.size() > 1 && text.startsWith(QChar(pair.first)) && text.endsWith(QChar(pair.last)))
             return true;
     const bool fast = m_burst.longestGap < readerGapMs;
     return text.size() >= (fast ? fewestCharacters : fewestSlowCharacters) && !m_endsPlainCodes();
