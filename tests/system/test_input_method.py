@@ -53,8 +53,7 @@ class InputMethodOn(ShopTest):
         program.wait_idle()
         self.screen.type_by_hand("kinou")
         self.screen.press("space", "Return")  # converts, and takes what is offered
-        # The input method is a process of its own, so the program cannot say when it is done; the screen shows it.
-        self.screen.settled_picture("input-method-converted.png")
+        program.wait_idle()
         # The editor is still open: what follows stands behind it, and no code is looked up.
         self.screen.type_by_hand("ha")
         self.screen.press("Return")
