@@ -18,6 +18,7 @@ import tty
 import urllib.parse
 
 import at_rest
+import typing_reader
 
 MAIN_WINDOW = " すいすいＴＡＧ　　【 入出荷在庫管理 】　　Tarnvik Works Co.,Ltd."
 END_DIALOG = " システムを終了します"
@@ -217,17 +218,15 @@ class Screen(Windows):
         self._xdotool("key", "--delay", str(milliseconds), *(KEYS.get(letter, letter) for letter in text))
 
     def type(self, text):
-        """Types as fast as the server takes it, as a keyboard-style reader does; a line break is Enter.
+        """Types all at once, as a keyboard-style reader does; a line break is Enter.
 
-        Key by key, since xdotool's own typing would send a line feed instead of Enter. A second Enter in a row
-        is the one of the number pad: the same key twice within a millisecond would pass for a held key."""
+        A second Enter in a row is the one of the number pad: the same key twice within a millisecond would pass for a
+        held key."""
         keys = []
         for letter in text:
             key = KEYS.get(letter, letter)
             keys.append("KP_Enter" if key == "Return" and keys[-1:] == ["Return"] else key)
-        done = self._xdotool("key", "--delay", "0", *keys)
-        if done.returncode != 0:
-            raise DeskError(f"typing {text!r}: {done.stderr}")
+        typing_reader.type_at_once(self.environment["DISPLAY"], keys)
 
     def answer(self, title, *keys, picture=None):
         """Waits for the box, answers it with keys (Enter unless told) and waits until it is gone.
