@@ -32,11 +32,11 @@ inline std::vector<std::string> asDurable(const std::string& file)
 class BareSqlite
 {
 public:
-    explicit BareSqlite(const std::string& file)
+    /// \a patience, in milliseconds, while the program writes.
+    explicit BareSqlite(const std::string& file, int patience = 2000)
     {
         if (sqlite3_open_v2(file.c_str(), &m_db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK)
             std::abort();
-        constexpr int patience = 2000; // milliseconds, while the program writes
         sqlite3_busy_timeout(m_db, patience);
     }
     ~BareSqlite()
