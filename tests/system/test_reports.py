@@ -96,7 +96,9 @@ class Reports(ShopTest):
         self.reader.scan("[P]")
         self.screen.wait_active(PRINTER)
         dialog = self.screen.active_window()
-        self.screen.press("alt+f", "ctrl+a", "slash", *"dev", "slash", *"full", "Return")
+        self.screen.press("alt+f", "ctrl+a", "slash", *"dev", "slash", *"full")
+        program.wait_idle()  # the field offers names of files while it is typed into, and Enter would take one
+        self.screen.press("Return")
         self.screen.wait_in_front_of(dialog)  # the question about a file that is there
         self.screen.answer(PRINTER, "alt+y")
         self.screen.answer(ERROR)
