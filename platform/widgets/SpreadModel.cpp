@@ -213,7 +213,7 @@ void SpreadModel::removeWhere(const std::function<bool(int row)>& gone)
     m_rows.resize(kept);
 }
 
-void SpreadModel::sort(std::span<const vaSpread::SortKey> keys)
+void SpreadModel::sortRows(std::span<const vaSpread::SortKey> keys)
 {
     std::vector<SortColumn> columns;
     for (const vaSpread::SortKey& key : keys) {

@@ -58,7 +58,7 @@ public:
     /// Many at once, for a view that is told afterwards: redraw must be off.
     void insertAt(std::span<const int> rows);
     void removeWhere(const std::function<bool(int row)>& gone);
-    void sort(std::span<const vaSpread::SortKey> keys);
+    void sortRows(std::span<const vaSpread::SortKey> keys);
 
     void setRedraw(bool on);
     [[nodiscard]] bool redraw() const { return m_redraw; }

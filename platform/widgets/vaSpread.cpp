@@ -286,7 +286,7 @@ void vaSpread::showCursor()
 void vaSpread::Sort(std::span<const SortKey> keys)
 {
     endEdit();
-    m_model->sort(keys);
+    m_model->sortRows(keys);
 }
 
 } // namespace suisui
