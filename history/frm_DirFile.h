@@ -41,7 +41,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void dress(const AppEnv& env);
+    void setUpLook(const AppEnv& env);
     void makeTree();
     void keepInSight();
     void DirList_Change(const QModelIndex& current);

@@ -30,7 +30,7 @@ constexpr double entryHeight = 15.5;
 
 // One entry.
 constexpr double barHeight = 9.5;
-constexpr double shortestBars = 34; ///< so that the names of most stand in one line
+constexpr double shortestBars = 34; ///< so that the names of most fit on one line
 constexpr double textGap = 4;
 constexpr double codeBelowName = 5.2;
 constexpr int barStep = 3; ///< a quarter of a millimetre, which readers of all kinds take

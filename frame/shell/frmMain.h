@@ -56,16 +56,17 @@ public:
     explicit frmMain(const Surroundings& surroundings, QWidget* parent = nullptr);
     ~frmMain() override;
 
-    /// Form_Load: lists, dates, captions, first searches of the tabs behind. May set MasterMissing.
+    /// Form_Load: lists, dates, captions, first searches of the tabs that are not in front. May set
+    /// MasterMissing.
     void load();
     /// Master data is so incomplete that the program must hand over to the master-data program.
     [[nodiscard]] bool MasterMissing() const { return m_masterMissing; }
     /// Brings tab \a tab to the front with everything that a change of tab does, even if it is there.
     void showTab(Tab tab);
     void cmdMaster_Click();
-    /// Where periods are saved to and loaded from by and large, and the reader for the dialogs that ask.
+    /// The usual folder of saved periods, and the reader for the dialogs that ask.
     void setHistoryPlace(const AppEnv& env, const std::function<QString()>& readLine);
-    /// What the slip program reads, and the folder in which it stands.
+    /// What the slip program reads, and the folder that it is in.
     void setSlipPlace(SlipIni& ini, const QString& exeFolder);
     /// What labels are printed with; \a readLine is the next line of the reader.
     void setLabelPrinting(BarPrt& barPrt, const std::function<QString()>& readLine);

@@ -50,7 +50,7 @@ void FormGate::setEnabled(bool enabled)
 
 bool FormGate::eventFilter(QObject* object, QEvent* event)
 {
-    // A press moves the focus before any widget hears of it, so it is stopped at the window itself.
+    // A press moves the focus before any widget sees it, so it is stopped at the window itself.
     if (object->isWindowType())
         return !m_enabled && object == m_form->windowHandle()
                && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick);
@@ -90,7 +90,7 @@ bool FormGate::filterKey(QEvent* event)
 }
 
 /// The press may have come before the window was disabled. A button lets go without a click; a scroll bar
-/// must hear of it, else it goes on scrolling.
+/// must see it, else it goes on scrolling.
 bool FormGate::filterRelease(QObject* object, const QEvent& event)
 {
     auto* button = qobject_cast<QAbstractButton*>(object);

@@ -1,5 +1,5 @@
 // Choosing the printer, and putting a form that is laid out in inches on its paper: lines, coloured boxes and
-// texts, each at whole dots. Figures stand in columns whatever the font, because a right-aligned or centred
+// texts, each at whole dots. Figures are in columns with any font, because a right-aligned or centred
 // text is placed by counting its characters and not by measuring them.
 //
 // A place on the form, in inches, times the dots per inch, less the print offset, is a place in dots. At

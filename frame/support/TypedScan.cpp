@@ -166,9 +166,9 @@ void TypedScan::pauseOver()
     });
 }
 
-/// What goes on behind characters that the window has got belongs to them, whatever it is doing with them
-/// meanwhile. So does what a held key types; a reader's "00" may come as one key and its repeat, but not as
-/// the first of a burst.
+/// What follows characters that the window has got belongs to them, even while it is still busy with them. So
+/// does what a held key types; a reader's "00" may come as one key and its repeat, but not as the first of a
+/// burst.
 bool TypedScan::mayBegin(const QKeyEvent& key, QChar character) const
 {
     const bool belongs =

@@ -102,7 +102,7 @@ QRect placeIn(const QWidget& ancestor, const QWidget& widget)
     return {widget.mapTo(&ancestor, QPoint(0, 0)), widget.size()};
 }
 
-/// The child of \a ancestor that \a widget is or lies in.
+/// The child of \a ancestor that \a widget is or is in.
 const QWidget& branch(const QWidget& ancestor, const QWidget& widget)
 {
     const QWidget* at = &widget;
@@ -111,7 +111,7 @@ const QWidget& branch(const QWidget& ancestor, const QWidget& widget)
     return *at;
 }
 
-/// Whether a reader's eye comes to \a after later than to \a before. Boxes are read one behind the other,
+/// Whether a reader's eye comes to \a after later than to \a before. Boxes are read one after another,
 /// each as a whole.
 bool isReadBefore(const QWidget& before, const QWidget& after)
 {
