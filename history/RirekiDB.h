@@ -2,7 +2,7 @@
 // The stock never moves by that; only the part of it that is carried forward does.
 //
 // At any instant, power cuts included, a movement is in the working tables, or in a history file that
-// RirekiTB lists: a file is whole and on the disk before the working database lets go of its rows, gets its
+// RirekiTB lists: a file is whole and on the disk before the working database gives up its rows, gets its
 // name after that, and goes only after they are back. What a kill in between leaves is settled by whoever
 // starts, saves or loads next (UnfinishedSave.h).
 //

@@ -32,7 +32,7 @@ public:
     /// All three; empty for a cancel.
     [[nodiscard]] const Place& place() const { return m_place; }
 
-    /// Shows \a folder, as a choice in the tree does. A folder that cannot be reached is passed over: false.
+    /// Shows \a folder, as a click in the tree does. A folder that cannot be reached is passed over: false.
     bool goTo(const QString& folder);
 
 protected:

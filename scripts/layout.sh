@@ -1,5 +1,5 @@
 #!/bin/bash
-# Fails when a C++ file of the house is not laid out as .clang-format says.
+# Fails when a C++ file of ours is not laid out as .clang-format says.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # Each release lays out a little differently, so one of them decides; 77 says that nothing was looked at.

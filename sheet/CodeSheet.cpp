@@ -54,7 +54,7 @@ public:
     void begin(const QString& heading)
     {
         endRow();
-        // A heading never stands alone at the foot of a page.
+        // A heading is never alone at the foot of a page.
         if (m_outcome.pages == 0 || m_y + headingHeight + entryHeight > lastLine)
             newPage();
         text(headingSize, true, leftEdge, m_y + 1.5, columnPitch, heading);

@@ -195,7 +195,7 @@ void frmMain::BusyOn()
 
 void frmMain::BusyOff()
 {
-    // Held keys wait for the main loop: worked here they would nest inside the handler that is ending.
+    // Held keys wait for the main loop: processed here they would nest inside the handler that is ending.
     m_gate.setEnabled(false);
     DoEvents();
     m_around.shortWait.setEndMark();

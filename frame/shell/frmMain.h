@@ -59,7 +59,7 @@ public:
     /// Form_Load: lists, dates, captions, first searches of the tabs that are not in front. May set
     /// MasterMissing.
     void load();
-    /// Master data is so incomplete that the program must hand over to the master-data program.
+    /// Master data is so incomplete that the program must give way to the master-data program.
     [[nodiscard]] bool MasterMissing() const { return m_masterMissing; }
     /// Brings tab \a tab to the front with everything that a change of tab does, even if it is there.
     void showTab(Tab tab);
@@ -84,13 +84,13 @@ public:
     [[nodiscard]] bool hasTypedScan() const { return m_gate.hasScan(); }
     /// Something is under way, or keys and scans wait for their turn.
     [[nodiscard]] bool atWork() const;
-    /// The pages and the shared choice of staff, for whoever drives the window.
+    /// The pages and the shared combo box of staff, for whoever drives the window.
     [[nodiscard]] Page& page(Tab tab) { return *m_pages.at(static_cast<std::size_t>(tab)); }
     [[nodiscard]] QComboBox* staffChoice();
 
     // What the window asks of the run. All must be set before it is shown.
     std::function<bool()> askEnd;             ///< frm_End: true to end
-    std::function<void()> setMasterStartFlag; ///< the run hands over when it has stopped
+    std::function<void()> setMasterStartFlag; ///< the run starts the other program when it has stopped
     std::function<void()> clearMasterStartFlag;
     std::function<bool()> masterStartFlag;
     std::function<void()> unloaded; ///< writes the last-use date, releases the reader, sets EndFlag

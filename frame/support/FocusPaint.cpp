@@ -36,8 +36,8 @@ bool isMarked(const QWidget* widget)
 /// boxes have no face and take the colour behind them.
 ///
 /// A palette that is set is a new one even when its colours are the old, and the style keeps a picture of a
-/// choice for each palette. So none is set without need, and a control that is back to what it was born with
-/// has no palette of its own.
+/// combo box for each palette. So none is set without need, and a control that is back to what it was born
+/// with has no palette of its own.
 void paint(QWidget* widget, const QColor& color)
 {
     if (isColored(*widget, color))

@@ -89,7 +89,7 @@ bool FormGate::filterKey(QEvent* event)
     return true;
 }
 
-/// The press may have come before the window was disabled. A button lets go without a click; a scroll bar
+/// The press may have come before the window was disabled. A button is released without a click; a scroll bar
 /// must see it, else it goes on scrolling.
 bool FormGate::filterRelease(QObject* object, const QEvent& event)
 {
@@ -165,7 +165,7 @@ QString FormGate::takeScan()
     return value;
 }
 
-/// Delivery is posted, so that no key is worked inside the handler that enables the window.
+/// Delivery is posted, so that no key is processed inside the handler that enables the window.
 void FormGate::schedule()
 {
     if (m_scheduled || m_held.empty())

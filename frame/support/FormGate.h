@@ -55,7 +55,7 @@ private:
     QWidget* m_form;
     std::deque<std::unique_ptr<QEvent>> m_held;
     QString m_scan;
-    QPointer<QAbstractButton> m_released; ///< the mouse has let go of it before its press has arrived
+    QPointer<QAbstractButton> m_released; ///< released before its press has arrived
     std::unique_ptr<QEvent> m_release;
     const QEvent* m_delivering = nullptr;
     bool m_enabled = true;

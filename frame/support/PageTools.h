@@ -9,7 +9,7 @@ class QLabel;
 
 namespace suisui {
 
-/// The entry of a choice that means no restriction.
+/// The entry of a combo box that means no restriction.
 extern const QString allChoices;
 
 /// Fills \a combo with the names of \a choices, followed by allChoices if wanted, and shows the first

@@ -122,7 +122,7 @@ bool TypedScan::pressEnter()
     m_passedTime = 0;
     const QString value = std::exchange(m_burst, {}).text;
     if (QWidget* list = QApplication::activePopupWidget())
-        list->close(); // an open choice would get the keys of whatever comes of the scan
+        list->close(); // an open combo box would get the keys of whatever comes of the scan
     m_scanned(value);
     return true;
 }

@@ -4,8 +4,8 @@
 //
 // A scan is a burst that ends in Enter and comes faster than a person types: three characters or more when
 // every gap, the one before Enter included, is under 25 ms; six or more when every gap is under 60 ms, as
-// Bluetooth readers send them, and each key was let go of before the next one went down. A person who types
-// that fast still has the last key down when the next one goes down. A text in [ ], { }, # # or @ @ is a scan
+// Bluetooth readers send them, and each key was released before the next one was pressed. A person who types
+// that fast still holds the last key when the next one is pressed. A text in [ ], { }, # # or @ @ is a scan
 // at any length. A burst begins after an Enter, after a key that types nothing, or a quarter of a second
 // after the last character; what follows sooner belongs to the typing before it. Repeats of a held key begin
 // none.
@@ -74,8 +74,8 @@ private:
         QString text;
         quint64 lastTime = 0;    ///< of the last character
         quint64 longestGap = 0;  ///< between two characters, or the last one and Enter
-        int down = 0;            ///< characters whose key is not let go of yet
-        bool overlapped = false; ///< one went down before another was let go of
+        int down = 0;            ///< characters whose key is not released yet
+        bool overlapped = false; ///< one was pressed before another was released
     };
 
     QWidget& m_form;

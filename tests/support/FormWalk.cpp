@@ -44,7 +44,7 @@ std::string nameOf(const QWidget* widget)
                : widget->objectName().toStdString() + " (" + widget->metaObject()->className() + ")";
 }
 
-/// Parts of Qt's own controls: the list of a choice, the buttons of a tab bar, scroll bars and headings.
+/// Parts of Qt's own controls: the list of a combo box, the buttons of a tab bar, scroll bars and headings.
 bool isInside(const QWidget& widget, const QWidget& form)
 {
     if (qobject_cast<const QScrollBar*>(&widget) != nullptr
@@ -74,7 +74,7 @@ bool isWorked(const QWidget& widget)
            || qobject_cast<const QProgressBar*>(&widget) != nullptr;
 }
 
-/// A choice speaks its entry; what is chosen there is said by the label that belongs to it.
+/// A combo box speaks its entry; what is chosen there is said by the label that belongs to it.
 QString labelOf(const QAccessibleInterface& speech)
 {
     for (const auto& [label, relation] : speech.relations(QAccessible::Label))

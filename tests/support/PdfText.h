@@ -1,4 +1,4 @@
-// A PDF read back by poppler: its words and where they stand, in points from the corner of the page, and its
+// A PDF read back by poppler: its words and where they are, in points from the corner of the page, and its
 // pages as pictures.
 #pragma once
 

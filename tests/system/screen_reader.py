@@ -32,7 +32,7 @@ class ScreenReader:
                                           encoding="utf-8")
 
     def controls(self):
-        """All controls that can be seen and worked, of all windows: {"window", "role", "name", "place"}."""
+        """All controls that can be seen and operated, of all windows: {"window", "role", "name", "place"}."""
         self._listener.stdin.write("controls\n")
         self._listener.stdin.flush()
         return json.loads(self._listener.stdout.readline() or "[]")
