@@ -6,7 +6,7 @@
 
 Works on a copy of the tree in a folder of its own, build/mutants, so the checkout is never changed. Of a change only
 what links the changed library is built, and only the tests that link it are run: first those of the room's own folder,
-fastest first, up to the first that fails; changes that these let pass go to the other tests that link the library,
+fastest first, until one fails; changes that these let pass go to the other tests that link the library,
 unless --own is given. A change that does not compile does not count. A test that takes far longer than without the
 change has noticed it.
 
@@ -131,7 +131,8 @@ class Workplace:
     def __init__(self, root, folder, jobs, patience):
         self._tree, self._build = folder / "tree", folder / "build"
         self._jobs, self._patience = str(jobs), patience
-        self._times = {}
+        self._times = {}  # seconds of each test without a change
+        self._noticed = collections.Counter()
         self._tests = []
         synchronise(root, self._tree)
         # What one copy has compiled serves the next one, and no changed object takes room in the cache.
@@ -251,13 +252,24 @@ class Workplace:
         finally:
             file.write_text(original, encoding="utf-8")
 
+    def _in_turns(self, tests):
+        """The tests in groups of 1, 2, 4..., fast ones and those that have noticed much before the others: most
+        changes are noticed by the first, and the programs of the others need not be linked for them."""
+        waiting = sorted(tests, key=lambda test: self._times[test.name] / (1 + self._noticed[test.name]))
+        size = 1
+        while waiting:
+            yield waiting[:size]
+            waiting, size = waiting[size:], 2 * size
+
     def judge(self, mutant, tests):
         with self.changed(mutant):
-            if not self.build(tests):
-                return Outcome(mutant, NO_BUILD, "")
-            for test in sorted(tests, key=lambda test: self._times[test.name]):
-                if not self._passes(test, self._patience + PATIENCE * self._times[test.name]):
-                    return Outcome(mutant, NOTICED, test.name)
+            for group in self._in_turns(tests):
+                if not self.build(group):
+                    return Outcome(mutant, NO_BUILD, "")
+                for test in group:
+                    if not self._passes(test, self._patience + PATIENCE * self._times[test.name]):
+                        self._noticed[test.name] += 1
+                        return Outcome(mutant, NOTICED, test.name)
         return Outcome(mutant, PASSED, "")
 
 

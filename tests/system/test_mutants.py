@@ -23,8 +23,8 @@ def after(text, kind=None, words=True):
 class Changes(unittest.TestCase):
     def test_each_operator_becomes_its_neighbour(self):
         for text, changed in [("a == b;", "a != b;"), ("a < b;", "a <= b;"), ("a >= b;", "a > b;"),
-                              ("a && b;", "a || b;"), ("a + b;", "a - b;"), ("a / b;", "a * b;"), ("a -= b;", "a += b;"),
-                              ("++a;", "--a;"), ("x = -a;", "x = a;"), ("return !a;", "return a;")]:
+                              ("a && b;", "a || b;"), ("a + b;", "a - b;"), ("a / b;", "a * b;"),
+                              ("a -= b;", "a += b;"), ("++a;", "--a;"), ("x = -a;", "x = a;"), ("return !a;", "return a;")]:
             with self.subTest(text=text):
                 self.assertEqual([changed], after(text))
 
@@ -68,7 +68,8 @@ class Changes(unittest.TestCase):
         self.assertEqual(["while (!(ready()))\n    ;"], after("while (ready())\n    ;", "condition"))
 
     def test_what_a_condition_declares_is_not_negated(self):
-        self.assertEqual(["if (const int a = f(); !(a))\n    ;"], after("if (const int a = f(); a)\n    ;", "condition"))
+        self.assertEqual(["if (const int a = f(); !(a))\n    ;"],
+                         after("if (const int a = f(); a)\n    ;", "condition"))
         self.assertEqual([], after("if (const auto* a = f())\n    ;", "condition"))
 
     def test_a_lone_comparison_is_not_negated_a_second_time(self):
