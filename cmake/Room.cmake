@@ -38,7 +38,8 @@ function(suisui_room name)
 endfunction()
 
 # suisui_test(NAME SOURCES t.cpp LINKS room [LABELS l] [TIMEOUT s]): a GoogleTest program run by CTest.
-# Programs that need widgets link suisui_test_gui, the others suisui_test_core (tests/support).
+# Programs that need widgets link suisui_test_gui, the others suisui_test_core (tests/support); these have the label
+# "unit" too, and the target unit_tests builds them.
 function(suisui_test name)
     cmake_parse_arguments(T "" "TIMEOUT" "SOURCES;LINKS;LABELS" ${ARGN})
     suisui_refuse_the_rest(${name} ${T_UNPARSED_ARGUMENTS})
@@ -47,6 +48,13 @@ function(suisui_test name)
     add_test(NAME ${name} COMMAND ${name})
     if(NOT T_TIMEOUT)
         set(T_TIMEOUT 300)
+    endif()
+    if(suisui_test_core IN_LIST T_LINKS)
+        list(APPEND T_LABELS unit)
+        if(NOT TARGET unit_tests)
+            add_custom_target(unit_tests)
+        endif()
+        add_dependencies(unit_tests ${name})
     endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT} LABELS "${T_LABELS}"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/run;LC_ALL=C.UTF-8")

@@ -24,7 +24,8 @@ class Changes(unittest.TestCase):
     def test_each_operator_becomes_its_neighbour(self):
         for text, changed in [("a == b;", "a != b;"), ("a < b;", "a <= b;"), ("a >= b;", "a > b;"),
                               ("a && b;", "a || b;"), ("a + b;", "a - b;"), ("a / b;", "a * b;"),
-                              ("a -= b;", "a += b;"), ("++a;", "--a;"), ("x = -a;", "x = a;"), ("return !a;", "return a;")]:
+                              ("a -= b;", "a += b;"), ("++a;", "--a;"), ("x = -a;", "x = a;"), 
+                              ("return !a;", "return a;")]:
             with self.subTest(text=text):
                 self.assertEqual([changed], after(text))
 
