@@ -1,6 +1,7 @@
 """The build files: which compiler launcher is used, and that a misspelt name ends the configuration. Shown on a small
-project of its own, which includes the files of this one."""
+project of its own, which includes the files of this one. And which options ./check takes."""
 
+import json
 import os
 import pathlib
 import subprocess
@@ -82,6 +83,35 @@ class BuildRules(unittest.TestCase):
                 self.assertIn("follow no keyword: SOURCE;a.cpp", self.refused(lines))
 
 
+class Check(unittest.TestCase):
+    source = None
+
+    def check(self, *options):
+        # Whatever is not refused finds no program that could install or build anything.
+        return subprocess.run(["/bin/bash", self.source / "check", *options], env={"PATH": "/nowhere"}, check=False,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                              encoding="utf-8")
+
+    def test_an_option_that_it_does_not_know_is_named_together_with_those_that_it_knows(self):
+        for option in ("--asna", "clang", "-DSUISUI_WERROR=ON --fast", "-j4"):
+            with self.subTest(option=option):
+                done = self.check(*option.split())
+                self.assertEqual(2, done.returncode, done.stdout)
+                self.assertIn(f"does not know {option.split()[-1]}\n", done.stdout)
+                self.assertIn("[--clang | --asan]", done.stdout)
+
+    def test_two_variants_at_once_are_refused(self):
+        done = self.check("--clang", "--asan")
+        self.assertEqual(2, done.returncode, done.stdout)
+        self.assertIn("one variant at a time", done.stdout)
+
+    def test_each_variant_has_presets_to_configure_build_and_test(self):
+        presets = json.loads((self.source / "CMakePresets.json").read_text(encoding="utf-8"))
+        for kind in ("configurePresets", "buildPresets", "testPresets"):
+            self.assertLessEqual({"release", "clang", "asan"}, {preset["name"] for preset in presets[kind]})
+
+
 if __name__ == "__main__":
-    BuildRules.cmake = pathlib.Path(sys.argv.pop(1)).resolve() / "cmake"
+    Check.source = pathlib.Path(sys.argv.pop(1)).resolve()
+    BuildRules.cmake = Check.source / "cmake"
     unittest.main()
