@@ -1,7 +1,7 @@
 # One static library for each room. The include path is the top of the tree, so an include names the room that it
 # belongs to ("store/AppDB.h"), and scripts/includes.py can check which way it runs.
 
-# A name that is no target, such as a misspelt room, ends the configuration. Otherwise it would be passed on as a
+# A name that is not a target, such as a misspelt room, ends the configuration. Otherwise it would be passed on as a
 # library of the system and fail much later, when the linker looks for it.
 set(CMAKE_LINK_LIBRARIES_ONLY_TARGETS ON)
 

@@ -34,7 +34,7 @@ CONDITION = re.compile(r"\b(?:if|while) \(")
 EQUALITY = re.compile(r" [!=]= |^!")
 JOINED = re.compile(r"&&|\|\|")
 DECLARES = re.compile(r"\s*(?:const\s+)?(?:auto|[A-Za-z_][\w:]*(?:<[^;]*>)?)\s*[*&]*\s+[*&]*\w+\s*=[^=]")
-# Where a statement may begin, and what begins one that is no call.
+# Where a statement may begin, and what begins one that is not a call.
 STATEMENT = re.compile(r"(?:(?<=[;{})])|(?<=\belse))\s*(?P<cast>\(void\))?(?P<call>[A-Za-z_][\w:]*)")
 NO_CALL = {"return", "if", "for", "while", "switch", "case", "default", "do", "else", "throw", "delete", "new",
            "break", "continue", "goto", "using", "namespace", "class", "struct", "enum", "public", "private",

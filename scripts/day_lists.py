@@ -57,7 +57,7 @@ def _slip(day, shop, reader, program):
                                          " Name COLLATE NOCASE, Code", customer)]
     day.expect("the slip carries the rows in their order", [line.split(",")[0] for line in lines[1:-2]] == codes)
     passed = shop.settings("SlipIni.ini")
-    day.expect("the slip program is told the customer",
+    day.expect("the slip program gets the customer",
                (passed["Slip", "CustomerCode"], passed["Slip", "CustomerName"]) == (customer, name))
     print("scan [G]               FileCsv.csv for the slip program:")
     for line in lines:
