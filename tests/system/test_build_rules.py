@@ -4,6 +4,7 @@ project of its own, which includes the files of this one. And which options ./ch
 import json
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -86,11 +87,17 @@ class BuildRules(unittest.TestCase):
 class Check(unittest.TestCase):
     source = None
 
-    def check(self, *options):
+    def setUp(self):
+        place = tempfile.TemporaryDirectory(prefix="suisui-check-")
+        self.addCleanup(place.cleanup)
         # Whatever is not refused finds no program that could install or build anything.
-        return subprocess.run(["/bin/bash", self.source / "check", *options], env={"PATH": "/nowhere"}, check=False,
-                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                              encoding="utf-8")
+        self.programs = pathlib.Path(place.name)
+        (self.programs / "dirname").symlink_to(shutil.which("dirname"))
+
+    def check(self, *options):
+        return subprocess.run(["/bin/bash", self.source / "check", *options], env={"PATH": str(self.programs)},
+                              check=False, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                              stderr=subprocess.STDOUT, encoding="utf-8")
 
     def test_an_option_that_it_does_not_know_is_named_together_with_those_that_it_knows(self):
         for option in ("--asna", "clang", "-DSUISUI_WERROR=ON --fast", "-j4"):
