@@ -1,5 +1,9 @@
-# One static library for each room. The include path is the top of the tree, so an include names
-# the room it reaches into ("store/AppDB.h") and tests/includes.py can hold the direction.
+# One static library for each room. The include path is the top of the tree, so an include names the room that it
+# belongs to ("store/AppDB.h"), and scripts/includes.py can check which way it runs.
+
+# A name that is not a target, such as a misspelt room, ends the configuration. Otherwise it would be passed on as a
+# library of the system and fail much later, when the linker looks for it.
+set(CMAKE_LINK_LIBRARIES_ONLY_TARGETS ON)
 
 add_library(suisui_flags INTERFACE)
 # What a compiler of tomorrow warns of must not keep anybody from building the program: only .ci/run makes it an error.
@@ -18,22 +22,39 @@ if(SUISUI_SANITIZE)
     target_compile_options(suisui_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
+# A misspelt keyword ("LINK suisui_store") would be ignored together with what follows it.
+function(suisui_refuse_the_rest name)
+    if(ARGN)
+        message(FATAL_ERROR "${name}: these arguments follow no keyword: ${ARGN}")
+    endif()
+endfunction()
+
 # suisui_room(NAME SOURCES a.cpp b.cpp LINKS below... ): the static library of a room.
 function(suisui_room name)
     cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
+    suisui_refuse_the_rest(${name} ${ROOM_UNPARSED_ARGUMENTS})
     add_library(${name} STATIC ${ROOM_SOURCES})
     target_link_libraries(${name} PUBLIC suisui_flags ${ROOM_LINKS})
 endfunction()
 
 # suisui_test(NAME SOURCES t.cpp LINKS room [LABELS l] [TIMEOUT s]): a GoogleTest program run by CTest.
-# Programs that need widgets link suisui_test_gui, the others suisui_test_core (tests/support).
+# Programs that need widgets link suisui_test_gui, the others suisui_test_core (tests/support); these have the label
+# "unit" too, and the target unit_tests builds them.
 function(suisui_test name)
     cmake_parse_arguments(T "" "TIMEOUT" "SOURCES;LINKS;LABELS" ${ARGN})
+    suisui_refuse_the_rest(${name} ${T_UNPARSED_ARGUMENTS})
     add_executable(${name} ${T_SOURCES})
     target_link_libraries(${name} PRIVATE ${T_LINKS})
     add_test(NAME ${name} COMMAND ${name})
     if(NOT T_TIMEOUT)
         set(T_TIMEOUT 300)
+    endif()
+    if(suisui_test_core IN_LIST T_LINKS)
+        list(APPEND T_LABELS unit)
+        if(NOT TARGET unit_tests)
+            add_custom_target(unit_tests)
+        endif()
+        add_dependencies(unit_tests ${name})
     endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT ${T_TIMEOUT} LABELS "${T_LABELS}"
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/run;LC_ALL=C.UTF-8")

@@ -1,5 +1,5 @@
-// The files of a folder, of which one is chosen. The framed file is the chosen one: as long as none is, there
-// is no frame, and the first key of the arrows, Home or End chooses.
+// The files of a folder, of which one is chosen. The chosen file has the frame. As long as none is chosen
+// there is no frame, and the first key of the arrows, Home or End chooses.
 #pragma once
 
 #include <QListWidget>

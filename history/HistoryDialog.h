@@ -31,7 +31,7 @@ protected:
     virtual void CmdOK_Click() = 0;
     virtual void CmdEnd_Click() = 0;
 
-    /// Timer1 stands still while a box is up or work is under way.
+    /// Timer1 does not run while a box is up or work is under way.
     void stopTimer() { m_scan->stop(); }
     void restartTimer() { m_scan->start(); }
     void unload();

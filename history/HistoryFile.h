@@ -24,7 +24,7 @@ struct Period
 /// The pattern of the files with \a extension, for those who look for them.
 [[nodiscard]] QString historyFilePattern(const QString& extension);
 
-/// The period that a file name without its extension tells by position: 8 characters from the 4th and 8 from
+/// The period in a file name without its extension, by position: 8 characters from the 4th and 8 from
 /// the 13th. Nothing else of the name is looked at.
 [[nodiscard]] Period periodOf(const QString& name);
 
@@ -36,10 +36,10 @@ struct Period
 [[nodiscard]] std::string asideOf(const std::string& path);
 
 /// Gives the stored file \a aside its name \a path and flushes it; when something else has that name, the
-/// next free one that tells the same period. False when the folder cannot be reached or written.
+/// next free one of the same period. False when the folder cannot be reached or written.
 [[nodiscard]] bool giveName(const std::string& aside, const std::string& path);
 
-/// A history file that is being filled under its hidden name. Unless it is kept, it leaves nothing behind.
+/// A history file that is being filled under its hidden name. Unless it is kept, it is removed.
 class FileInTheMaking
 {
 public:

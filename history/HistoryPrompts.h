@@ -1,5 +1,5 @@
-// What saving and loading a period ask the operator. The rules know this interface; the dialogs stand behind
-// it.
+// What saving and loading a period ask the operator. The rules know this interface; the dialogs
+// implement it.
 #pragma once
 
 #include <functional>

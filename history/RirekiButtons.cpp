@@ -37,12 +37,12 @@ void RirekiButtons::cmdRirekiOut_Click()
     takeExtension();
     const RirekiDB::Result result = m_history.save();
     m_services.frame.BusyOff();
-    tell(result, words,
-         fillIn(u"「 履歴の保存 」 が 完了しました。\r\n\r\n　（ 履歴ファイル ： \r\n　　 RRK "
-                u"{DateFrom}-{DateTo} . {KakuTyo} ）　　　",
-                {{u"DateFrom", QString::fromStdString(m_history.period().from)},
-                 {u"DateTo", QString::fromStdString(m_history.period().to)},
-                 {u"KakuTyo", m_history.HistoryExt()}}));
+    report(result, words,
+           fillIn(u"「 履歴の保存 」 が 完了しました。\r\n\r\n　（ 履歴ファイル ： \r\n　　 RRK "
+                  u"{DateFrom}-{DateTo} . {KakuTyo} ）　　　",
+                  {{u"DateFrom", QString::fromStdString(m_history.period().from)},
+                   {u"DateTo", QString::fromStdString(m_history.period().to)},
+                   {u"KakuTyo", m_history.HistoryExt()}}));
     m_controls.cmdRirekiOut.setFocus();
 }
 
@@ -60,7 +60,7 @@ void RirekiButtons::cmdRirekiIn_Click()
     takeExtension();
     const RirekiDB::Result result = m_history.load();
     m_services.frame.BusyOff();
-    tell(result, words, u"「 履歴の読込 」 が 完了しました。　　　"_s);
+    report(result, words, u"「 履歴の読込 」 が 完了しました。　　　"_s);
     m_controls.cmdRirekiIn.setFocus();
 }
 
@@ -109,7 +109,7 @@ void RirekiButtons::takeExtension()
 }
 
 /// A cancel says nothing, and leaves what is pending pending.
-void RirekiButtons::tell(RirekiDB::Result result, const Words& words, const QString& doneText)
+void RirekiButtons::report(RirekiDB::Result result, const Words& words, const QString& doneText)
 {
     if (result == RirekiDB::Done) {
         for (int tab = 0; tab < static_cast<int>(Tab::Count); ++tab)

@@ -31,7 +31,7 @@ private:
     [[nodiscard]] bool sentinelIsThere();
     [[nodiscard]] bool somethingIsSaved();
     void takeExtension();
-    void tell(RirekiDB::Result result, const Words& words, const QString& doneText);
+    void report(RirekiDB::Result result, const Words& words, const QString& doneText);
 
     Services m_services;
     HistoryPrompts& m_prompts;

@@ -38,8 +38,8 @@ void RirekiDB::settle()
         awayFromLoop([this] { settleUnfinishedSave(m_services.db, m_services.ini); });
 }
 
-/// Runs \a work behind the wait window. An error of the run time is told to the operator and leaves the
-/// result as it stands; what it may have left half done is taken back.
+/// Runs \a work under the wait window. A run-time error is reported to the operator and leaves the result
+/// as it is; what it may have left half done is taken back.
 RirekiDB::Result RirekiDB::run(const Job& job, const std::function<Result()>& work)
 {
     m_progress = 0;
@@ -108,7 +108,7 @@ void RirekiDB::closeHistory()
     m_history.reset();
 }
 
-/// Nothing that a list holds may stand in the way of the moving rows.
+/// Nothing that a list holds may get in the way of the moving rows.
 void RirekiDB::clearRows()
 {
     AppDB& db = m_services.db;

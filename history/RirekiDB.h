@@ -2,7 +2,7 @@
 // The stock never moves by that; only the part of it that is carried forward does.
 //
 // At any instant, power cuts included, a movement is in the working tables, or in a history file that
-// RirekiTB lists: a file is whole and on the disk before the working database lets go of its rows, gets its
+// RirekiTB lists: a file is whole and on the disk before the working database gives up its rows, gets its
 // name after that, and goes only after they are back. What a kill in between leaves is settled by whoever
 // starts, saves or loads next (UnfinishedSave.h).
 //
@@ -42,7 +42,7 @@ public:
     /// Ends what a killed program has left of a save. For the start; save and load do it themselves.
     void settle();
     /// Asks for a period and a folder and moves the period there. When the file system fails before anything
-    /// has moved, the operator is told here and the result is Done nevertheless, as it has always been.
+    /// has moved, that is reported here and the result is Done nevertheless, as it has always been.
     [[nodiscard]] Result save();
     /// Asks for a history file and brings its movements back. A row whose key the working tables hold already
     /// is dropped with the file. A file that is not the one on the list, or is damaged, is refused and kept.

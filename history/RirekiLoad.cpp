@@ -79,8 +79,8 @@ void RirekiDB::refuse(const Place& place)
          BoxIcon::Stop});
 }
 
-/// Opens the file and looks through it, before anything of it goes anywhere. \a fits tells a file that never
-/// can be loaded from one that cannot be had now.
+/// Opens the file and looks through it, before anything of it goes anywhere. \a fits is false
+/// for a file that can never be loaded, and true for one that cannot be read now.
 RirekiDB::Result RirekiDB::openSound(const std::string& path, bool& fits)
 {
     Result result = openHistory(path, false);

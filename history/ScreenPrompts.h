@@ -17,7 +17,7 @@ class MsgBox;
 class ScreenPrompts final : public HistoryPrompts
 {
 public:
-    /// \a window stands behind the dialogs; \a readLine gives what the reader sends meanwhile.
+    /// \a window is the parent of the dialogs; \a readLine gives what the reader sends meanwhile.
     ScreenPrompts(AppDB& db, const AppIni& ini, const AppEnv& env, const Clock& clock, MsgBox& msgBox,
                   DialogScan::ReadLine readLine, QWidget& window);
 

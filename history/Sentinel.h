@@ -1,4 +1,4 @@
-// The row of RirekiTB that stands for no period: it carries the extension of all history files of the
+// The row of RirekiTB that is not a period: it carries the extension of all history files of the
 // database, chosen once.
 #pragma once
 

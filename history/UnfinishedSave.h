@@ -1,7 +1,7 @@
 // A save that was cut short by a kill, a power cut or a stick that was pulled out, and what becomes of it.
 //
 // The file of a period is filled and flushed under a hidden name, and gets its own only after the working
-// database has let go of the rows and lists the period. So no kill leaves a file that could be chosen for a
+// database has given up the rows and lists the period. So no kill leaves a file that could be chosen for a
 // load and is not a finished save. What a kill may leave is the hidden file, and the list says what it is:
 // listed, it holds the rows and only its name is missing; not listed, its rows never left the tables.
 #pragma once

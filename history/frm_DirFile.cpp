@@ -65,7 +65,7 @@ frm_DirFile::frm_DirFile(const PlaceQuestion& question, const AppIni& ini, const
 {
     m_ui->setupUi(this);
     makeTree();
-    dress(env);
+    setUpLook(env);
     for (const auto& kind : kinds)
         if (kind.kind == m_question.kind)
             goTo((ini.*kind.lastFolder)());
@@ -82,7 +82,7 @@ frm_DirFile::frm_DirFile(const PlaceQuestion& question, const AppIni& ini, const
 
 frm_DirFile::~frm_DirFile() = default;
 
-void frm_DirFile::dress(const AppEnv& env)
+void frm_DirFile::setUpLook(const AppEnv& env)
 {
     QPalette band = m_ui->fraBand->palette();
     band.setColor(QPalette::Window, m_question.saveMode ? QColor(255, 0, 255) : QColor(0, 255, 0));

@@ -32,7 +32,7 @@ public:
     /// All three; empty for a cancel.
     [[nodiscard]] const Place& place() const { return m_place; }
 
-    /// Shows \a folder, as a choice in the tree does. A folder that cannot be reached is passed over: false.
+    /// Shows \a folder, as a click in the tree does. A folder that cannot be reached is passed over: false.
     bool goTo(const QString& folder);
 
 protected:
@@ -41,7 +41,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void dress(const AppEnv& env);
+    void setUpLook(const AppEnv& env);
     void makeTree();
     void keepInSight();
     void DirList_Change(const QModelIndex& current);

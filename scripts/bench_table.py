@@ -17,7 +17,7 @@ import sys
 BEGIN, END = "<!-- the table begins -->", "<!-- the table ends -->"
 
 # A figure: which benchmark it comes from, its words, the counter of this program and that of the baseline (None
-# where there is none), the counter that the goal is about, the goal as the most that it may be (None: told for
+# where there is none), the counter that the goal is about, the goal as the most that it may be (None: there for
 # information), and the unit: of program and baseline where they are not milliseconds, or of what the goal is about.
 Figure = collections.namedtuple("Figure", "benchmark words program baseline judged goal unit")
 
@@ -80,7 +80,7 @@ FIGURES = (
 
 
 def results(folder):
-    """Counters of every benchmark by "program:Name/Argument"; how often it repeats is no part of the name."""
+    """Counters of every benchmark by "program:Name/Argument"; how often it repeats is not part of the name."""
     found = {}
     for file in sorted(pathlib.Path(folder).glob("*.json")):
         text = file.read_text(encoding="utf-8")

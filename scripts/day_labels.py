@@ -7,7 +7,7 @@ import desk
 
 LABELS, PRINTER = "バーコード印刷", "印刷"
 PAPER = LABELS.removesuffix("印刷")  # name of the PDF files
-# Enters from the choice of rows to the box of the screen codes, and from there to that of the search codes.
+# Enters from the combo box of rows to the box of the screen codes, and from there to that of the search codes.
 TO_SCREEN_CODES, TO_SEARCH_CODES = 20, 3
 
 
@@ -34,7 +34,7 @@ def work(day, screen, reader, folder):
     reader.scan("[0]")
     reader.scan("[M]")  # as many labels as the quantity says
     _print(day, screen, reader, folder, picture="labels")
-    # The marks are used up, so the rows are named: the second choice proposes those from the cursor on.
+    # The marks are used up, so the rows are named: the second entry proposes those from the cursor on.
     reader.scan("[L]")
     _print(day, screen, reader, folder, "{DOWN}", "{ENTER %d}" % TO_SCREEN_CODES, "{ }",
            "{ENTER %d}" % TO_SEARCH_CODES, "{ }", picture="labels-functions")

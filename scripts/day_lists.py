@@ -56,9 +56,9 @@ def _slip(day, shop, reader, program):
     codes = [code for code, in shop.rows("SELECT Code FROM OutTB WHERE SyuSakiCD = ? ORDER BY SyuDate,"
                                          " Name COLLATE NOCASE, Code", customer)]
     day.expect("the slip carries the rows in their order", [line.split(",")[0] for line in lines[1:-2]] == codes)
-    told = shop.settings("SlipIni.ini")
-    day.expect("the slip program is told the customer",
-               (told["Slip", "CustomerCode"], told["Slip", "CustomerName"]) == (customer, name))
+    passed = shop.settings("SlipIni.ini")
+    day.expect("the slip program gets the customer",
+               (passed["Slip", "CustomerCode"], passed["Slip", "CustomerName"]) == (customer, name))
     print("scan [G]               FileCsv.csv for the slip program:")
     for line in lines:
         print(f"                      {line}")

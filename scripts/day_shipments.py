@@ -53,7 +53,7 @@ def work(day, shop, screen, reader):
     enough = _code(shop, plain + ">= CAST(Stock AS REAL) + 5")
     _ship(day, shop, screen, reader, enough, None)
 
-    # The cursor stands in the quantity of the new row: three pieces more, one of them returned in good order.
+    # The cursor is in the quantity of the new row: three pieces more, one of them returned in good order.
     quantity = round(float(shop.rows("SELECT SyuSuu FROM Master WHERE Code = ?", enough)[0][0])) + 3
     before = float(shop.stock()[enough])
     reader.scan("{" + "}{".join(str(quantity)) + "}{TAB %d}{1}{ENTER}" % FROM_QUANTITY_TO_GOOD_RETURNS)

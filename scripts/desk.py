@@ -56,7 +56,7 @@ def wait_for(what, condition, seconds=DEADLINE):
 
 def wait_past(stamp):
     """Waits until the second of a scan's time stamp is over: a scan ends in a later second than it began, and then
-    its row stands on the screen."""
+    its row is on the screen."""
     wait_for("the second of the scan is over", lambda: time.strftime("%Y%m%d%H%M%S") > stamp)
 
 
@@ -229,7 +229,7 @@ class Screen(Windows):
         typing_reader.type_at_once(self.environment["DISPLAY"], keys)
 
     def answer(self, title, *keys, picture=None):
-        """Waits for the box, answers it with keys (Enter unless told) and waits until it is gone.
+        """Waits for the box, answers it with keys (Enter unless keys are given) and waits until it is gone.
 
         The next box may carry the same title, so it is the window that is waited for."""
         self.wait_active(title)

@@ -1,10 +1,13 @@
 #!/usr/bin/env python3
-"""Holds the direction of includes: a room includes only what stands below it, never its neighbour.
+"""Checks the direction of includes: a room includes only the rooms below it, never its neighbour.
 
-Prints every include that goes the wrong way as file:line and ends with status 1 when there is one.
+Prints every include that goes the wrong way as file:line. A room that does not exist and a source file that belongs to
+no room are faults too: nobody would look at them. Ends with status 1 when there is a fault. With --rooms it prints the
+names of the rooms instead.
 """
 
 import argparse
+import os
 import pathlib
 import re
 import sys
@@ -33,10 +36,14 @@ ENGINE_FILES = re.compile(r"store/(Sqlite|Dialect|ArrivingRows)\.(h|cpp)")
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 FLOOR_OF = {room: floor for floor, rooms in enumerate(FLOORS) for room in rooms}
 ROOMS = [*FLOOR_OF, *BESIDE]
+SOURCE = (".h", ".cpp")
+# Made by the commands, and a build folder wherever it is.
+MADE = {"build", "app", "demo-out"}
+BUILD_MARK = "CMakeCache.txt"
 
 
 def room_of(path):
-    """The room that a path from the top lies in, or None."""
+    """The room of a path from the top, or None."""
     return next((room for room in ROOMS if path.startswith(room + "/")), None)
 
 
@@ -74,27 +81,52 @@ def faults(path, text, widget_headers):
 
 
 def sources(root):
+    """Every source file under root, in a room or not."""
+    for folder, below, names in os.walk(root):
+        top = pathlib.Path(folder) == root
+        if BUILD_MARK in names and not top:
+            below.clear()
+            continue
+        below[:] = sorted(name for name in below if not name.startswith(".") and not (top and name in MADE))
+        for name in sorted(names):
+            if name.endswith(SOURCE):
+                yield pathlib.Path(folder) / name
+
+
+def misplaced(root, files):
+    """What is wrong with the rooms under root as a whole; files are its source files."""
     for room in ROOMS:
-        for file in sorted((root / room).rglob("*")):
-            if file.suffix in (".h", ".cpp"):
-                yield file
+        if not (root / room).is_dir():
+            yield f"there is no room {room}"
+    for file in files:
+        path = file.relative_to(root).as_posix()
+        if room_of(path) is None:
+            yield f"{path} is in no room: scripts/includes.py lists them"
 
 
 def main():
     options = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    options.add_argument("--qt-headers", required=True, help="folder that holds QtWidgets")
-    options.add_argument("root", help="top of the source tree")
+    options.add_argument("--qt-headers", help="folder that holds QtWidgets")
+    options.add_argument("--rooms", action="store_true", help="print the rooms and end")
+    options.add_argument("root", nargs="?", help="top of the source tree")
     chosen = options.parse_args()
+    if chosen.rooms:
+        print("\n".join(ROOMS))
+        return
+    if not chosen.root or not chosen.qt_headers:
+        options.error("--qt-headers and the top of the source tree are needed")
     root = pathlib.Path(chosen.root)
     widget_headers = {file.name for file in (pathlib.Path(chosen.qt_headers) / "QtWidgets").iterdir()}
     if "QWidget" not in widget_headers:
         sys.exit("QtWidgets was not found")
-    count, wrong = 0, []
-    for file in sources(root):
-        count += 1
-        wrong += faults(file.relative_to(root).as_posix(), file.read_text(encoding="utf-8"), widget_headers)
-    print("\n".join([*wrong, f"{count} files, {len(wrong)} includes that go the wrong way"]))
-    sys.exit(1 if wrong or not count else 0)
+    files = list(sources(root))
+    wrong = list(misplaced(root, files))
+    for file in files:
+        path = file.relative_to(root).as_posix()
+        if room_of(path) is not None:
+            wrong += faults(path, file.read_text(encoding="utf-8"), widget_headers)
+    print("\n".join([*wrong, f"{len(files)} files, {len(wrong)} faults"]))
+    sys.exit(1 if wrong or not files else 0)
 
 
 if __name__ == "__main__":

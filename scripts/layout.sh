@@ -1,5 +1,5 @@
 #!/bin/bash
-# Fails when a C++ file of the house is not laid out as .clang-format says.
+# Fails when a C++ file of ours is not laid out as .clang-format says.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # Each release lays out a little differently, so one of them decides; 77 says that nothing was looked at.
@@ -8,11 +8,11 @@ if ! clang-format --version | grep -q "version $decides\."; then
     echo "The layout is that of clang-format $decides; here is $(clang-format --version)"
     exit 77
 fi
-rooms=()
-for room in platform store frame movement lists history barcode tools sheet tests benchmarks; do
-    [ ! -d "$room" ] || rooms+=("$room")
-done
-mapfile -d '' files < <(find "${rooms[@]}" \( -name '*.h' -o -name '*.cpp' \) -print0 | sort -z)
-[ "${#files[@]}" -gt 0 ]
+# A room that does not exist ends this script: find says which.
+listed=$(python3 -B scripts/includes.py --rooms)
+mapfile -t rooms <<<"$listed"
+found=$(find "${rooms[@]}" \( -name '*.h' -o -name '*.cpp' \) | sort)
+mapfile -t files <<<"$found"
+[ -n "${files[0]}" ]
 echo "${#files[@]} files"
 clang-format --dry-run -Werror --style=file "${files[@]}"

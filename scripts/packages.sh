@@ -8,6 +8,8 @@ no_display_packages=(python3 xvfb xdotool openbox scrot)
 screen_packages=(ibus ibus-anthy at-spi2-core gir1.2-atspi-2.0 python3-gi dbus-daemon)
 # dpkg-dev and file find out on which packages the Debian package depends; the five after them judge what is in it.
 test_packages=(dpkg-dev file lintian appstream desktop-file-utils man-db systemd libgtest-dev libbenchmark-dev clang-format clang-tidy poppler-utils zbar-tools cups-daemon cups-client cups-ipp-utils cups-filters-core-drivers weston qt6-wayland xwayland "${screen_packages[@]}" "${no_display_packages[@]}")
+# Only for ./check --clang.
+clang_packages=(clang)
 # Only for taking the pictures of the guide anew: guide_pictures.py.
 guide_packages=(imagemagick poppler-utils)
 bench_packages=(libbenchmark-dev libgtest-dev "${no_display_packages[@]}")

@@ -30,7 +30,7 @@ constexpr double entryHeight = 15.5;
 
 // One entry.
 constexpr double barHeight = 9.5;
-constexpr double shortestBars = 34; ///< so that the names of most stand in one line
+constexpr double shortestBars = 34; ///< so that the names of most fit on one line
 constexpr double textGap = 4;
 constexpr double codeBelowName = 5.2;
 constexpr int barStep = 3; ///< a quarter of a millimetre, which readers of all kinds take
@@ -54,7 +54,7 @@ public:
     void begin(const QString& heading)
     {
         endRow();
-        // A heading never stands alone at the foot of a page.
+        // A heading is never alone at the foot of a page.
         if (m_outcome.pages == 0 || m_y + headingHeight + entryHeight > lastLine)
             newPage();
         text(headingSize, true, leftEdge, m_y + 1.5, columnPitch, heading);

@@ -1,5 +1,5 @@
 // The sheet of codes: bars with the name and the code beside them, two columns to an A4 page, drawn by the
-// same hand as the labels. It lies beside the reader, or on another screen, so that work can begin before
+// same hand as the labels. It is put beside the reader, or on another screen, so that work can begin before
 // anything is labelled.
 #pragma once
 

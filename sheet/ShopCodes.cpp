@@ -12,7 +12,7 @@ struct CodeSource
 {
     const char16_t* heading;
     std::string_view select;
-    const char16_t* around; ///< what tells a scan of this kind from goods
+    const char16_t* around; ///< what distinguishes a scan of this kind from goods
 };
 constexpr CodeSource sources[] = {
     {u"担当者", "SELECT Code, Name FROM TantouTB ORDER BY Code", u"@"},

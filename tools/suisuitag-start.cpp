@@ -23,6 +23,7 @@
 #include <QUrl>
 
 #include "platform/core/Files.h"
+#include "platform/core/FontName.h"
 #include "platform/core/OwnOnly.h"
 #include "platform/core/SingleInstance.h"
 #include "store/AppDB.h"
@@ -289,8 +290,8 @@ int main(int argc, char** argv)
 {
     suisui::beginProgram();
     const QApplication application(argc, argv);
-    QFont font(u"BIZ UDGothic"_s);
-    font.setPixelSize(14); // half-width characters are half as wide as full-width ones
+    QFont font(QString::fromUtf16(suisui::fontName));
+    font.setPixelSize(suisui::screenFontPixels);
     QApplication::setFont(font);
     QTranslator words;
     if (words.load(u"qtbase_ja"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

@@ -173,7 +173,7 @@ void Main_Module::unloadWaits()
     m_wait->unload();
 }
 
-/// A warning only: the operator is told to move old movements out.
+/// A warning only: it asks the operator to move old movements out.
 void Main_Module::volumeCheck(int count, const QString& text)
 {
     if (count < rowsThatCallForHistory)

@@ -12,17 +12,17 @@ namespace {
 
 enum class Drawing { BoxIn, BoxOut, Shelf, ListIn, ListOut };
 
-struct Dress
+struct Look
 {
     QColor color;
     Drawing drawing;
 };
 
-// Receipts blue, shipments brown, stock green; the lists wear the colour of their side, paler.
-const std::array dresses{
-    Dress{QColor(38, 92, 148), Drawing::BoxIn},    Dress{QColor(150, 84, 28), Drawing::BoxOut},
-    Dress{QColor(42, 112, 66), Drawing::Shelf},    Dress{QColor(78, 118, 160), Drawing::ListIn},
-    Dress{QColor(166, 116, 72), Drawing::ListOut},
+// Receipts blue, shipments brown, stock green; the lists have the colour of their side, paler.
+const std::array looks{
+    Look{QColor(38, 92, 148), Drawing::BoxIn},    Look{QColor(150, 84, 28), Drawing::BoxOut},
+    Look{QColor(42, 112, 66), Drawing::Shelf},    Look{QColor(78, 118, 160), Drawing::ListIn},
+    Look{QColor(166, 116, 72), Drawing::ListOut},
 };
 
 constexpr int pictureSize = 28;
@@ -87,18 +87,18 @@ QPixmap picture(Drawing drawing, qreal ratio)
 
 } // namespace
 
-void dressTitleBar(Tab tab, QFrame& bar, QLabel& pictureLabel)
+void paintTitleBar(Tab tab, QFrame& bar, QLabel& pictureLabel)
 {
-    const Dress& dress = dresses.at(static_cast<std::size_t>(tab));
+    const Look& look = looks.at(static_cast<std::size_t>(tab));
     QPalette palette = bar.palette();
-    palette.setColor(QPalette::Window, dress.color);
+    palette.setColor(QPalette::Window, look.color);
     palette.setColor(QPalette::WindowText, Qt::white);
     bar.setPalette(palette);
     bar.setAutoFillBackground(true);
     QFont font = bar.font();
     font.setBold(true);
     bar.setFont(font);
-    pictureLabel.setPixmap(picture(dress.drawing, pictureLabel.devicePixelRatioF()));
+    pictureLabel.setPixmap(picture(look.drawing, pictureLabel.devicePixelRatioF()));
 }
 
 } // namespace suisui

@@ -9,6 +9,6 @@ class QLabel;
 namespace suisui {
 
 /// Gives \a bar the colour of \a tab and \a picture its picture.
-void dressTitleBar(Tab tab, QFrame& bar, QLabel& picture);
+void paintTitleBar(Tab tab, QFrame& bar, QLabel& picture);
 
 } // namespace suisui

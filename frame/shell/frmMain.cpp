@@ -94,7 +94,7 @@ void frmMain::buildPages()
     for (int tab = 0; tab < static_cast<int>(Tab::Count); ++tab) {
         const auto at = static_cast<std::size_t>(tab);
         frames[at]->layout()->addWidget(m_pages[at]);
-        dressTitleBar(static_cast<Tab>(tab), *bars[at], *pictures[at]);
+        paintTitleBar(static_cast<Tab>(tab), *bars[at], *pictures[at]);
         m_pages[at]->grid()->setKeyPressHandler(
             [this, tab](int& key) { gridKeyPress(static_cast<Tab>(tab), key); });
     }
@@ -195,7 +195,7 @@ void frmMain::BusyOn()
 
 void frmMain::BusyOff()
 {
-    // Held keys wait for the main loop: worked here they would nest inside the handler that is ending.
+    // Held keys wait for the main loop: processed here they would nest inside the handler that is ending.
     m_gate.setEnabled(false);
     DoEvents();
     m_around.shortWait.setEndMark();

@@ -56,16 +56,17 @@ public:
     explicit frmMain(const Surroundings& surroundings, QWidget* parent = nullptr);
     ~frmMain() override;
 
-    /// Form_Load: lists, dates, captions, first searches of the tabs behind. May set MasterMissing.
+    /// Form_Load: lists, dates, captions, first searches of the tabs that are not in front. May set
+    /// MasterMissing.
     void load();
-    /// Master data is so incomplete that the program must hand over to the master-data program.
+    /// Master data is so incomplete that the program must give way to the master-data program.
     [[nodiscard]] bool MasterMissing() const { return m_masterMissing; }
     /// Brings tab \a tab to the front with everything that a change of tab does, even if it is there.
     void showTab(Tab tab);
     void cmdMaster_Click();
-    /// Where periods are saved to and loaded from by and large, and the reader for the dialogs that ask.
+    /// The usual folder of saved periods, and the reader for the dialogs that ask.
     void setHistoryPlace(const AppEnv& env, const std::function<QString()>& readLine);
-    /// What the slip program reads, and the folder in which it stands.
+    /// What the slip program reads, and the folder that it is in.
     void setSlipPlace(SlipIni& ini, const QString& exeFolder);
     /// What labels are printed with; \a readLine is the next line of the reader.
     void setLabelPrinting(BarPrt& barPrt, const std::function<QString()>& readLine);
@@ -83,13 +84,13 @@ public:
     [[nodiscard]] bool hasTypedScan() const { return m_gate.hasScan(); }
     /// Something is under way, or keys and scans wait for their turn.
     [[nodiscard]] bool atWork() const;
-    /// The pages and the shared choice of staff, for whoever drives the window.
+    /// The pages and the shared combo box of staff, for whoever drives the window.
     [[nodiscard]] Page& page(Tab tab) { return *m_pages.at(static_cast<std::size_t>(tab)); }
     [[nodiscard]] QComboBox* staffChoice();
 
     // What the window asks of the run. All must be set before it is shown.
     std::function<bool()> askEnd;             ///< frm_End: true to end
-    std::function<void()> setMasterStartFlag; ///< the run hands over when it has stopped
+    std::function<void()> setMasterStartFlag; ///< the run starts the other program when it has stopped
     std::function<void()> clearMasterStartFlag;
     std::function<bool()> masterStartFlag;
     std::function<void()> unloaded; ///< writes the last-use date, releases the reader, sets EndFlag

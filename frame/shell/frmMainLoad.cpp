@@ -22,7 +22,7 @@ namespace suisui {
 
 namespace {
 
-/// What a side is told apart by when its partners are read.
+/// What distinguishes the sides when their partners are read.
 struct PartnerWords
 {
     KokyakuRec& (AppDB::*table)();
@@ -130,8 +130,8 @@ void frmMain::DateBoxInit()
     }
 }
 
-/// The settings' words, tab by tab. Each tab is selected on the way, so that those behind have had their
-/// first search before the window is seen.
+/// The settings' words, tab by tab. Each tab is selected on the way, so that those not in front have had
+/// their first search before the window is seen.
 void frmMain::loadCaptions()
 {
     const AppIni& ini = m_around.ini;

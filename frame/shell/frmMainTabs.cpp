@@ -62,8 +62,8 @@ void frmMain::showTab(Tab tab)
         m_ui->SSTab->setCurrentIndex(static_cast<int>(tab));
 }
 
-/// A page that goes behind hands its focus to the control next to it, which would flash up in cyan before the
-/// page that comes to the front takes the focus. It is dropped instead.
+/// A page that leaves the front hands its focus to the control next to it, which would flash up in cyan
+/// before the page that comes to the front takes the focus. It is dropped instead.
 bool frmMain::focusNextPrevChild(bool next)
 {
     QWidget* left = focusWidget();
@@ -98,7 +98,7 @@ void frmMain::showTitle(int tab)
     const std::array frames{m_ui->tabfram_0, m_ui->tabfram_1, m_ui->tabfram_2, m_ui->tabfram_3,
                             m_ui->tabfram_4};
     for (int i = 0; i < static_cast<int>(Tab::Count); ++i) {
-        bars[static_cast<std::size_t>(i)]->setVisible(i == tab); // picture and text stand in the bar
+        bars[static_cast<std::size_t>(i)]->setVisible(i == tab); // picture and text are in the bar
         frames[static_cast<std::size_t>(i)]->setEnabled(i == tab);
     }
     repaint();

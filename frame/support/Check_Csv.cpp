@@ -44,7 +44,7 @@ bool passesCode(int key)
     return passesNum(key) || isLetter(key) || key == '-' || key == KeyCode::ctrlV || key == KeyCode::ctrlX;
 }
 
-/// \a text by the format "00" or "0000"; what is no number stays as it is, for the checks to refuse.
+/// \a text by the format "00" or "0000"; what is not a number stays as it is, for the checks to refuse.
 QString padded(const QString& text, int width)
 {
     bool isNumber = false;

@@ -1,5 +1,5 @@
-// The shared manner of keyboard entry: which keys a field lets through, how long it may grow, and
-// whether a date that stands in three boxes is a date.
+// The shared rules of keyboard entry: which keys a field lets through, how long it may grow, and
+// whether three boxes hold a date.
 #pragma once
 
 #include <functional>
@@ -53,8 +53,8 @@ struct PeriodBoxes
     DateBoxes to;
 };
 
-/// True if the boxes hold a date; they are zero-padded then. Otherwise the operator has been told, \a form
-/// is enabled and the focus stands on the box concerned.
+/// True if the boxes hold a date; they are zero-padded then. Otherwise a box has said so, \a form
+/// is enabled and the focus is on the box concerned.
 [[nodiscard]] bool DateCheck(const DateBoxes& date, Frame& form, MsgBox& msgBox);
 /// The same on a dialog, which \a enableForm enables.
 [[nodiscard]] bool DateCheck(const DateBoxes& date, const std::function<void()>& enableForm, MsgBox& msgBox);

@@ -32,12 +32,12 @@ bool isMarked(const QWidget* widget)
            && palette.color(QPalette::Button) == color && palette.color(QPalette::Window) == color;
 }
 
-/// Fields are painted by their base, buttons and choices by their face; option buttons and check boxes have
-/// no face and take the colour behind them.
+/// Fields are painted by their base, buttons and combo boxes by their face; radio buttons and check
+/// boxes have no face and take the colour behind them.
 ///
 /// A palette that is set is a new one even when its colours are the old, and the style keeps a picture of a
-/// choice for each palette. So none is set without need, and a control that is back to what it was born with
-/// has no palette of its own.
+/// combo box for each palette. So none is set without need, and a control that is back to what it was born
+/// with has no palette of its own.
 void paint(QWidget* widget, const QColor& color)
 {
     if (isColored(*widget, color))

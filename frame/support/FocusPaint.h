@@ -1,5 +1,5 @@
 // Marks the control that has the focus: cyan; white, or the form's base colour, when it has left. A field
-// that gets the focus, by whatever way, has its whole text selected, so that the next code overwrites the
+// that gets the focus, in any way, has its whole text selected, so that the next code overwrites the
 // last one.
 #pragma once
 
@@ -18,8 +18,8 @@ namespace suisui {
 class FocusPaint : public QObject
 {
 public:
-    /// Watches the fields, buttons, option buttons, check boxes and choices that \a form has now. \a base is
-    /// the colour that buttons go back to.
+    /// Watches the fields, buttons, radio buttons, check boxes and combo boxes that \a form has now. \a base
+    /// is the colour that buttons go back to.
     FocusPaint(QWidget* form, const QColor& base);
 
     /// \a widget paints itself on leaving.

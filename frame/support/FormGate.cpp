@@ -50,7 +50,7 @@ void FormGate::setEnabled(bool enabled)
 
 bool FormGate::eventFilter(QObject* object, QEvent* event)
 {
-    // A press moves the focus before any widget hears of it, so it is stopped at the window itself.
+    // A press moves the focus before any widget sees it, so it is stopped at the window itself.
     if (object->isWindowType())
         return !m_enabled && object == m_form->windowHandle()
                && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick);
@@ -89,8 +89,8 @@ bool FormGate::filterKey(QEvent* event)
     return true;
 }
 
-/// The press may have come before the window was disabled. A button lets go without a click; a scroll bar
-/// must hear of it, else it goes on scrolling.
+/// The press may have come before the window was disabled. A button is released without a click; a scroll bar
+/// must see it, else it goes on scrolling.
 bool FormGate::filterRelease(QObject* object, const QEvent& event)
 {
     auto* button = qobject_cast<QAbstractButton*>(object);
@@ -165,7 +165,7 @@ QString FormGate::takeScan()
     return value;
 }
 
-/// Delivery is posted, so that no key is worked inside the handler that enables the window.
+/// Delivery is posted, so that no key is processed inside the handler that enables the window.
 void FormGate::schedule()
 {
     if (m_scheduled || m_held.empty())

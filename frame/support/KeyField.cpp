@@ -67,7 +67,7 @@ void KeyField::keyPressEvent(QKeyEvent* event)
         m_keyPress(keyAscii);
     switch (keyAscii) {
     case 0:
-    case KeyCode::enter: // what Enter does is the handler's business alone; no dialog's button hears of it
+    case KeyCode::enter: // what Enter does is the handler's business alone; no dialog's button sees it
         break;
     case KeyCode::ctrlC:
         copy();

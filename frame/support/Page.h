@@ -15,7 +15,7 @@ namespace suisui {
 class AppIni;
 class vaSpread;
 
-/// An entry of a choice of staff or partners, and the code behind it.
+/// An entry of a combo box of staff or partners, and the code that it is for.
 struct Choice
 {
     std::string code;

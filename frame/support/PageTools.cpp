@@ -80,7 +80,7 @@ QString asCaption(QString words)
 void followRuler(QLineEdit& field, const QLabel& ruler)
 {
     constexpr int figures = 13;
-    constexpr int ownMargin = 4; // of a line edit: frame and the gap behind it
+    constexpr int ownMargin = 4; // of a line edit: frame and the gap after it
     ruler.ensurePolished();      // its form gives it a font of its own
     const QFontMetrics marks = ruler.fontMetrics();
     const int step = marks.horizontalAdvance(u"  １"_s);

@@ -9,10 +9,10 @@ class QLabel;
 
 namespace suisui {
 
-/// The entry of a choice that means no restriction.
+/// The entry of a combo box that means no restriction.
 extern const QString allChoices;
 
-/// Fills \a combo with the names of \a choices, with allChoices behind them if wanted, and shows the first
+/// Fills \a combo with the names of \a choices, followed by allChoices if wanted, and shows the first
 /// entry, or allChoices.
 void fillCombo(QComboBox& combo, const ChoiceList& choices, bool withAll);
 

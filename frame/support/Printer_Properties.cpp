@@ -131,7 +131,8 @@ void Printer_Properties::PrintLabel(const FormLabel& label, bool transparent) co
         text.drawSpaced(painter, place.x, place.y, place.cell, label.caption);
         return;
     }
-    // A text that is too long is drawn narrower. A centred one is no longer counted then: it fills its box.
+    // A text that is too long is drawn narrower. A centred one is then placed by its box and not by counting:
+    // it fills it.
     const double drawn = text.width(label.caption);
     const double stretch = drawn > room && room > 0 ? room / drawn : 1;
     const double x = place.spaced ? dotX(label.left) + (room - drawn * stretch) / 2 : place.x;

@@ -1,5 +1,5 @@
 // Choosing the printer, and putting a form that is laid out in inches on its paper: lines, coloured boxes and
-// texts, each at whole dots. Figures stand in columns whatever the font, because a right-aligned or centred
+// texts, each at whole dots. Figures are in columns with any font, because a right-aligned or centred
 // text is placed by counting its characters and not by measuring them.
 //
 // A place on the form, in inches, times the dots per inch, less the print offset, is a place in dots. At
@@ -63,7 +63,7 @@ struct FormLabel
     bool visible = true;
 };
 
-/// Where a text stands, in dots.
+/// Where a text is, in dots.
 struct TextPlace
 {
     double x = 0;        ///< of the first character
@@ -92,7 +92,7 @@ public:
     [[nodiscard]] double PrtDpiX() const { return m_dpiX; }
     [[nodiscard]] double PrtDpiY() const { return m_dpiY; }
 
-    /// Makes the offsets such that a line that begins at (\a x1, \a y1) inches stands where the printer
+    /// Makes the offsets such that a line that begins at (\a x1, \a y1) inches is where the printer
     /// begins: the line's own place when that is at least the margin, otherwise the place less the margin.
     void moveToCorner(double x1, double y1);
 

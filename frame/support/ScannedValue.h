@@ -1,4 +1,4 @@
-// What a dialog makes of a scanned value; what each value is stands in store/ScannedValue.h.
+// What a dialog makes of a scanned value; what each value means is in store/ScannedValue.h.
 #pragma once
 
 #include <functional>

@@ -8,8 +8,7 @@ namespace suisui {
 
 /// Runs \a dialog and gives the keys back to the window that it belongs to. A box may have closed just before
 /// the dialog does; window managers then lose track of whose turn it is, and without one nobody keeps it.
-/// A busy window behind it may have the hourglass up; over the dialog the operator is asked, not kept
-/// waiting.
+/// The busy window below it may show the hourglass; the dialog asks the operator and must not show it.
 inline void showModal(QDialog& dialog)
 {
     const bool busy = QGuiApplication::overrideCursor() != nullptr;

@@ -122,7 +122,7 @@ bool TypedScan::pressEnter()
     m_passedTime = 0;
     const QString value = std::exchange(m_burst, {}).text;
     if (QWidget* list = QApplication::activePopupWidget())
-        list->close(); // an open choice would get the keys of whatever comes of the scan
+        list->close(); // an open combo box would get the keys of whatever comes of the scan
     m_scanned(value);
     return true;
 }
@@ -166,9 +166,9 @@ void TypedScan::pauseOver()
     });
 }
 
-/// What goes on behind characters that the window has got belongs to them, whatever it is doing with them
-/// meanwhile. So does what a held key types; a reader's "00" may come as one key and its repeat, but not as
-/// the first of a burst.
+/// What follows characters that the window has got belongs to them, even while it is still busy with them. So
+/// does what a held key types; a reader's "00" may come as one key and its repeat, but not as the first of a
+/// burst.
 bool TypedScan::mayBegin(const QKeyEvent& key, QChar character) const
 {
     const bool belongs =

@@ -1,13 +1,13 @@
 // Recognises the scans of a bar-code reader that works as a keyboard, wherever the focus of a window is.
-// After a scan the cursor stands in the quantity of the new row; a reader that scans again there would type
+// After a scan the cursor is in the quantity of the new row; a reader that scans again there would type
 // thirteen digits into the quantity.
 //
 // A scan is a burst that ends in Enter and comes faster than a person types: three characters or more when
 // every gap, the one before Enter included, is under 25 ms; six or more when every gap is under 60 ms, as
-// Bluetooth readers send them, and each key was let go of before the next one went down. A person who types
-// that fast still has the last key down when the next one goes down. A text in [ ], { }, # # or @ @ is a scan
+// Bluetooth readers send them, and each key was released before the next one was pressed. A person who types
+// that fast still holds the last key when the next one is pressed. A text in [ ], { }, # # or @ @ is a scan
 // at any length. A burst begins after an Enter, after a key that types nothing, or a quarter of a second
-// behind the last character; what follows sooner belongs to the typing before it. Repeats of a held key begin
+// after the last character; what follows sooner belongs to the typing before it. Repeats of a held key begin
 // none.
 //
 // What counts is when the keys were pressed, not when the program gets to see them. Keys are looked at before
@@ -37,12 +37,12 @@ public:
 
     static constexpr int readerGapMs = 25;     ///< every gap of a reader is shorter
     static constexpr int slowReaderGapMs = 60; ///< and of one that takes its time
-    static constexpr int pauseMs = 250;        ///< behind it another burst may begin
+    static constexpr int pauseMs = 250;        ///< after it another burst may begin
     static constexpr qsizetype fewestCharacters = 3;
     static constexpr qsizetype fewestSlowCharacters = 6;
     static constexpr qsizetype mostCharacters = 1024;
 
-    /// Watches the keys of \a form. \a endsPlainCodes tells whether a plain code that is typed now ends in
+    /// Watches the keys of \a form. \a endsPlainCodes says whether a plain code that is typed now ends in
     /// the code field by itself; then only the bracketed forms are looked for.
     TypedScan(QWidget& form, std::function<bool()> endsPlainCodes, Scanned scanned);
     ~TypedScan() override;
@@ -74,15 +74,15 @@ private:
         QString text;
         quint64 lastTime = 0;    ///< of the last character
         quint64 longestGap = 0;  ///< between two characters, or the last one and Enter
-        int down = 0;            ///< characters whose key is not let go of yet
-        bool overlapped = false; ///< one went down before another was let go of
+        int down = 0;            ///< characters whose key is not released yet
+        bool overlapped = false; ///< one was pressed before another was released
     };
 
     QWidget& m_form;
     std::function<bool()> m_endsPlainCodes;
     Scanned m_scanned;
     Burst m_burst;
-    quint64 m_passedTime = 0; ///< of the last character that went to the window; 0 behind any other key
+    quint64 m_passedTime = 0; ///< of the last character that went to the window; 0 after any other key
     QTimer m_pause;
     QElapsedTimer m_paused;
     bool m_lookedAgain = false;

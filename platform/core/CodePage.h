@@ -7,7 +7,7 @@
 
 namespace suisui {
 
-/// \a bytes as UTF-8; each byte that is no text becomes U+FFFD.
+/// \a bytes as UTF-8; each byte that is not text becomes U+FFFD.
 [[nodiscard]] std::string fromCp932(std::string_view bytes);
 
 /// \a utf8 in code page 932; nothing when a character has no place in it.

@@ -42,7 +42,7 @@ public:
 
     [[nodiscard]] bool isOpen() const { return m_handle >= 0; }
     [[nodiscard]] int get() const { return m_handle; }
-    /// A file system on the net may report only now that there was no room.
+    /// A network file system may report only now that there was no room.
     [[nodiscard]] bool close()
     {
         const bool good = m_handle < 0 || ::close(m_handle) == 0;

@@ -1,4 +1,4 @@
-// The keys that a KeyPress routine asks for, by the character codes that it is told.
+// The keys that a KeyPress routine asks for, by the character codes that it gets.
 #pragma once
 
 namespace suisui {

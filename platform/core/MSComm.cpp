@@ -70,7 +70,7 @@ LineSettings parse(const QString& settings)
             valueOf(stopBits, QStringView(items[3]).trimmed())};
 }
 
-/// Whether the device behind \a descriptor has gone. A terminal that has hung up stays so.
+/// Whether the device of \a descriptor has gone. A terminal that has hung up stays so.
 bool hungUp(int descriptor)
 {
     pollfd look{.fd = descriptor, .events = 0, .revents = 0};

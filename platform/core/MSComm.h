@@ -58,7 +58,7 @@ private:
 
     std::function<QString(int)> m_deviceOf;
     std::unique_ptr<QSerialPort> m_port;
-    std::unique_ptr<QSocketNotifier> m_watch; ///< hears when the device hangs up
+    std::unique_ptr<QSocketNotifier> m_watch; ///< sees the device hang up
     int m_commPort = 1;
     QString m_settings;
     bool m_lost = false;

@@ -8,7 +8,7 @@ namespace suisui {
 
 namespace {
 
-constexpr int columnsOnStack = 32; // wider than any table or grid of the program but KokyakuTB's successors
+constexpr int columnsOnStack = 32; // a wider row is copied through the heap
 
 } // namespace
 

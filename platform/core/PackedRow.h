@@ -1,5 +1,5 @@
-// One row of texts in one piece of memory: the bytes of all columns behind each other and where each
-// ends. Row buffers and grids hold rows by the hundred thousand, and a block a row is what makes
+// One row of texts in one piece of memory: the bytes of all columns one after another, and where each
+// ends. Row buffers and grids hold rows by the hundred thousand, and one block for each row is what makes
 // reading them cheap. A copy shares the block; a write makes a new one, so no other copy sees it. Texts are
 // UTF-8 and may hold any byte.
 #pragma once

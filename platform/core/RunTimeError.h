@@ -1,4 +1,4 @@
-// An error that the rules of the business do not foresee: a text that is no number, an index outside
+// An error that the rules of the business do not foresee: a text that is not a number, an index outside
 // its list, an overflow. A routine with an error target of its own catches it there; everywhere else it
 // ends the program in one place (see frame/shell/Main), after a rollback and with a report to the operator.
 #pragma once

@@ -19,7 +19,7 @@ public:
     /// is destroyed; a kill frees it as well. A folder that cannot be written counts as not held.
     [[nodiscard]] bool prevInstance();
     /// Whether this object holds the folder. False after prevInstance() said no as well when the folder
-    /// cannot be written: then nobody can tell whether another process works in it.
+    /// cannot be written: then it is unknown whether another process works in it.
     [[nodiscard]] bool holds() const;
 
 private:

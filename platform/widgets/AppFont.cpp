@@ -1,17 +1,20 @@
 #include "platform/widgets/AppFont.h"
 
+#include "platform/core/FontName.h"
+
 namespace suisui {
 
 QString fontFamily()
 {
-    return QStringLiteral("BIZ UDGothic");
+    static const QString family = QString::fromUtf16(fontName);
+    return family;
 }
 
 QFont screenFont()
 {
     QFont font(fontFamily());
     font.setStyleHint(QFont::Monospace);
-    font.setPixelSize(14);
+    font.setPixelSize(screenFontPixels);
     return font;
 }
 

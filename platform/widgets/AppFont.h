@@ -6,7 +6,7 @@
 
 namespace suisui {
 
-/// Family name, as Debian's fonts-morisawa-bizud-gothic installs it.
+/// Family name of the font (platform/core/FontName.h).
 [[nodiscard]] QString fontFamily();
 
 /// Font of the screen, at a size where two half-width characters are as wide as a full-width one.

@@ -23,8 +23,8 @@ private:
     int m_digits;
 };
 
-/// The cell text for \a typed: dates as "YYYY/MM/DD", times as "HH:MM:SS". Nothing when it is no date, no
-/// time or not yet a number, and the old text has to come back. An emptied number is the empty text.
+/// The cell text for \a typed: dates as "YYYY/MM/DD", times as "HH:MM:SS". Nothing when it is not a date,
+/// not a time or not yet a number, and the old text has to come back. An emptied number is the empty text.
 [[nodiscard]] std::optional<QString> cellText(CellType type, const QString& typed);
 
 } // namespace suisui

@@ -8,7 +8,7 @@ namespace suisui {
 
 namespace {
 
-/// Characters that stand alone; the others (signs that sit on the one before, scripts that join) need the
+/// Characters that are drawn alone; the others (signs that sit on the one before, scripts that join) need the
 /// layout of the library.
 bool standsAlone(char32_t character)
 {

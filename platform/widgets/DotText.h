@@ -19,7 +19,7 @@ public:
 
     /// \a text with its top left corner at (\a x, \a y). \a stretch below 1 draws it narrower.
     void draw(QPainter& painter, double x, double y, const QString& text, double stretch = 1) const;
-    /// The characters of \a text one by one, each \a cell dots behind the other, at whole dots.
+    /// The characters of \a text one by one, each \a cell dots after the one before, at whole dots.
     void drawSpaced(QPainter& painter, double x, double y, double cell, const QString& text) const;
     /// How wide draw() makes \a text.
     [[nodiscard]] double width(const QString& text) const;

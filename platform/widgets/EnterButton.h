@@ -20,7 +20,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
-    bool m_typedAt = false; ///< characters have come that are no business of a button
+    bool m_typedAt = false; ///< characters have come that are not meant for a button
 };
 
 } // namespace suisui

@@ -5,8 +5,8 @@
 
 namespace suisui {
 
-/// The system's pointer for waiting; under Wayland a picture that stands still. Qt 6.4 uses the memory of the
-/// last picture of a moving pointer after it has freed it, and crashes there sooner or later.
+/// The system's pointer for waiting; under Wayland a picture that does not move. Qt 6.4 uses the memory of
+/// the last picture of a moving pointer after it has freed it, and crashes there sooner or later.
 [[nodiscard]] QCursor hourglass();
 
 } // namespace suisui

@@ -149,7 +149,7 @@ private:
             accept();
         });
         row.addWidget(widget);
-        const bool first = row.count() == 2; // behind the stretch
+        const bool first = row.count() == 2; // after the stretch
         if (button.answer == box.defaultButton || (box.defaultButton == BoxAnswer::None && first)) {
             widget->setDefault(true);
             widget->setFocus();
@@ -157,7 +157,7 @@ private:
     }
 
     /// A letter alone answers, as on every system's own boxes. But a bar-code reader that types sends its
-    /// letters in a burst, and an Enter behind them: a letter counts when it stands alone.
+    /// letters in a burst, and an Enter after them: a letter counts when it comes alone.
     void keyPressEvent(QKeyEvent* event) override
     {
         m_letter.stop();

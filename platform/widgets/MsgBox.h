@@ -1,5 +1,5 @@
 // Every message box of the program goes through here: title, text, icon, buttons, default button.
-// Texts are plain, "\r\n" is one line break, and full-width blanks stand as they are, because the texts
+// Texts are plain, "\r\n" is one line break, and full-width blanks stay as they are, because the texts
 // lay themselves out with them. Tests hand in a box that answers by script.
 #pragma once
 

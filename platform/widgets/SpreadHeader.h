@@ -1,4 +1,4 @@
-// The headings of a grid. They are of one line each, so one of them tells how high all are; the usual header
+// The headings of a grid. Each has one line, so the height of one is that of all; the usual header
 // lays out every caption of every grid for that, which a start with five grids feels.
 #pragma once
 

@@ -100,7 +100,7 @@ void SpreadModel::setRowSource(int row, const PackedRow& source, int number)
         Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, cols() - 1));
 }
 
-/// Number cells hold "12" for "0000012"; what is no whole number stays as it is.
+/// Number cells hold "12" for "0000012"; what is not a whole number stays as it is.
 std::string_view SpreadModel::normalised(int col, std::string_view text) const
 {
     if (column(col).type != CellType::Number)
@@ -213,7 +213,7 @@ void SpreadModel::removeWhere(const std::function<bool(int row)>& gone)
     m_rows.resize(kept);
 }
 
-void SpreadModel::sort(std::span<const vaSpread::SortKey> keys)
+void SpreadModel::sortRows(std::span<const vaSpread::SortKey> keys)
 {
     std::vector<SortColumn> columns;
     for (const vaSpread::SortKey& key : keys) {

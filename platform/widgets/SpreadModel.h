@@ -1,5 +1,6 @@
-// The rows behind a vaSpread: one packed block of text a row, a colour, and marks for the few cells that have
-// any. While redraw is off the view is told nothing; switching it on tells it everything at once.
+// The rows of a vaSpread: one packed block of text for each row, a colour, and marks for the few cells that
+// have any. While redraw is off no change is signalled to the view; switching it on signals everything at
+// once.
 #pragma once
 
 #include <cstdint>
@@ -55,10 +56,10 @@ public:
     void setRows(int count);
     void insert(int row, int count);
     void remove(int row, int count);
-    /// Many at once, for a view that is told afterwards: redraw must be off.
+    /// Many at once, for a view that is notified afterwards: redraw must be off.
     void insertAt(std::span<const int> rows);
     void removeWhere(const std::function<bool(int row)>& gone);
-    void sort(std::span<const vaSpread::SortKey> keys);
+    void sortRows(std::span<const vaSpread::SortKey> keys);
 
     void setRedraw(bool on);
     [[nodiscard]] bool redraw() const { return m_redraw; }

@@ -95,7 +95,7 @@ std::uint64_t SortColumn::lead(std::size_t row) const
         fill();
     std::uint64_t value = 0;
     if (m_asNumbers) {
-        // The bits of a double stand in its order once the sign has been turned round.
+        // The bits of a double sort as the double does once the sign has been turned round.
         const auto bits = std::bit_cast<std::uint64_t>(m_figures[row] + 0.0);
         constexpr std::uint64_t sign = std::uint64_t{1} << 63;
         value = (bits & sign) != 0 ? ~bits : bits | sign;

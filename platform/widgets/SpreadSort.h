@@ -17,17 +17,17 @@ public:
     /// Text of a row, counted from 0. The view need not outlive the next call.
     using Texts = std::function<std::string_view(std::size_t row)>;
 
-    /// \a asNumbers: grouping commas are ignored, texts that are no numbers stand below all numbers.
+    /// \a asNumbers: grouping commas are ignored, texts that are not numbers come before all numbers.
     /// Otherwise texts compare without regard to letter case. Nothing is read before it is needed: a key
-    /// behind one that decides everything costs nothing.
+    /// after one that decides everything costs nothing.
     SortColumn(bool ascending, bool asNumbers, std::size_t rows, Texts texts)
         : m_ascending(ascending), m_asNumbers(asNumbers), m_rows(rows), m_read(std::move(texts))
     {
     }
 
-    /// A number that stands in the order of the rows as far as it can tell; most pairs need nothing more.
+    /// A number that sorts as the rows do as far as it reaches; most pairs need nothing more.
     [[nodiscard]] std::uint64_t lead(std::size_t row) const;
-    /// Below 0 when row \a a stands before \a b, above 0 when behind it.
+    /// Below 0 when row \a a comes before \a b, above 0 when after it.
     [[nodiscard]] int compare(std::size_t a, std::size_t b) const;
 
 private:
@@ -43,7 +43,7 @@ private:
     Texts m_read;
     mutable bool m_filled = false;
     mutable std::vector<double> m_figures;
-    mutable std::string m_texts; ///< of all rows, folded, one behind the other
+    mutable std::string m_texts; ///< of all rows, folded, one after another
     mutable std::vector<std::size_t> m_begins{0};
     mutable std::size_t m_common = 0; ///< characters with which all texts begin
 };

@@ -90,7 +90,7 @@ void vaSpread::setMaxRows(int rows)
     showCursor();
 }
 
-/// The cursor never stands below the last row.
+/// The cursor is never below the last row.
 void vaSpread::cutCursor()
 {
     m_activeRow = std::min(m_activeRow, MaxRows());
@@ -286,7 +286,7 @@ void vaSpread::showCursor()
 void vaSpread::Sort(std::span<const SortKey> keys)
 {
     endEdit();
-    m_model->sort(keys);
+    m_model->sortRows(keys);
 }
 
 } // namespace suisui

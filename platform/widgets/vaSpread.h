@@ -116,7 +116,7 @@ public:
         bool ascending = true;
     };
     /// Sorts all rows by \a keys, first key first; equal rows keep their order. Number and Figure columns
-    /// compare as numbers (grouping commas ignored, texts that are no numbers below all numbers), the
+    /// compare as numbers (grouping commas ignored, texts that are not numbers before all numbers), the
     /// others as text without regard to letter case. Colours go with their rows.
     void Sort(std::span<const SortKey> keys);
 

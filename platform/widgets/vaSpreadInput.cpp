@@ -22,7 +22,7 @@ namespace suisui {
 
 namespace {
 
-/// Character code of the keys that a KeyPress handler is told of, 0 for the others.
+/// Character code of the keys that a KeyPress handler gets, 0 for the others.
 int keyAscii(const QKeyEvent& event)
 {
     if (isEnter(event))
@@ -143,7 +143,7 @@ void vaSpread::followInputMethod()
 void vaSpread::focusInEvent(QFocusEvent* event)
 {
     {
-        // Qt puts a cursor that is nowhere into the first cell; that is no move of the operator.
+        // Qt puts a cursor that is nowhere into the first cell; that is not a move of the operator.
         const QScopedValueRollback quiet(m_quietCursor, true);
         QTableView::focusInEvent(event);
     }
@@ -169,7 +169,7 @@ bool vaSpread::event(QEvent* event)
     return QTableView::event(event);
 }
 
-/// Moves the cursor to the next or the previous cell that can be seen. False behind the last and before the
+/// Moves the cursor to the next or the previous cell that can be seen. False after the last and before the
 /// first one: there Tab goes on to the next control.
 bool vaSpread::tabToCell(bool forward)
 {
@@ -229,7 +229,7 @@ void vaSpread::resizeEvent(QResizeEvent* event)
 }
 
 /// When the grid comes into view or changes its size while redraw is off, its old picture is gone, and what
-/// stands in its place on the screen is another control's. An empty grid is shown until redraw is on again.
+/// is in its place on the screen is another control's. An empty grid is shown until redraw is on again.
 void vaSpread::blankWhileOff()
 {
     if (!ReDraw())

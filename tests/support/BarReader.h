@@ -1,4 +1,4 @@
-// A bar-code reader for what is printed: zbar, told to look for Code 128 alone.
+// A bar-code reader for what is printed: zbar, looking for Code 128 alone.
 #pragma once
 
 #include <string>

@@ -20,7 +20,7 @@ public:
     [[nodiscard]] QString missing() const { return m_missing; }
     /// The file that job \a number brought, once it is there. Empty when it does not come.
     [[nodiscard]] QString job(int number) const;
-    /// What the printer was told with it: number, user, title, copies, options.
+    /// What the printer got with it: number, user, title, copies, options.
     [[nodiscard]] QString jobTicket(int number) const;
 
     void addPrinter();

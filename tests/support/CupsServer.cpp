@@ -47,7 +47,7 @@ QByteArray filled(const char* text, const QString& folder)
     return QString::fromUtf8(text).replace(u"%1"_s, folder).toUtf8();
 }
 
-/// cupsd lies where ordinary users do not look.
+/// cupsd is in a folder that ordinary users do not have in their path.
 QString serverProgram()
 {
     return QStandardPaths::findExecutable(u"cupsd"_s, {u"/usr/sbin"_s, u"/usr/local/sbin"_s});

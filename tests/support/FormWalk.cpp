@@ -44,7 +44,7 @@ std::string nameOf(const QWidget* widget)
                : widget->objectName().toStdString() + " (" + widget->metaObject()->className() + ")";
 }
 
-/// Parts of Qt's own controls: the list of a choice, the buttons of a tab bar, scroll bars and headings.
+/// Parts of Qt's own controls: the list of a combo box, the buttons of a tab bar, scroll bars and headings.
 bool isInside(const QWidget& widget, const QWidget& form)
 {
     if (qobject_cast<const QScrollBar*>(&widget) != nullptr
@@ -74,7 +74,7 @@ bool isWorked(const QWidget& widget)
            || qobject_cast<const QProgressBar*>(&widget) != nullptr;
 }
 
-/// A choice speaks its entry; what is chosen there is said by the label that belongs to it.
+/// A combo box speaks its entry; what is chosen there is said by the label that belongs to it.
 QString labelOf(const QAccessibleInterface& speech)
 {
     for (const auto& [label, relation] : speech.relations(QAccessible::Label))
@@ -102,7 +102,7 @@ QRect placeIn(const QWidget& ancestor, const QWidget& widget)
     return {widget.mapTo(&ancestor, QPoint(0, 0)), widget.size()};
 }
 
-/// The child of \a ancestor that \a widget is or lies in.
+/// The child of \a ancestor that \a widget is or is in.
 const QWidget& branch(const QWidget& ancestor, const QWidget& widget)
 {
     const QWidget* at = &widget;
@@ -111,7 +111,7 @@ const QWidget& branch(const QWidget& ancestor, const QWidget& widget)
     return *at;
 }
 
-/// Whether a reader's eye comes to \a after later than to \a before. Boxes are read one behind the other,
+/// Whether a reader's eye comes to \a after later than to \a before. Boxes are read one after another,
 /// each as a whole.
 bool isReadBefore(const QWidget& before, const QWidget& after)
 {

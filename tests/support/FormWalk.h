@@ -1,4 +1,4 @@
-// Walks over all controls of a form as somebody does who hears the screen, who has no mouse, or who has a
+// Walks over all controls of a form as somebody does who uses a screen reader, who has no mouse, or who has a
 // small one.
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace suisui::test {
 
-/// Every control that can be worked has a name in Japanese; of two with the same a hint tells them apart.
+/// Every control that can be operated has a name in Japanese; a hint distinguishes two with the same name.
 void expectNames(const QWidget& form);
 
 /// No two controls that can be seen answer to the same letter.
@@ -26,7 +26,7 @@ void expectEachStopOnce(QWidget& form);
 /// As expectEachStopOnce, and goes from the top to the bottom and in a row from the left to the right.
 void expectTabOrder(QWidget& form);
 
-/// Texts have the room that they ask for, figures the room of the widest ones, and nothing lies outside what
+/// Texts have the room that they ask for, figures the room of the widest ones, and nothing is outside what
 /// it belongs to.
 void expectNothingCut(const QWidget& form);
 

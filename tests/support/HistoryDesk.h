@@ -51,7 +51,7 @@ private:
 struct HistoryDesk
 {
     HistoryDesk() : HistoryDesk(std::make_unique<TempShop>()) {}
-    /// \a ownShop may lie on a disk.
+    /// \a ownShop may be on a disk.
     explicit HistoryDesk(std::unique_ptr<TempShop> ownShop)
         : shop(std::move(ownShop)),
           db(shop->databaseFolder(), [this](const std::string& text) { storeSaid.push_back(text); })

@@ -1,4 +1,4 @@
-// A PDF read back by poppler: its words and where they stand, in points from the corner of the page, and its
+// A PDF read back by poppler: its words and where they are, in points from the corner of the page, and its
 // pages as pictures.
 #pragma once
 
@@ -26,7 +26,7 @@ struct PdfWord
 /// A page as a grey picture of \a dpi dots per inch, one bit without smoothing when \a exact.
 [[nodiscard]] QImage pdfPicture(const QString& file, int page, int dpi, bool exact = false);
 
-/// Those of \a words that stand on \a page and touch \a box (points), left to right, joined by nothing.
+/// Those of \a words that are on \a page and touch \a box (points), left to right, joined by nothing.
 [[nodiscard]] QString textIn(const std::vector<PdfWord>& words, int page, const QRectF& box);
 
 } // namespace suisui::test

@@ -1,4 +1,5 @@
-// A printing object that keeps what it was told: the calls in order, and what went on which page and where.
+// A printing object that records what it is asked for: the calls in order, and what went on which page and
+// where.
 #pragma once
 
 #include <functional>

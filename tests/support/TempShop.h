@@ -19,7 +19,7 @@ namespace suisui::test {
 class TempShop
 {
 public:
-    /// The folder lies in memory where the system offers that, so that a test waits for no disk; a benchmark
+    /// The folder is in memory where the system offers that, so that a test waits for no disk; a benchmark
     /// names a folder on one.
     explicit TempShop(const QString& where = inMemory()) : m_dir(where + QStringLiteral("/suisui-XXXXXX"))
     {

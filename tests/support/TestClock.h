@@ -1,4 +1,4 @@
-// A clock that moves only when it is told to, or by a small step at each look, so that waits end at once.
+// A clock that moves only when a test moves it, or by a small step at each look, so that waits end at once.
 #pragma once
 
 #include <functional>

@@ -20,7 +20,7 @@ class InputMethod:
         settings.parent.mkdir(parents=True)
         settings.write_text("[org/freedesktop/ibus/engine/anthy/common]\ninput-mode=0\n", encoding="ascii")  # kana
         # A program waits for the input method to have done with a key. Otherwise it is at rest while keys are still on
-        # their way back to it, and on a starved machine a field that takes the focus resets what is typed behind them.
+        # their way back to it, and on a starved machine a field that takes the focus resets what is typed after them.
         # The engine is a script of the system's own Python; settings and caches of the user stay out of it.
         screen.environment.update(PATH="/usr/bin:/bin", GSETTINGS_BACKEND="keyfile", QT_IM_MODULE="ibus",
                                   IBUS_ENABLE_SYNC_MODE="1",

@@ -1,6 +1,6 @@
 """What an assistive technology sees of a program: its controls by their spoken names, and where they are.
 
-The tests find by it what they click, so each click also proves that the control's name reaches those who cannot see the
+The tests find by it what they click, so each click also shows that the control's name reaches those who cannot see the
 screen. The listening half (listen) runs in the system's own Python, which has the bindings."""
 
 import json
@@ -32,7 +32,7 @@ class ScreenReader:
                                           encoding="utf-8")
 
     def controls(self):
-        """All controls that can be seen and worked, of all windows: {"window", "role", "name", "place"}."""
+        """All controls that can be seen and operated, of all windows: {"window", "role", "name", "place"}."""
         self._listener.stdin.write("controls\n")
         self._listener.stdin.flush()
         return json.loads(self._listener.stdout.readline() or "[]")

@@ -1,4 +1,4 @@
-"""What the whole-program tests stand on: a test case with a screen, a shop and a reader of its own.
+"""What the whole-program tests are based on: a test case with a screen, a shop and a reader of its own.
 
 The folder of the shop that each test starts from is named on the command line (--shop); pictures of the screen
 go into the working folder whenever a test fails.
@@ -108,7 +108,7 @@ class ShopTest(unittest.TestCase):
         return codes
 
     def data_files(self):
-        """Fingerprints of all that lies in the folders of the databases."""
+        """Fingerprints of all that is in the folders of the databases."""
         return {file.name: hashlib.sha256(file.read_bytes()).hexdigest()
                 for folder in ("DB", "db") for file in (self.shop.folder / folder).iterdir() if file.is_file()}
 

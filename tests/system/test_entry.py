@@ -24,7 +24,7 @@ class TypingReader(ShopTest):
     def test_codes_typed_one_behind_the_other_are_scans_wherever_the_cursor_is(self):
         codes = self.plain_codes(4)
         program = self.open()
-        # After the first the cursor stands in a quantity, or will, when the window takes keys again.
+        # After the first the cursor is in a quantity, or will, when the window takes keys again.
         self.screen.type("".join(f"{code}\n" for code in codes))
         self.wait_receipts(len(codes))
         self.assertEqual(codes, [code for code, in self.receipts("Code")])

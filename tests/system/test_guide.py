@@ -1,4 +1,4 @@
-"""The operator's guide speaks of what is on the screen: its captions stand in the program, its pictures and sections
+"""The operator's guide speaks of what is on the screen: its captions are in the program, its pictures and sections
 are there."""
 
 import pathlib

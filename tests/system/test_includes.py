@@ -1,5 +1,7 @@
 """The check of the includes finds what it is there to find, shown on made-up lines."""
 
+import pathlib
+import tempfile
 import unittest
 
 import includes
@@ -68,6 +70,47 @@ class Includes(unittest.TestCase):
 
     def test_odd_spacing_does_not_hide_an_include(self):
         self.assertEqual(1, len(faults("store/A.cpp", '  #  include   "frame/shell/Main.h"')))
+
+
+class Rooms(unittest.TestCase):
+    def setUp(self):
+        place = tempfile.TemporaryDirectory(prefix="suisui-rooms-")
+        self.addCleanup(place.cleanup)
+        self.root = pathlib.Path(place.name)
+        for room in includes.ROOMS:
+            self.write(f"{room}/A.cpp")
+
+    def write(self, name):
+        file = self.root / name
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.touch()
+
+    def misplaced(self):
+        return list(includes.misplaced(self.root, includes.sources(self.root)))
+
+    def test_sources_in_rooms_are_in_their_place(self):
+        self.assertEqual([], self.misplaced())
+        self.assertEqual(len(includes.ROOMS), len(list(includes.sources(self.root))))
+
+    def test_a_source_in_no_room_is_found(self):
+        for name in ("movemnt/Page.cpp", "Stray.h", "platform/Clock.h", "scripts/deep/down/A.cpp"):
+            with self.subTest(name=name):
+                self.write(name)
+                found = self.misplaced()
+                self.assertEqual(1, len(found), found)
+                self.assertTrue(found[0].startswith(f"{name} is in no room"), found)
+                (self.root / name).unlink()
+
+    def test_a_room_without_its_folder_is_found(self):
+        (self.root / "store/A.cpp").unlink()
+        (self.root / "store").rmdir()
+        self.assertEqual(["there is no room store"], self.misplaced())
+
+    def test_what_the_commands_make_is_passed_over(self):
+        for name in ("build/release/moc_A.cpp", "app/A.cpp", "demo-out/A.h", ".cache/A.cpp",
+                     "elsewhere/CMakeCache.txt", "elsewhere/store/A.cpp"):
+            self.write(name)
+        self.assertEqual([], self.misplaced())
 
 
 if __name__ == "__main__":

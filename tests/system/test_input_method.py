@@ -54,7 +54,7 @@ class InputMethodOn(ShopTest):
         self.screen.type_by_hand("kinou")
         self.screen.press("space", "Return")  # converts, and takes what is offered
         program.wait_idle()
-        # The editor is still open: what follows stands behind it, and no code is looked up.
+        # The editor is still open: what follows comes after it, and no code is looked up.
         self.screen.type_by_hand("ha")
         self.screen.press("Return")
         program.wait_idle()

@@ -34,7 +34,7 @@ def bar_codes(pdf):
 
 class Labels(ShopTest):
     def setUp(self):
-        # The proposed PDF file lies in the operator's own folder; the test has one of its own.
+        # The proposed PDF file is in the operator's own folder; the test has one of its own.
         folder = tempfile.TemporaryDirectory(prefix="suisui-home-")
         self.addCleanup(folder.cleanup)
         self.home = pathlib.Path(folder.name)

@@ -10,7 +10,7 @@ from shop_test import ShopTest, main, wait_for
 SLIP_BOX = " 「伝票」 印刷"
 QUESTION = "表示の確認"
 SLIP_HEADINGS = ["コード", "商品名", "単価", "数量", "単位", "値引き", "合計(税込)", "備考"]
-# Tab stops behind the code field: two choices, six date boxes, the box for sums, the search button, two prints.
+# Tab stops after the code field: two combo boxes, six date boxes, the box for sums, the search button, two prints.
 TO_SLIP = 12
 
 

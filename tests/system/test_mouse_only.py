@@ -27,7 +27,7 @@ class MouseOnly(ShopTest):
         self.addCleanup(self.reader_of_screen.close)
 
     def find(self, name, role, window):
-        """The control with this name, once it can be worked. Of several the first in the order of the form."""
+        """The control with this name, once it can be operated. Of several the first in the order of the form."""
         def look():
             found = [control for control in self.reader_of_screen.controls()
                      if (control["window"], control["role"], control["name"]) == (window, role, name)

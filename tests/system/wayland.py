@@ -81,7 +81,7 @@ class Conversation:
         self._program = program
 
     def focuses(self):
-        """Titles of the windows that have had the keyboard, in order; the empty title is no window."""
+        """Titles of the windows that have had the keyboard, in order; the empty title means no window."""
         window_of, surface_of, titles, found = {}, {}, {}, [""]
         for line in self._program.said().splitlines():
             if match := SURFACE.search(line):
