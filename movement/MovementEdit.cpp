@@ -1,8 +1,8 @@
 // Stored movements changed: writing the corrections of the grid, deleting a movement.
 #include "movement/MovementPage.h"
 
-#include "movement/Components.h"
-#include "movement/ZaikoPost.h"
+#include "booking/Components.h"
+#include "booking/ZaikoPost.h"
 #include "platform/core/Clock.h"
 #include "platform/core/FillIn.h"
 #include "store/AppDB.h"
@@ -105,7 +105,8 @@ bool MovementPage::postUpdate(int row, int rowIndex, const Figures& posted, cons
     const double delta = updateDelta(m_table.stockSign, posted, now);
     if (m_table.movesComponents) {
         const auto ofComponent = [delta](std::string_view perUnit) { return componentDelta(perUnit, delta); };
-        if (!postComponents(m_services, grid()->text(m_side.cells.code, row), stamp, ofComponent))
+        if (!postComponents(m_services.db, m_services.msgBox, grid()->text(m_side.cells.code, row), stamp,
+                            ofComponent))
             return false;
     }
     std::string name(m_rows.get(rowIndex, m_table.columns.name));
@@ -184,7 +185,7 @@ bool MovementPage::postDelete(int rowIndex, double delta, const std::string& sta
     if (!m_table.movesComponents)
         return true;
     const auto ofComponent = [delta](std::string_view perUnit) { return componentDelta(perUnit, delta); };
-    return postComponents(m_services, code, stamp, ofComponent);
+    return postComponents(m_services.db, m_services.msgBox, code, stamp, ofComponent);
 }
 
 void MovementPage::takeOutOfGrid(int row, int rowIndex)

@@ -13,7 +13,7 @@
 #include "frame/support/Frame.h"
 #include "frame/support/GridBar.h"
 #include "frame/support/Page.h"
-#include "movement/Deltas.h"
+#include "booking/Deltas.h"
 #include "movement/MovementSide.h"
 
 namespace Ui {

@@ -8,8 +8,8 @@
 
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
-#include "movement/Components.h"
-#include "movement/ZaikoPost.h"
+#include "booking/Components.h"
+#include "booking/ZaikoPost.h"
 #include "platform/core/Clock.h"
 #include "platform/core/FillIn.h"
 #include "platform/core/KeyCodes.h"
@@ -131,7 +131,7 @@ bool MovementPage::postScan(const Scan& scan)
         const auto delta = [&scan](std::string_view perUnit) {
             return componentScanDelta(perUnit, scan.quantity);
         };
-        if (!postComponents(m_services, scan.code, scan.stamp, delta))
+        if (!postComponents(m_services.db, m_services.msgBox, scan.code, scan.stamp, delta))
             return false;
     }
     const std::string delta = m_table.stockSign > 0 ? scan.quantity : CStr(-numberOf(scan.quantity));

@@ -1,4 +1,4 @@
-#include "store/ComponentChange.h"
+#include "booking/ComponentChange.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "store/CarryForward.h"
+#include "booking/CarryForward.h"
 
 #include <array>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "movement/ZaikoPost.h"
+#include "booking/ZaikoPost.h"
 
 #include <gtest/gtest.h>
 

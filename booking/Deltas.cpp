@@ -1,4 +1,4 @@
-#include "movement/Deltas.h"
+#include "booking/Deltas.h"
 
 #include "store/Numbers.h"
 
