@@ -167,6 +167,17 @@ TEST_F(ZaikoPostTest, deltaZero_touchesNothing_butDoubleZeroDoes)
               std::vector<std::string>{"7|20260401090000"});
 }
 
+TEST_F(ZaikoPostTest, firstPostingOfDoubleZero_makesARow_withoutABox)
+{
+    goods("A1", "10");
+    EXPECT_EQ(post("A1", "00"), PostResult::Posted);
+    EXPECT_TRUE(box.shown.empty()) << "nothing is not below nothing";
+    EXPECT_EQ(stored("A1"), "00");
+    goods("B1", "10");
+    EXPECT_EQ(post("B1", "0"), PostResult::Posted);
+    EXPECT_EQ(stored("B1"), "none");
+}
+
 TEST_F(ZaikoPostTest, codeInNeitherTable_isSkippedSilently)
 {
     expectSilent("NIX", "-5", "none");

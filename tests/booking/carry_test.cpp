@@ -119,6 +119,18 @@ TEST(CarryForward, rowPostedInTheSameSecond_goesOnFromWhatItCarried)
     EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"A|2", "B|0000003"}));
 }
 
+TEST(CarryForward, rowStampedLaterThanNow_isCarriedFromItsStock)
+{
+    BooksDesk desk;
+    // A clock that was set back: the row was posted "tomorrow".
+    desk.shop->add(zaikoTable, {"A", "10", "3", "20260101000000", "20260402080000"});
+    desk.shop->add(zaikoTable, {"B", "0000007", "3", "20260101000000", "20260402080000"});
+    desk.receipt("A", "0000001", "20260301", "20260301090000");
+    ASSERT_EQ(carried(desk), 0);
+    EXPECT_EQ(desk.rows("ZaikoTB"),
+              (Lines{"A|10|9|20260101000000|" + now, "B|0000007|7|20260101000000|" + now}));
+}
+
 TEST(CarryForward, runAgain_givesTheSame)
 {
     BooksDesk desk;
