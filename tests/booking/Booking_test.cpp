@@ -72,10 +72,27 @@ TEST_P(BookingTest, comesIntoViewWithTheMastersTexts)
     EXPECT_EQ(booking.total(), isReceipt() ? "1,200" : "1,800");
 }
 
+TEST_P(BookingTest, storesEveryTextInItsColumn)
+{
+    desk.goods("A", "1", "1");
+    Booking booking(GetParam(), {desk.db, desk.box, desk.clock});
+    ASSERT_TRUE(booking.lookUp("A"));
+    ASSERT_TRUE(booking.post());
+    MovementTexts row = booking.row();
+    row.discount = "3";
+    row.returned = {"4", "5"};
+    row.remark = "急ぎ";
+    ASSERT_TRUE(booking.store(row));
+    EXPECT_EQ(desk.shop.query(isReceipt() ? "SELECT NyuNebiki,Henkyaku,Bikou FROM InpTB"
+                                          : "SELECT SyuNebiki,RHenkyaku,FHenkyaku,Bikou FROM OutTB"),
+              Texts{isReceipt() ? "0000003|0000004|急ぎ" : "0000003|0000004|0000005|急ぎ"});
+}
+
 TEST_P(BookingTest, codeThatNobodyKnows_orThatIsNone_booksNothing)
 {
     desk.goods("A", "1", "1");
-    for (const char* code : {"B", "", "A' OR '1'='1", "A\n"})
+    desk.goods("A'1", "1", "1"); // nobody registers one; a scan of it finds nothing all the same
+    for (const char* code : {"B", "", "A' OR '1'='1", "A\n", "A'1"})
         EXPECT_EQ(tab.book(code), BookResult::Unknown) << code;
     EXPECT_TRUE(stored().empty());
 }
@@ -156,6 +173,26 @@ TEST_P(BookingTest, everyBookingEndsInALaterSecond)
     EXPECT_EQ(stored().size(), 2U);
 }
 
+TEST_P(BookingTest, clockThatStandsStill_isWaitedFor)
+{
+    desk.goods("A", "1", "1");
+    const QDateTime start = desk.clock.now();
+    int passes = 0;
+    desk.clock.onPass = [&] {
+        if (++passes <= 40) // two seconds of steady time
+            desk.clock.setNow(start);
+    };
+    ASSERT_EQ(tab.book("A"), BookResult::Stored);
+    EXPECT_GE(desk.clock.now(), start.addSecs(1)) << "or the next booking has the same stamp";
+}
+
+TEST_P(BookingTest, goodsLookedUp_areForgottenWhenTheRowIsStored)
+{
+    desk.goods("A", "1", "1");
+    ASSERT_EQ(tab.book("A"), BookResult::Stored);
+    EXPECT_EQ(movementTable(GetParam()).master(desk.db).Count(), 0);
+}
+
 TEST_P(BookingTest, clockThatStepsBack_costsOneSecond)
 {
     desk.goods("A", "1", "1");
@@ -168,6 +205,20 @@ TEST_P(BookingTest, clockThatStepsBack_costsOneSecond)
     ASSERT_EQ(tab.book("A"), BookResult::Stored);
     EXPECT_GE(desk.clock.steady() - before, std::chrono::seconds(1));
     EXPECT_LT(desk.clock.steady() - before, std::chrono::seconds(2));
+}
+
+TEST_F(ReceiptBookingTest, commitThatFails_leavesNothing)
+{
+    desk.goods("A", "5", "5");
+    {
+        AppDB reader(desk.shop.databaseFolder());
+        ASSERT_EQ(reader.OpenStill(desk.shop.databaseFile()), 0); // others' commits wait, and give up
+        EXPECT_EQ(tab.book("A"), BookResult::NotStored);
+        EXPECT_FALSE(desk.db.inUnit());
+    }
+    EXPECT_EQ(desk.stockOf("A"), "none");
+    EXPECT_EQ(tab.book("A"), BookResult::Stored);
+    EXPECT_EQ(desk.stockOf("A"), "5");
 }
 
 TEST_F(ReceiptBookingTest, stockThatWouldOverflow_undoesTheComponentsToo)

@@ -47,6 +47,11 @@ protected:
                           + " WHEN NOT EXISTS (SELECT 1 FROM Tries WHERE Code = OLD.InpDate) BEGIN "
                             "INSERT INTO Tries VALUES (OLD.InpDate); SELECT RAISE(FAIL,'brief'); END");
     }
+    void failWritesOfTheOldest() const
+    {
+        desk.shop.execute("CREATE TRIGGER broken BEFORE UPDATE ON " + table()
+                          + " WHEN OLD.InpDate='20260401090000' BEGIN SELECT RAISE(ABORT,'broken'); END");
+    }
     void failAllWrites() const
     {
         desk.shop.execute("CREATE TRIGGER broken BEFORE UPDATE ON " + table()
@@ -129,8 +134,7 @@ TEST_P(CorrectionTest, figuresOfAnUpdateThatWasTakenBack_arePutBackBeforeTheNext
 {
     tab.type(1, 8, 0);
     tab.type(3, 9, 0);
-    desk.shop.execute("CREATE TRIGGER broken BEFORE UPDATE ON " + table()
-                      + " WHEN OLD.InpDate='20260401090000' BEGIN SELECT RAISE(ABORT,'broken'); END");
+    failWritesOfTheOldest();
     EXPECT_EQ(tab.edit.update(), EditResult::Failed);
     desk.shop.execute("DROP TRIGGER broken");
     // A new row pushes all others down, and the old figures with them.
@@ -141,12 +145,38 @@ TEST_P(CorrectionTest, figuresOfAnUpdateThatWasTakenBack_arePutBackBeforeTheNext
     EXPECT_EQ(desk.stockOf("A"), stockAfter(27));
 }
 
+TEST_P(CorrectionTest, updateThatWasTakenBack_postsTheSameAtTheNextTry)
+{
+    tab.type(1, 8, 0);
+    tab.type(3, 9, 0);
+    failWritesOfTheOldest();
+    EXPECT_EQ(tab.edit.update(), EditResult::Failed);
+    desk.shop.execute("DROP TRIGGER broken");
+    EXPECT_EQ(tab.edit.update(), EditResult::Done);
+    EXPECT_EQ(quantities(), (Texts{"0000009", "0000005", "0000008"}));
+    EXPECT_EQ(desk.stockOf("A"), stockAfter(22));
+}
+
+TEST_P(CorrectionTest, searchForgetsWhatWasTakenBack)
+{
+    tab.type(1, 8, 0);
+    tab.type(3, 9, 0);
+    failWritesOfTheOldest();
+    EXPECT_EQ(tab.edit.update(), EditResult::Failed);
+    desk.shop.execute("DROP TRIGGER broken");
+    desk.shop.execute("UPDATE " + table() + (isReceipt() ? " SET NyuSuu" : " SET SyuSuu")
+                      + "='0000007' WHERE InpDate='20260401090002'"); // row 1
+    tab.search();
+    tab.type(1, 9, 0);
+    EXPECT_EQ(tab.edit.update(), EditResult::Done);
+    EXPECT_EQ(desk.stockOf("A"), stockAfter(17)) << "from 7 to 9";
+}
+
 TEST_P(CorrectionTest, deleteAfterAnUpdateThatWasTakenBack_undoesWhatWasPosted)
 {
     tab.type(1, 8, 0);
     tab.type(3, 9, 0);
-    desk.shop.execute("CREATE TRIGGER broken BEFORE UPDATE ON " + table()
-                      + " WHEN OLD.InpDate='20260401090000' BEGIN SELECT RAISE(ABORT,'broken'); END");
+    failWritesOfTheOldest();
     EXPECT_EQ(tab.edit.update(), EditResult::Failed);
     EXPECT_EQ(tab.erase(1), EditResult::Done);
     EXPECT_EQ(desk.stockOf("A"), stockAfter(10));
@@ -169,16 +199,54 @@ TEST_P(CorrectionTest, rowThatIsGone_refusesEveryUpdate_untilTheNextSearch)
     EXPECT_EQ(desk.stockOf("A"), stockAfter(19));
 }
 
+TEST_P(CorrectionTest, rowThatCouldNotBeDeleted_refusesTheUpdateOfItsCorrection)
+{
+    desk.shop.execute("DELETE FROM " + table() + " WHERE InpDate='20260401090001'"); // row 2
+    EXPECT_EQ(tab.erase(2), EditResult::ConcurrentChange);
+    tab.type(2, 8, 0);
+    EXPECT_EQ(tab.edit.update(), EditResult::ConcurrentChange);
+    EXPECT_EQ(tab.edit.rowsWritten(), 0);
+}
+
+TEST_P(CorrectionTest, rowThatWasNeverStored_refusesTheUpdateOfItsCorrection)
+{
+    desk.shop.execute("CREATE TRIGGER full BEFORE INSERT ON " + table()
+                      + " BEGIN SELECT RAISE(ABORT,'full'); END");
+    EXPECT_EQ(tab.book("A"), BookResult::NotStored);
+    tab.type(2, 8, 0);
+    EXPECT_EQ(tab.edit.update(), EditResult::Done) << "the row below is stored";
+    tab.type(1, 8, 0);
+    EXPECT_EQ(tab.edit.update(), EditResult::ConcurrentChange);
+    EXPECT_EQ(tab.edit.rowsWritten(), 0);
+    EXPECT_EQ(desk.stockOf("A"), stockAfter(18));
+}
+
+TEST_P(CorrectionTest, rowRefusedByTheStock_undoesTheRowsBeforeIt)
+{
+    desk.shop.execute("UPDATE ZaikoTB SET ZaikoSuu='99999999999998'");
+    tab.type(1, isReceipt() ? 6 : 4, 0); // one more in stock: fits
+    tab.type(2, isReceipt() ? 9 : 1, 0); // four more: does not
+    EXPECT_EQ(tab.edit.update(), EditResult::Refused);
+    EXPECT_FALSE(desk.db.inUnit());
+    EXPECT_EQ(tab.edit.rowsWritten(), 1);
+    EXPECT_EQ(quantities(), (Texts{"0000005", "0000005", "0000005"}));
+    EXPECT_EQ(desk.stockOf("A"), "99999999999998");
+    EXPECT_EQ(tab.edit.update(), EditResult::Done) << "the figure that did not fit is what it was";
+    EXPECT_EQ(desk.stockOf("A"), "99999999999999");
+}
+
 TEST_P(CorrectionTest, stockThatWouldOverflow_putsTheFiguresBack)
 {
     desk.shop.execute("UPDATE ZaikoTB SET ZaikoSuu='99999999999998'");
-    tab.type(1, isReceipt() ? 9 : 1, 0); // four more in stock
+    const MovementColumns& columns = movementTable(GetParam()).columns;
+    tab.type(1, isReceipt() ? 10 : 1, 1); // four more in stock: a shipment's return is not looked at
     EXPECT_EQ(tab.edit.update(), EditResult::Refused);
     ASSERT_EQ(desk.box.shown.size(), 1U);
     EXPECT_EQ(desk.box.shown[0].title, u"桁あふれエラー"_s);
     EXPECT_EQ(tab.view.shown(1).quantity, 5);
-    EXPECT_EQ(tab.view.totalPutBack, isReceipt() ? "500" : "750");
-    EXPECT_EQ(tab.rows().get(3, movementTable(GetParam()).columns.quantity), "0000005");
+    EXPECT_EQ(tab.view.totalPutBack, isReceipt() ? "500" : "600");
+    EXPECT_EQ(tab.rows().get(3, columns.quantity), "0000005");
+    EXPECT_EQ(tab.rows().get(3, columns.returned[0]), isReceipt() ? "0000000" : "0000001");
     EXPECT_EQ(desk.stockOf("A"), "99999999999998");
 }
 
@@ -205,6 +273,36 @@ TEST_P(CorrectionTest, rowsThatTheRowSetHasLeft_areNotTouched)
     EXPECT_EQ(tab.book("A"), BookResult::Stored);
     EXPECT_TRUE(tab.edit.inStep(1));
     EXPECT_FALSE(tab.edit.inStep(2));
+}
+
+TEST_P(CorrectionTest, newRowThatWasNotStored_cutsOffARowThatTheRowSetHasLeft)
+{
+    tab.rows().Select("WHERE Code='NIX'");
+    tab.edit.searched(false);
+    desk.shop.execute("CREATE TRIGGER full BEFORE INSERT ON " + table()
+                      + " BEGIN SELECT RAISE(ABORT,'full'); END");
+    EXPECT_EQ(tab.book("A"), BookResult::NotStored);
+    EXPECT_EQ(tab.view.count(), 3);
+    EXPECT_TRUE(tab.edit.inStep(1));
+    EXPECT_FALSE(tab.edit.inStep(2));
+}
+
+TEST(ReceiptCorrection, updateWhoseCommitFails_leavesNothing)
+{
+    BookingDesk desk;
+    EntryTab& tab = desk.receipts;
+    desk.goods("A", "5", "5");
+    ASSERT_EQ(tab.book("A"), BookResult::Stored);
+    tab.type(1, 8, 0);
+    {
+        AppDB reader(desk.shop.databaseFolder());
+        ASSERT_EQ(reader.OpenStill(desk.shop.databaseFile()), 0); // others' commits wait, and give up
+        EXPECT_EQ(tab.edit.update(), EditResult::Failed);
+        EXPECT_FALSE(desk.db.inUnit());
+    }
+    EXPECT_EQ(desk.stockOf("A"), "5");
+    EXPECT_EQ(tab.edit.update(), EditResult::Done);
+    EXPECT_EQ(desk.stockOf("A"), "8");
 }
 
 TEST(ReceiptCorrection, deletePostsTheGoodsFirst_updateTheirComponents)
