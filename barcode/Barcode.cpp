@@ -3,7 +3,7 @@
 #include "platform/core/CodePage.h"
 #include "platform/core/MSComm.h"
 #include "platform/core/RunTimeError.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "store/Numbers.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -15,7 +15,7 @@
 #include "benchmarks/BareSqlite.h"
 #include "benchmarks/Measure.h"
 #include "frame/support/frm_Wait.h"
-#include "store/CarryForward.h"
+#include "booking/CarryForward.h"
 #include "tests/support/HistoryDesk.h"
 
 namespace suisui::bench {

@@ -14,6 +14,7 @@
 #include "lists/MovementListPage.h"
 #include "lists/SlipFile.h"
 #include "store/AppIni.h"
+#include "store/FoldedCode.h"
 #include "tests/support/ScriptedMsgBox.h"
 #include "tests/support/TestClock.h"
 #include "tests/support/TestFrame.h"
@@ -137,15 +138,10 @@ void SummedFill(benchmark::State& state)
 }
 BENCHMARK(SummedFill)->Arg(25000)->Arg(100000)->Iterations(7)->Unit(benchmark::kMillisecond);
 
-char folded(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool before(const std::string& a, const std::string& b)
 {
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                        [](char x, char y) { return folded(x) < folded(y); });
+                                        [](char x, char y) { return foldedLetter(x) < foldedLetter(y); });
 }
 
 using SortKeys = std::array<std::string, 4>;

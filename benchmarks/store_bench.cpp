@@ -2,8 +2,8 @@
 #include "benchmarks/BareScan.h"
 #include "benchmarks/BenchShop.h"
 #include "benchmarks/Measure.h"
-#include "movement/ZaikoPost.h"
-#include "platform/widgets/MsgBox.h"
+#include "booking/ZaikoPost.h"
+#include "platform/core/MsgBox.h"
 #include "store/Where.h"
 
 namespace suisui::bench {

@@ -11,7 +11,7 @@
 #include "platform/core/RunTimeError.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
-#include "store/CarryForward.h"
+#include "booking/CarryForward.h"
 #include "store/Stamps.h"
 #include "store/Where.h"
 

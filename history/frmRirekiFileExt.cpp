@@ -1,7 +1,7 @@
 #include "history/frmRirekiFileExt.h"
 
 #include "platform/core/KeyCodes.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "ui_frmRirekiFileExt.h"
 
 using namespace Qt::Literals::StringLiterals;

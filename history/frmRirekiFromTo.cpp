@@ -5,7 +5,7 @@
 #include "platform/core/Clock.h"
 #include "platform/core/FillIn.h"
 #include "platform/widgets/Hourglass.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "store/AppDB.h"
 #include "store/Stamps.h"
 #include "store/Where.h"

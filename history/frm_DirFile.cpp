@@ -11,7 +11,7 @@
 #include "frame/support/FocusPaint.h"
 #include "history/FileChoice.h"
 #include "platform/core/FillIn.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "store/AppEnv.h"
 #include "store/AppIni.h"
 #include "store/Dialect.h"

@@ -4,7 +4,7 @@
 
 #include "frame/support/ShowModal.h"
 #include "lists/frmPriCheck_List.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "platform/widgets/vaSpread.h"
 
 using namespace Qt::Literals::StringLiterals;

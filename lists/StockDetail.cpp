@@ -1,26 +1,17 @@
 #include "lists/StockDetail.h"
 
+#include "booking/StockEffect.h"
 #include "platform/core/RunTimeError.h"
 #include "store/AppDB.h"
 #include "store/Numbers.h"
+#include "store/FoldedCode.h"
 #include "store/Where.h"
 
 namespace suisui {
 
 namespace {
 
-constexpr int noColumnHere = -1;
 constexpr int fewGoods = 30; // for so few it never pays to read everything
-
-/// A code as the key of a look-up: letters a to z without regard to case, as the store compares them.
-std::string folded(std::string_view code)
-{
-    std::string key(code);
-    for (char& c : key)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return key;
-}
 
 } // namespace
 
@@ -32,21 +23,24 @@ struct StockDetail::Side
     int quantity;
     int unit;
     int discount;
-    int returned; ///< noColumnHere where returns do not come back into stock
+    int returned; ///< noColumn where the view has no returns
     int code;
     StockLineKind group;
+    StockEffect effect; ///< a movement of today counts as it was posted
 
     static Side receipts(AppDB& db)
     {
         using enum NyuViewCol;
-        return {db.NyuViewTbl(), at(NyuPrice), at(NyuSuu), at(Unit),
-                at(NyuNebiki),   at(Henkyaku), at(Code),   StockLineKind::In};
+        return {db.NyuViewTbl(), at(NyuPrice),      at(NyuSuu),
+                at(Unit),        at(NyuNebiki),     at(Henkyaku),
+                at(Code),        StockLineKind::In, StockEffect(suisui::Side::Receipt, Returns::TakenOff)};
     }
     static Side shipments(AppDB& db)
     {
         using enum SyuViewCol;
-        return {db.SyuViewTbl(), at(SyuPrice), at(SyuSuu), at(Unit),
-                at(SyuNebiki),   noColumnHere, at(Code),   StockLineKind::Out};
+        return {db.SyuViewTbl(), at(SyuPrice),       at(SyuSuu),
+                at(Unit),        at(SyuNebiki),      noColumn,
+                at(Code),        StockLineKind::Out, StockEffect(suisui::Side::Shipment, Returns::TakenOff)};
     }
 
 private:
@@ -72,7 +66,7 @@ void StockDetail::indexAll(const Side& side, Places& places)
 {
     const int count = side.rows.Select({}, {});
     for (int row = 1; row <= count; ++row) {
-        Range& range = places[folded(side.rows.get(row, side.code))];
+        Range& range = places[foldedCode(side.rows.get(row, side.code))];
         if (range.count++ == 0)
             range.first = row;
     }
@@ -84,7 +78,7 @@ StockDetail::Range StockDetail::movementsOf(const Side& side, Places& places, st
 {
     if (!m_allAtOnce)
         return {1, side.rows.Select(" " + whereCode(code) + " ", {})};
-    const auto found = places.find(folded(code));
+    const auto found = places.find(foldedCode(code));
     return found == places.end() ? Range{} : found->second;
 }
 
@@ -111,8 +105,9 @@ StockDetail::Totals StockDetail::addGroups(const Side& side, const Range& range,
             unitKey = unit;
             group = {.kind = side.group, .price = numberOf(price), .unit = std::string(unit)};
         }
-        const double returned = side.returned == noColumnHere ? 0 : numberOf(texts.text(side.returned));
-        const double net = plus(numberOf(texts.text(side.quantity)), -returned);
+        const std::string_view returned =
+            side.returned == noColumn ? std::string_view() : texts.text(side.returned);
+        const double net = side.effect.counted(texts.text(side.quantity), returned);
         const double discount = numberOf(texts.text(side.discount));
         group.quantity = plus(group.quantity, net);
         group.discount = plus(group.discount, discount);

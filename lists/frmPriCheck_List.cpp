@@ -10,7 +10,7 @@
 #include "platform/core/DoEvents.h"
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/Hourglass.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "platform/widgets/SendKeys.h"
 #include "platform/widgets/vaSpread.h"
 #include "store/AppIni.h"

@@ -1,10 +1,10 @@
 #include "movement/MovementPage.h"
 
 #include "frame/support/PageTools.h"
+#include "movement/EntryGrid.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
-#include "store/Numbers.h"
 #include "ui_MovementPage.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -19,11 +19,8 @@ MovementPage::MovementPage(Side side, const Services& services, QWidget* parent)
     followRuler(*m_ui->txtXBarCode, *m_ui->lblXBarCode);
     m_period = {{m_ui->txtXyyyy_F, m_ui->txtXmm_F, m_ui->txtXdd_F},
                 {m_ui->txtXyyyy_T, m_ui->txtXmm_T, m_ui->txtXdd_T}};
-    m_ui->Sprd_X->setColumns(m_side.columns);
-    m_ui->Sprd_X->setRowMaker([this](const PackedRow& stored, int index, std::span<std::string> texts) {
-        makeRow(stored, index, texts);
-    });
-    m_bar = new GridBar(*m_ui->Sprd_X);
+    m_entry = std::make_unique<EntryGrid>(*m_ui->Sprd_X, m_side);
+    m_edit = std::make_unique<Correction>(side, books(), *m_entry);
     nameControls();
     wire();
 }
@@ -59,11 +56,6 @@ QLineEdit* MovementPage::barCodeField()
 }
 
 vaSpread* MovementPage::grid()
-{
-    return m_ui->Sprd_X;
-}
-
-const vaSpread* MovementPage::grid() const
 {
     return m_ui->Sprd_X;
 }
@@ -118,29 +110,6 @@ void MovementPage::firstShow()
     cmdKensaku_Click();
 }
 
-Figures MovementPage::postedFigures(int row) const
-{
-    const MovementCells& cells = m_side.cells;
-    const vaSpread& grid = *m_ui->Sprd_X;
-    return {.quantity = numberOf(grid.text(cells.postedQuantity, row)),
-            .returned = cells.postedReturned == noCell ? 0 : numberOf(grid.text(cells.postedReturned, row))};
-}
-
-Figures MovementPage::shownFigures(int row) const
-{
-    const MovementCells& cells = m_side.cells;
-    const vaSpread& grid = *m_ui->Sprd_X;
-    return {.quantity = numberOf(grid.text(cells.quantity, row)),
-            .returned = m_table.returnsMoveStock ? numberOf(grid.text(cells.returned[0], row)) : 0};
-}
-
-int MovementPage::bufferIndex(int row) const
-{
-    if (const int number = grid()->pendingNumber(row); number != 0)
-        return number; // nobody has looked at the row: its texts need not be made for this
-    return static_cast<int>(numberOf(m_ui->Sprd_X->text(m_side.cells.index, row)));
-}
-
 QString MovementPage::term() const
 {
     return m_services.ini.Term(m_side.termIndex);
@@ -150,13 +119,6 @@ void MovementPage::markStale()
 {
     m_services.frame.setTabLoaded(Tab::Stock, false);
     m_services.frame.setTabLoaded(m_side.listTab, false);
-}
-
-/// The number columns jump by way of the price, so that quantity and price are both in view.
-void MovementPage::cursorToQuantity()
-{
-    grid()->SetActiveCell(m_side.cells.price, 1);
-    grid()->SetActiveCell(m_side.cells.quantity, 1);
 }
 
 } // namespace suisui

@@ -4,16 +4,11 @@
 #pragma once
 
 #include <memory>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
 
+#include "booking/Correction.h"
 #include "frame/support/Check_Csv.h"
 #include "frame/support/Frame.h"
-#include "frame/support/GridBar.h"
 #include "frame/support/Page.h"
-#include "movement/Deltas.h"
 #include "movement/MovementSide.h"
 
 namespace Ui {
@@ -22,8 +17,8 @@ class MovementPage;
 
 namespace suisui {
 
-class EnterButton;
-class KeyField;
+class Booking;
+class EntryGrid;
 class RowSet;
 
 class MovementPage final : public Page
@@ -59,78 +54,49 @@ public:
     void cmdPrint_Click();
     /// InpCellChange, OutCellChange: takes a changed cell into the row buffer.
     void cellChange(int column, int row);
-    /// InpGridLoad, OutGridLoad: fills the grid from the buffer, newest row first.
-    void gridLoad();
 
 Q_SIGNALS:
     /// The operator wants labels: column of the marks, column of the quantity or noCell for one of each row.
     void labelsWanted(int printColumn, int quantityColumn);
 
 private:
-    struct Scan;
-
-    [[nodiscard]] const vaSpread* grid() const;
     void nameControls();
     void wire();
 
     // Booking a code (MovementScan.cpp).
-    void book(const std::string& code);
-    [[nodiscard]] bool lookUp(const std::string& code, Scan& scan);
-    void unregistered(const std::string& code);
-    [[nodiscard]] bool postScan(const Scan& scan);
-    void putOnTop(const Scan& scan);
+    void book(const QString& code);
+    void unregistered(const QString& code);
+    void putOnTop(const Booking& booking);
     void notStored();
-    [[nodiscard]] bool rowAdd(const std::string& stamp);
-    [[nodiscard]] bool commitWhen(int status);
-    void waitForNextSecond(const Scan& scan);
+    [[nodiscard]] bool rowAdd(Booking& booking);
 
-    // Searching, and taking corrections into the buffer (MovementSearch.cpp).
+    // Searching, and taking corrections into the row set (MovementSearch.cpp).
     [[nodiscard]] bool agreesToShow(int count);
-    void makeRow(const PackedRow& stored, int index, std::span<std::string> texts) const;
+    /// InpGridLoad, OutGridLoad: fills the grid from the row set, newest row first.
+    void gridLoad();
     [[nodiscard]] bool wasCode(int row, int rowIndex);
     [[nodiscard]] bool agreesToQuantity(const QString& typed, int row);
-    [[nodiscard]] bool changeNumber(int column, int row, int rowIndex);
-    [[nodiscard]] bool changeText(int column, int row, int rowIndex);
-    /// Whether \a row still shows what the buffer holds for it.
-    [[nodiscard]] bool inStep(int row) const;
+    [[nodiscard]] bool takeCell(int column, int row, int rowIndex);
 
     // Writing corrections, and deleting (MovementEdit.cpp).
-    [[nodiscard]] bool updateRow(int row, const std::string& stamp);
-    [[nodiscard]] bool postUpdate(int row, int rowIndex, const Figures& posted, const Figures& now,
-                                  const std::string& stamp);
-    void restorePosted(int row, int rowIndex, const Figures& posted);
-    [[nodiscard]] bool writeRow(int rowIndex);
-    void showPosted(int row, const Figures& figures);
-    void putBackPosted();
-    [[nodiscard]] bool agreesToDelete();
-    [[nodiscard]] bool postDelete(int rowIndex, double delta, const std::string& stamp);
-    void takeOutOfGrid(int row, int rowIndex);
-    void notWritten(bool deleting);
+    [[nodiscard]] bool agrees(const QString& title, const char16_t* question);
+    void notWritten(EditResult result, bool deleting);
     void concurrentChange(bool deleting);
 
-    [[nodiscard]] Figures postedFigures(int row) const;
-    [[nodiscard]] Figures shownFigures(int row) const;
-    [[nodiscard]] int bufferIndex(int row) const;
+    [[nodiscard]] Books books() const { return {m_services.db, m_services.msgBox, m_services.clock}; }
     [[nodiscard]] QString term() const;
     /// The stock tab and this side's list have to read the database again.
     void markStale();
-    void cursorToQuantity();
 
     const MovementSide& m_side;
     const MovementTable& m_table;
     Services m_services;
     RowSet& m_rows;
     std::unique_ptr<Ui::MovementPage> m_ui;
-    GridBar* m_bar = nullptr;
+    std::unique_ptr<EntryGrid> m_entry;
+    std::unique_ptr<Correction> m_edit;
     PeriodBoxes m_period;
     ChoiceList m_partners;
-    /// Posted figures of rows as they were before an update that was rolled back, by grid row.
-    std::vector<std::pair<int, Figures>> m_takenBack;
-    /// Rows at the bottom of the grid that the buffer has left behind.
-    int m_outOfStep = 0;
-    /// A corrected row is not in the table: another program has deleted it, or it was never stored. Updates
-    /// are refused until the next search.
-    bool m_editLost = false;
 };
 
 } // namespace suisui

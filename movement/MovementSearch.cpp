@@ -2,11 +2,10 @@
 #include "movement/MovementPage.h"
 
 #include "frame/support/Questions.h"
+#include "movement/EntryGrid.h"
 #include "platform/core/FillIn.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
-#include "store/Numbers.h"
-#include "store/Stamps.h"
 #include "store/Where.h"
 #include "ui_MovementPage.h"
 
@@ -39,9 +38,7 @@ void MovementPage::cmdKensaku_Click()
         where += m_period.to.stored().toStdString();
         where += m_side.orderBy;
         const int count = m_rows.Select(where);
-        m_takenBack.clear();
-        m_outOfStep = 0;
-        m_editLost = false;
+        m_edit->searched(true);
         if (count <= 0) {
             grid()->setMaxRows(0);
             grid()->setReDraw(true);
@@ -53,10 +50,10 @@ void MovementPage::cmdKensaku_Click()
         if (agreesToShow(count)) {
             gridLoad();
             frame.setTabLoaded(m_side.tab, true); // else a tab change would search, and ask, once more
-            m_bar->move(0, 1);
-            cursorToQuantity();
+            m_entry->moveBar(0, 1);
+            m_entry->cursorToQuantity();
         } else {
-            m_outOfStep = grid()->MaxRows(); // the old rows stay in view, the buffer has the new ones
+            m_edit->searched(false); // the old rows stay in view, the row set has the new ones
         }
     }
     frame.BusyOff();
@@ -76,51 +73,11 @@ bool MovementPage::agreesToShow(int count)
 
 void MovementPage::gridLoad()
 {
-    vaSpread& sheet = *grid();
     Frame& frame = m_services.frame;
-    const bool waiting = frame.waitVisible();
-    sheet.setReDraw(false);
-    const int count = m_rows.Count();
-    sheet.setMaxRows(0); // rows of the last search keep no colours
-    sheet.setMaxRows(count);
-    int shown = 0;
-    for (int i = count; i >= 1; --i) {
-        if (m_rows.RowState(i) == "D")
-            continue;
-        sheet.setRowSource(++shown, m_rows.packed(i), i);
+    m_entry->load(m_rows, [&frame, waiting = frame.waitVisible()](int shown) {
         if (waiting)
             frame.setWaitProgress(shown);
-    }
-    sheet.setMaxRows(shown);
-    sheet.setReDraw(true);
-}
-
-/// The cells of a stored row. The label mark is not stored and stays empty.
-void MovementPage::makeRow(const PackedRow& stored, int index, std::span<std::string> texts) const
-{
-    const MovementCells& cells = m_side.cells;
-    const MovementColumns& columns = m_table.columns;
-    const auto put = [&texts](int cell, std::string_view text) {
-        if (cell != noCell)
-            texts[static_cast<std::size_t>(cell - 1)] = text;
-    };
-    put(cells.code, stored.text(columns.code));
-    put(cells.name, stored.text(columns.name));
-    put(cells.price, stored.text(columns.price));
-    put(cells.quantity, stored.text(columns.quantity));
-    put(cells.discount, stored.text(columns.discount));
-    put(cells.total, Format(rowTotal(columns, stored), maskA));
-    put(cells.partner, stored.text(columns.partnerName));
-    put(cells.staff, stored.text(columns.staffName));
-    put(cells.unit, stored.text(columns.unit));
-    for (std::size_t r = 0; r < cells.returned.size(); ++r)
-        put(cells.returned[r], stored.text(columns.returned[r]));
-    put(cells.date, screenDate(stored.text(columns.date)));
-    put(cells.time, screenTime(stored.text(columns.time)));
-    put(cells.remark, stored.text(columns.remark));
-    put(cells.postedReturned, stored.text(columns.returned[0]));
-    put(cells.postedQuantity, stored.text(columns.quantity));
-    put(cells.index, std::to_string(index));
+    });
 }
 
 // ---- corrections
@@ -128,23 +85,31 @@ void MovementPage::makeRow(const PackedRow& stored, int index, std::span<std::st
 void MovementPage::cellChange(int column, int row)
 {
     m_services.frame.BusyOn();
-    if (inStep(row)) {
-        const int index = bufferIndex(row);
+    if (m_edit->inStep(row)) {
+        const int index = m_entry->bufferIndex(row);
         const bool code = column == m_side.cells.quantity && wasCode(row, index);
-        if (!code && (changeNumber(column, row, index) || changeText(column, row, index))) {
+        if (!code && takeCell(column, row, index))
             m_services.frame.setDirty(m_side.side, true);
-            const std::string_view state = m_rows.RowState(index);
-            m_editLost |= state == "D" || state == "N";
-        }
     } else {
         concurrentChange(false); // the box says what to do: search again
     }
     m_services.frame.BusyOff();
 }
 
-bool MovementPage::inStep(int row) const
+/// Takes a cell into the row set; false when it says nothing new.
+bool MovementPage::takeCell(int column, int row, int rowIndex)
 {
-    return row <= grid()->MaxRows() - m_outOfStep;
+    const EditedCell* const cell = m_entry->edited(column);
+    if (cell == nullptr)
+        return false;
+    const bool number = cell->form == CellForm::Number;
+    if (number && grid()->text(column, row).empty())
+        grid()->SetText(column, row, std::string_view("0"));
+    if (!m_edit->take(rowIndex, cell->column, cell->form, grid()->text(column, row)))
+        return false;
+    if (number)
+        grid()->SetText(m_side.cells.total, row, m_edit->total(rowIndex));
+    return true;
 }
 
 /// A reader too slow to be told from a person types its code into the quantity. When the operator says so,
@@ -177,61 +142,6 @@ bool MovementPage::agreesToQuantity(const QString& typed, int row)
              {u"quantity", grid()->qtext(m_side.cells.quantity, row)}}),
         BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::No};
     return m_services.msgBox.show(box) == BoxAnswer::Yes;
-}
-
-bool MovementPage::changeNumber(int column, int row, int rowIndex)
-{
-    const MovementCells& cells = m_side.cells;
-    const MovementColumns& columns = m_table.columns;
-    const struct
-    {
-        int cell;
-        int stored;
-    } numbers[] = {{cells.price, columns.price},
-                   {cells.quantity, columns.quantity},
-                   {cells.discount, columns.discount},
-                   {cells.returned[0], columns.returned[0]},
-                   {cells.returned[1], columns.returned[1]}};
-    for (const auto& number : numbers) {
-        if (number.cell != column || number.cell == noCell)
-            continue;
-        if (grid()->text(column, row).empty())
-            grid()->SetText(column, row, std::string_view("0"));
-        const std::string_view shown = grid()->text(column, row);
-        if (shown == m_rows.get(rowIndex, number.stored))
-            return false;
-        m_rows.set(rowIndex, number.stored, movementNumber(shown));
-        grid()->SetText(cells.total, row, Format(rowTotal(columns, m_rows.packed(rowIndex)), maskA));
-        return true;
-    }
-    return false;
-}
-
-bool MovementPage::changeText(int column, int row, int rowIndex)
-{
-    const MovementCells& cells = m_side.cells;
-    const MovementColumns& columns = m_table.columns;
-    const auto asItStands = [](std::string_view text) { return std::string(text); };
-    const struct
-    {
-        int cell;
-        int stored;
-        std::string (*form)(std::string_view);
-    } texts[] = {{cells.name, columns.name, asItStands},
-                 {cells.unit, columns.unit, asItStands},
-                 {cells.date, columns.date, storedDate},
-                 {cells.time, columns.time, storedTime},
-                 {cells.remark, columns.remark, asItStands}};
-    for (const auto& text : texts) {
-        if (text.cell != column)
-            continue;
-        const std::string value = text.form(grid()->text(column, row));
-        if (value == m_rows.get(rowIndex, text.stored))
-            return false;
-        m_rows.set(rowIndex, text.stored, value);
-        return true;
-    }
-    return false;
 }
 
 } // namespace suisui

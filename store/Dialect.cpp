@@ -5,16 +5,12 @@
 #include <sqlite3.h>
 
 #include "platform/core/RunTimeError.h"
+#include "store/FoldedCode.h"
 #include "store/Numbers.h"
 
 namespace suisui {
 
 namespace {
-
-char folded(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 /// Bytes of the UTF-8 character that starts at \a at; a stray byte counts as one.
 std::size_t characterLength(std::string_view text, std::size_t at)
@@ -124,7 +120,7 @@ bool like(std::string_view text, std::string_view pattern)
         } else if (p < pattern.size() && pattern[p] == '?') {
             t += characterLength(text, t);
             ++p;
-        } else if (p < pattern.size() && folded(pattern[p]) == folded(text[t])) {
+        } else if (p < pattern.size() && foldedLetter(pattern[p]) == foldedLetter(text[t])) {
             ++t;
             ++p;
         } else if (starPattern != none) {

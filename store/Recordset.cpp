@@ -1,6 +1,7 @@
 #include "store/Recordset.h"
 
 #include "platform/core/RunTimeError.h"
+#include "store/FoldedCode.h"
 
 namespace suisui {
 
@@ -10,9 +11,8 @@ bool sameName(std::string_view a, std::string_view b)
 {
     if (a.size() != b.size())
         return false;
-    const auto fold = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; };
     for (std::size_t i = 0; i < a.size(); ++i)
-        if (fold(a[i]) != fold(b[i]))
+        if (foldedLetter(a[i]) != foldedLetter(b[i]))
             return false;
     return true;
 }

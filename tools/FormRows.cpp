@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "store/FoldedCode.h"
 #include "store/Where.h"
 
 namespace suisui {
@@ -9,15 +10,6 @@ namespace suisui {
 namespace {
 
 constexpr const char* cannotWrite = "データベースに書けません";
-
-std::string folded(std::string_view code)
-{
-    std::string text(code);
-    for (char& c : text)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return text;
-}
 
 bool isDigits(std::string_view text)
 {
@@ -130,7 +122,7 @@ bool CodeRows::findRow(const std::string& cell, std::string& code)
 /// Whether no line before has said something about this code.
 bool CodeRows::isFirstOf(const std::string& code)
 {
-    const auto [line, first] = m_lines.emplace(folded(code), m_faults.line());
+    const auto [line, first] = m_lines.emplace(foldedCode(code), m_faults.line());
     if (!first)
         m_faults.add(std::to_string(line->second) + " 行目と同じコードです");
     return first;
@@ -193,7 +185,7 @@ bool PartRows::takeStored(Product& product, const std::string& part, const std::
     if (same == product.stored.end())
         return false;
     same->settled = true;
-    product.lines.emplace(folded(part), m_faults.line());
+    product.lines.emplace(foldedCode(part), m_faults.line());
     expectNoMix(product);
     return true;
 }
@@ -207,14 +199,14 @@ void PartRows::takePart(Product* product, const FormCells& cells)
             m_faults.add(std::string(m_form.fields[field].heading) + cell->fault);
     if (product == nullptr || !part.stored || !count.stored)
         return;
-    const auto [line, first] = product->lines.emplace(folded(*part.stored), m_faults.line());
+    const auto [line, first] = product->lines.emplace(foldedCode(*part.stored), m_faults.line());
     if (!first)
         return m_faults.add(std::to_string(line->second) + " 行目と同じコードです");
     expectNoMix(*product);
     const std::string spelled = plainText(cells[0].value_or(std::string()));
     if (isSound(*product, *part.stored))
         product->wanted.push_back(
-            {.product = folded(spelled) == folded(product->code) ? spelled : product->code,
+            {.product = foldedCode(spelled) == foldedCode(product->code) ? spelled : product->code,
              .code = *part.stored,
              .quantity = *count.stored});
 }
@@ -252,7 +244,7 @@ PartRows::Product* PartRows::productOf(const std::string& cell)
         }
         code = std::move(*checked.stored);
     }
-    const auto [place, first] = m_products.try_emplace(folded(code));
+    const auto [place, first] = m_products.try_emplace(foldedCode(code));
     Product& product = place->second;
     if (first) {
         product.code = code;
@@ -270,7 +262,7 @@ bool PartRows::isSound(const Product& product, const std::string& part)
 {
     const bool productKnown = isKnown(0, product.code);
     const bool partKnown = isKnown(1, part);
-    const bool same = folded(product.code) == folded(part);
+    const bool same = foldedCode(product.code) == foldedCode(part);
     if (same)
         m_faults.add("商品と部品が同じコードです");
     return productKnown && partKnown && !same;
@@ -327,7 +319,7 @@ bool PartRows::writeStored(Product& product)
             continue;
         }
         const auto wanted = std::ranges::find_if(product.wanted, [&stored](const Part& part) {
-            return !part.settled && folded(part.code) == folded(stored.code);
+            return !part.settled && foldedCode(part.code) == foldedCode(stored.code);
         });
         if (wanted == product.wanted.end()) {
             if (m_rows.DeleteRow(row) != 0) // those behind it move up

@@ -10,7 +10,7 @@
 
 #include "platform/core/Files.h"
 #include "store/AppDB.h"
-#include "store/ComponentChange.h"
+#include "booking/ComponentChange.h"
 #include "store/Stamps.h"
 #include "tools/Csv.h"
 #include "tools/FormReader.h"

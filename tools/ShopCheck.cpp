@@ -1,13 +1,12 @@
 #include "tools/ShopCheck.h"
 
 #include <algorithm>
-#include <cmath>
 #include <initializer_list>
-#include <map>
 
 #include <QString>
 #include <QStringDecoder>
 
+#include "booking/BooksCheck.h"
 #include "platform/core/RunTimeError.h"
 #include "store/AppDB.h"
 #include "store/Numbers.h"
@@ -116,99 +115,11 @@ void checkEncodings(const RowSet& rows, std::span<const Encoding> encodings, Pro
     }
 }
 
-std::string folded(std::string_view code)
+Message messageOf(const BooksDifference& difference)
 {
-    std::string text(code);
-    for (char& c : text)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c + ('a' - 'A'));
-    return text;
-}
-
-/// A stock figure as it stands in the table, and the part of it that was carried forward.
-struct StockFigure
-{
-    double figure = 0;
-    double carried = 0;
-};
-
-/// What movements make of a code's stock.
-struct Moved
-{
-    double net = 0;   ///< with the returns of receipts taken off, as postings have it
-    double gross = 0; ///< without, as the carry-forward has it
-    double size = 0;  ///< all that came and went, whichever way
-
-    void add(double netQuantity, double grossQuantity)
-    {
-        net = plus(net, netQuantity);
-        gross = plus(gross, grossQuantity);
-        size += std::abs(netQuantity) + std::abs(grossQuantity);
-    }
-    /// Whether they make \a stock, on 15 digits counted from the largest figure that had a part in it: what a
-    /// text carries, and what older versions of the program have lost behind them. Once periods were saved a
-    /// movement may be counted either way: without returns up to the last save or load, with them since.
-    [[nodiscard]] bool make(const StockFigure& stock, bool periodsWereSaved) const
-    {
-        constexpr double lastDigit = 1e-15;
-        const double quantity = plus(stock.figure, -stock.carried);
-        const double other = periodsWereSaved ? gross : net;
-        const double room = (size + std::abs(stock.figure) + std::abs(stock.carried)) * lastDigit;
-        return quantity >= std::min(net, other) - room && quantity <= std::max(net, other) + room;
-    }
-};
-
-/// What the movements now in the tables make of each code's stock.
-std::map<std::string, Moved> movedStock(const InpRec& receipts, const OutRec& shipments,
-                                        const HSeihinRec& parts)
-{
-    std::multimap<std::string, std::pair<std::string, double>> components;
-    for (int row = 1; row <= parts.Count(); ++row)
-        components.emplace(folded(parts.get(row, HSeihinCol::Code)),
-                           std::pair(folded(parts.get(row, HSeihinCol::HSeihinCD)),
-                                     numberOf(parts.get(row, HSeihinCol::Suuryou))));
-    std::map<std::string, Moved> moved;
-    for (int row = 1; row <= receipts.Count(); ++row) {
-        const std::string code = folded(receipts.get(row, InpCol::Code));
-        const double gross = numberOf(receipts.get(row, InpCol::NyuSuu));
-        const double net = plus(gross, -numberOf(receipts.get(row, InpCol::Henkyaku)));
-        moved[code].add(net, gross);
-        const auto [first, last] = components.equal_range(code);
-        for (auto part = first; part != last; ++part)
-            moved[part->second.first].add(-times(net, part->second.second),
-                                          -times(gross, part->second.second));
-    }
-    for (int row = 1; row <= shipments.Count(); ++row) {
-        const double shipped = numberOf(shipments.get(row, OutCol::SyuSuu));
-        moved[folded(shipments.get(row, OutCol::Code))].add(-shipped, -shipped);
-    }
-    return moved;
-}
-
-void checkStock(AppDB& db, const ZaikoRec& stock, std::map<std::string, Moved> moved, Problems& problems)
-{
-    const bool periodsWereSaved = db.RirekiTbl().CountRows("WHERE DateFrom='Trn'") > 0;
-    for (int row = 1; row <= stock.Count(); ++row) {
-        const std::string code = folded(stock.get(row, ZaikoCol::Code));
-        const StockFigure figures{.figure = numberOf(stock.get(row, ZaikoCol::ZaikoSuu)),
-                                  .carried = numberOf(stock.get(row, ZaikoCol::KuriSuu))};
-        const Moved made = moved[code];
-        moved.erase(code);
-        if (!made.make(figures, periodsWereSaved))
-            problems.push_back({phrases::stockDiffers,
-                                {stock.get(row, ZaikoCol::Code), CStr(figures.figure),
-                                 CStr(plus(figures.carried, made.net))}});
-    }
-    MasterRec& master = db.MasterPost();
-    std::map<std::string, bool> known;
-    master.Select({});
-    for (int row = 1; row <= master.Count(); ++row)
-        known[folded(master.get(row, MasterCol::Code))] = true;
-    master.Clear();
-    // A code that is in neither table is skipped by the postings, so it owes nothing here either.
-    for (const auto& [code, quantity] : moved)
-        if (!quantity.make({}, false) && known.contains(code))
-            problems.push_back({phrases::noStockRow, {code, CStr(quantity.net)}});
+    if (difference.kind == BooksDifference::Kind::NoStockRow)
+        return {phrases::noStockRow, {difference.code, CStr(difference.expected)}};
+    return {phrases::stockDiffers, {difference.code, CStr(difference.stock), CStr(difference.expected)}};
 }
 
 Problems problemsOf(AppDB& db)
@@ -239,7 +150,9 @@ Problems problemsOf(AppDB& db)
          std::initializer_list<const RowSet*>{&parts, &goods, &partners, &staff, &periods})
         checkEncodings(*rows, {}, problems);
     try {
-        checkStock(db, stock, movedStock(receipts, shipments, parts), problems);
+        for (const BooksDifference& difference : checkBooks(
+                 db, {.receipts = receipts, .shipments = shipments, .components = parts, .stock = stock}))
+            problems.push_back(messageOf(difference));
     } catch (const RunTimeError& error) {
         problems.push_back({phrases::stockNotComputed, {error.what()}});
     }

@@ -13,10 +13,7 @@ class AppDB;
 
 /// What does not hold, a line each; empty when all is well. \a db must be open.
 ///
-/// For a code c: ZaikoSuu = KuriSuu + received - shipped - consumed. Received is NyuSuu less Henkyaku of its
-/// receipts, as postings have it; shipped is SyuSuu, since a shipment's returns never reach the stock;
-/// consumed is what receipts of products took of c as their component. The carry-forward that goes with
-/// saving and loading periods counts NyuSuu alone, so from the first one on either is right.
+/// The stock figures are compared by checkBooks (booking/BooksCheck.h).
 [[nodiscard]] std::vector<std::string> checkShop(AppDB& db, Language language = Language::English);
 
 } // namespace suisui

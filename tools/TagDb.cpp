@@ -12,7 +12,7 @@
 
 #include "platform/core/CodePage.h"
 #include "store/AppDB.h"
-#include "store/ComponentChange.h"
+#include "booking/ComponentChange.h"
 #include "store/Stamps.h"
 #include "tools/Cause.h"
 #include "tools/Csv.h"

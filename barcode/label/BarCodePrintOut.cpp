@@ -5,7 +5,7 @@
 #include "barcode/label/frm_PriCheck.h"
 #include "frame/support/ShowModal.h"
 #include "platform/widgets/Hourglass.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "platform/widgets/vaSpread.h"
 #include "store/AppIni.h"
 

@@ -8,7 +8,7 @@
 #include "platform/widgets/BarPrt.h"
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/Hourglass.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "platform/widgets/vaSpread.h"
 #include "store/AppIni.h"
 #include "store/Numbers.h"

@@ -16,7 +16,7 @@
 #include "platform/core/Clock.h"
 #include "platform/core/MSComm.h"
 #include "platform/core/SingleInstance.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/widgets/ScreenMsgBox.h"
 #include "platform/widgets/Printer.h"
 #include "platform/widgets/PrinterBarPrt.h"
 #include "store/AppDB.h"

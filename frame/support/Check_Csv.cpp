@@ -10,7 +10,7 @@
 #include "platform/core/DoEvents.h"
 #include "platform/core/FillIn.h"
 #include "platform/core/KeyCodes.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "store/Stamps.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -6,7 +6,7 @@
 
 #include <QString>
 
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "store/Side.h"
 
 namespace suisui {

@@ -2,7 +2,7 @@
 
 #include "frame/support/Frame.h"
 #include "platform/core/FillIn.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "store/AppIni.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -7,16 +7,12 @@
 #include <limits>
 #include <numeric>
 
+#include "store/FoldedCode.h"
 #include "store/Numbers.h"
 
 namespace suisui {
 
 namespace {
-
-char fold(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 /// Figures as the grids show them: whole, grouped by commas. Not a number for all other texts.
 double groupedFigure(std::string_view text)
@@ -67,7 +63,7 @@ void SortColumn::fill() const
         m_texts.append(m_read(row));
         m_begins.push_back(m_texts.size());
     }
-    std::transform(m_texts.begin(), m_texts.end(), m_texts.begin(), fold);
+    std::transform(m_texts.begin(), m_texts.end(), m_texts.begin(), foldedLetter);
     std::string_view common = m_rows == 0 ? std::string_view() : folded(0);
     for (std::size_t row = 1; row < m_rows && !common.empty(); ++row) {
         const std::string_view text = folded(row);

@@ -4,7 +4,7 @@
 #include <random>
 
 #include "movement/MovementPage.h"
-#include "store/ComponentChange.h"
+#include "booking/ComponentChange.h"
 #include "tests/lists/StockDesk.h"
 #include "tests/support/Seed.h"
 

@@ -3,6 +3,7 @@
 
 #include <QSignalSpy>
 
+#include "frame/support/GridBar.h"
 #include "platform/core/RunTimeError.h"
 #include "tests/support/EntryDesk.h"
 #include "tests/support/ExpectBox.h"

@@ -1,7 +1,7 @@
 // The question that every search asks before it shows many rows.
 #pragma once
 
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 
 namespace suisui::test {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 
 namespace suisui::test {
 

@@ -22,6 +22,7 @@
 #include "history/frm_DirFile.h"
 #include "lists/frmPriCheck_List.h"
 #include "platform/core/RunTimeError.h"
+#include "platform/widgets/ScreenMsgBox.h"
 #include "store/AppEnv.h"
 #include "tests/barcode/label/LabelDesk.h"
 #include "tests/history/DialogDesk.h"

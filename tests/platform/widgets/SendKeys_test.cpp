@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include "platform/widgets/MsgBox.h"
+#include "platform/widgets/ScreenMsgBox.h"
 #include "tests/support/Eventually.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -14,7 +14,7 @@
 
 #include "platform/widgets/BoxText.h"
 #include "platform/widgets/EnterButton.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/widgets/ScreenMsgBox.h"
 
 using namespace Qt::Literals::StringLiterals;
 

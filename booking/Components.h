@@ -3,10 +3,8 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "frame/support/Frame.h"
-#include "movement/ZaikoPost.h"
+#include "booking/ZaikoPost.h"
 #include "store/AppDB.h"
 #include "store/Where.h"
 
@@ -16,16 +14,15 @@ namespace suisui {
 /// in one unit (Suuryou) into its delta text. False when a posting failed; the caller rolls back. A list of
 /// components that cannot be read counts as a failure: half a movement is worse than none.
 template <typename DeltaOf>
-[[nodiscard]] bool postComponents(const Services& services, std::string_view product, std::string_view stamp,
+[[nodiscard]] bool postComponents(AppDB& db, MsgBox& msgBox, std::string_view product, std::string_view stamp,
                                   DeltaOf deltaOf)
 {
-    HSeihinRec& components = services.db.HSeihinTbl();
+    HSeihinRec& components = db.HSeihinTbl();
     const int count = components.Select(whereCode(product));
     for (int row = 1; row <= count; ++row) {
         const std::string delta = deltaOf(components.get(row, HSeihinCol::Suuryou));
         std::string name;
-        if (ZaikoPost(services.db, services.msgBox, components.get(row, HSeihinCol::HSeihinCD), delta, name,
-                      stamp)
+        if (ZaikoPost(db, msgBox, components.get(row, HSeihinCol::HSeihinCD), delta, name, stamp)
             != PostResult::Posted)
             return false;
     }

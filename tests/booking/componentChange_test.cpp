@@ -1,5 +1,5 @@
 // Changing what goods are made of while receipts stand in the books: the books stay good.
-#include "store/ComponentChange.h"
+#include "booking/ComponentChange.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,10 @@
-// Every message box of the program goes through here: title, text, icon, buttons, default button.
+// Every message box of the program goes through here: title, text, icon, buttons, default button. The screen
+// answers through platform/widgets/ScreenMsgBox.h, so a rule that warns or asks needs no window library.
 // Texts are plain, "\r\n" is one line break, and full-width blanks stay as they are, because the texts
 // lay themselves out with them. Tests hand in a box that answers by script.
 #pragma once
 
 #include <QString>
-
-class QWidget;
 
 namespace suisui {
 
@@ -30,19 +29,6 @@ public:
     /// Shows \a box and waits for the answer. A Yes/No box closed by its window answers No, one with
     /// Cancel answers Cancel.
     virtual BoxAnswer show(const Box& box) = 0;
-};
-
-/// Boxes on the screen.
-class ScreenMsgBox final : public MsgBox
-{
-public:
-    /// \a parent may be null, or set later when the main window comes into being.
-    explicit ScreenMsgBox(QWidget* parent = nullptr) : m_parent(parent) {}
-    void setParent(QWidget* parent) { m_parent = parent; }
-    BoxAnswer show(const Box& box) override;
-
-private:
-    QWidget* m_parent;
 };
 
 } // namespace suisui

@@ -1,12 +1,13 @@
 // The carried stock, against a running sum worked out by hand, row after row.
 #include <cmath>
+#include <map>
 #include <random>
 
 #include <gtest/gtest.h>
 
-#include "store/CarryForward.h"
+#include "booking/CarryForward.h"
 #include "store/Numbers.h"
-#include "tests/support/HistoryDesk.h"
+#include "tests/support/BooksDesk.h"
 #include "tests/support/Seed.h"
 
 namespace suisui::test {
@@ -15,7 +16,7 @@ namespace {
 
 const std::string now = "20260401090000";
 
-int carried(HistoryDesk& desk, const std::string& stamp = now)
+int carried(BooksDesk& desk, const std::string& stamp = now)
 {
     const int status = carryForward(desk.db, stamp, [] {});
     if (status == 0)
@@ -43,7 +44,7 @@ std::string inThousandths(long long count)
 
 TEST(CarryForward, isWhatTheMovementsLeaveOver)
 {
-    HistoryDesk desk;
+    BooksDesk desk;
     desk.stock("A", "10", "999");
     desk.receipt("A", "0000012", "20260301", "20260301090000");
     desk.receipt("A", "-000002", "20260302", "20260302090000");
@@ -54,7 +55,7 @@ TEST(CarryForward, isWhatTheMovementsLeaveOver)
 
 TEST(CarryForward, codeWithoutMovements_carriesItsWholeStock_asAPlainNumber)
 {
-    HistoryDesk desk;
+    BooksDesk desk;
     desk.stock("A", "0000012", "5");
     desk.stock("B", "-3", "0");
     ASSERT_EQ(carried(desk), 0);
@@ -64,7 +65,7 @@ TEST(CarryForward, codeWithoutMovements_carriesItsWholeStock_asAPlainNumber)
 
 TEST(CarryForward, receiptsOfAProduct_giveBackItsComponents_shipmentsDoNot)
 {
-    HistoryDesk desk;
+    BooksDesk desk;
     desk.stock("SET", "3", "0");
     desk.stock("PART", "100", "0");
     desk.component("SET", "PART", "2.5");
@@ -77,7 +78,7 @@ TEST(CarryForward, receiptsOfAProduct_giveBackItsComponents_shipmentsDoNot)
 
 TEST(CarryForward, tenthsAddUp_withoutATail)
 {
-    HistoryDesk desk;
+    BooksDesk desk;
     desk.stock("PART", "-0.3", "0");
     desk.stock("BIG", "1000000.1", "0");
     desk.component("SET", "PART", "0.1");
@@ -90,7 +91,7 @@ TEST(CarryForward, tenthsAddUp_withoutATail)
 
 TEST(CarryForward, returnedQuantitiesHaveNoPartInIt)
 {
-    HistoryDesk desk;
+    BooksDesk desk;
     desk.stock("A", "10", "0");
     desk.receipt("A", "0000012", "20260301", "20260301090000", "", "0000002");
     ASSERT_EQ(carried(desk), 0);
@@ -99,7 +100,7 @@ TEST(CarryForward, returnedQuantitiesHaveNoPartInIt)
 
 TEST(CarryForward, codesMeetWithoutRegardToLetterCase)
 {
-    HistoryDesk desk;
+    BooksDesk desk;
     desk.stock("abc", "10", "0");
     desk.component("Set", "ABC", "1");
     desk.receipt("ABC", "0000001", "20260301", "20260301090000");
@@ -110,7 +111,7 @@ TEST(CarryForward, codesMeetWithoutRegardToLetterCase)
 
 TEST(CarryForward, rowPostedInTheSameSecond_goesOnFromWhatItCarried)
 {
-    HistoryDesk desk;
+    BooksDesk desk;
     desk.shop->add(zaikoTable, {"A", "10", "3", "20260101000000", now});
     desk.shop->add(zaikoTable, {"B", "10", "0000003", "20260101000000", now});
     desk.receipt("A", "0000001", "20260301", "20260301090000");
@@ -118,9 +119,21 @@ TEST(CarryForward, rowPostedInTheSameSecond_goesOnFromWhatItCarried)
     EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"A|2", "B|0000003"}));
 }
 
+TEST(CarryForward, rowStampedLaterThanNow_isCarriedFromItsStock)
+{
+    BooksDesk desk;
+    // A clock that was set back: the row was posted "tomorrow".
+    desk.shop->add(zaikoTable, {"A", "10", "3", "20260101000000", "20260402080000"});
+    desk.shop->add(zaikoTable, {"B", "0000007", "3", "20260101000000", "20260402080000"});
+    desk.receipt("A", "0000001", "20260301", "20260301090000");
+    ASSERT_EQ(carried(desk), 0);
+    EXPECT_EQ(desk.rows("ZaikoTB"),
+              (Lines{"A|10|9|20260101000000|" + now, "B|0000007|7|20260101000000|" + now}));
+}
+
 TEST(CarryForward, runAgain_givesTheSame)
 {
-    HistoryDesk desk;
+    BooksDesk desk;
     desk.stock("A", "10.5", "0");
     desk.receipt("A", "0000012", "20260301", "20260301090000");
     ASSERT_EQ(carried(desk), 0);
@@ -132,7 +145,7 @@ TEST(CarryForward, runAgain_givesTheSame)
 
 TEST(CarryForward, quantityThatIsNoNumber_failsForAStockedCode_andChangesNothing)
 {
-    HistoryDesk desk;
+    BooksDesk desk;
     desk.stock("A", "10", "3");
     desk.receipt("NOSTOCK", "many", "20260301", "20260301090000");
     ASSERT_EQ(carried(desk), 0) << "no stock row asks for that quantity";
@@ -147,7 +160,7 @@ TEST(CarryForward, ofRandomBooks_isTheRunningSumOfEveryRow)
     std::mt19937 random(printedSeed());
     const auto below = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     for (int turn = 0; turn < 20; ++turn) {
-        HistoryDesk desk;
+        BooksDesk desk;
         std::map<std::string, long long> expected; // in thousandths
         for (int i = 0; i < 12; ++i) {
             const std::string code = "G" + std::to_string(i);

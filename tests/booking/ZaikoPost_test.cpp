@@ -1,4 +1,4 @@
-#include "movement/ZaikoPost.h"
+#include "booking/ZaikoPost.h"
 
 #include <gtest/gtest.h>
 
@@ -165,6 +165,17 @@ TEST_F(ZaikoPostTest, deltaZero_touchesNothing_butDoubleZeroDoes)
     db.Commit();
     EXPECT_EQ(shop.query("SELECT ZaikoSuu,UpdDate FROM ZaikoTB"),
               std::vector<std::string>{"7|20260401090000"});
+}
+
+TEST_F(ZaikoPostTest, firstPostingOfDoubleZero_makesARow_withoutABox)
+{
+    goods("A1", "10");
+    EXPECT_EQ(post("A1", "00"), PostResult::Posted);
+    EXPECT_TRUE(box.shown.empty()) << "nothing is not below nothing";
+    EXPECT_EQ(stored("A1"), "00");
+    goods("B1", "10");
+    EXPECT_EQ(post("B1", "0"), PostResult::Posted);
+    EXPECT_EQ(stored("B1"), "none");
 }
 
 TEST_F(ZaikoPostTest, codeInNeitherTable_isSkippedSilently)

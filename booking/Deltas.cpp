@@ -1,5 +1,6 @@
-#include "movement/Deltas.h"
+#include "booking/Deltas.h"
 
+#include "booking/StockEffect.h"
 #include "store/Numbers.h"
 
 namespace suisui {
@@ -11,7 +12,7 @@ std::string componentScanDelta(std::string_view perUnit, std::string_view produc
 
 std::string componentDelta(std::string_view perUnit, double productDelta)
 {
-    return CStr(-times(numberOf(perUnit), productDelta));
+    return CStr(componentEffect(productDelta, numberOf(perUnit)));
 }
 
 double updateDelta(int stockSign, const Figures& posted, const Figures& now)

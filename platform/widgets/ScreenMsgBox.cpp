@@ -1,4 +1,4 @@
-#include "platform/widgets/MsgBox.h"
+#include "platform/widgets/ScreenMsgBox.h"
 
 #include <vector>
 

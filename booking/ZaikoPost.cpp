@@ -1,9 +1,9 @@
-#include "movement/ZaikoPost.h"
+#include "booking/ZaikoPost.h"
 
 #include <optional>
 
 #include "platform/core/FillIn.h"
-#include "platform/widgets/MsgBox.h"
+#include "platform/core/MsgBox.h"
 #include "store/AppDB.h"
 #include "store/Numbers.h"
 #include "store/Where.h"

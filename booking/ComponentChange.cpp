@@ -1,4 +1,4 @@
-#include "store/ComponentChange.h"
+#include "booking/ComponentChange.h"
 
 #include <algorithm>
 #include <iterator>
@@ -8,8 +8,10 @@
 #include <tuple>
 #include <vector>
 
+#include "booking/StockEffect.h"
 #include "platform/core/RunTimeError.h"
 #include "store/AppDB.h"
+#include "store/FoldedCode.h"
 #include "store/Numbers.h"
 #include "store/Where.h"
 
@@ -31,15 +33,6 @@ struct Component
 };
 using Components = std::multiset<Component>;
 
-std::string folded(std::string_view code)
-{
-    std::string text(code);
-    for (char& c : text)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return text;
-}
-
 std::optional<Components> allComponents(AppDB& db)
 {
     HSeihinRec rows(db, hseihinTable);
@@ -47,8 +40,8 @@ std::optional<Components> allComponents(AppDB& db)
         return std::nullopt;
     Components components;
     for (int row = 1; row <= rows.Count(); ++row)
-        components.insert({folded(rows.get(row, HSeihinCol::Code)),
-                           folded(rows.get(row, HSeihinCol::HSeihinCD)),
+        components.insert({foldedCode(rows.get(row, HSeihinCol::Code)),
+                           foldedCode(rows.get(row, HSeihinCol::HSeihinCD)),
                            std::string(rows.get(row, HSeihinCol::Suuryou))});
     return components;
 }
@@ -73,12 +66,12 @@ public:
 
     [[nodiscard]] bool open()
     {
-        const int periods = m_db.RirekiTbl().CountRows("WHERE DateFrom='Trn'");
+        const std::optional<Returns> returns = returnsInBooks(m_db);
         const int stockRows = m_stock.CountRows({});
-        m_received = periods > 0 ? "NyuSuu" : "Plus(NyuSuu, -CDbl(Henkyaku))";
+        m_returns = returns.value_or(Returns::TakenOff);
         // A table without any row belongs to a shop that is still being filled: its rows are to come.
         m_makesRows = stockRows > 0;
-        return periods >= 0 && stockRows >= 0;
+        return returns.has_value() && stockRows >= 0;
     }
 
     /// False when a table cannot be read or written, or holds a quantity that is not a number.
@@ -107,19 +100,11 @@ private:
         return m_stock.UpdateRow(1) == 0;
     }
 
-    /// Received less shipped less taken as a component; nothing when that cannot be read.
+    /// What the movements add to the stock of \a part; nothing when that cannot be read.
     [[nodiscard]] std::optional<double> movedBy(const std::string& part)
     {
-        const std::string code = inQuotes(part);
-        const std::string sql = "SELECT CStr(Plus(Plus((SELECT SumOf(" + m_received
-                                + ") FROM InpTB WHERE Code = " + code
-                                + "), -(SELECT SumOf(SyuSuu) FROM OutTB WHERE Code = " + code
-                                + ")), -(SELECT SumOf(Times(" + m_received
-                                + ", Suuryou)) FROM HSeihinTB INNER JOIN InpTB ON InpTB.Code = "
-                                  "HSeihinTB.Code WHERE HSeihinTB.HSeihinCD = "
-                                + code + "))) AS Moved";
         std::optional<double> moved;
-        if (m_db.OpenRecordset(sql) == 0 && !m_db.recordset().atEof())
+        if (m_db.OpenRecordset(movedOfCode(part, m_returns)) == 0 && !m_db.recordset().atEof())
             moved = numberOf(m_db.recordset().Fields("Moved"));
         m_db.CloseRecordset();
         return moved;
@@ -145,7 +130,7 @@ private:
     AppDB& m_db;
     std::string m_stamp;
     ZaikoRec m_stock;
-    std::string m_received; ///< what counts of a receipt, in SQL
+    Returns m_returns = Returns::TakenOff;
     bool m_makesRows = false;
 };
 

@@ -1,0 +1,66 @@
+// The grid of an entry tab, by the names of its cells: a stored movement comes into view, a new one goes on
+// top, a deleted one is taken out. What was last posted of each row is in hidden cells, which corrections
+// read from here.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "booking/Booking.h"
+#include "booking/Correction.h"
+#include "frame/support/GridBar.h"
+#include "movement/MovementSide.h"
+
+namespace suisui {
+
+/// A cell whose corrections are stored.
+struct EditedCell
+{
+    int cell;
+    int column; ///< of the table
+    CellForm form;
+};
+
+class EntryGrid final : public EntryRows
+{
+public:
+    EntryGrid(vaSpread& sheet, const MovementSide& side);
+
+    [[nodiscard]] int count() const override { return m_sheet.MaxRows(); }
+    [[nodiscard]] int bufferIndex(int row) const override;
+    [[nodiscard]] std::string code(int row) const override;
+    [[nodiscard]] Figures shown(int row) const override;
+    [[nodiscard]] Figures posted(int row) const override;
+    void setPosted(int row, const Figures& figures) override;
+    void putBack(int row, const Figures& posted, const std::string& total) override;
+
+    /// The cell in \a column; null where a correction is not stored.
+    [[nodiscard]] const EditedCell* edited(int column) const;
+
+    /// Shows all rows of \a rows that are in the table, the newest first. \a shown hears of each.
+    void load(const RowSet& rows, const std::function<void(int row)>& shown);
+    /// Puts \a movement, row \a index of the row set, on top.
+    void insertTop(const MovementTexts& movement, const std::string& total, int index);
+    /// What the cells of row 1 hold. Neither partner nor person in charge has a cell for the code.
+    [[nodiscard]] MovementTexts top() const;
+    /// Takes out \a row, which showed row \a index of the row set, and the bar and the cursor go to the next.
+    void takeOut(int row, int index, const Correction& edit);
+
+    /// Takes the bar off \a oldRow (0: none) and puts it on \a newRow.
+    void moveBar(int oldRow, int newRow) { m_bar->move(oldRow, newRow); }
+    /// The number columns jump by way of the price, so that quantity and price are both in view.
+    void cursorToQuantity();
+
+private:
+    void makeRow(const PackedRow& stored, int index, std::span<std::string> texts) const;
+
+    vaSpread& m_sheet;
+    const MovementSide& m_side;
+    const MovementTable& m_table;
+    GridBar* m_bar;
+    std::vector<EditedCell> m_edited;
+};
+
+} // namespace suisui
