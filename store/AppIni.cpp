@@ -93,7 +93,12 @@ bool AppIni::setLabelSettings(int mode, const QStringList& values)
     std::vector<std::pair<QString, QString>> pairs;
     for (qsizetype i = 0; i < std::min(values.size(), labelSettingNames().size()); ++i)
         pairs.emplace_back(labelSettingNames().at(i), values.at(i));
-    return m_file.setValues(u"Label%1"_s.arg(mode), pairs);
+    return setLabelSettings(mode, pairs);
+}
+
+bool AppIni::setLabelSettings(int mode, const std::vector<std::pair<QString, QString>>& settings)
+{
+    return m_file.setValues(u"Label%1"_s.arg(mode), settings);
 }
 
 } // namespace suisui

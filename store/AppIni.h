@@ -2,6 +2,9 @@
 // folder Ini; a customer's wording there replaces the shipped one, text by text.
 #pragma once
 
+#include <utility>
+#include <vector>
+
 #include <QString>
 #include <QStringList>
 
@@ -46,6 +49,8 @@ public:
     bool setLabelSetting(int mode, const QString& name, const QString& value);
     /// All of them at once, in the order of labelSettingNames.
     bool setLabelSettings(int mode, const QStringList& values);
+    /// All of them at once, by name.
+    bool setLabelSettings(int mode, const std::vector<std::pair<QString, QString>>& settings);
 
 private:
     [[nodiscard]] QString word(QStringView section, int index) const;
