@@ -66,18 +66,6 @@ bool AppIni::setLastSave(const QString& folder, const QString& lastDay, const QS
         {{u"LastHistory"_s, folder}, {u"LastHistoryTo"_s, lastDay}, {saveInTheMaking, inTheMaking}});
 }
 
-const QStringList& AppIni::labelSettingNames()
-{
-    static const QStringList names{
-        u"BarPich"_s,      u"BarHeight"_s,   u"XPoint"_s,       u"YPoint"_s,       u"WPich"_s,
-        u"HPich"_s,        u"PageColumns"_s, u"PageRows"_s,     u"Code"_s,         u"Name"_s,
-        u"Kinou0"_s,       u"Kinou1"_s,      u"Yousi"_s,        u"NameXPoint"_s,   u"NameYPoint"_s,
-        u"CodeXPoint"_s,   u"CodeYPoint"_s,  u"KinouXPoint0"_s, u"KinouYPoint0"_s, u"KinouXPoint1"_s,
-        u"KinouYPoint1"_s,
-    };
-    return names;
-}
-
 QString AppIni::labelSetting(int mode, const QString& name) const
 {
     return m_file.value(u"Label%1"_s.arg(mode), name).value_or(QString());
@@ -88,12 +76,9 @@ bool AppIni::setLabelSetting(int mode, const QString& name, const QString& value
     return m_file.setValue(u"Label%1"_s.arg(mode), name, value);
 }
 
-bool AppIni::setLabelSettings(int mode, const QStringList& values)
+bool AppIni::setLabelSettings(int mode, const std::vector<std::pair<QString, QString>>& settings)
 {
-    std::vector<std::pair<QString, QString>> pairs;
-    for (qsizetype i = 0; i < std::min(values.size(), labelSettingNames().size()); ++i)
-        pairs.emplace_back(labelSettingNames().at(i), values.at(i));
-    return m_file.setValues(u"Label%1"_s.arg(mode), pairs);
+    return m_file.setValues(u"Label%1"_s.arg(mode), settings);
 }
 
 } // namespace suisui

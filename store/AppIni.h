@@ -2,6 +2,9 @@
 // folder Ini; a customer's wording there replaces the shipped one, text by text.
 #pragma once
 
+#include <utility>
+#include <vector>
+
 #include <QString>
 #include <QStringList>
 
@@ -39,13 +42,11 @@ public:
     bool setLastSave(const QString& folder, const QString& lastDay, const QString& inTheMaking);
     [[nodiscard]] QString LastBackupFolder() const;
 
-    /// Names of the label settings, in the order in which the label dialog stores them after a print.
-    [[nodiscard]] static const QStringList& labelSettingNames();
     /// A setting of the label dialog for the source \a mode; empty when nothing is stored.
     [[nodiscard]] QString labelSetting(int mode, const QString& name) const;
     bool setLabelSetting(int mode, const QString& name, const QString& value);
-    /// All of them at once, in the order of labelSettingNames.
-    bool setLabelSettings(int mode, const QStringList& values);
+    /// Several of them at once, by name; those that are new to the file come in this order.
+    bool setLabelSettings(int mode, const std::vector<std::pair<QString, QString>>& settings);
 
 private:
     [[nodiscard]] QString word(QStringView section, int index) const;

@@ -49,6 +49,16 @@ std::int32_t pagesNeeded(std::int64_t labels, std::int64_t capacity, std::int64_
     return static_cast<std::int32_t>(std::min<std::int64_t>(pages, std::numeric_limits<std::int32_t>::max()));
 }
 
+std::int64_t labelsWanted(const CountedRows& rows, std::int64_t first, std::int64_t last, bool markedOnly,
+                          std::int64_t eachRow)
+{
+    std::int64_t labels = 0;
+    for (std::int64_t row = first; row <= last; ++row)
+        if (!markedOnly || rows.marked(row))
+            labels += rows.labelsCounted(row, eachRow);
+    return labels;
+}
+
 LabelPageRange labelPageRange(const QString& first, const QString& last, std::int32_t total)
 {
     const double pages = total;

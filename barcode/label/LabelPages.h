@@ -21,6 +21,29 @@ namespace suisui {
 /// first page. 0 for no labels.
 [[nodiscard]] std::int32_t pagesNeeded(std::int64_t labels, std::int64_t capacity, std::int64_t start);
 
+/// Rows that ask for labels, as far as the count of pages knows them. Rows count from 1.
+class CountedRows
+{
+public:
+    virtual ~CountedRows() = default;
+    /// Rows outside the grid carry no mark.
+    [[nodiscard]] virtual bool marked(std::int64_t row) const = 0;
+    /// Labels that a row gets when \a eachRow is what every row gets. A quantity that is not a number counts
+    /// as nothing.
+    [[nodiscard]] virtual std::int64_t labelsCounted(std::int64_t row, std::int64_t eachRow) const = 0;
+
+protected:
+    CountedRows() = default;
+    CountedRows(const CountedRows&) = default;
+    CountedRows(CountedRows&&) = default;
+    CountedRows& operator=(const CountedRows&) = default;
+    CountedRows& operator=(CountedRows&&) = default;
+};
+
+/// Labels that the rows \a first to \a last ask for, or only those of them that carry a mark.
+[[nodiscard]] std::int64_t labelsWanted(const CountedRows& rows, std::int64_t first, std::int64_t last,
+                                        bool markedOnly, std::int64_t eachRow);
+
 struct LabelPageRange
 {
     std::int32_t first = 1;

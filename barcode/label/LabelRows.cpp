@@ -87,14 +87,4 @@ std::int64_t LabelRows::labelsCounted(std::int64_t row, std::int64_t eachRow) co
     }
 }
 
-std::int64_t labelsWanted(const LabelRows& rows, std::int64_t first, std::int64_t last, bool markedOnly,
-                          std::int64_t eachRow)
-{
-    std::int64_t labels = 0;
-    for (std::int64_t row = first; row <= last; ++row)
-        if (!markedOnly || rows.marked(row))
-            labels += rows.labelsCounted(row, eachRow);
-    return labels;
-}
-
 } // namespace suisui

@@ -9,11 +9,13 @@
 
 #include <QString>
 
+#include "barcode/label/LabelPages.h"
+
 namespace suisui {
 
 class vaSpread;
 
-class LabelRows
+class LabelRows final : public CountedRows
 {
 public:
     /// \a quantityColumn is 0 where every row gets the same number of labels.
@@ -27,7 +29,7 @@ public:
 
     [[nodiscard]] std::int64_t count() const;
     /// Rows outside the grid carry no mark and take none.
-    [[nodiscard]] bool marked(std::int64_t row) const;
+    [[nodiscard]] bool marked(std::int64_t row) const override;
     void setMark(std::int64_t row, bool mark);
 
     [[nodiscard]] QString code(std::int64_t row) const;
@@ -37,8 +39,7 @@ public:
     /// Labels that a row gets when \a eachRow is what every row gets. None without a code or with an empty
     /// quantity. Throws RunTimeError for a quantity that is no number.
     [[nodiscard]] std::int64_t labels(std::int64_t row, std::int64_t eachRow) const;
-    /// The same for counting ahead: a quantity that is no number counts as nothing.
-    [[nodiscard]] std::int64_t labelsCounted(std::int64_t row, std::int64_t eachRow) const;
+    [[nodiscard]] std::int64_t labelsCounted(std::int64_t row, std::int64_t eachRow) const override;
 
 private:
     [[nodiscard]] std::string_view quantity(std::int64_t row) const;
@@ -49,9 +50,5 @@ private:
     int m_quantityColumn;
     std::optional<std::vector<bool>> m_ownMarks; ///< by row; otherwise the grid's cells
 };
-
-/// Labels that the rows \a first to \a last ask for, or only those of them that carry a mark.
-[[nodiscard]] std::int64_t labelsWanted(const LabelRows& rows, std::int64_t first, std::int64_t last,
-                                        bool markedOnly, std::int64_t eachRow);
 
 } // namespace suisui

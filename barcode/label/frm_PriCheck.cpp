@@ -3,15 +3,18 @@
 #include <algorithm>
 
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QScreen>
 
+#include "barcode/label/LabelSettings.h"
 #include "barcode/label/LabelSheets.h"
+#include "barcode/label/SheetPicture.h"
 #include "frame/support/FocusPaint.h"
+#include "frame/support/KeyField.h"
 #include "platform/widgets/BarPrt.h"
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/Hourglass.h"
 #include "platform/widgets/SendKeys.h"
-#include "store/Numbers.h"
 #include "ui_frm_PriCheck.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -20,31 +23,32 @@ namespace suisui {
 
 namespace {
 
-constexpr int stripRowFrom = 10; ///< positions of the row that the strip of function codes takes
-constexpr int rowsWithStrip = 5;
-constexpr int rowsWithoutStrip = 6;
-
-void enable(const std::vector<QWidget*>& widgets, bool on)
+QString textOf(const char16_t* text)
 {
-    for (QWidget* widget : widgets)
-        widget->setEnabled(on);
-}
-
-/// Number of columns or rows that \a text gives; 0 when it gives none.
-int countIn(const QString& text)
-{
-    const double number = numberIn(text);
-    return number >= 1 && number <= 99 ? static_cast<int>(number) : 0;
+    return QString::fromUtf16(text);
 }
 
 } // namespace
 
 frm_PriCheck::frm_PriCheck(const LabelSource& source, const Surroundings& around, QWidget* parent)
     : QDialog(parent), m_source(source), m_around(around), m_ui(std::make_unique<Ui::frm_PriCheck>()),
-      m_gate(this), m_rows(*source.grid, source.checkColumn, source.quantityColumn),
-      m_startRow(QString::number(source.firstRow)), m_endRow(QString::number(source.lastRow))
+      m_gate(this), m_rows(*source.grid, source.checkColumn, source.quantityColumn), m_setup(source, m_rows)
 {
     m_ui->setupUi(this);
+    prepareForm();
+    wire();
+    wireKeys();
+    m_focusPaint = std::make_unique<FocusPaint>(this, palette().color(QPalette::Button));
+    restoreLabelSettings(m_setup, m_around.ini, m_source.mode);
+    showSetup();
+    m_scan = new DialogScan(*this, 1, m_around.readLine, *m_ui->CmdOK, *m_ui->CmdEnd, &SendKeys);
+}
+
+frm_PriCheck::~frm_PriCheck() = default;
+
+/// Texts of the source and of the sheets, which Designer does not know.
+void frm_PriCheck::prepareForm()
+{
     m_ui->layAll->setStretch(1, 1);
     constexpr QSize comfortable(1110, 690);
     constexpr QSize aroundWindow(12, 40); // what the window manager adds, about
@@ -53,62 +57,59 @@ frm_PriCheck::frm_PriCheck(const LabelSource& source, const Surroundings& around
     warning.setColor(QPalette::WindowText, QColor(200, 0, 0));
     m_ui->lblWarning->setPalette(warning);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    nameTables();
-    m_ui->lblSyori->setText(u"【 %1 】"_s.arg(source.word));
-    if (!source.markedCaption.isEmpty())
-        m_ui->optPrint_0->setText(source.markedCaption);
-    if (!source.asksForNumber) {
-        m_ui->lblPrtNum_1->setText(source.quantityColumn != 0 ? u"数量分 "_s : u"１ 枚 　"_s);
+    m_ui->lblSyori->setText(u"【 %1 】"_s.arg(m_source.word));
+    if (!m_source.markedCaption.isEmpty())
+        m_ui->optPrint_0->setText(m_source.markedCaption);
+    if (!m_source.asksForNumber) {
+        m_ui->lblPrtNum_1->setText(m_source.quantityColumn != 0 ? u"数量分 "_s : u"１ 枚 　"_s);
         m_ui->txtPrtNum->hide();
     }
     for (int step = 1; step <= barPitchSteps; ++step)
         m_ui->cmbBarPich->addItem(QString::number(step));
     m_ui->cmbBarPich->setCurrentIndex(-1);
-    wire();
-    wireKeys();
-    m_focusPaint = std::make_unique<FocusPaint>(this, palette().color(QPalette::Button));
-    Form_Load();
-    m_scan = new DialogScan(*this, 1, m_around.readLine, *m_ui->CmdOK, *m_ui->CmdEnd, &SendKeys);
-}
-
-frm_PriCheck::~frm_PriCheck() = default;
-
-/// The arrays of the form, which Designer knows only as single controls.
-void frm_PriCheck::nameTables()
-{
     m_optYousi = {m_ui->optYousi_0, m_ui->optYousi_1, m_ui->optYousi_2, m_ui->optYousi_3, m_ui->optYousi_4};
     m_frames = {m_ui->frame_yousi_0, m_ui->frame_yousi_1, m_ui->frame_yousi_2, m_ui->frame_yousi_3,
                 m_ui->frame_yousi_4};
     m_pictures = {m_ui->picture_0, m_ui->picture_1, m_ui->picture_2, m_ui->picture_3, m_ui->picture_4};
-    m_txtOnePageNum = {m_ui->txtOnePageNum_0, m_ui->txtOnePageNum_1};
-    m_txtWHPich = {m_ui->txtWHPich_0, m_ui->txtWHPich_1};
-    m_txtLine = {m_ui->txtLine_0, m_ui->txtLine_1};
-    m_txtPage = {m_ui->txtPage_0, m_ui->txtPage_1};
-    m_name = {m_ui->chkName,
-              {m_ui->txtNameXYpoint_0, m_ui->txtNameXYpoint_1},
-              {m_ui->lblNameX_0, m_ui->lblNameY_1, m_ui->lblNameUnit_0, m_ui->lblNameUnit_1}};
-    m_code = {m_ui->chkCode,
-              {m_ui->txtCodeXYpoint_0, m_ui->txtCodeXYpoint_1},
-              {m_ui->lblCodeX_0, m_ui->lblCodeY_1, m_ui->lblCodeUnit_0, m_ui->lblCodeUnit_1}};
-    m_kinou = {Part{m_ui->chkKinou_0,
-                    {m_ui->txtKinouXYpoint_0, m_ui->txtKinouXYpoint_1},
-                    {m_ui->lblKinouX_0, m_ui->lblKinouY_1, m_ui->lblKinouUnit_0, m_ui->lblKinouUnit_1}},
-               Part{m_ui->chkKinou_1,
-                    {m_ui->txtKinouXYpoint_2, m_ui->txtKinouXYpoint_3},
-                    {m_ui->lblKinouX_2, m_ui->lblKinouY_3, m_ui->lblKinouUnit_2, m_ui->lblKinouUnit_3}}};
-    for (int sheet = 0; sheet < fixedSheets; ++sheet) {
-        const LabelSheet& each = labelSheets.at(static_cast<std::size_t>(sheet));
-        m_pictures.at(static_cast<std::size_t>(sheet))->setSheet(each, u"opt%1_"_s.arg(sheet));
+    for (std::size_t i = 0; i < labelSheets.size(); ++i) {
+        const LabelSheet& sheet = labelSheets.at(i);
+        m_optYousi.at(i)->setText(textOf(sheet.paper) + u'\n' + textOf(sheet.labels));
+        m_pictures.at(i)->setSheet(sheet, u"opt%1_"_s.arg(i));
     }
+    m_optYousi[freeSheet]->setText(u"【フリー】"_s);
 }
 
 void frm_PriCheck::wire()
 {
+    const auto control = [this](const char* name) {
+        return name != nullptr ? findChild<QWidget*>(QString::fromLatin1(name)) : nullptr;
+    };
+    for (const LabelFieldRow& row : labelFields()) {
+        if (row.control == nullptr)
+            continue;
+        const auto field = static_cast<std::size_t>(row.field);
+        m_controls.at(field) = control(row.control);
+        std::transform(row.labels.begin(), row.labels.end(), m_labels.at(field).begin(), control);
+        if (row.field != LabelField::print)
+            wireField(row.field, m_controls.at(field));
+    }
     wireSheets();
-    wireFields();
     wirePicture();
     connect(m_ui->CmdOK, &QPushButton::clicked, this, &frm_PriCheck::CmdOK_Click);
     connect(m_ui->CmdEnd, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frm_PriCheck::wireField(LabelField field, QWidget* widget)
+{
+    if (auto* typed = qobject_cast<KeyField*>(widget))
+        connect(typed, &QLineEdit::textChanged, this,
+                [this, field](const QString& text) { take(field, text); });
+    else if (auto* box = qobject_cast<QAbstractButton*>(widget))
+        connect(box, &QAbstractButton::toggled, this,
+                [this, field](bool on) { take(field, on ? u"1"_s : u"0"_s); });
+    else if (auto* list = qobject_cast<QComboBox*>(widget))
+        connect(list, &QComboBox::currentTextChanged, this,
+                [this, field](const QString& text) { take(field, text); });
 }
 
 void frm_PriCheck::wireSheets()
@@ -117,16 +118,16 @@ void frm_PriCheck::wireSheets()
         connect(m_optYousi.at(static_cast<std::size_t>(sheet)), &QRadioButton::toggled, this,
                 [this, sheet](bool on) {
                     if (on)
-                        optYousi_Click(sheet);
+                        take(LabelField::sheet, QString::number(sheet));
                 });
     QWidget* before = m_ui->txtPage_1;
     for (SheetPicture* sheet : m_pictures) {
         connect(sheet, &SheetPicture::resized, this, &frm_PriCheck::refreshLater);
         int position = 0;
         for (QRadioButton* button : sheet->buttons()) {
-            connect(button, &QRadioButton::toggled, this, [this, start = position++](bool on) {
-                if (on && start < m_ui->cmbStart->count())
-                    m_ui->cmbStart->setCurrentIndex(start);
+            connect(button, &QRadioButton::toggled, this, [this, start = ++position](bool on) {
+                if (on && start <= m_setup.capacity())
+                    take(LabelField::startLabel, QString::number(start));
             });
             setTabOrder(before, button);
             before = button;
@@ -134,54 +135,103 @@ void frm_PriCheck::wireSheets()
     }
 }
 
-void frm_PriCheck::wireFields()
+/// What a control now holds, whoever has changed it.
+void frm_PriCheck::take(LabelField field, const QString& text)
 {
-    for (KeyField* field : m_txtOnePageNum)
-        connect(field, &QLineEdit::textChanged, this, [this] { txtOnePageNum_Change(); });
-    for (KeyField* field : m_txtLine)
-        connect(field, &QLineEdit::textChanged, this, [this] { txtLine_Change(); });
-    connect(m_ui->txtPrtNum, &QLineEdit::textChanged, this, [this] { LabelPageCalc(); });
-    connect(m_ui->optPrint_0, &QRadioButton::toggled, this, [this] { optPrint_Click(); });
-    connect(m_ui->cmbStart, &QComboBox::currentIndexChanged, this, [this] { cmbStart_Click(); });
-    connect(m_ui->cmbBarPich, &QComboBox::currentIndexChanged, this, [this](int index) {
-        if (index >= 0)
-            m_around.barPrt.setBarPitch(index + 1);
-    });
-    connect(m_ui->txtBarHeight, &QLineEdit::textChanged, this, [this](const QString& text) {
-        if (isNumeric(text))
-            m_around.barPrt.setBarHeight(nearestDot(numberIn(text)));
-    });
-    for (const Part* part : {&m_name, &m_code})
-        connect(part->box, &QAbstractButton::toggled, this, [this] { followTicks(); });
-    for (const Part& part : m_kinou)
-        connect(part.box, &QAbstractButton::toggled, this, [this] { chkKinou_Click(); });
+    // The whole number of the millimetres is set as dots: the print sets the dots of the printer.
+    if (field == LabelField::barHeight && isNumeric(text))
+        m_around.barPrt.setBarHeight(nearestDot(numberIn(text)));
+    if (field == LabelField::barPitch && !text.isEmpty())
+        m_around.barPrt.setBarPitch(text.toInt());
+    if (m_showing)
+        return;
+    if (field == LabelField::sheet)
+        m_shownPage = 1;
+    m_setup.set(field, text);
+    showSetup();
 }
 
-/// Whatever changes, the picture follows.
-void frm_PriCheck::wirePicture()
+void frm_PriCheck::showSetup()
 {
-    for (QLineEdit* field : findChildren<QLineEdit*>())
-        connect(field, &QLineEdit::textChanged, this, &frm_PriCheck::refreshLater);
-    for (QAbstractButton* button : findChildren<QAbstractButton*>())
-        connect(button, &QAbstractButton::toggled, this, &frm_PriCheck::refreshLater);
-    for (QComboBox* choice : findChildren<QComboBox*>())
-        connect(choice, &QComboBox::currentIndexChanged, this, &frm_PriCheck::refreshLater);
-    m_refresh.setSingleShot(true);
-    connect(&m_refresh, &QTimer::timeout, this, &frm_PriCheck::refreshPicture);
-    connect(m_ui->cmdBack, &QToolButton::clicked, this, [this] {
-        --m_shownPage;
-        refreshPicture();
-    });
-    connect(m_ui->cmdNext, &QToolButton::clicked, this, [this] {
-        ++m_shownPage;
-        refreshPicture();
-    });
-    connect(m_ui->cmdLarge, &QToolButton::clicked, this, &frm_PriCheck::showLarge);
+    const QScopedValueRollback<bool> showing(m_showing, true);
+    showSheet();
+    showStarts();
+    for (const LabelFieldRow& row : labelFields())
+        showField(row);
+    showPositions();
+    refreshLater();
+}
+
+void frm_PriCheck::showField(const LabelFieldRow& row)
+{
+    QWidget* control = m_controls.at(static_cast<std::size_t>(row.field));
+    if (control == nullptr || row.field == LabelField::print)
+        return;
+    const QString& text = m_setup.text(row.field);
+    if (auto* typed = qobject_cast<KeyField*>(control); typed != nullptr && typed->text() != text)
+        typed->setText(text);
+    else if (auto* box = qobject_cast<QAbstractButton*>(control))
+        box->setChecked(m_setup.ticked(row.field));
+    else if (auto* list = qobject_cast<QComboBox*>(control))
+        list->setCurrentIndex(text.toInt() - 1); // both lists count from 1
+    control->setEnabled(m_setup.enabled(row.field));
+    for (QWidget* label : m_labels.at(static_cast<std::size_t>(row.field)))
+        if (label != nullptr)
+            label->setEnabled(m_setup.enabled(row.field));
+}
+
+/// The list of first labels holds as many as a page has.
+void frm_PriCheck::showStarts()
+{
+    if (m_ui->cmbStart->count() == m_setup.capacity())
+        return;
+    setCursor(hourglass());
+    const QSignalBlocker quiet(m_ui->cmbStart);
+    m_ui->cmbStart->clear();
+    for (int start = 1; start <= m_setup.capacity(); ++start)
+        m_ui->cmbStart->addItem(QString::number(start));
+    unsetCursor();
+}
+
+void frm_PriCheck::showSheet()
+{
+    const auto sheet = static_cast<std::size_t>(m_setup.sheet());
+    m_optYousi.at(sheet)->setChecked(true);
+    m_ui->lblKinouSetumei->setEnabled(m_setup.mayHoldStrip());
+    const LabelSheet* figures = m_setup.fixedSheet();
+    m_ui->lblYosiName->setText(figures != nullptr ? textOf(figures->title) + u'\n' + textOf(figures->maker)
+                                                  : u"【 フリー 】\n自由設定"_s);
+    for (std::size_t i = 0; i < m_frames.size(); ++i)
+        if (i != sheet)
+            m_frames.at(i)->hide();
+    m_frames.at(sheet)->show(); // never two at once: the dialog would grow to hold both
+}
+
+/// The picture shows the first label, and none under the strip of function codes.
+void frm_PriCheck::showPositions()
+{
+    const auto& buttons = picture()->buttons();
+    int position = 0;
+    for (QRadioButton* button : buttons) {
+        if (position + 1 == m_setup.number(LabelField::startLabel))
+            button->setChecked(true);
+        button->setVisible(m_setup.positionOffered(position++));
+    }
+}
+
+/// The control of \a field; null where the sheet has none.
+QWidget* frm_PriCheck::controlOf(LabelField field) const
+{
+    if (field == LabelField::sheet)
+        return m_optYousi.at(static_cast<std::size_t>(m_setup.sheet()));
+    if (field == LabelField::position)
+        return positionButton();
+    return m_controls.at(static_cast<std::size_t>(field));
 }
 
 SheetPicture* frm_PriCheck::picture() const
 {
-    return m_pictures.at(static_cast<std::size_t>(m_sheet));
+    return m_pictures.at(static_cast<std::size_t>(m_setup.sheet()));
 }
 
 /// The chosen button of the sheet's picture; null where the sheet has none.
@@ -191,136 +241,6 @@ QRadioButton* frm_PriCheck::positionButton() const
     const auto chosen =
         std::find_if(buttons.begin(), buttons.end(), [](const auto* b) { return b->isChecked(); });
     return chosen != buttons.end() ? *chosen : nullptr;
-}
-
-void frm_PriCheck::optYousi_Click(int sheet)
-{
-    m_sheet = sheet;
-    for (QWidget* frame : m_frames)
-        frame->hide();
-    m_frames.at(static_cast<std::size_t>(sheet))
-        ->show(); // never two at once: the dialog would grow to hold both
-    writeSheet(sheet);
-    cmbStart_Click();
-    m_shownPage = 1;
-    refreshLater();
-}
-
-void frm_PriCheck::txtOnePageNum_Change()
-{
-    const std::array labels{std::vector<QWidget*>{m_ui->lblWHPich_0, m_ui->lblWHUnit_0},
-                            std::vector<QWidget*>{m_ui->lblWHPich_1, m_ui->lblWHUnit_1}};
-    std::array<int, 2> counts{};
-    for (std::size_t i = 0; i < counts.size(); ++i) {
-        counts.at(i) = countIn(m_txtOnePageNum.at(i)->text());
-        if (counts.at(i) == 0)
-            return;
-        m_txtWHPich.at(i)->setEnabled(counts.at(i) != 1);
-        enable(labels.at(i), counts.at(i) != 1);
-    }
-    setCursor(hourglass());
-    const int capacity = counts[0] * counts[1];
-    const bool many = capacity >= 2;
-    m_ui->lblStart->setEnabled(many);
-    m_ui->cmbStart->setEnabled(many);
-    if (m_sheet == freeSheet) {
-        for (const Part& part : m_kinou)
-            part.box->setEnabled(many);
-        followTicks();
-    }
-    {
-        const QSignalBlocker quiet(m_ui->cmbStart);
-        m_ui->cmbStart->clear();
-        for (int start = 1; start <= capacity; ++start)
-            m_ui->cmbStart->addItem(QString::number(start));
-        m_ui->cmbStart->setCurrentIndex(0);
-    }
-    cmbStart_Click();
-    unsetCursor();
-}
-
-void frm_PriCheck::setPages(const QString& first, const QString& last)
-{
-    m_txtPage[0]->setText(first);
-    m_txtPage[1]->setText(last);
-}
-
-void frm_PriCheck::LabelPageCalc()
-{
-    const int columns = countIn(m_txtOnePageNum[0]->text());
-    const int rows = countIn(m_txtOnePageNum[1]->text());
-    const QString each = m_ui->txtPrtNum->text();
-    if (columns == 0 || rows == 0 || !isNumeric(each))
-        return;
-    const bool marked = m_ui->optPrint_0->isChecked();
-    const double end = numberIn(m_endRow);
-    const double first = marked ? 1 : numberIn(m_txtLine[0]->text());
-    const double last = marked ? end : numberIn(m_txtLine[1]->text());
-    if (!marked && (first == 0 || last == 0 || last < first || last > end))
-        return;
-    const std::int64_t labels = labelsWanted(m_rows, std::max<std::int64_t>(labelsOf(first), 1),
-                                             labelsOf(last), marked, labelsOf(numberIn(each)));
-    m_pageTotal = pagesNeeded(labels, std::int64_t{columns} * rows, m_ui->cmbStart->currentIndex() + 1);
-    if (labels == 0)
-        setPages(u"0"_s, u"0"_s);
-    else
-        setPages(u"1"_s, QString::number(m_pageTotal));
-    refreshLater();
-}
-
-void frm_PriCheck::txtLine_Change()
-{
-    setPages(u"0"_s, u"0"_s);
-    const QString first = m_txtLine[0]->text();
-    const QString last = m_txtLine[1]->text();
-    if (!isNumeric(first) || !isNumeric(last) || numberIn(last) > numberIn(m_endRow) || numberIn(first) < 1
-        || numberIn(last) < numberIn(first))
-        return;
-    LabelPageCalc();
-}
-
-void frm_PriCheck::optPrint_Click()
-{
-    setPages(u"0"_s, u"0"_s);
-    const bool range = m_ui->optPrint_1->isChecked();
-    enable({m_txtLine[0], m_txtLine[1], m_ui->lblLine_0, m_ui->lblLine_1}, range);
-    LabelPageCalc();
-}
-
-void frm_PriCheck::cmbStart_Click()
-{
-    const int start = m_ui->cmbStart->currentIndex();
-    const auto& buttons = picture()->buttons();
-    if (start >= 0 && start < static_cast<int>(buttons.size()))
-        buttons[static_cast<std::size_t>(start)]->setChecked(true);
-    LabelPageCalc();
-}
-
-/// On the sheet whose last row can hold the strip, a tick takes that row from the labels.
-void frm_PriCheck::chkKinou_Click()
-{
-    const bool strip = m_kinou[0].box->isChecked() || m_kinou[1].box->isChecked();
-    if (m_sheet < fixedSheets && labelSheets.at(static_cast<std::size_t>(m_sheet)).functionCodes) {
-        const auto& buttons = picture()->buttons();
-        for (std::size_t i = stripRowFrom; i < buttons.size(); ++i) {
-            if (strip && buttons[i]->isChecked())
-                buttons[0]->setChecked(true);
-            buttons[i]->setVisible(!strip);
-        }
-        m_txtOnePageNum[1]->setText(QString::number(strip ? rowsWithStrip : rowsWithoutStrip));
-    }
-    followTicks();
-}
-
-/// The position fields of each box follow its tick.
-void frm_PriCheck::followTicks()
-{
-    for (const Part* part : {&m_name, &m_code, &m_kinou[0], &m_kinou[1]}) {
-        const bool on = part->box->isChecked() && part->box->isEnabled();
-        for (KeyField* field : part->place)
-            field->setEnabled(on);
-        enable(part->labels, on);
-    }
 }
 
 void frm_PriCheck::showEvent(QShowEvent* event)

@@ -3,24 +3,26 @@
 // many pages it takes; every field checked before paper is spent. What was printed last is proposed again,
 // for each source apart.
 //
+// The dialog shows a LabelSetup and hands it what is typed; LabelFields is the table of its fields.
 // All measures are millimetres with two decimals.
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <vector>
+#include <optional>
 
 #include <QDialog>
 #include <QTimer>
 
-#include "barcode/label/LabelJob.h"
 #include "barcode/label/LabelRows.h"
+#include "barcode/label/LabelSetup.h"
+#include "barcode/label/LabelSource.h"
 #include "frame/support/DialogScan.h"
 #include "frame/support/FormGate.h"
 
 class QAbstractButton;
-class QLineEdit;
+class QComboBox;
 class QRadioButton;
 
 namespace Ui {
@@ -35,22 +37,7 @@ class FocusPaint;
 class KeyField;
 class MsgBox;
 class SheetPicture;
-class vaSpread;
-struct LabelSheet;
-
-/// What is printed. The first two columns of the grid are code and name.
-struct LabelSource
-{
-    int mode = 0; ///< 0, 1, 2 the lists of master data, 3 receipts, 4 shipments; the settings are kept by it
-    vaSpread* grid = nullptr;
-    int checkColumn = 0;
-    int quantityColumn = 0; ///< 0: each row gets the same number
-    int firstRow = 1;       ///< proposed rows
-    int lastRow = 0;
-    bool asksForNumber = true; ///< the operator may say how many labels each row gets
-    QString word;              ///< name of the source
-    QString markedCaption;     ///< in place of the designed caption of the first choice of rows, if any
-};
+struct LabelRefusal;
 
 class frm_PriCheck final : public QDialog
 {
@@ -69,11 +56,9 @@ public:
     ~frm_PriCheck() override;
 
     /// Pages that the job needs.
-    [[nodiscard]] std::int32_t PageTotal() const { return m_pageTotal; }
+    [[nodiscard]] std::int32_t PageTotal() const { return m_setup.pageTotal(); }
     /// True when a print has been finished.
     [[nodiscard]] bool printed() const { return m_printed; }
-    /// Text in front of the code and behind it; empty.
-    QString LabelWrap;
 
     void CmdOK_Click();
 
@@ -81,52 +66,39 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    // Controls (frm_PriCheck.cpp).
+    // What is typed goes to the setup, what follows is shown (frm_PriCheck.cpp).
+    void prepareForm();
     void wire();
+    void wireField(LabelField field, QWidget* widget);
     void wireSheets();
-    void wireFields();
-    void wirePicture();
-    void nameTables();
-    void optYousi_Click(int sheet);
-    void txtOnePageNum_Change();
-    void txtLine_Change();
-    void optPrint_Click();
-    void cmbStart_Click();
-    void chkKinou_Click();
-    void followTicks();
-    void LabelPageCalc();
-    void setPages(const QString& first, const QString& last);
+    void take(LabelField field, const QString& text);
+    void showSetup();
+    void showField(const LabelFieldRow& row);
+    void showStarts();
+    void showSheet();
+    void showPositions();
+    [[nodiscard]] QWidget* controlOf(LabelField field) const;
     [[nodiscard]] SheetPicture* picture() const;
     [[nodiscard]] QRadioButton* positionButton() const;
 
-    // Sheets and what is remembered (frm_PriCheckSettings.cpp).
-    void writeSheet(int sheet);
-    void enableForSheet(const LabelSheet* figures);
-    void writeFigures(const LabelSheet& figures);
-    void Form_Load();
-    void restoreSettings();
-    void saveSettings();
-
     // Keys (frm_PriCheckKeys.cpp).
     void wireKeys();
-    void wireLimits();
-    void wireSteps();
+    void limitKeysOf(KeyField& control, const LabelFieldRow& row);
     void enterFrom(QWidget* widget);
+    [[nodiscard]] std::optional<LabelField> fieldOf(const QWidget* widget) const;
     bool eventFilter(QObject* object, QEvent* event) override;
 
-    // Checks and print (frm_PriCheckPrint.cpp).
-    [[nodiscard]] bool fieldsAreGood();
-    [[nodiscard]] bool rowsAreGood();
-    bool refuse(const QString& title, const QString& text, QWidget* field);
-    [[nodiscard]] bool enoughToPrint();
+    // The print (frm_PriCheckPrint.cpp).
+    void refuse(const LabelRefusal& refusal);
     void print();
-    [[nodiscard]] LabelJob job() const;
 
     // The page as it will be (frm_PriCheckPicture.cpp).
+    void wirePicture();
     void refreshLater();
     void refreshPicture();
     void showLarge();
     [[nodiscard]] LabelRows trialRows(const LabelJob& wanted) const;
+    [[nodiscard]] int barPitch() const;
 
     LabelSource m_source;
     Surroundings m_around;
@@ -135,37 +107,18 @@ private:
     std::unique_ptr<FocusPaint> m_focusPaint;
     DialogScan* m_scan = nullptr;
     LabelRows m_rows;
+    LabelSetup m_setup;
     QTimer m_refresh;
 
     // The control arrays, by index.
+    std::array<QWidget*, labelFieldCount> m_controls{}; ///< null where the control depends on the sheet
+    std::array<std::array<QWidget*, 2>, labelFieldCount> m_labels{};
     std::array<QRadioButton*, 5> m_optYousi{};
     std::array<QWidget*, 5> m_frames{};
     std::array<SheetPicture*, 5> m_pictures{};
-    std::array<KeyField*, 2> m_txtOnePageNum{};
-    std::array<KeyField*, 2> m_txtWHPich{};
-    std::array<KeyField*, 2> m_txtLine{};
-    std::array<KeyField*, 2> m_txtPage{};
-    struct Part ///< a box, and the fields and labels that follow its tick
-    {
-        QAbstractButton* box = nullptr;
-        std::array<KeyField*, 2> place{};
-        std::vector<QWidget*> labels;
-    };
-    Part m_name;
-    Part m_code;
-    std::array<Part, 2> m_kinou;
-    struct Step ///< Enter goes to the first of the places that can take the focus
-    {
-        QWidget* from;
-        std::vector<QWidget*> to;
-    };
-    std::vector<Step> m_steps;
 
-    QString m_startRow;
-    QString m_endRow;
-    std::int32_t m_pageTotal = 0;
     std::int32_t m_shownPage = 1;
-    int m_sheet = 0;
+    bool m_showing = false; ///< the controls follow the setup, not the operator
     bool m_printing = false;
     bool m_printed = false;
 };

@@ -9,8 +9,6 @@
 #include "barcode/label/frm_PriCheck.h"
 #include "frame/support/Check_Csv.h"
 #include "frame/support/KeyField.h"
-#include "platform/core/KeyCodes.h"
-#include "platform/widgets/EnterButton.h"
 #include "platform/widgets/EnterKey.h"
 #include "ui_frm_PriCheck.h"
 
@@ -18,115 +16,47 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
-namespace {
-
-constexpr int rowDigits = 4;
-constexpr int pageDigits = 4;
-constexpr int labelDigits = 3;
-constexpr int countDigits = 2;
-constexpr int measureLength = 6;
-
-/// Digits, "-" and "."; Ctrl-C, Backspace, Enter.
-int measureKeyCheck(int& keyAscii)
-{
-    const bool passes = (keyAscii >= '0' && keyAscii <= '9') || keyAscii == '-' || keyAscii == '.'
-                        || keyAscii == KeyCode::ctrlC || keyAscii == KeyCode::backspace
-                        || keyAscii == KeyCode::enter;
-    if (!passes)
-        keyAscii = 0;
-    return keyAscii;
-}
-
-} // namespace
-
 void frm_PriCheck::wireKeys()
 {
-    wireLimits();
-    wireSteps();
+    for (const LabelFieldRow& row : labelFields())
+        if (auto* typed = qobject_cast<KeyField*>(m_controls.at(static_cast<std::size_t>(row.field))))
+            limitKeysOf(*typed, row);
     for (QAbstractButton* button : findChildren<QAbstractButton*>())
         if (qobject_cast<QPushButton*>(button) == nullptr)
             button->installEventFilter(this);
-    for (QComboBox* choice : {m_ui->cmbStart, m_ui->cmbBarPich})
-        choice->installEventFilter(this);
+    for (QComboBox* list : {m_ui->cmbStart, m_ui->cmbBarPich})
+        list->installEventFilter(this);
 }
 
-void frm_PriCheck::wireLimits()
+void frm_PriCheck::limitKeysOf(KeyField& control, const LabelFieldRow& row)
 {
-    Ui::frm_PriCheck& ui = *m_ui;
-    const auto limit = [this](std::initializer_list<KeyField*> fields, KeyFilter filter, int length) {
-        for (KeyField* field : fields)
-            limitKeys(*field, filter, length, [this, field] { enterFrom(field); });
-    };
-    limit({ui.txtLine_0, ui.txtLine_1}, NumKeyCheck, rowDigits);
-    limit({ui.txtPage_0, ui.txtPage_1}, NumKeyCheck, pageDigits);
-    limit({ui.txtPrtNum}, NumKeyCheck, labelDigits);
-    limit({ui.txtOnePageNum_0, ui.txtOnePageNum_1}, NumKeyCheck, countDigits);
-    limit({ui.txtXYpoint_0, ui.txtXYpoint_1, ui.txtBarHeight, ui.txtWHPich_0, ui.txtWHPich_1,
-           ui.txtNameXYpoint_0, ui.txtNameXYpoint_1, ui.txtCodeXYpoint_0, ui.txtCodeXYpoint_1,
-           ui.txtKinouXYpoint_0, ui.txtKinouXYpoint_1, ui.txtKinouXYpoint_2, ui.txtKinouXYpoint_3},
-          measureKeyCheck, measureLength);
-    // A paste passes no key filter, and each label of a page is an item of the list.
+    const KeyFilter filter = row.typing.keys == LabelKeys::digits ? NumKeyCheck : measureKeyCheck;
+    limitKeys(control, filter, row.typing.length, [this, &control] { enterFrom(&control); });
+    if (!row.typing.pasteToo)
+        return;
     static const QRegularExpression digits(u"[0-9]*"_s);
-    for (KeyField* field : m_txtOnePageNum) {
-        field->setMaxLength(countDigits);
-        field->setValidator(new QRegularExpressionValidator(digits, field));
-    }
+    control.setMaxLength(row.typing.length);
+    control.setValidator(new QRegularExpressionValidator(digits, &control));
 }
 
-void frm_PriCheck::wireSteps()
+/// The field that \a widget stands for; none for the buttons under the picture.
+std::optional<LabelField> frm_PriCheck::fieldOf(const QWidget* widget) const
 {
-    Ui::frm_PriCheck& ui = *m_ui;
-    m_steps = {
-        {ui.optPrint_0, {ui.txtPage_0}},
-        {ui.optPrint_1, {ui.txtLine_0}},
-        {ui.txtLine_0, {ui.txtLine_1}},
-        {ui.txtLine_1, {ui.txtPage_0}},
-        {ui.txtPage_0, {ui.txtPage_1}},
-        {ui.txtPrtNum, {ui.cmbStart, ui.txtXYpoint_1}},
-        {ui.cmbStart, {ui.txtXYpoint_1}},
-        {ui.txtXYpoint_1, {ui.txtXYpoint_0}},
-        {ui.txtXYpoint_0, {ui.txtOnePageNum_0, ui.txtBarHeight}},
-        {ui.txtOnePageNum_0, {ui.txtBarHeight}},
-        {ui.txtBarHeight, {ui.txtWHPich_1, ui.cmbBarPich}},
-        {ui.txtWHPich_1, {ui.cmbBarPich}},
-        {ui.cmbBarPich, {ui.txtOnePageNum_1, ui.txtWHPich_0, ui.chkName}},
-        {ui.txtOnePageNum_1, {ui.txtWHPich_0, ui.chkName}},
-        {ui.txtWHPich_0, {ui.chkName}},
-        {ui.chkName, {ui.txtNameXYpoint_0, ui.chkCode}},
-        {ui.txtNameXYpoint_0, {ui.txtNameXYpoint_1}},
-        {ui.txtNameXYpoint_1, {ui.chkCode}},
-        {ui.chkCode, {ui.txtCodeXYpoint_0, ui.chkKinou_0, ui.CmdOK}},
-        {ui.txtCodeXYpoint_0, {ui.txtCodeXYpoint_1}},
-        {ui.txtCodeXYpoint_1, {ui.chkKinou_0, ui.CmdOK}},
-        {ui.chkKinou_0, {ui.txtKinouXYpoint_0, ui.chkKinou_1}},
-        {ui.txtKinouXYpoint_0, {ui.txtKinouXYpoint_1}},
-        {ui.txtKinouXYpoint_1, {ui.chkKinou_1}},
-        {ui.chkKinou_1, {ui.txtKinouXYpoint_2, ui.CmdOK}},
-        {ui.txtKinouXYpoint_2, {ui.txtKinouXYpoint_3}},
-        {ui.txtKinouXYpoint_3, {ui.CmdOK}},
-    };
-    for (QRadioButton* sheet : m_optYousi)
-        m_steps.push_back({sheet, {ui.txtPrtNum, ui.cmbStart, ui.txtXYpoint_1}});
+    if (std::find(m_optYousi.begin(), m_optYousi.end(), widget) != m_optYousi.end())
+        return LabelField::sheet;
+    if (widget->parentWidget() == picture())
+        return LabelField::position;
+    const auto control = std::find(m_controls.begin(), m_controls.end(), widget);
+    if (control == m_controls.end())
+        return {};
+    return static_cast<LabelField>(control - m_controls.begin());
 }
 
 void frm_PriCheck::enterFrom(QWidget* widget)
 {
-    const auto goTo = [](const std::vector<QWidget*>& places) {
-        const auto open = std::find_if(places.begin(), places.end(), [](const QWidget* place) {
-            return place != nullptr && place->isEnabled() && place->isVisible();
-        });
-        if (open != places.end())
-            (*open)->setFocus();
-    };
-    QRadioButton* const sheet = m_optYousi.at(static_cast<std::size_t>(m_sheet));
-    if (widget == m_ui->txtPage_1)
-        return goTo({positionButton(), sheet});
-    if (widget->parentWidget() == picture())
-        return goTo({sheet});
-    const auto step =
-        std::find_if(m_steps.begin(), m_steps.end(), [&](const Step& each) { return each.from == widget; });
-    if (step != m_steps.end())
-        goTo(step->to);
+    if (const auto field = fieldOf(widget))
+        if (QWidget* place = controlOf(m_setup.next(*field)))
+            place->setFocus();
 }
 
 bool frm_PriCheck::eventFilter(QObject* object, QEvent* event)

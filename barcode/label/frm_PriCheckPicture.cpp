@@ -42,6 +42,21 @@ QString warningOf(const PagePicture& page)
 
 } // namespace
 
+void frm_PriCheck::wirePicture()
+{
+    m_refresh.setSingleShot(true);
+    connect(&m_refresh, &QTimer::timeout, this, &frm_PriCheck::refreshPicture);
+    connect(m_ui->cmdBack, &QToolButton::clicked, this, [this] {
+        --m_shownPage;
+        refreshPicture();
+    });
+    connect(m_ui->cmdNext, &QToolButton::clicked, this, [this] {
+        ++m_shownPage;
+        refreshPicture();
+    });
+    connect(m_ui->cmdLarge, &QToolButton::clicked, this, &frm_PriCheck::showLarge);
+}
+
 /// Several changes in a row, a new sheet for one, draw the page once.
 void frm_PriCheck::refreshLater()
 {
@@ -53,16 +68,21 @@ void frm_PriCheck::refreshLater()
 LabelRows frm_PriCheck::trialRows(const LabelJob& wanted) const
 {
     LabelRows rows = m_rows.trial();
-    if (m_ui->optPrint_1->isChecked())
+    if (m_setup.ticked(LabelField::rowRange))
         for (std::int64_t row = wanted.startRow; row <= std::min(wanted.endRow, rows.count()); ++row)
             rows.setMark(row, true);
     return rows;
 }
 
+int frm_PriCheck::barPitch() const
+{
+    return m_setup.text(LabelField::barPitch).toInt();
+}
+
 void frm_PriCheck::refreshPicture()
 {
-    const LabelJob wanted = job();
-    const std::int32_t pages = std::max(m_pageTotal, 0);
+    const LabelJob wanted = m_setup.job();
+    const std::int32_t pages = std::max(m_setup.pageTotal(), 0);
     m_shownPage = std::clamp(m_shownPage, 1, std::max(pages, 1));
     m_ui->cmdBack->setEnabled(m_shownPage > 1);
     m_ui->cmdNext->setEnabled(m_shownPage < pages);
@@ -70,8 +90,8 @@ void frm_PriCheck::refreshPicture()
     m_ui->lblShown->setText(pages > 0 ? u"%1 / %2 ページ"_s.arg(m_shownPage).arg(pages) : u"0 ページ"_s);
     PagePicture page;
     if (pages > 0)
-        page = drawPage(wanted, trialRows(wanted), m_around.ini, m_ui->cmbBarPich->currentIndex() + 1,
-                        m_shownPage, picture()->pageSize() * devicePixelRatioF());
+        page = drawPage(wanted, trialRows(wanted), m_around.ini, barPitch(), m_shownPage,
+                        picture()->pageSize() * devicePixelRatioF());
     picture()->setPage(page.image, wanted.grid.start);
     m_ui->lblWarning->setText(warningOf(page));
 }
@@ -81,11 +101,10 @@ void frm_PriCheck::showLarge()
 {
     constexpr int dotsPerInch = 110;
     constexpr double millimetresPerInch = 25.4;
-    const LabelJob wanted = job();
+    const LabelJob wanted = m_setup.job();
     const QSize size(static_cast<int>(paperWidth * dotsPerInch / millimetresPerInch),
                      static_cast<int>(paperHeight * dotsPerInch / millimetresPerInch));
-    const PagePicture page = drawPage(wanted, trialRows(wanted), m_around.ini,
-                                      m_ui->cmbBarPich->currentIndex() + 1, m_shownPage, size);
+    const PagePicture page = drawPage(wanted, trialRows(wanted), m_around.ini, barPitch(), m_shownPage, size);
     QDialog large(this);
     large.setWindowTitle(m_ui->lblShown->text());
     auto* layout = new QVBoxLayout(&large);

@@ -24,6 +24,8 @@ namespace {
 
 constexpr int rounds = 120;
 
+const QStringList labelSettings{u"BarPich"_s, u"PageRows"_s, u"Yousi"_s, u"KinouYPoint1"_s};
+
 class SettingsFuzz : public ::testing::Test
 {
 protected:
@@ -105,7 +107,7 @@ protected:
                 << ini.OutHeading(i) << ini.StockHeading(i) << ini.ReceiptListHeading(i)
                 << ini.ShipmentListHeading(i);
         for (int mode = 0; mode < 5; ++mode)
-            for (const QString& name : AppIni::labelSettingNames())
+            for (const QString& name : labelSettings)
                 all << ini.labelSetting(mode, name);
         return all;
     }
@@ -140,7 +142,7 @@ TEST_F(SettingsFuzz, whatIsWrittenIntoADamagedFile_readsBack_andChangesNothingEl
         ASSERT_TRUE(AppEnv(dir.path()).setLastUseDate(u"20260401"_s));
         AppIni ini;
         ini.setIniFolder(dir.path() + u"/Ini"_s);
-        ASSERT_TRUE(ini.setLabelSetting(4, AppIni::labelSettingNames().constLast(), u" 12.5 "_s));
+        ASSERT_TRUE(ini.setLabelSetting(4, labelSettings.constLast(), u" 12.5 "_s));
         expected.first() = u"20260401"_s;
         expected.last() = u" 12.5 "_s;
         ASSERT_EQ(answers(), expected) << bytes.toBase64().toStdString();

@@ -126,9 +126,15 @@ TEST(PriCheckPrint, settingsFullOfNonsense_openAndPrint)
     for (int round = 0; round < 40; ++round) {
         Desk desk(oneRowOf("5"));
         QStringList values;
-        for (qsizetype i = 0; i < AppIni::labelSettingNames().size(); ++i)
-            values += nonsense.at(static_cast<qsizetype>(random() % static_cast<unsigned>(nonsense.size())));
-        ASSERT_TRUE(desk.ini.setLabelSettings(3, values));
+        std::vector<std::pair<QString, QString>> settings;
+        for (const LabelFieldRow& row : labelFields())
+            if (row.saving.key != nullptr) {
+                values +=
+                    nonsense.at(static_cast<qsizetype>(random() % static_cast<unsigned>(nonsense.size())));
+                settings.emplace_back(QString::fromUtf16(row.saving.key), values.last());
+            }
+        ASSERT_EQ(settings.size(), 21U);
+        ASSERT_TRUE(desk.ini.setLabelSettings(3, settings));
         desk.open();
         desk.dialog->CmdOK_Click();
         EXPECT_TRUE(desk.dialog->printed() || desk.box.shown.size() == 1) << values.join(u'|').toStdString();

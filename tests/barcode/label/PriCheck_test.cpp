@@ -7,6 +7,7 @@
 #include "barcode/label/LabelSheets.h"
 #include "barcode/label/PagePicture.h"
 #include "barcode/label/SheetPicture.h"
+#include "frame/support/KeyField.h"
 #include "tests/barcode/label/LabelDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -44,6 +45,18 @@ TEST(PriCheck, opensOnTheFirstSheet_withItsFigures)
     EXPECT_EQ(desk.text("txtKinouXYpoint_3"), "228.00");
     EXPECT_TRUE(desk.find<QWidget>("frame_yousi_0")->isVisible());
     EXPECT_FALSE(desk.find<QWidget>("frame_yousi_1")->isVisible());
+}
+
+TEST(PriCheck, everyFieldOfTheTable_hasItsControlAndLabels)
+{
+    Desk desk;
+    desk.open();
+    for (const LabelFieldRow& row : labelFields())
+        for (const char* name : {row.control, row.labels[0], row.labels[1]})
+            if (name != nullptr) {
+                EXPECT_NE(desk.dialog->findChild<QWidget*>(QString::fromLatin1(name)), nullptr) << name;
+            }
+    EXPECT_EQ(desk.dialog->findChildren<KeyField*>().size(), 20) << "a field of its own needs a row";
 }
 
 TEST(PriCheck, everySheet_writesItsFigures_andShowsItsPicture)

@@ -1,0 +1,15 @@
+// What is remembered of the last print of labels, for each source apart.
+#pragma once
+
+namespace suisui {
+
+class AppIni;
+class LabelSetup;
+
+/// Chooses the sheet that is kept for the source \a mode, the first when none is, and gives the fields what
+/// is kept for them. Where nothing good is kept the sheet's own figures stay.
+void restoreLabelSettings(LabelSetup& setup, const AppIni& ini, int mode);
+/// Keeps all fields for the source \a mode.
+void storeLabelSettings(const LabelSetup& setup, AppIni& ini, int mode);
+
+} // namespace suisui

@@ -1,0 +1,24 @@
+// What labels are printed of: a grid, its columns and the rows that the dialog proposes.
+#pragma once
+
+#include <QString>
+
+namespace suisui {
+
+class vaSpread;
+
+/// What is printed. The first two columns of the grid are code and name.
+struct LabelSource
+{
+    int mode = 0; ///< 0, 1, 2 the lists of master data, 3 receipts, 4 shipments; the settings are kept by it
+    vaSpread* grid = nullptr;
+    int checkColumn = 0;
+    int quantityColumn = 0; ///< 0: each row gets the same number
+    int firstRow = 1;       ///< proposed rows
+    int lastRow = 0;
+    bool asksForNumber = true; ///< the operator may say how many labels each row gets
+    QString word;              ///< name of the source
+    QString markedCaption;     ///< in place of the designed caption of the first choice of rows, if any
+};
+
+} // namespace suisui

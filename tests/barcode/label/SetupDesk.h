@@ -1,0 +1,73 @@
+// What the operator sets for a print of labels, over rows that are kept here. No widget, no display.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "barcode/label/LabelSetup.h"
+
+namespace suisui::test {
+
+/// Rows that ask for so many labels each; a negative number is a row without a mark.
+class RowsOfLabels final : public CountedRows
+{
+public:
+    explicit RowsOfLabels(std::vector<std::int64_t> labels, bool byQuantity)
+        : m_labels(std::move(labels)), m_byQuantity(byQuantity)
+    {
+    }
+    [[nodiscard]] int count() const { return static_cast<int>(m_labels.size()); }
+    [[nodiscard]] bool marked(std::int64_t row) const override { return at(row) >= 0; }
+    [[nodiscard]] std::int64_t labelsCounted(std::int64_t row, std::int64_t eachRow) const override
+    {
+        return m_byQuantity ? std::abs(at(row)) : eachRow;
+    }
+
+private:
+    [[nodiscard]] std::int64_t at(std::int64_t row) const
+    {
+        return m_labels.at(static_cast<std::size_t>(row - 1));
+    }
+
+    std::vector<std::int64_t> m_labels;
+    bool m_byQuantity;
+};
+
+struct SetupDesk
+{
+    explicit SetupDesk(std::vector<std::int64_t> labels = {1, 1, 1}, bool byQuantity = true, bool asks = true)
+        : rows(std::move(labels), byQuantity), setup(source(rows.count(), asks), rows)
+    {
+        sheet(0);
+    }
+
+    static LabelSource source(int lastRow, bool asks)
+    {
+        LabelSource of;
+        of.mode = 3;
+        of.lastRow = lastRow;
+        of.asksForNumber = asks;
+        return of;
+    }
+
+    void sheet(int index) { setup.set(LabelField::sheet, QString::number(index)); }
+    void set(LabelField field, const char16_t* text) { setup.set(field, QString::fromUtf16(text)); }
+    /// The free sheet with every box ticked, so that every field counts.
+    void useEverything()
+    {
+        sheet(4);
+        for (const LabelField box : {LabelField::name, LabelField::code, LabelField::screenCodes,
+                                     LabelField::searchCodes, LabelField::rowRange})
+            setup.tick(box, true);
+    }
+    [[nodiscard]] std::string text(LabelField field) const { return setup.text(field).toStdString(); }
+    [[nodiscard]] std::string pages() const
+    {
+        return text(LabelField::firstPage) + "-" + text(LabelField::lastPage);
+    }
+
+    RowsOfLabels rows;
+    LabelSetup setup;
+};
+
+} // namespace suisui::test
