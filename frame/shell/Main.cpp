@@ -192,7 +192,7 @@ QString Main_Module::LastDateGet() const
 }
 
 /// What a dialog reads; before the reader is there, and when it has been released, there is nothing.
-QString Main_Module::readLine()
+QString Main_Module::nextLine()
 {
     return m_barcode ? m_barcode->line() : QString();
 }
@@ -211,24 +211,15 @@ bool Main_Module::atWork() const
 /// The window with everything that it is given by the run.
 void Main_Module::makeWindow()
 {
-    const auto nextLine = [this] { return readLine(); };
-    m_frmMain = std::make_unique<frmMain>(
-        Surroundings{*m_appDB, *m_appIni, m_clock, m_msgBox, *m_shortWait, *m_wait, m_lastDate});
-    m_frmMain->setHistoryPlace(*m_appEnv, nextLine);
-    m_frmMain->setSlipPlace(*m_slipIni, m_appEnv->BaseFolder() + u"/exe"_s);
     m_printer = std::make_unique<Printer>();
-    m_frmMain->setListPrinting({*m_appIni, m_clock, m_msgBox, *m_printer, m_appEnv->BaseFolder(), nextLine});
     m_barPrt1 = std::make_unique<PrinterBarPrt>(*m_printer, [this] {
         m_msgBox.show({u" 印刷エラー"_s,
                        u"印刷中に エラーが発生しました。　　　\r\n\r\n　　印刷を中止します。"_s,
                        BoxIcon::Stop});
     });
-    m_frmMain->setLabelPrinting(*m_barPrt1, nextLine);
-    m_frmMain->askEnd = [this] { return askEnd(); };
-    m_frmMain->setMasterStartFlag = [this] { m_masterStartFlag = true; };
-    m_frmMain->clearMasterStartFlag = [this] { m_masterStartFlag = false; };
-    m_frmMain->masterStartFlag = [this] { return m_masterStartFlag; };
-    m_frmMain->unloaded = [this] { windowUnloaded(); };
+    m_frmMain = std::make_unique<frmMain>(Surroundings{*m_appDB, *m_appEnv, *m_appIni, *m_slipIni, m_clock,
+                                                       m_msgBox, *m_shortWait, *m_wait, *m_printer,
+                                                       *m_barPrt1, *this, m_lastDate});
 }
 
 /// False when the master data calls for the master-data program instead.
@@ -283,7 +274,7 @@ void Main_Module::mainLoop()
 
 bool Main_Module::askEnd()
 {
-    frm_End dialog([this] { return readLine(); }, m_frmMain.get());
+    frm_End dialog([this] { return nextLine(); }, m_frmMain.get());
     showModal(dialog);
     return dialog.result();
 }

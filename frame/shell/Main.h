@@ -28,7 +28,7 @@ namespace suisui {
 
 class RunTimeError;
 
-class Main_Module : public QObject
+class Main_Module : public QObject, private Run
 {
     Q_OBJECT
 
@@ -51,7 +51,6 @@ private:
     [[nodiscard]] bool openDatabase();
     void unloadWaits();
     void volumeCheck(int count, const QString& text);
-    [[nodiscard]] QString readLine();
     [[nodiscard]] bool atWork() const;
     void makeWindow();
     [[nodiscard]] bool loadWindow();
@@ -60,8 +59,13 @@ private:
     void showFailedBackup();
     void mainLoop();
     void stop();
-    [[nodiscard]] bool askEnd();
-    void windowUnloaded();
+
+    // Run
+    [[nodiscard]] QString nextLine() override;
+    [[nodiscard]] bool askEnd() override;
+    [[nodiscard]] bool masterStartFlag() const override { return m_masterStartFlag; }
+    void setMasterStartFlag(bool start) override { m_masterStartFlag = start; }
+    void windowUnloaded() override;
 
     QString m_base;
     Clock& m_clock;

@@ -46,11 +46,14 @@ QColor baseColor(const QWidget& form)
 } // namespace
 
 frmMain::frmMain(const Surroundings& surroundings, QWidget* parent)
-    : QMainWindow(parent), m_around(surroundings), m_ui(std::make_unique<Ui::frmMain>()), m_gate(this)
+    : QMainWindow(parent), m_around(surroundings), m_nextLine([this] { return m_around.run.nextLine(); }),
+      m_ui(std::make_unique<Ui::frmMain>()), m_gate(this)
 {
     m_ui->setupUi(this);
     m_ui->lblBCReference->hide();
     buildPages();
+    buildHistory();
+    givePrinting();
     m_focusPaint = std::make_unique<FocusPaint>(this, baseColor(*m_ui->lblBCReference));
     m_focusPaint->exempt(m_stock->lowBox());
     m_focusPaint->exempt(m_stock->zeroBox());
@@ -100,13 +103,13 @@ void frmMain::buildPages()
     }
 }
 
-void frmMain::setHistoryPlace(const AppEnv& env, const std::function<QString()>& readLine)
+void frmMain::buildHistory()
 {
     const Services services{m_around.db, m_around.ini, m_around.clock, m_around.msgBox, *this};
-    m_historyPrompts = std::make_unique<ScreenPrompts>(m_around.db, m_around.ini, env, m_around.clock,
-                                                       m_around.msgBox, readLine, *this);
+    m_historyPrompts = std::make_unique<ScreenPrompts>(m_around.db, m_around.ini, m_around.env,
+                                                       m_around.clock, m_around.msgBox, m_nextLine, *this);
     m_history = std::make_unique<RirekiDB>(services, *m_historyPrompts,
-                                           (env.BaseFolder() + u"/db/trnorg.mdb"_s).toStdString());
+                                           (m_around.env.BaseFolder() + u"/db/trnorg.mdb"_s).toStdString());
     m_history->settle();
     m_historyButtons = std::make_unique<RirekiButtons>(
         services, *m_historyPrompts, *m_history,
@@ -117,24 +120,17 @@ void frmMain::setHistoryPlace(const AppEnv& env, const std::function<QString()>&
             [this] { m_historyButtons->cmdRirekiIn_Click(); });
 }
 
-void frmMain::setSlipPlace(SlipIni& ini, const QString& exeFolder)
+/// What the list tabs print with, and where the slip program is.
+void frmMain::givePrinting()
 {
-    m_lists[static_cast<std::size_t>(Side::Shipment)]->setSlipPlace(ini, exeFolder);
-}
-
-void frmMain::setListPrinting(const ListPrinting& printing)
-{
+    const ListPrinting printing{
+        m_around.ini, m_around.clock, m_around.msgBox, m_around.printer, m_around.env.BaseFolder(),
+        m_nextLine};
     m_stock->setListPrinting(printing);
     for (MovementListPage* list : m_lists)
         list->setListPrinting(printing);
-}
-
-void frmMain::setLabelPrinting(BarPrt& barPrt, const std::function<QString()>& readLine)
-{
-    m_printLabels = [this, &barPrt, readLine](int mode, vaSpread& grid, int printColumn, int quantityColumn) {
-        MainBarCodePrintOut({m_around.ini, m_around.msgBox, barPrt, readLine, this}, mode, grid, printColumn,
-                            quantityColumn);
-    };
+    m_lists[static_cast<std::size_t>(Side::Shipment)]->setSlipPlace(m_around.slipIni,
+                                                                    m_around.env.BaseFolder() + u"/exe"_s);
 }
 
 /// cmdNPrint_Click, cmdSPrint_Click.
@@ -143,7 +139,9 @@ void frmMain::cmdPrint_Click(Side side, int printColumn, int quantityColumn)
     const auto at = static_cast<std::size_t>(side);
     m_focusPaint->setNormal(m_entry[at]->printButton());
     setFormEnabled(false);
-    m_printLabels(firstLabelMode + static_cast<int>(side), *m_entry[at]->grid(), printColumn, quantityColumn);
+    MainBarCodePrintOut({m_around.ini, m_around.msgBox, m_around.barPrt, m_nextLine, this},
+                        firstLabelMode + static_cast<int>(side), *m_entry[at]->grid(), printColumn,
+                        quantityColumn);
     setFormEnabled(true);
 }
 
@@ -278,7 +276,7 @@ void frmMain::cmdMaster_Click()
         setFormEnabled(true);
         return;
     }
-    setMasterStartFlag();
+    m_around.run.setMasterStartFlag(true);
     close();
 }
 
@@ -290,12 +288,12 @@ bool frmMain::Form_Unload()
     const BoxAnswer guard = EditGuard(currentTab());
     if (guard == BoxAnswer::Cancel) {
         setFormEnabled(true);
-        clearMasterStartFlag();
+        m_around.run.setMasterStartFlag(false);
         m_ui->CmdEnd->setFocus();
         BusyOff();
         return false;
     }
-    if (!masterStartFlag() && !askEnd()) {
+    if (!m_around.run.masterStartFlag() && !m_around.run.askEnd()) {
         setFormEnabled(true);
         if (guard == BoxAnswer::No)
             SSTab_Click(m_currentTab); // the discarded edits disappear from the grid
@@ -303,7 +301,7 @@ bool frmMain::Form_Unload()
         BusyOff();
         return false;
     }
-    unloaded();
+    m_around.run.windowUnloaded();
     BusyOff();
     return true;
 }

@@ -9,10 +9,11 @@
 #include <QMainWindow>
 
 #include "barcode/ScanDispatch.h"
+#include "frame/support/DialogScan.h"
 #include "frame/support/FormGate.h"
-#include "frame/support/TypedScan.h"
 #include "frame/support/Frame.h"
 #include "frame/support/Page.h"
+#include "frame/support/TypedScan.h"
 
 class QComboBox;
 
@@ -25,9 +26,9 @@ namespace suisui {
 class AppEnv;
 class BarPrt;
 class FocusPaint;
-struct ListPrinting;
 class MovementListPage;
 class MovementPage;
+class Printer;
 class RirekiButtons;
 class RirekiDB;
 class ScreenPrompts;
@@ -36,15 +37,37 @@ class SlipIni;
 class frm_ShortWait;
 class frm_Wait;
 
-/// What the window is given by the run that owns it.
+/// What the window asks of the run that owns it.
+class Run
+{
+public:
+    virtual ~Run() = default;
+
+    /// The next line of the reader, for the dialogs; empty when there is none.
+    [[nodiscard]] virtual QString nextLine() = 0;
+    /// frm_End: whether the operator agrees to end.
+    [[nodiscard]] virtual bool askEnd() = 0;
+    /// Whether the run starts the master-data program when it has stopped.
+    [[nodiscard]] virtual bool masterStartFlag() const = 0;
+    virtual void setMasterStartFlag(bool start) = 0;
+    /// The window has agreed to close: the date of the last use is written, the reader released, EndFlag set.
+    virtual void windowUnloaded() = 0;
+};
+
+/// What the window is given by the run. All of it outlives the window.
 struct Surroundings
 {
     AppDB& db;
+    const AppEnv& env;
     AppIni& ini;
+    SlipIni& slipIni;
     Clock& clock;
     MsgBox& msgBox;
     frm_ShortWait& shortWait;
     frm_Wait& wait;
+    Printer& printer; ///< of the list reports
+    BarPrt& barPrt;   ///< of the labels
+    Run& run;
     QString lastDate; ///< "YYYYMMDD", default from-date of the searches
 };
 
@@ -64,14 +87,6 @@ public:
     /// Brings tab \a tab to the front with everything that a change of tab does, even if it is there.
     void showTab(Tab tab);
     void cmdMaster_Click();
-    /// The usual folder of saved periods, and the reader for the dialogs that ask.
-    void setHistoryPlace(const AppEnv& env, const std::function<QString()>& readLine);
-    /// What the slip program reads, and the folder that it is in.
-    void setSlipPlace(SlipIni& ini, const QString& exeFolder);
-    /// What labels are printed with; \a readLine is the next line of the reader.
-    void setLabelPrinting(BarPrt& barPrt, const std::function<QString()>& readLine);
-    /// What the three list reports are printed with.
-    void setListPrinting(const ListPrinting& printing);
 
     /// The window's Enabled property; the main loop reads no scans while it is off.
     [[nodiscard]] bool formEnabled() const { return m_gate.enabled(); }
@@ -87,13 +102,6 @@ public:
     /// The pages and the shared combo box of staff, for whoever drives the window.
     [[nodiscard]] Page& page(Tab tab) { return *m_pages.at(static_cast<std::size_t>(tab)); }
     [[nodiscard]] QComboBox* staffChoice();
-
-    // What the window asks of the run. All must be set before it is shown.
-    std::function<bool()> askEnd;             ///< frm_End: true to end
-    std::function<void()> setMasterStartFlag; ///< the run starts the other program when it has stopped
-    std::function<void()> clearMasterStartFlag;
-    std::function<bool()> masterStartFlag;
-    std::function<void()> unloaded; ///< writes the last-use date, releases the reader, sets EndFlag
 
     // Frame
     void BusyOn() override;
@@ -133,6 +141,8 @@ protected:
 
 private:
     void buildPages();
+    void buildHistory();
+    void givePrinting();
     [[nodiscard]] bool loadPartners(Side side);
     [[nodiscard]] bool loadStaff();
     [[nodiscard]] bool loadGoods();
@@ -151,6 +161,7 @@ private:
     void cmdPrint_Click(Side side, int printColumn, int quantityColumn);
 
     Surroundings m_around;
+    DialogScan::ReadLine m_nextLine; ///< of the run, for the dialogs
     std::unique_ptr<Ui::frmMain> m_ui;
     FormGate m_gate;
     std::unique_ptr<FocusPaint> m_focusPaint;
@@ -177,7 +188,6 @@ private:
     bool m_masterMissing = false;
     bool m_hourglass = false;
     bool m_unloadAgreed = false;
-    std::function<void(int mode, vaSpread& grid, int printColumn, int quantityColumn)> m_printLabels;
 };
 
 } // namespace suisui

@@ -140,7 +140,7 @@ QString laterThan(const QString& from, const QString& to)
                   {{u"from", from}, {u"to", to}});
 }
 
-bool DateCheck(const DateBoxes& date, Frame& form, MsgBox& msgBox)
+bool DateCheck(const DateBoxes& date, BusyState& form, MsgBox& msgBox)
 {
     return DateCheck(
         date, [&form] { form.setFormEnabled(true); }, msgBox); // brings the pointer back as well
@@ -168,7 +168,7 @@ bool DateCheck(const DateBoxes& date, const std::function<void()>& enableForm, M
         date.day, enableForm, msgBox);
 }
 
-bool PeriodCheck(const PeriodBoxes& period, Frame& form, MsgBox& msgBox)
+bool PeriodCheck(const PeriodBoxes& period, BusyState& form, MsgBox& msgBox)
 {
     if (!DateCheck(period.from, form, msgBox) || !DateCheck(period.to, form, msgBox))
         return false;

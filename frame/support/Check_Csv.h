@@ -11,7 +11,7 @@ class QWidget;
 
 namespace suisui {
 
-class Frame;
+class BusyState;
 class KeyField;
 class MsgBox;
 
@@ -55,7 +55,7 @@ struct PeriodBoxes
 
 /// True if the boxes hold a date; they are zero-padded then. Otherwise a box has said so, \a form
 /// is enabled and the focus is on the box concerned.
-[[nodiscard]] bool DateCheck(const DateBoxes& date, Frame& form, MsgBox& msgBox);
+[[nodiscard]] bool DateCheck(const DateBoxes& date, BusyState& form, MsgBox& msgBox);
 /// The same on a dialog, which \a enableForm enables.
 [[nodiscard]] bool DateCheck(const DateBoxes& date, const std::function<void()>& enableForm, MsgBox& msgBox);
 
@@ -67,7 +67,7 @@ bool refuseDate(const QString& text, QLineEdit* field, const std::function<void(
 [[nodiscard]] QString laterThan(const QString& from, const QString& to);
 
 /// True if both dates are good and in order.
-[[nodiscard]] bool PeriodCheck(const PeriodBoxes& period, Frame& form, MsgBox& msgBox);
+[[nodiscard]] bool PeriodCheck(const PeriodBoxes& period, BusyState& form, MsgBox& msgBox);
 
 /// Gives the six boxes of \a period their key filter, lengths, input-method setting and Enter chain; Enter
 /// in the last box goes to \a last.

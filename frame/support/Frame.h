@@ -18,10 +18,11 @@ class Clock;
 /// The tabs of the main window, in order.
 enum class Tab { Receipt, Shipment, Stock, ReceiptList, ShipmentList, Count };
 
-class Frame
+/// Whether the window takes input.
+class BusyState
 {
 public:
-    virtual ~Frame() = default;
+    virtual ~BusyState() = default;
 
     /// Brackets of every long or data-changing handler: the window takes no input, the pointer is the
     /// hourglass, and what is pending runs. BusyOff also lets the wait windows close themselves.
@@ -29,6 +30,13 @@ public:
     virtual void BusyOff() = 0;
     /// The window's Enabled property alone.
     virtual void setFormEnabled(bool enabled) = 0;
+};
+
+/// The flags of the tabs, and the guard of what is not saved yet.
+class TabStates
+{
+public:
+    virtual ~TabStates() = default;
 
     [[nodiscard]] virtual Tab currentTab() const = 0;
 
@@ -44,11 +52,25 @@ public:
     virtual BoxAnswer EditGuard(Tab tab) = 0;
     /// True while EditGuard runs; an update then asks nothing more.
     [[nodiscard]] virtual bool GuardActive() const = 0;
+};
+
+/// Who books.
+class PersonInCharge
+{
+public:
+    virtual ~PersonInCharge() = default;
 
     /// Person in charge as chosen now. The code throws RunTimeError::SubscriptOutOfRange when nothing is
     /// chosen.
     [[nodiscard]] virtual std::string tantouCode() const = 0;
     [[nodiscard]] virtual QString tantouName() const = 0;
+};
+
+/// The wait window of long work.
+class WaitWindows
+{
+public:
+    virtual ~WaitWindows() = default;
 
     /// frm_Wait for the job \a waitTag, with a bar from 0 to \a maximum.
     virtual void showWait(const QString& waitTag, int maximum) = 0;
@@ -57,6 +79,10 @@ public:
     virtual void unloadWait() = 0;
     /// Moves the bar and, often enough for the window to repaint, lets events run.
     virtual void setWaitProgress(int value) = 0;
+};
+
+class Frame : public BusyState, public TabStates, public PersonInCharge, public WaitWindows
+{
 };
 
 /// What every page is handed.

@@ -9,7 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
-bool agreesToManyRows(Frame& frame, MsgBox& msgBox, int count)
+bool agreesToManyRows(WaitWindows& frame, MsgBox& msgBox, int count)
 {
     frame.unloadWait();
     return msgBox.show({u"表示の確認"_s,

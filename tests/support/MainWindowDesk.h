@@ -1,6 +1,7 @@
 // The main window over a shop's database, with everything around it answered by script.
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <stdexcept>
 
@@ -13,14 +14,18 @@
 #include "frame/support/frm_ShortWait.h"
 #include "frame/support/frm_Wait.h"
 #include "movement/MovementPage.h"
+#include "platform/widgets/Printer.h"
+#include "store/AppEnv.h"
 #include "store/AppIni.h"
+#include "store/SlipIni.h"
+#include "tests/support/RecordingBarPrt.h"
 #include "tests/support/ScriptedMsgBox.h"
 #include "tests/support/TempShop.h"
 #include "tests/support/TestClock.h"
 
 namespace suisui::test {
 
-struct MainWindowDesk
+struct MainWindowDesk : private Run
 {
     MainWindowDesk() : db(shop.databaseFolder()) { EXPECT_EQ(db.Open("trnvik.mdb"), 0); }
 
@@ -40,13 +45,8 @@ struct MainWindowDesk
     }
     frmMain& open(bool shown = true)
     {
-        window = std::make_unique<frmMain>(
-            Surroundings{db, ini, clock, box, shortWait, wait, QStringLiteral("20260401")});
-        window->askEnd = [this] { return ++asked, endAnswer; };
-        window->setMasterStartFlag = [this] { masterStart = true; };
-        window->clearMasterStartFlag = [this] { masterStart = false; };
-        window->masterStartFlag = [this] { return masterStart; };
-        window->unloaded = [this] { gone = true; };
+        window = std::make_unique<frmMain>(Surroundings{db, env, ini, slipIni, clock, box, shortWait, wait,
+                                                        printer, paper, *this, QStringLiteral("20260401")});
         window->load();
         if (shown) {
             window->show();
@@ -77,16 +77,35 @@ struct MainWindowDesk
 
     TempShop shop;
     AppDB db;
+    AppEnv env{shop.base()};
     AppIni ini;
+    SlipIni slipIni;
     TestClock clock;
     ScriptedMsgBox box;
     frm_ShortWait shortWait;
     frm_Wait wait;
+    Printer printer;
+    RecordingBarPrt paper;
+    std::deque<QString> scans; ///< for the dialogs
     std::unique_ptr<frmMain> window;
     int asked = 0;
     bool endAnswer = true;
     bool masterStart = false;
     bool gone = false;
+
+private:
+    [[nodiscard]] QString nextLine() override
+    {
+        if (scans.empty())
+            return {};
+        const QString line = scans.front();
+        scans.pop_front();
+        return line;
+    }
+    [[nodiscard]] bool askEnd() override { return ++asked, endAnswer; }
+    [[nodiscard]] bool masterStartFlag() const override { return masterStart; }
+    void setMasterStartFlag(bool start) override { masterStart = start; }
+    void windowUnloaded() override { gone = true; }
 };
 
 } // namespace suisui::test

@@ -1,10 +1,7 @@
 // The history from the main window: its buttons, the reader, and the tabs afterwards.
-#include <deque>
-
 #include <QDir>
 #include <QPushButton>
 
-#include "store/AppEnv.h"
 #include "tests/support/MainWindowDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -24,21 +21,6 @@ struct HistoryWindow : MainWindowDesk
         ini.setLastHistoryFolder(shop.base());
         shop.add(rirekiTable, {"Trn", "Vik", "hst", "00000000", "00000000000000"});
     }
-    frmMain& openWithHistory()
-    {
-        open();
-        window->setHistoryPlace(env, [this] {
-            if (scans.empty())
-                return QString();
-            const QString line = scans.front();
-            scans.pop_front();
-            return line;
-        });
-        return *window;
-    }
-
-    AppEnv env{shop.base()};
-    std::deque<QString> scans; ///< for the dialogs
 };
 
 } // namespace
@@ -46,7 +28,7 @@ struct HistoryWindow : MainWindowDesk
 TEST(HistoryOnTheWindow, aSaveReadsAllTabsAnew_andShowsTheFirst)
 {
     HistoryWindow desk;
-    frmMain& window = desk.openWithHistory();
+    frmMain& window = desk.open();
     window.GoodsCodeSet(u"4901001000017"_s);
     ASSERT_EQ(desk.grid(Tab::Receipt).MaxRows(), 1);
     window.showTab(Tab::Stock);
@@ -72,7 +54,7 @@ TEST(HistoryOnTheWindow, aSaveReadsAllTabsAnew_andShowsTheFirst)
 TEST(HistoryOnTheWindow, editsThatAreKept_leaveTheTabReadyForScans)
 {
     HistoryWindow desk;
-    frmMain& window = desk.openWithHistory();
+    frmMain& window = desk.open();
     for (const auto& [code, button] :
          {std::pair(u"Q"_s, u"cmdRirekiOut"_s), std::pair(u"S"_s, u"cmdRirekiIn"_s)}) {
         desk.leaveAnEdit();
@@ -91,7 +73,7 @@ TEST(HistoryOnTheWindow, editsThatAreKept_leaveTheTabReadyForScans)
 TEST(HistoryOnTheWindow, windowTakesNoInput_whileAPeriodMoves)
 {
     HistoryWindow desk;
-    frmMain& window = desk.openWithHistory();
+    frmMain& window = desk.open();
     window.GoodsCodeSet(u"4901001000017"_s);
     desk.scans = {u"[P]"_s, u"[P]"_s};
     bool disabledWhileWaiting = false;

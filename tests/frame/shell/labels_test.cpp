@@ -7,7 +7,6 @@
 
 #include "barcode/label/frm_PriCheck.h"
 #include "tests/support/MainWindowDesk.h"
-#include "tests/support/RecordingBarPrt.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,7 +24,6 @@ struct LabelWindow : MainWindowDesk
         ini.setIniFolder(folder.path());
         furnish();
         open();
-        window->setLabelPrinting(paper, [] { return QString(); });
     }
 
     /// Scans \a functions one after another and works the dialog that comes up; false when none did.
@@ -48,7 +46,6 @@ struct LabelWindow : MainWindowDesk
     }
 
     QTemporaryDir folder;
-    RecordingBarPrt paper;
     bool enabledMeanwhile = true;
 };
 
