@@ -1,6 +1,6 @@
 #include "history/frmRirekiFileExt.h"
 
-#include "platform/core/KeyCodes.h"
+#include "platform/widgets/KeyCodes.h"
 #include "platform/core/MsgBox.h"
 #include "ui_frmRirekiFileExt.h"
 

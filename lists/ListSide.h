@@ -10,7 +10,7 @@
 #include <QString>
 
 #include "frame/support/Frame.h"
-#include "platform/core/PackedRow.h"
+#include "store/PackedRow.h"
 #include "platform/widgets/vaSpread.h"
 #include "store/Side.h"
 

@@ -10,7 +10,7 @@
 #include "frame/support/Questions.h"
 #include "lists/ListHeadings.h"
 #include "lists/ListSubtotals.h"
-#include "lists/ReDrawOff.h"
+#include "platform/widgets/ReDrawOff.h"
 #include "platform/widgets/EnterButton.h"
 #include "store/AppDB.h"
 #include "ui_MovementListPage.h"

@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/core/PackedRow.h"
+#include "store/PackedRow.h"
 #include "store/QuerySet.h"
 
 namespace suisui {

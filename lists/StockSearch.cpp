@@ -3,7 +3,7 @@
 
 #include "frame/support/KeyField.h"
 #include "frame/support/Questions.h"
-#include "lists/ReDrawOff.h"
+#include "platform/widgets/ReDrawOff.h"
 #include "lists/StockPage.h"
 #include "platform/core/FillIn.h"
 #include "platform/widgets/EnterButton.h"

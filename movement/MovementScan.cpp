@@ -8,7 +8,7 @@
 #include "frame/support/PageTools.h"
 #include "movement/EntryGrid.h"
 #include "platform/core/FillIn.h"
-#include "platform/core/KeyCodes.h"
+#include "platform/widgets/KeyCodes.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
 #include "ui_MovementPage.h"

@@ -25,11 +25,12 @@ FLOORS = [
 # Beside the house: what they may include. Nothing of the house includes them.
 BESIDE = {
     "tools": {"tools", "platform/core", "store", "booking"},
+    "starter": {"starter", "platform/core", "store", "tools"},
     "sheet": {"sheet", "platform/core", "store", "platform/widgets"},
     "tests": None,  # anything
     "benchmarks": None,
 }
-WITHOUT_WIDGETS = {"platform/core", "store", "booking"}
+WITHOUT_WIDGETS = {"platform/core", "store", "booking", "tools"}
 # Only these speak to the database engine, so that another one could take its place.
 ENGINE_HEADER = "sqlite3.h"
 ENGINE_FILES = re.compile(r"store/(Sqlite|Dialect|ArrivingRows)\.(h|cpp)")

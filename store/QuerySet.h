@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/core/PackedRow.h"
+#include "store/PackedRow.h"
 
 namespace suisui {
 

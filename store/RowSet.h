@@ -15,7 +15,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/core/PackedRow.h"
+#include "store/PackedRow.h"
 #include "store/Schema.h"
 
 namespace suisui {

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstddef>
 
-#include "platform/core/PackedRow.h"
+#include "store/PackedRow.h"
 #include "store/Schema.h"
 
 namespace suisui {

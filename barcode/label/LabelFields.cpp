@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/core/KeyCodes.h"
+#include "platform/widgets/KeyCodes.h"
 
 namespace suisui {
 

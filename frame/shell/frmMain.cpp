@@ -20,7 +20,7 @@
 #include "lists/StockPage.h"
 #include "movement/MovementPage.h"
 #include "platform/core/DoEvents.h"
-#include "platform/core/KeyCodes.h"
+#include "platform/widgets/KeyCodes.h"
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/Hourglass.h"
 #include "store/AppEnv.h"

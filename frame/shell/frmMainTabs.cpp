@@ -14,7 +14,7 @@
 #include "movement/MovementPage.h"
 #include "platform/core/DoEvents.h"
 #include "platform/core/FillIn.h"
-#include "platform/core/KeyCodes.h"
+#include "platform/widgets/KeyCodes.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/SendKeys.h"
 #include "store/AppIni.h"

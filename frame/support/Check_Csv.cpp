@@ -9,7 +9,7 @@
 #include "frame/support/KeyField.h"
 #include "platform/core/DoEvents.h"
 #include "platform/core/FillIn.h"
-#include "platform/core/KeyCodes.h"
+#include "platform/widgets/KeyCodes.h"
 #include "platform/core/MsgBox.h"
 #include "store/Stamps.h"
 

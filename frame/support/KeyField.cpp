@@ -4,7 +4,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 
-#include "platform/core/KeyCodes.h"
+#include "platform/widgets/KeyCodes.h"
 #include "platform/widgets/EnterKey.h"
 
 namespace suisui {

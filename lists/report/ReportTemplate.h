@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "frame/support/Frame.h"
-#include "frame/support/Printer_Properties.h"
+#include "lists/report/Printer_Properties.h"
 
 namespace suisui {
 

@@ -15,7 +15,7 @@
 #include <QAbstractTableModel>
 #include <QColor>
 
-#include "platform/core/PackedRow.h"
+#include "store/PackedRow.h"
 #include "platform/widgets/vaSpread.h"
 
 namespace suisui {

@@ -16,7 +16,7 @@
 #include <QColor>
 #include <QTableView>
 
-#include "platform/core/PackedRow.h"
+#include "store/PackedRow.h"
 
 namespace suisui {
 

@@ -10,7 +10,7 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 
-#include "platform/core/KeyCodes.h"
+#include "platform/widgets/KeyCodes.h"
 #include "platform/widgets/CellEditor.h"
 #include "platform/widgets/EnterKey.h"
 #include "platform/widgets/SpreadDelegate.h"

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "barcode/label/LabelSheets.h"
-#include "platform/core/KeyCodes.h"
+#include "platform/widgets/KeyCodes.h"
 #include "tests/barcode/label/SetupDesk.h"
 #include "tests/support/Seed.h"
 

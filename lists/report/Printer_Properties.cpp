@@ -1,4 +1,4 @@
-#include "frame/support/Printer_Properties.h"
+#include "lists/report/Printer_Properties.h"
 
 #include <algorithm>
 

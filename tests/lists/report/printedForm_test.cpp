@@ -1,7 +1,7 @@
 // A form on its paper. The dots expected here were worked out by hand.
 #include <algorithm>
 
-#include "tests/frame/support/PrinterDesk.h"
+#include "tests/lists/report/PrinterDesk.h"
 
 namespace suisui::test {
 

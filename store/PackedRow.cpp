@@ -1,4 +1,4 @@
-#include "platform/core/PackedRow.h"
+#include "store/PackedRow.h"
 
 #include <array>
 #include <cstring>

@@ -2,7 +2,7 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "tests/frame/support/PrinterDesk.h"
+#include "tests/lists/report/PrinterDesk.h"
 
 namespace suisui::test {
 

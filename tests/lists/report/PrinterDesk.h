@@ -7,7 +7,7 @@
 
 #include <QTemporaryDir>
 
-#include "frame/support/Printer_Properties.h"
+#include "lists/report/Printer_Properties.h"
 #include "platform/widgets/AppFont.h"
 #include "tests/support/PdfPrinter.h"
 #include "tests/support/PdfText.h"

@@ -1,5 +1,5 @@
 // Rows of texts in one piece of memory.
-#include "platform/core/PackedRow.h"
+#include "store/PackedRow.h"
 
 #include <array>
 #include <string>
