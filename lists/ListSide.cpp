@@ -147,7 +147,7 @@ const std::array sides{
 
 const ListSide& listSide(Side side)
 {
-    return sides.at(static_cast<std::size_t>(side));
+    return sides.at(indexOf(side));
 }
 
 } // namespace suisui

@@ -119,6 +119,11 @@ void MovementListPage::setPartners(const ChoiceList& partners)
     fillCombo(*m_ui->cmbXLSaki, partners, true);
 }
 
+bool MovementListPage::choosePartner(const QString& code)
+{
+    return chooseCode(*m_ui->cmbXLSaki, m_partners, code);
+}
+
 void MovementListPage::setStaff(const ChoiceList& staff)
 {
     m_staff = staff;

@@ -45,6 +45,8 @@ public:
 
     /// Both end in "（すべて）", which is chosen at first.
     void setPartners(const ChoiceList& partners);
+    /// Shows the partner of a scanned code; false when the side does not offer one.
+    bool choosePartner(const QString& code);
     void setStaff(const ChoiceList& staff);
     [[nodiscard]] QComboBox* partnerChoice();
     [[nodiscard]] QComboBox* staffChoice();

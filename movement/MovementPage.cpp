@@ -104,6 +104,11 @@ void MovementPage::setPartners(const ChoiceList& partners)
     fillCombo(*m_ui->cmbXSaki, partners, false);
 }
 
+bool MovementPage::choosePartner(const QString& code)
+{
+    return chooseCode(*m_ui->cmbXSaki, m_partners, code);
+}
+
 void MovementPage::firstShow()
 {
     grid()->SetActiveCell(1, 1);

@@ -39,6 +39,8 @@ public:
 
     /// Partners that this side offers; item i of the choice is entry i.
     void setPartners(const ChoiceList& partners);
+    /// Shows the partner of a scanned code; false when the side does not offer one.
+    bool choosePartner(const QString& code);
     [[nodiscard]] QComboBox* partnerChoice();
     [[nodiscard]] QWidget* printButton();
 

@@ -171,7 +171,7 @@ const std::array sides{
 
 const MovementSide& movementSide(Side side)
 {
-    return sides.at(static_cast<std::size_t>(side));
+    return sides.at(indexOf(side));
 }
 
 } // namespace suisui

@@ -9,6 +9,7 @@
 #include "sheet/CodeSheet.h"
 #include "sheet/ShopCodes.h"
 #include "store/AppDB.h"
+#include "store/ShopFiles.h"
 #include "store/AppEnv.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -29,11 +30,12 @@ int makeSheet(const QString& base, const QString& file)
     if (QFileInfo::exists(file))
         return refuse(u"%1 は既にあります。別の名前を指定してください。"_s.arg(file));
     suisui::AppDB db((base + u"/DB"_s).toStdString());
-    if (db.Open("trnvik.mdb") != 0)
-        return refuse(u"%1/DB/trnvik.mdb を開けません。"_s.arg(base));
+    const QString shop = QString::fromStdString(suisui::workingPath(base.toStdString()));
+    if (db.Open(suisui::workingFile) != 0)
+        return refuse(u"%1 を開けません。"_s.arg(shop));
     const auto groups = suisui::shopCodes(db);
     if (!groups)
-        return refuse(u"%1/DB/trnvik.mdb を読めません。"_s.arg(base));
+        return refuse(u"%1 を読めません。"_s.arg(shop));
     const QString aside = file + u".part"_s;
     const suisui::SheetOutcome made = suisui::writeCodeSheet(*groups, aside);
     if (made.codes + made.bare == 0)

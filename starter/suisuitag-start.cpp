@@ -28,6 +28,7 @@
 #include "platform/core/SingleInstance.h"
 #include "store/AppDB.h"
 #include "store/AppEnv.h"
+#include "store/ShopFiles.h"
 #include "tools/Forms.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -119,9 +120,12 @@ QString makeDatabase(const QString& folder, const QString& programs, bool sample
     QString complaint = complaintOf(tool, {u"create"_s, u"--base"_s, aside.path()});
     if (complaint.isEmpty() && sample)
         complaint = complaintOf(tool, {u"sample"_s, u"--base"_s, aside.path()});
-    for (const QString& file : {u"/db/trnorg.mdb"_s, u"/DB/trnvik.mdb"_s}) {
+    for (const auto pathIn : {&suisui::emptyPath, &suisui::workingPath}) {
+        const auto path = [pathIn](const QString& base) {
+            return QString::fromStdString(pathIn(base.toStdString()));
+        };
         if (complaint.isEmpty())
-            complaint = moved(aside.path() + file, folder + file);
+            complaint = moved(path(aside.path()), path(folder));
     }
     return complaint;
 }
@@ -180,7 +184,7 @@ QString lackingIn(const QString& folder)
 {
     suisui::AppDB db((folder + u"/DB"_s).toStdString());
     db.ShowErrors(false);
-    if (QFile::exists(folder + u"/exe/Master.exe"_s) || db.Open("trnvik.mdb") != 0)
+    if (QFile::exists(folder + u"/exe/Master.exe"_s) || db.Open(suisui::workingFile) != 0)
         return {};
     QStringList lacking;
     for (const std::string& one : suisui::missingForStart(db))
@@ -273,7 +277,7 @@ bool fillIn(const QString& folder, bool once)
 /// status.
 std::optional<int> furnish(const QString& folder, const QString& programs)
 {
-    if (QFile::exists(folder + u"/DB/trnvik.mdb"_s))
+    if (QFile::exists(QString::fromStdString(suisui::workingPath(folder.toStdString()))))
         return std::nullopt;
     const Choice choice = askForDatabase(folder);
     if (choice == Choice::None)

@@ -71,7 +71,7 @@ const std::array tables{
 
 const MovementTable& movementTable(Side side)
 {
-    return tables.at(static_cast<std::size_t>(side));
+    return tables.at(indexOf(side));
 }
 
 double rowTotal(const MovementColumns& columns, const PackedRow& row)

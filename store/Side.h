@@ -15,6 +15,12 @@ class RowSet;
 
 enum class Side { Receipt, Shipment };
 
+/// Where a pair of things, one for each side, keeps the one of \a side.
+[[nodiscard]] constexpr std::size_t indexOf(Side side)
+{
+    return static_cast<std::size_t>(side);
+}
+
 inline constexpr int noColumn = -1;
 
 /// Columns of a movement table under the names that both sides share; indexes into the table's columns.

@@ -8,6 +8,7 @@
 #include "platform/core/SingleInstance.h"
 #include "store/AppDB.h"
 #include "store/BackupNote.h"
+#include "store/ShopFiles.h"
 #include "tools/BackupFolder.h"
 #include "tools/Phrases.h"
 #include "tools/RestoreCheck.h"
@@ -19,7 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* workingFile = "trnvik.mdb";
 constexpr int patience = 20; // tries of half a second each while others write
 
 /// A failure on its way to the operator.
@@ -47,7 +47,7 @@ std::string folderFor(const BackupOrder& order)
 
 std::string liveFile(const BackupOrder& order)
 {
-    return order.base + "/DB/" + workingFile;
+    return workingPath(order.base);
 }
 
 /// What is compared between a live database and its copy.

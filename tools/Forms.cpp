@@ -12,6 +12,7 @@
 #include "store/AppDB.h"
 #include "booking/ComponentChange.h"
 #include "store/Stamps.h"
+#include "store/ShopFiles.h"
 #include "tools/Csv.h"
 #include "tools/FormReader.h"
 #include "tools/FormRows.h"
@@ -69,9 +70,9 @@ bool writeNew(const std::string& path, const std::string& bytes)
 bool openShop(AppDB& db, const std::string& base, std::ostream& err)
 {
     db.ShowErrors(false);
-    if (db.Open("trnvik.mdb") == 0)
+    if (db.Open(workingFile) == 0)
         return true;
-    err << "データベースを開けません：" << base << "/DB/trnvik.mdb\n";
+    err << "データベースを開けません：" << workingPath(base) << "\n";
     return false;
 }
 

@@ -8,6 +8,7 @@
 
 #include "platform/core/Files.h"
 #include "store/AppDB.h"
+#include "store/ShopFiles.h"
 #include "tools/JetFile.h"
 #include "tools/OldTexts.h"
 #include "tools/Phrases.h"
@@ -232,8 +233,8 @@ void removeAside(const std::string& aside)
 ToolStatus importJet(const std::string& base, const std::string& file, bool anyway, std::ostream& out,
                      std::ostream& err)
 {
-    const std::string target = base + "/DB/trnvik.mdb";
-    const std::string empty = base + "/db/trnorg.mdb"; // which every shop has beside its own
+    const std::string target = workingPath(base);
+    const std::string empty = emptyPath(base); // which every shop has beside its own
     const std::string aside = target + ".importing";
     const auto failed = [&](const std::string& why) {
         removeAside(aside);

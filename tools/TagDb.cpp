@@ -14,6 +14,7 @@
 #include "store/AppDB.h"
 #include "booking/ComponentChange.h"
 #include "store/Stamps.h"
+#include "store/ShopFiles.h"
 #include "tools/Cause.h"
 #include "tools/Csv.h"
 #include "tools/ExportFile.h"
@@ -27,8 +28,6 @@ namespace suisui {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* workingFile = "trnvik.mdb";
 
 bool sameLetters(std::string_view a, std::string_view b)
 {
@@ -58,7 +57,7 @@ bool opened(AppDB& db, const std::string& base, std::ostream& err)
 {
     if (db.Open(workingFile) == 0)
         return true;
-    (void)complain(err, {phrases::cannotOpen, {base + "/DB/" + workingFile, causeOf(db)}});
+    (void)complain(err, {phrases::cannotOpen, {workingPath(base), causeOf(db)}});
     return false;
 }
 
@@ -186,7 +185,7 @@ std::string csvOf(const RowSet& rows)
 ToolStatus createShop(const std::string& base, std::ostream& out, std::ostream& err)
 {
     bool made = false;
-    for (const fs::path& file : {fs::path(base) / "DB" / workingFile, fs::path(base) / "db" / "trnorg.mdb"}) {
+    for (const fs::path& file : {fs::path(workingPath(base)), fs::path(emptyPath(base))}) {
         std::error_code code;
         if (fs::exists(file, code)) {
             (void)complain(err, {phrases::staysAsItIs, {file.string()}});

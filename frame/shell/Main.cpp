@@ -20,6 +20,7 @@
 #include "platform/core/Shell.h"
 #include "store/BackupNote.h"
 #include "store/Stamps.h"
+#include "store/ShopFiles.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
@@ -147,7 +148,7 @@ bool Main_Module::openDatabase()
     };
     m_appDB = std::make_unique<AppDB>((m_base + u"/DB"_s).toStdString(), showError);
     m_appDB->ShowErrors(false);
-    if (m_appDB->Open("trnvik.mdb") == 0) {
+    if (m_appDB->Open(workingFile) == 0) {
         m_appDB->ShowErrors(true);
         return true;
     }

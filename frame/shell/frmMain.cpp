@@ -25,6 +25,7 @@
 #include "platform/widgets/Hourglass.h"
 #include "store/AppEnv.h"
 #include "store/AppIni.h"
+#include "store/ShopFiles.h"
 #include "ui_frmMain.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -77,7 +78,7 @@ void frmMain::buildPages()
 {
     const Services services{m_around.db, m_around.ini, m_around.clock, m_around.msgBox, *this};
     for (const Side side : {Side::Receipt, Side::Shipment}) {
-        const auto at = static_cast<std::size_t>(side);
+        const auto at = indexOf(side);
         m_entry[at] = new MovementPage(side, services, this);
         m_lists[at] = new MovementListPage(side, services, this);
         connect(m_entry[at], &MovementPage::labelsWanted, this,
@@ -109,7 +110,7 @@ void frmMain::buildHistory()
     m_historyPrompts = std::make_unique<ScreenPrompts>(m_around.db, m_around.ini, m_around.env,
                                                        m_around.clock, m_around.msgBox, m_nextLine, *this);
     m_history = std::make_unique<RirekiDB>(services, *m_historyPrompts,
-                                           (m_around.env.BaseFolder() + u"/db/trnorg.mdb"_s).toStdString());
+                                           emptyPath(m_around.env.BaseFolder().toStdString()));
     m_history->settle();
     m_historyButtons = std::make_unique<RirekiButtons>(
         services, *m_historyPrompts, *m_history,
@@ -129,14 +130,13 @@ void frmMain::givePrinting()
     m_stock->setListPrinting(printing);
     for (MovementListPage* list : m_lists)
         list->setListPrinting(printing);
-    m_lists[static_cast<std::size_t>(Side::Shipment)]->setSlipPlace(m_around.slipIni,
-                                                                    m_around.env.BaseFolder() + u"/exe"_s);
+    m_lists[indexOf(Side::Shipment)]->setSlipPlace(m_around.slipIni, m_around.env.BaseFolder() + u"/exe"_s);
 }
 
 /// cmdNPrint_Click, cmdSPrint_Click.
 void frmMain::cmdPrint_Click(Side side, int printColumn, int quantityColumn)
 {
-    const auto at = static_cast<std::size_t>(side);
+    const auto at = indexOf(side);
     m_focusPaint->setNormal(m_entry[at]->printButton());
     setFormEnabled(false);
     MainBarCodePrintOut({m_around.ini, m_around.msgBox, m_around.barPrt, m_nextLine, this},
@@ -169,6 +169,13 @@ QComboBox* frmMain::staffChoice()
 MovementPage* frmMain::entryPage(Tab tab)
 {
     return tab == Tab::Receipt || tab == Tab::Shipment ? m_entry[static_cast<std::size_t>(tab)] : nullptr;
+}
+
+MovementListPage* frmMain::listPage(Tab tab)
+{
+    if (tab == Tab::ReceiptList)
+        return m_lists[indexOf(Side::Receipt)];
+    return tab == Tab::ShipmentList ? m_lists[indexOf(Side::Shipment)] : nullptr;
 }
 
 // ---- Frame

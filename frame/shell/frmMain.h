@@ -116,8 +116,8 @@ public:
     {
         m_tabLoaded.at(static_cast<std::size_t>(tab)) = loaded;
     }
-    [[nodiscard]] bool dirty(Side side) const override { return m_dirty.at(static_cast<std::size_t>(side)); }
-    void setDirty(Side side, bool dirty) override { m_dirty.at(static_cast<std::size_t>(side)) = dirty; }
+    [[nodiscard]] bool dirty(Side side) const override { return m_dirty.at(indexOf(side)); }
+    void setDirty(Side side, bool dirty) override { m_dirty.at(indexOf(side)) = dirty; }
     BoxAnswer EditGuard(Tab tab) override;
     [[nodiscard]] bool GuardActive() const override { return m_guardActive; }
     [[nodiscard]] std::string tantouCode() const override;
@@ -157,7 +157,9 @@ private:
     [[nodiscard]] bool Form_Unload();
     void gridKeyPress(Tab tab, int& keyAscii);
     void setPointer(bool hourglass);
+    /// Null for a tab of another kind.
     [[nodiscard]] MovementPage* entryPage(Tab tab);
+    [[nodiscard]] MovementListPage* listPage(Tab tab);
     void cmdPrint_Click(Side side, int printColumn, int quantityColumn);
 
     Surroundings m_around;
@@ -176,8 +178,7 @@ private:
     std::unique_ptr<RirekiDB> m_history;
     std::unique_ptr<RirekiButtons> m_historyButtons;
 
-    ChoiceList m_staff;                   // TantouCodes
-    std::array<ChoiceList, 2> m_partners; // NSakiCodes, SSakiCodes
+    ChoiceList m_staff; // TantouCodes
 
     // The two list tabs start blank on purpose, so they count as loaded.
     std::array<bool, static_cast<std::size_t>(Tab::Count)> m_tabLoaded{false, false, false, true, true};

@@ -62,7 +62,7 @@ void frmMain::masterDataMissing(const QString& title, const QString& text)
 
 bool frmMain::loadPartners(Side side)
 {
-    const auto at = static_cast<std::size_t>(side);
+    const auto at = indexOf(side);
     const PartnerWords& words = partnerWords[at];
     KokyakuRec& partners = (m_around.db.*words.table)();
     const int count = partners.Select(words.select);
@@ -70,8 +70,7 @@ bool frmMain::loadPartners(Side side)
         masterDataMissing(QString::fromUtf16(words.title), QString::fromUtf16(words.text) + partnersNeeded);
         return false;
     }
-    ChoiceList& choices = m_partners[at];
-    choices.clear();
+    ChoiceList choices;
     for (int row = 1; row <= count; ++row)
         choices.push_back({std::string(partners.get(row, KokyakuCol::Code)),
                            QString::fromUtf8(partners.get(row, KokyakuCol::Name))});

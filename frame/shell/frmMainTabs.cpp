@@ -182,33 +182,20 @@ void frmMain::GoodsCodeSet(const QString& code)
 
 void frmMain::TantouCodeSet(const QString& code)
 {
-    MovementListPage* list = nullptr;
-    if (currentTab() == Tab::ReceiptList || currentTab() == Tab::ShipmentList)
-        list = m_lists[currentTab() == Tab::ReceiptList ? 0 : 1];
-    if (chooseCode(list != nullptr ? *list->staffChoice() : *m_ui->cmbTantou, m_staff, code)
-        && list != nullptr)
+    MovementListPage* list = listPage(currentTab());
+    QComboBox& staff = list != nullptr ? *list->staffChoice() : *m_ui->cmbTantou;
+    if (chooseCode(staff, m_staff, code) && list != nullptr)
         list->searchButton()->setFocus();
 }
 
+/// The stock tab knows no partners.
 void frmMain::SakiCodeSet(const QString& code)
 {
-    switch (currentTab()) {
-    case Tab::Receipt:
-    case Tab::Shipment: {
-        const auto side = static_cast<std::size_t>(m_currentTab);
-        (void)chooseCode(*m_entry[side]->partnerChoice(), m_partners[side], code);
-        break;
-    }
-    case Tab::ReceiptList:
-    case Tab::ShipmentList: {
-        const std::size_t side = currentTab() == Tab::ReceiptList ? 0 : 1;
-        if (chooseCode(*m_lists[side]->partnerChoice(), m_partners[side], code))
-            m_lists[side]->searchButton()->setFocus();
-        break;
-    }
-    default:
-        break; // the stock tab knows no partners
-    }
+    if (MovementPage* entry = entryPage(currentTab()))
+        (void)entry->choosePartner(code);
+    MovementListPage* list = listPage(currentTab());
+    if (list != nullptr && list->choosePartner(code))
+        list->searchButton()->setFocus();
 }
 
 void frmMain::sendKeys(const QString& expression)

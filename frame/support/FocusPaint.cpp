@@ -8,11 +8,11 @@
 #include <QMouseEvent>
 #include <QTimer>
 
+#include "platform/widgets/FocusColor.h"
+
 namespace suisui {
 
 namespace {
-
-const QColor focusColor(0, 255, 255);
 
 bool isField(const QWidget* widget)
 {

@@ -6,11 +6,11 @@
 #include <QApplication>
 #include <QObject>
 
+#include "platform/widgets/FocusColor.h"
 #include "platform/widgets/vaSpread.h"
 
 namespace suisui {
 
-inline const QColor focusColor(0, 255, 255);
 inline const QColor barWithoutFocus(192, 192, 192);
 
 /// Colour of the bar while no control at all has the focus.

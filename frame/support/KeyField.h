@@ -32,7 +32,4 @@ private:
     KeyPressHandler m_keyPress;
 };
 
-/// The character code that a KeyPress routine sees for \a event, 0 for a key without one.
-[[nodiscard]] int keyAsciiOf(const QKeyEvent& event);
-
 } // namespace suisui

@@ -10,6 +10,7 @@
 #include <QWindow>
 
 #include "platform/widgets/EnterKey.h"
+#include "platform/widgets/ReaderPace.h"
 #include "store/ScannedValue.h"
 
 namespace suisui {

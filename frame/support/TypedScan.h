@@ -35,9 +35,7 @@ class TypedScan : public QObject
 public:
     using Scanned = std::function<void(const QString& value)>;
 
-    static constexpr int readerGapMs = 25;     ///< every gap of a reader is shorter
-    static constexpr int slowReaderGapMs = 60; ///< and of one that takes its time
-    static constexpr int pauseMs = 250;        ///< after it another burst may begin
+    static constexpr int pauseMs = 250; ///< after it another burst may begin
     static constexpr qsizetype fewestCharacters = 3;
     static constexpr qsizetype fewestSlowCharacters = 6;
     static constexpr qsizetype mostCharacters = 1024;

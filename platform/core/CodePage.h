@@ -1,4 +1,8 @@
 // Code page 932, the Japanese code page of the shop's older files and of readers.
+//
+// By iconv and not by QStringDecoder: Qt leaves this code page to ICU, which has no bytes for 〜, −, ‖, —, ¬,
+// ¢ and £, exchanges the control characters 1A, 1C and 7F, and drops a first byte without its second one
+// instead of showing that something was there.
 #pragma once
 
 #include <optional>

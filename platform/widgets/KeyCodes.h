@@ -1,6 +1,8 @@
 // The keys that a KeyPress routine asks for, by the character codes that it gets.
 #pragma once
 
+class QKeyEvent;
+
 namespace suisui {
 
 struct KeyCode
@@ -11,5 +13,8 @@ struct KeyCode
     static constexpr int ctrlV = 22;
     static constexpr int ctrlX = 24;
 };
+
+/// The character code that a KeyPress routine sees for \a event, 0 for a key without one.
+[[nodiscard]] int keyAsciiOf(const QKeyEvent& event);
 
 } // namespace suisui

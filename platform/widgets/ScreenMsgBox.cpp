@@ -18,15 +18,14 @@
 #include "platform/widgets/BoxText.h"
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/EnterKey.h"
+#include "platform/widgets/FocusColor.h"
+#include "platform/widgets/ReaderPace.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
 namespace {
-
-/// Milliseconds within which the next character of a reader that types has come.
-constexpr int longestGapOfReader = 60;
 
 struct BoxButton
 {
@@ -167,12 +166,12 @@ private:
             QDialog::keyPressEvent(event);
             return;
         }
-        const bool alone = !m_burst || m_lastKey.hasExpired(longestGapOfReader);
+        const bool alone = !m_burst || m_lastKey.hasExpired(slowReaderGapMs);
         m_burst = true;
         m_lastKey.start();
         m_wanted = alone ? buttonOf(text) : nullptr;
         if (m_wanted != nullptr)
-            m_letter.start(longestGapOfReader);
+            m_letter.start(slowReaderGapMs);
     }
 
     /// The button with the focus is cyan, as everywhere in the program.
@@ -182,7 +181,7 @@ private:
             auto* button = static_cast<QPushButton*>(object);
             QPalette colors = palette();
             if (event->type() == QEvent::FocusIn)
-                colors.setColor(QPalette::Button, Qt::cyan);
+                colors.setColor(QPalette::Button, focusColor);
             button->setPalette(colors);
         } else if (event->type() == QEvent::KeyPress && isEnter(*static_cast<QKeyEvent*>(event))) {
             m_burst = false; // the end of a code; the button presses nothing

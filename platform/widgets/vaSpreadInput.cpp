@@ -22,17 +22,6 @@ namespace suisui {
 
 namespace {
 
-/// Character code of the keys that a KeyPress handler gets, 0 for the others.
-int keyAscii(const QKeyEvent& event)
-{
-    if (isEnter(event))
-        return KeyCode::enter;
-    if (event.key() == Qt::Key_Backspace)
-        return KeyCode::backspace;
-    const QString text = event.text();
-    return text.size() == 1 && text[0].isPrint() ? text[0].unicode() : 0;
-}
-
 /// A cell's text as one field of a tab-separated line.
 QString asField(QString text)
 {
@@ -69,7 +58,7 @@ bool vaSpread::swallowed(const QKeyEvent& event)
     if (&event == m_offered)
         return false; // it has opened the editor and comes by a second time
     spell(event);
-    int key = keyAscii(event);
+    int key = keyAsciiOf(event);
     if (key == 0 || !m_keyPress)
         return false;
     m_keyPress(key);
@@ -82,9 +71,10 @@ void vaSpread::spell(const QKeyEvent& event)
         m_spelled.clear();
         m_corrected = false;
     }
-    const int key = keyAscii(event);
+    const int key = keyAsciiOf(event);
+    const auto character = static_cast<char32_t>(key);
     if (key >= u' ')
-        m_spelled += QChar(key);
+        m_spelled += QString::fromUcs4(&character, 1);
     else if (key != KeyCode::enter && !event.text().isEmpty())
         m_corrected = true;
 }

@@ -24,11 +24,8 @@ public:
         return loaded.at(static_cast<std::size_t>(which));
     }
     void setTabLoaded(Tab which, bool on) override { loaded.at(static_cast<std::size_t>(which)) = on; }
-    [[nodiscard]] bool dirty(Side side) const override
-    {
-        return dirtySides.at(static_cast<std::size_t>(side));
-    }
-    void setDirty(Side side, bool on) override { dirtySides.at(static_cast<std::size_t>(side)) = on; }
+    [[nodiscard]] bool dirty(Side side) const override { return dirtySides.at(indexOf(side)); }
+    void setDirty(Side side, bool on) override { dirtySides.at(indexOf(side)) = on; }
     BoxAnswer EditGuard(Tab) override { return guardAnswer; }
     [[nodiscard]] bool GuardActive() const override { return guardActive; }
     [[nodiscard]] std::string tantouCode() const override { return staffCode; }

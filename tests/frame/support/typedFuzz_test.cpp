@@ -14,6 +14,7 @@
 
 #include "frame/support/FormGate.h"
 #include "frame/support/TypedScan.h"
+#include "platform/widgets/ReaderPace.h"
 #include "platform/widgets/SendKeys.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/Seed.h"
@@ -54,7 +55,7 @@ bool bracketed(const QString& text)
 bool isScan(const QString& text, int longestGap)
 {
     return bracketed(text) || text.size() >= TypedScan::fewestSlowCharacters
-           || (text.size() >= TypedScan::fewestCharacters && longestGap < TypedScan::readerGapMs);
+           || (text.size() >= TypedScan::fewestCharacters && longestGap < readerGapMs);
 }
 
 /// Where the rule sees scans outside the code field: place of the first character, and of the Enter.
@@ -65,7 +66,7 @@ std::vector<std::pair<std::size_t, std::size_t>> scansOf(const std::vector<Typed
     int longestGap = 0;
     bool typing = false; // the window has got characters, and what follows belongs to them
     for (std::size_t i = 0; i < keys.size(); ++i) {
-        if (i > begin && keys[i].gap >= TypedScan::slowReaderGapMs)
+        if (i > begin && keys[i].gap >= slowReaderGapMs)
             typing = true;
         if (keys[i].gap >= TypedScan::pauseMs || i == begin) {
             begin = i;
@@ -162,7 +163,7 @@ protected:
             if (random() % 40 == 0 || i % 400 == 0)
                 gate.setEnabled(!gate.enabled() || i % 400 == 0);
             // The real clock may run only where the typing pauses as well.
-            if (i + 1 < keys.size() && keys[i + 1].gap >= TypedScan::slowReaderGapMs && random() % 4 == 0) {
+            if (i + 1 < keys.size() && keys[i + 1].gap >= slowReaderGapMs && random() % 4 == 0) {
                 QCoreApplication::processEvents();
                 takeScan();
             }
