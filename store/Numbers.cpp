@@ -23,11 +23,6 @@ std::string_view trimmed(std::string_view text)
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-[[noreturn]] void noNumber(std::string_view text)
-{
-    throw RunTimeError(RunTimeError::TypeMismatch, "no number: " + std::string(text.substr(0, 40)));
-}
-
 bool isDigit(char c)
 {
     return c >= '0' && c <= '9';
@@ -93,11 +88,14 @@ std::optional<double> fewDigits(std::string_view text)
     return static_cast<double>(whole);
 }
 
-double parse(std::string_view text)
+/// Infinite beyond the range of a double, nothing for a text that is not a number.
+std::optional<double> read(std::string_view text)
 {
+    if (text.empty())
+        return std::nullopt;
     // The usual cases first: plain digits, as the tables hold them, and other plain numbers.
     if (const auto few = fewDigits(text))
-        return *few;
+        return few;
     double value = 0;
     const auto quick =
         std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
@@ -105,15 +103,25 @@ double parse(std::string_view text)
         return value;
     const std::string plain = plainForm(text);
     if (plain.empty())
-        noNumber(text);
+        return std::nullopt;
     const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
         const auto exponent = plain.find('e');
         if (exponent != std::string::npos && plain.at(exponent + 1) == '-')
             return 0;
-        throw RunTimeError(RunTimeError::Overflow, "number too large");
+        return std::numeric_limits<double>::infinity();
     }
     return value;
+}
+
+double parse(std::string_view text)
+{
+    const std::optional<double> value = read(text);
+    if (!value)
+        throw RunTimeError(RunTimeError::TypeMismatch, "not a number: " + std::string(text.substr(0, 40)));
+    if (std::isinf(*value))
+        throw RunTimeError(RunTimeError::Overflow, "number too large");
+    return *value;
 }
 
 template <typename Integer> Integer toInteger(double number)
@@ -219,10 +227,13 @@ int digitsOf(std::string_view mask, char kind)
 
 double CDbl(std::string_view text)
 {
-    const std::string_view number = trimmed(text);
-    if (number.empty())
-        noNumber(text);
-    return parse(number);
+    return parse(trimmed(text));
+}
+
+std::optional<double> toNumber(std::string_view text)
+{
+    const std::optional<double> value = read(trimmed(text));
+    return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
 double numberOf(std::string_view text)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,9 @@ namespace suisui {
 /// (E or D). Throws RunTimeError::TypeMismatch for any other text, the empty one included, and Overflow
 /// beyond the range of a double.
 [[nodiscard]] double CDbl(std::string_view text);
+
+/// What CDbl gives; nothing where it throws.
+[[nodiscard]] std::optional<double> toNumber(std::string_view text);
 
 /// As CDbl, but a blank reads as 0: an empty column of the master data is no quantity.
 [[nodiscard]] double numberOf(std::string_view text);

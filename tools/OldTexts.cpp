@@ -4,7 +4,6 @@
 #include <cmath>
 #include <span>
 
-#include "platform/core/RunTimeError.h"
 #include "store/Numbers.h"
 #include "store/Stamps.h"
 
@@ -25,11 +24,7 @@ std::optional<double> number(std::string_view text)
     // Nothing but digits, a sign and a point: what else counts as a number somewhere is a guess here.
     if (text.find_first_not_of("0123456789.-") != std::string_view::npos)
         return std::nullopt;
-    try {
-        return CDbl(text);
-    } catch (const RunTimeError&) {
-        return std::nullopt;
-    }
+    return toNumber(text);
 }
 
 /// Seven digits or more, a sign in front; whole.

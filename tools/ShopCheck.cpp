@@ -46,12 +46,7 @@ bool isMovementNumber(std::string_view text)
 
 bool isNumber(std::string_view text)
 {
-    try {
-        (void)CDbl(text);
-        return true;
-    } catch (const RunTimeError&) {
-        return false;
-    }
+    return toNumber(text).has_value();
 }
 
 struct Encoding

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <limits>
 
-#include "platform/core/RunTimeError.h"
 #include "store/Numbers.h"
 
 namespace suisui {
@@ -18,17 +17,12 @@ constexpr double mostLabels = 1e12;
 
 bool isNumeric(const QString& text)
 {
-    try {
-        (void)CDbl(text.toStdString());
-        return true;
-    } catch (const RunTimeError&) {
-        return false;
-    }
+    return toNumber(text.toStdString()).has_value();
 }
 
 double numberIn(const QString& text)
 {
-    return isNumeric(text) ? CDbl(text.toStdString()) : 0;
+    return toNumber(text.toStdString()).value_or(0);
 }
 
 std::int64_t labelsOf(double quantity)

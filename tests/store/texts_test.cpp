@@ -10,6 +10,7 @@
 #include "store/Dialect.h"
 #include "store/Numbers.h"
 #include "store/Stamps.h"
+#include "store/Where.h"
 #include "tests/support/Seed.h"
 
 namespace suisui::test {
@@ -67,21 +68,35 @@ TEST(Numbers, formatRoundsHalvesAwayFromZero_andKeepsTheSign)
     EXPECT_EQ(errorOf([] { (void)Format(INFINITY, maskA); }), RunTimeError::Overflow);
 }
 
+TEST(Conditions, aCodeIsAnyTextWithoutQuotesAndControlCharacters)
+{
+    for (const std::string_view good : {"1", "4901001000017", "SET-01", " ", "品", "%", "\""})
+        EXPECT_TRUE(canBeCode(good)) << good;
+    for (const std::string_view bad : {"", "'", "1'2", "\t", "1\n", "\x7F", "1\x1F"})
+        EXPECT_FALSE(canBeCode(bad)) << bad;
+}
+
 TEST(Numbers, textToDouble_readsWhatIsANumber_andRefusesTheRest)
 {
     const struct
     {
         std::string_view text;
         double number;
-    } good[] = {{"0", 0},      {"12", 12},      {"0000012", 12}, {"-0000003", -3}, {" 7 ", 7},
-                {"+5", 5},     {"1.5", 1.5},    {".5", 0.5},     {"5.", 5},        {"1,234", 1234},
-                {"1E3", 1000}, {"1e-3", 0.001}, {"1D2", 100},    {"-1.5e2", -150}, {"1e-999", 0}};
-    for (const auto& each : good)
+    } good[] = {{"0", 0},        {"12", 12},      {"0000012", 12},  {"-0000003", -3},
+                {" 7 ", 7},      {"+5", 5},       {"1.5", 1.5},     {".5", 0.5},
+                {"5.", 5},       {"1,234", 1234}, {"1E3", 1000},    {"1E+5", 100000},
+                {"1e-3", 0.001}, {"1D2", 100},    {"-1.5e2", -150}, {"1e-999", 0}};
+    for (const auto& each : good) {
         EXPECT_EQ(CDbl(each.text), each.number) << each.text;
+        EXPECT_EQ(toNumber(each.text), each.number) << each.text;
+    }
     for (const std::string_view bad : {"", " ", "abc", "1x", "--1", "1 2", "e5", "1e", "1e+", ".", "-", "inf",
-                                       "nan", "0x10", "１２", "1.2.3", ",1", "'"})
+                                       "nan", "0x10", "１２", "1.2.3", ",1", "'"}) {
         EXPECT_EQ(errorOf([bad] { (void)CDbl(bad); }), RunTimeError::TypeMismatch) << bad;
+        EXPECT_EQ(toNumber(bad), std::nullopt) << bad;
+    }
     EXPECT_EQ(errorOf([] { (void)CDbl("1e999"); }), RunTimeError::Overflow);
+    EXPECT_EQ(toNumber("1e999"), std::nullopt);
     EXPECT_EQ(numberOf(""), 0);
     EXPECT_EQ(numberOf("  "), 0);
     EXPECT_EQ(errorOf([] { (void)numberOf("x"); }), RunTimeError::TypeMismatch);
