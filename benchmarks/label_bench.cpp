@@ -27,10 +27,10 @@ constexpr int step = 3;
 LabelJob sheetsOf44()
 {
     LabelJob job;
-    job.grid = {.columns = 4, .rows = 11, .start = {10, 13}, .width = 48.1, .height = 25.5};
-    job.barHeight = 11;
-    job.name = {true, {0, -3.5}};
-    job.code = {true, {0, 11}};
+    job.grid = {.columns = 4, .rows = 11, .start = {10_mm, 13_mm}, .width = 48.1_mm, .height = 25.5_mm};
+    job.barHeight = 11_mm;
+    job.name = {true, {0_mm, -3.5_mm}};
+    job.code = {true, {0_mm, 11_mm}};
     job.endRow = labels;
     job.pages = {1, pages};
     return job;

@@ -83,9 +83,9 @@ public:
     }
 
 private:
-    [[nodiscard]] std::int32_t dots(double millimetres) const
+    [[nodiscard]] Dots dots(double millimetres) const
     {
-        return millimetreDots(millimetres, m_bars.dotsPerInchX());
+        return millimetreDots(Millimetres(millimetres), m_bars.dotsPerInchX());
     }
 
     void endRow()
@@ -120,7 +120,7 @@ private:
         ++m_outcome.codes;
         m_bars.setPen({dots(x), dots(m_y)});
         m_bars.printBar(scan);
-        return modules->width * barPitchMillimetres.at(barStep - 1);
+        return modules->width * barPitchMillimetres.at(barStep - 1).value();
     }
 
     /// \a words in characters of \a size, squeezed where they would pass \a width.

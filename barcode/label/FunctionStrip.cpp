@@ -11,11 +11,11 @@ namespace {
 
 struct ScreenBar
 {
-    double millimetres;
+    Millimetres right;
     const char16_t* work;
 };
 constexpr ScreenBar screenBars[] = {
-    {0, u" 登録"}, {38, u" 登録"}, {76, u" 一覧"}, {105, u" 一覧"}, {134, u" 一覧"}};
+    {0_mm, u" 登録"}, {38_mm, u" 登録"}, {76_mm, u" 一覧"}, {105_mm, u" 一覧"}, {134_mm, u" 一覧"}};
 
 // Columns of the lists whose headings are the words for the goods, the partner and the staff.
 constexpr int goodsColumn = 2;
@@ -29,10 +29,8 @@ std::vector<StripBar> screenCodes(const AppIni& words)
     std::vector<StripBar> bars;
     int tab = 0;
     for (const ScreenBar& bar : screenBars) {
-        bars.push_back({u"[%1]"_s.arg(tab),
-                        bar.millimetres,
-                        cutForLabel(words.Term(tab) + QString::fromUtf16(bar.work)),
-                        {}});
+        bars.push_back(
+            {u"[%1]"_s.arg(tab), bar.right, cutForLabel(words.Term(tab) + QString::fromUtf16(bar.work)), {}});
         ++tab;
     }
     return bars;
@@ -42,12 +40,12 @@ std::vector<StripBar> searchCodes(const AppIni& words)
 {
     const QString all = u" （すべて）"_s;
     return {
-        {u"[A]"_s, 0, cutForLabel(words.ReceiptListHeading(goodsColumn) + all), {}},
-        {u"[B]"_s, 27, words.ReceiptListHeading(partnerColumn) + all,
+        {u"[A]"_s, 0_mm, cutForLabel(words.ReceiptListHeading(goodsColumn) + all), {}},
+        {u"[B]"_s, 27_mm, words.ReceiptListHeading(partnerColumn) + all,
          words.ShipmentListHeading(partnerColumn) + all},
-        {u"[C]"_s, 54, words.ReceiptListHeading(staffColumn) + all, u"最低在庫数未満のみ表示"_s},
-        {u"[D]"_s, 100, u"商品で集計して表示"_s, u"在庫数０も表示"_s},
-        {u"[E]"_s, 136, u"検索"_s, {}},
+        {u"[C]"_s, 54_mm, words.ReceiptListHeading(staffColumn) + all, u"最低在庫数未満のみ表示"_s},
+        {u"[D]"_s, 100_mm, u"商品で集計して表示"_s, u"在庫数０も表示"_s},
+        {u"[E]"_s, 136_mm, u"検索"_s, {}},
     };
 }
 

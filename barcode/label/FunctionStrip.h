@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include "platform/core/Length.h"
+
 namespace suisui {
 
 class AppIni;
@@ -13,9 +15,9 @@ class AppIni;
 struct StripBar
 {
     QString code;
-    double millimetres = 0; ///< to the right of the first bar of its block
-    QString first;          ///< caption
-    QString second;         ///< second line of it, or empty
+    Millimetres right; ///< to the right of the first bar of its block
+    QString first;     ///< caption
+    QString second;    ///< second line of it, or empty
 };
 
 /// Block of the bars that switch the screen.

@@ -7,35 +7,34 @@ namespace suisui {
 
 namespace {
 
-constexpr double millimetresPerInch = 25.4;
 constexpr double roundingShare = 0.5;
 constexpr double farthestDot = 1 << 28; // beyond any paper, and sums of a few still fit 32 bits
 
 } // namespace
 
-std::int32_t nearestDot(double dots)
+Dots nearestDot(double dots)
 {
-    return static_cast<std::int32_t>(std::nearbyint(std::clamp(dots, -farthestDot, farthestDot)));
+    return Dots(static_cast<std::int32_t>(std::nearbyint(std::clamp(dots, -farthestDot, farthestDot))));
 }
 
-std::int32_t lengthInDots(double millimetres, std::int32_t perInch)
+Dots lengthInDots(Millimetres length, std::int32_t perInch)
 {
-    return nearestDot(perInch * millimetres / millimetresPerInch + roundingShare);
+    return nearestDot(perInch * length.value() / millimetresPerInch + roundingShare);
 }
 
-QPoint placeInDots(const Millimetres& place, const PrinterDots& dots)
+QPoint placeInDots(const MillimetrePoint& place, const PrinterDots& dots)
 {
-    return {nearestDot(place.x * dots.perInchX / millimetresPerInch - dots.offsetX + roundingShare),
-            nearestDot(place.y * dots.perInchY / millimetresPerInch - dots.offsetY + roundingShare)};
+    return {nearestDot(place.x.value() * dots.perInchX / millimetresPerInch - dots.offsetX + roundingShare),
+            nearestDot(place.y.value() * dots.perInchY / millimetresPerInch - dots.offsetY + roundingShare)};
 }
 
-QPoint offsetFrom(QPoint corner, const Millimetres& offset, const PrinterDots& dots)
+QPoint offsetFrom(QPoint corner, const MillimetrePoint& offset, const PrinterDots& dots)
 {
-    return {nearestDot(dots.perInchX * offset.x / millimetresPerInch + roundingShare + corner.x()),
-            nearestDot(dots.perInchY * offset.y / millimetresPerInch + roundingShare + corner.y())};
+    return {nearestDot(dots.perInchX * offset.x.value() / millimetresPerInch + roundingShare + corner.x()),
+            nearestDot(dots.perInchY * offset.y.value() / millimetresPerInch + roundingShare + corner.y())};
 }
 
-Millimetres LabelGrid::placeOf(std::int64_t position) const
+MillimetrePoint LabelGrid::placeOf(std::int64_t position) const
 {
     const std::int64_t column = position % columns;
     const std::int64_t row = (position - column) / columns;

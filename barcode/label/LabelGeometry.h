@@ -7,12 +7,15 @@
 
 #include <QPoint>
 
+#include "platform/core/Length.h"
+
 namespace suisui {
 
-struct Millimetres
+/// A place, or the way from one to another.
+struct MillimetrePoint
 {
-    double x = 0;
-    double y = 0;
+    Millimetres x;
+    Millimetres y;
 };
 
 /// Resolution of a printer, and the margin in dots that it cannot print.
@@ -25,28 +28,28 @@ struct PrinterDots
 };
 
 /// To the nearest whole number, halves to the even neighbour. What lies beyond any paper stays at a bound.
-[[nodiscard]] std::int32_t nearestDot(double dots);
+[[nodiscard]] Dots nearestDot(double dots);
 
-/// \a millimetres in dots.
-[[nodiscard]] std::int32_t lengthInDots(double millimetres, std::int32_t perInch);
+/// \a length on a printer of \a perInch dots per inch.
+[[nodiscard]] Dots lengthInDots(Millimetres length, std::int32_t perInch);
 
 /// A place on the paper.
-[[nodiscard]] QPoint placeInDots(const Millimetres& place, const PrinterDots& dots);
+[[nodiscard]] QPoint placeInDots(const MillimetrePoint& place, const PrinterDots& dots);
 
 /// A place \a offset away from \a corner, to the right and down; negative is to the left and up.
-[[nodiscard]] QPoint offsetFrom(QPoint corner, const Millimetres& offset, const PrinterDots& dots);
+[[nodiscard]] QPoint offsetFrom(QPoint corner, const MillimetrePoint& offset, const PrinterDots& dots);
 
 /// The grid of labels on a page. Positions count from 0 in reading order.
 struct LabelGrid
 {
     std::int64_t columns = 1;
     std::int64_t rows = 1;
-    Millimetres start; ///< of the first label
-    double width = 0;  ///< from one label to the next
-    double height = 0;
+    MillimetrePoint start; ///< of the first label
+    Millimetres width;     ///< from one label to the next
+    Millimetres height;
 
     [[nodiscard]] std::int64_t capacity() const { return columns * rows; }
-    [[nodiscard]] Millimetres placeOf(std::int64_t position) const;
+    [[nodiscard]] MillimetrePoint placeOf(std::int64_t position) const;
 };
 
 } // namespace suisui

@@ -14,14 +14,14 @@ namespace suisui {
 struct LabelPart
 {
     bool on = false;
-    Millimetres place; ///< of a text: from the corner of its bars; of a strip: from the first label
+    MillimetrePoint place; ///< of a text: from the corner of its bars; of a strip: from the first label
 };
 
 struct LabelJob
 {
     LabelGrid grid;
     std::int64_t startLabel = 1; ///< place of the first label on the first page, from 1
-    double barHeight = 0;        ///< millimetres
+    Millimetres barHeight;
     LabelPart name;
     LabelPart code;
     LabelPart screenCodes; ///< strip of the function codes that switch the screen

@@ -13,9 +13,9 @@ namespace suisui {
 namespace {
 
 // Captions of the function codes stand this many millimetres over their bars.
-constexpr double captionAlone = -5;
-constexpr double captionFirst = -7;
-constexpr double captionSecond = -3.5;
+constexpr Millimetres captionAlone = -5_mm;
+constexpr Millimetres captionFirst = -7_mm;
+constexpr Millimetres captionSecond = -3.5_mm;
 
 class LabelPrinter
 {
@@ -124,12 +124,12 @@ private:
             printStrip(m_job.searchCodes.place, m_searchCodes);
     }
 
-    void printStrip(const Millimetres& place, const std::vector<StripBar>& bars)
+    void printStrip(const MillimetrePoint& place, const std::vector<StripBar>& bars)
     {
-        const Millimetres& start = m_job.grid.start;
+        const MillimetrePoint& start = m_job.grid.start;
         const QPoint corner = placeInDots({place.x + start.x, place.y + start.y}, m_dots);
         for (const StripBar& bar : bars) {
-            const QPoint at = corner + QPoint(lengthInDots(bar.millimetres, m_dots.perInchX), 0);
+            const QPoint at = corner + QPoint(lengthInDots(bar.right, m_dots.perInchX), 0);
             m_barPrt.setPen(at);
             m_barPrt.printBar(bar.code);
             printCaption(at, bar.second.isEmpty() ? captionAlone : captionFirst, bar.first);
@@ -137,11 +137,11 @@ private:
         }
     }
 
-    void printCaption(QPoint bar, double millimetres, const QString& text)
+    void printCaption(QPoint bar, Millimetres below, const QString& text)
     {
         if (text.isEmpty())
             return;
-        m_barPrt.setPen(bar + QPoint(0, lengthInDots(millimetres, m_dots.perInchY)));
+        m_barPrt.setPen(bar + QPoint(0, lengthInDots(below, m_dots.perInchY)));
         m_barPrt.printText(text);
     }
 

@@ -258,14 +258,19 @@ LabelPageRange LabelSetup::pages() const
     return labelPageRange(text(LabelField::firstPage), text(LabelField::lastPage), m_pageTotal);
 }
 
-double LabelSetup::whenEnabled(LabelField field) const
+Millimetres LabelSetup::length(LabelField field) const
 {
-    return enabled(field) ? number(field) : 0;
+    return Millimetres(number(field));
+}
+
+Millimetres LabelSetup::whenEnabled(LabelField field) const
+{
+    return enabled(field) ? length(field) : 0_mm;
 }
 
 LabelPart LabelSetup::part(LabelField box, LabelField x, LabelField y) const
 {
-    return {ticked(box), {number(x), number(y)}};
+    return {ticked(box), {length(x), length(y)}};
 }
 
 LabelJob LabelSetup::job() const
@@ -274,11 +279,11 @@ LabelJob LabelSetup::job() const
     LabelJob wanted;
     wanted.grid = {.columns = std::max<std::int64_t>(labelsOf(number(LabelField::columns)), 1),
                    .rows = std::max<std::int64_t>(labelsOf(number(LabelField::rows)), 0),
-                   .start = {number(LabelField::startX), number(LabelField::startY)},
+                   .start = {length(LabelField::startX), length(LabelField::startY)},
                    .width = whenEnabled(LabelField::width),
                    .height = whenEnabled(LabelField::height)};
     wanted.startLabel = std::max<std::int64_t>(labelsOf(number(LabelField::startLabel)), 1);
-    wanted.barHeight = number(LabelField::barHeight);
+    wanted.barHeight = length(LabelField::barHeight);
     wanted.name = part(LabelField::name, LabelField::nameX, LabelField::nameY);
     wanted.code = part(LabelField::code, LabelField::codeX, LabelField::codeY);
     wanted.screenCodes = part(LabelField::screenCodes, LabelField::screenX, LabelField::screenY);

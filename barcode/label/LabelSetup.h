@@ -62,8 +62,9 @@ public:
 
 private:
     [[nodiscard]] bool reachable(LabelField field) const;
+    [[nodiscard]] Millimetres length(LabelField field) const;
     [[nodiscard]] LabelPart part(LabelField box, LabelField x, LabelField y) const;
-    [[nodiscard]] double whenEnabled(LabelField field) const;
+    [[nodiscard]] Millimetres whenEnabled(LabelField field) const;
     void setPages(const QString& first, const QString& last);
     void sheetChosen();
     void writeFigures(const LabelSheet& figures);

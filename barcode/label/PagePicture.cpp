@@ -88,7 +88,7 @@ private:
     [[nodiscard]] BarFit fitOf(int moduleCount)
     {
         const std::int32_t module = barPitchDots(barPitch(), dotsPerInch);
-        const QRect bars(pen(), QSize(moduleCount * module, std::max(barHeight(), 0)));
+        const QRect bars(pen(), QSize(moduleCount * module, std::max<std::int32_t>(barHeight(), 0)));
         const int quiet = quietModules * module;
         if (!m_paper.contains(bars) || barHeight() < 1)
             return BarFit::TooWide;
@@ -137,7 +137,8 @@ private:
     void drawCross()
     {
         constexpr double lineWidth = 12;
-        const QRect box(pen(), QSize(lengthInDots(30, dotsPerInch), std::max(barHeight(), 1)));
+        const QRect box(pen(),
+                        QSize(lengthInDots(30_mm, dotsPerInch), std::max<std::int32_t>(barHeight(), 1)));
         m_painter.setPen(QPen(tooWideColor, lineWidth));
         m_painter.setBrush(Qt::NoBrush);
         m_painter.drawRect(box);

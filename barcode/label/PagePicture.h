@@ -13,8 +13,8 @@ namespace suisui {
 
 class AppIni;
 
-inline constexpr double paperWidth = 210; ///< A4, millimetres
-inline constexpr double paperHeight = 297;
+inline constexpr Millimetres paperWidth = 210_mm; ///< A4
+inline constexpr Millimetres paperHeight = 297_mm;
 
 /// What is wrong with bars, worst last.
 enum class BarFit {

@@ -15,9 +15,14 @@ namespace suisui {
 
 namespace {
 
-constexpr double widthOfSingleColumn = 110; ///< a sheet of one column gives no width
-constexpr double shareOfWidth = 0.25;       ///< so far into its label that it is over the bars of that one
+constexpr Millimetres widthOfSingleColumn = 110_mm; ///< a sheet of one column gives no width
+constexpr double shareOfWidth = 0.25; ///< so far into its label that it is over the bars of that one
 constexpr int buttonSize = 18;
+
+Millimetres lengthIn(const char16_t* text)
+{
+    return Millimetres(numberIn(QString::fromUtf16(text)));
+}
 
 /// A ring on a label, so that the bars under it are still seen.
 class PositionButton final : public QRadioButton
@@ -58,27 +63,26 @@ SheetPicture::SheetPicture(QWidget* parent) : QWidget(parent)
 
 void SheetPicture::setSheet(const LabelSheet& sheet, const QString& name)
 {
-    const double width = numberIn(QString::fromUtf16(sheet.width));
-    const double barHeight = numberIn(QString::fromUtf16(sheet.barHeight));
-    const LabelGrid grid{
-        .columns = sheet.columns,
-        .rows = sheet.rows,
-        .start = {numberIn(QString::fromUtf16(sheet.startX)), numberIn(QString::fromUtf16(sheet.startY))},
-        .width = width > 0 ? width : widthOfSingleColumn,
-        .height = numberIn(QString::fromUtf16(sheet.height))};
+    const Millimetres width = lengthIn(sheet.width);
+    const Millimetres barHeight = lengthIn(sheet.barHeight);
+    const LabelGrid grid{.columns = sheet.columns,
+                         .rows = sheet.rows,
+                         .start = {lengthIn(sheet.startX), lengthIn(sheet.startY)},
+                         .width = width > 0_mm ? width : widthOfSingleColumn,
+                         .height = lengthIn(sheet.height)};
     for (int position = 0; position < grid.capacity(); ++position) {
         auto* button = new PositionButton(this);
         button->setObjectName(name + QString::number(position));
         button->setToolTip(u"%1"_s.arg(position + 1));
         button->setAccessibleName(u"%1 番目のラベルから"_s.arg(position + 1));
         button->adjustSize();
-        const Millimetres label = grid.placeOf(position);
+        const MillimetrePoint label = grid.placeOf(position);
         m_buttons.push_back(button);
         m_places.push_back({label.x + grid.width * shareOfWidth, label.y + barHeight / 2});
     }
 }
 
-void SheetPicture::setPage(const QImage& page, const Millimetres& corner)
+void SheetPicture::setPage(const QImage& page, const MillimetrePoint& corner)
 {
     m_page = page;
     m_corner = corner;
@@ -87,18 +91,19 @@ void SheetPicture::setPage(const QImage& page, const Millimetres& corner)
 
 QRect SheetPicture::paper() const
 {
-    const double scale = std::min(width() / paperWidth, height() / paperHeight);
-    QRect sheet(0, 0, static_cast<int>(paperWidth * scale), static_cast<int>(paperHeight * scale));
+    const double scale = std::min(width() / paperWidth.value(), height() / paperHeight.value());
+    QRect sheet(0, 0, static_cast<int>((paperWidth * scale).value()),
+                static_cast<int>((paperHeight * scale).value()));
     sheet.moveCenter(rect().center());
     return sheet;
 }
 
-QPoint SheetPicture::pixelOf(const Millimetres& place) const
+QPoint SheetPicture::pixelOf(const MillimetrePoint& place) const
 {
     const QRect sheet = paper();
     return sheet.topLeft()
-           + QPoint(static_cast<int>(place.x * sheet.width() / paperWidth),
-                    static_cast<int>(place.y * sheet.height() / paperHeight));
+           + QPoint(static_cast<int>(place.x.value() * sheet.width() / paperWidth.value()),
+                    static_cast<int>(place.y.value() * sheet.height() / paperHeight.value()));
 }
 
 void SheetPicture::paintEvent(QPaintEvent*)

@@ -27,7 +27,7 @@ public:
     [[nodiscard]] const std::vector<QRadioButton*>& buttons() const { return m_buttons; }
 
     /// The page to show; \a corner is where the bars of the first label begin.
-    void setPage(const QImage& page, const Millimetres& corner);
+    void setPage(const QImage& page, const MillimetrePoint& corner);
     /// Pixels that a page has here.
     [[nodiscard]] QSize pageSize() const { return paper().size(); }
 
@@ -40,12 +40,12 @@ protected:
 
 private:
     [[nodiscard]] QRect paper() const;
-    [[nodiscard]] QPoint pixelOf(const Millimetres& place) const;
+    [[nodiscard]] QPoint pixelOf(const MillimetrePoint& place) const;
 
     QImage m_page;
-    Millimetres m_corner;
+    MillimetrePoint m_corner;
     std::vector<QRadioButton*> m_buttons;
-    std::vector<Millimetres> m_places; ///< of the middles of the buttons
+    std::vector<MillimetrePoint> m_places; ///< of the middles of the buttons
 };
 
 } // namespace suisui

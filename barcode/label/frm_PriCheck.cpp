@@ -138,7 +138,7 @@ void frm_PriCheck::wireSheets()
 /// What a control now holds, whoever has changed it.
 void frm_PriCheck::take(LabelField field, const QString& text)
 {
-    // The whole number of the millimetres is set as dots: the print sets the dots of the printer.
+    // Meant: the whole number of the millimetres is set as dots; the print sets the dots of the printer.
     if (field == LabelField::barHeight && isNumeric(text))
         m_around.barPrt.setBarHeight(nearestDot(numberIn(text)));
     if (field == LabelField::barPitch && !text.isEmpty())

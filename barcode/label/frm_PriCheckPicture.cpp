@@ -100,10 +100,9 @@ void frm_PriCheck::refreshPicture()
 void frm_PriCheck::showLarge()
 {
     constexpr int dotsPerInch = 110;
-    constexpr double millimetresPerInch = 25.4;
     const LabelJob wanted = m_setup.job();
-    const QSize size(static_cast<int>(paperWidth * dotsPerInch / millimetresPerInch),
-                     static_cast<int>(paperHeight * dotsPerInch / millimetresPerInch));
+    const QSize size(static_cast<int>(paperWidth.value() * dotsPerInch / millimetresPerInch),
+                     static_cast<int>(paperHeight.value() * dotsPerInch / millimetresPerInch));
     const PagePicture page = drawPage(wanted, trialRows(wanted), m_around.ini, barPitch(), m_shownPage, size);
     QDialog large(this);
     large.setWindowTitle(m_ui->lblShown->text());

@@ -5,11 +5,14 @@
 
 #include <array>
 
+#include "platform/core/Length.h"
+
 namespace suisui {
 
 inline constexpr int barPitchSteps = 20;
-inline constexpr std::array<double, barPitchSteps> barPitchMillimetres{
-    0.08467, 0.16933, 0.25400, 0.33867, 0.42333, 0.50800, 0.59267, 0.67733, 0.76200, 0.84667,
-    0.93133, 1.01600, 1.10067, 1.18533, 1.27000, 1.35467, 1.43933, 1.52400, 1.60867, 1.69333};
+inline constexpr std::array<Millimetres, barPitchSteps> barPitchMillimetres{
+    0.08467_mm, 0.16933_mm, 0.25400_mm, 0.33867_mm, 0.42333_mm, 0.50800_mm, 0.59267_mm,
+    0.67733_mm, 0.76200_mm, 0.84667_mm, 0.93133_mm, 1.01600_mm, 1.10067_mm, 1.18533_mm,
+    1.27000_mm, 1.35467_mm, 1.43933_mm, 1.52400_mm, 1.60867_mm, 1.69333_mm};
 
 } // namespace suisui

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include "platform/core/BarPitch.h"
+#include "platform/core/Length.h"
 
 class QWidget;
 
@@ -17,10 +18,10 @@ namespace suisui {
 inline constexpr int portrait = 1;
 
 /// A measure that is drawn: the nearest number of dots, at least one.
-[[nodiscard]] std::int32_t millimetreDots(double millimetres, std::int32_t perInch);
+[[nodiscard]] Dots millimetreDots(Millimetres length, std::int32_t perInch);
 /// Dots of a module at \a step on a printer of \a perInch dots per inch: whole, at least one. A step outside
 /// 1 to 20 counts as the nearest.
-[[nodiscard]] std::int32_t barPitchDots(int step, std::int32_t perInch);
+[[nodiscard]] Dots barPitchDots(int step, std::int32_t perInch);
 
 class BarPrt
 {
@@ -29,9 +30,9 @@ public:
 
     void setPen(QPoint dot) { m_pen = dot; }
     [[nodiscard]] QPoint pen() const { return m_pen; }
-    /// In dots. Bars that are not higher than 0 are not there.
-    void setBarHeight(std::int32_t dots) { m_barHeight = dots; }
-    [[nodiscard]] std::int32_t barHeight() const { return m_barHeight; }
+    /// Bars that are not higher than 0 are not there.
+    void setBarHeight(Dots height) { m_barHeight = height; }
+    [[nodiscard]] Dots barHeight() const { return m_barHeight; }
     /// A step of barPitchMillimetres.
     void setBarPitch(int step) { m_barPitch = step; }
     [[nodiscard]] int barPitch() const { return m_barPitch; }
@@ -62,7 +63,7 @@ public:
 
 private:
     QPoint m_pen;
-    std::int32_t m_barHeight = 0;
+    Dots m_barHeight;
     int m_barPitch = 1;
 };
 

@@ -28,7 +28,7 @@ void PaintedBarPrt::drawBar(const QString& text, const QColor& color)
     const auto modules = encodeCode128(text.toStdString());
     if (to == nullptr || !modules || barHeight() < 1)
         return;
-    const std::int32_t dots = barPitchDots(barPitch(), dotsPerInchX());
+    const Dots dots = barPitchDots(barPitch(), dotsPerInchX());
     QList<QRect> bars;
     bars.reserve(static_cast<qsizetype>(modules->bars.size()));
     for (const BarSpan& bar : modules->bars)
@@ -44,7 +44,7 @@ void PaintedBarPrt::printText(const QString& text)
     QPainter* to = painter();
     if (to == nullptr || text.isEmpty())
         return;
-    const std::int32_t dots = millimetreDots(labelTextMillimetres, dotsPerInchY());
+    const Dots dots = millimetreDots(labelTextHeight, dotsPerInchY());
     if (!m_text || m_textDots != dots) {
         m_text = std::make_unique<DotText>(fontFamily(), dots, false);
         m_textDots = dots;

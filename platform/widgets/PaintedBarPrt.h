@@ -16,7 +16,7 @@ namespace suisui {
 class DotText;
 
 /// Height of the texts beside the bars.
-inline constexpr double labelTextMillimetres = 2.8;
+inline constexpr Millimetres labelTextHeight = 2.8_mm;
 
 class PaintedBarPrt : public BarPrt
 {
@@ -34,7 +34,7 @@ protected:
 
 private:
     std::unique_ptr<DotText> m_text;
-    std::int32_t m_textDots = 0;
+    Dots m_textDots;
     QRect m_lastBar; ///< a text that lies on these bars gets a white ground, so that it can be read
 };
 

@@ -9,6 +9,8 @@
 #include <QPrinterInfo>
 #include <QStandardPaths>
 
+#include "platform/core/Length.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
@@ -17,7 +19,6 @@ namespace {
 
 constexpr int usualResolution = 600;
 constexpr double pointsPerInch = 72;
-constexpr double millimetresPerInch = 25.4;
 
 /// The platform's dialog without what nothing would come of. Which pages are printed is asked in the
 /// program's own dialogs; a range from here would go to the print server beside the document and cut through

@@ -24,9 +24,9 @@ namespace {
 
 constexpr int markColumn = 3;
 
-double number(const char16_t* text)
+Millimetres lengthIn(const char16_t* text)
 {
-    return numberIn(QString::fromUtf16(text));
+    return Millimetres(numberIn(QString::fromUtf16(text)));
 }
 
 LabelJob jobOf(const LabelSheet& sheet)
@@ -34,12 +34,12 @@ LabelJob jobOf(const LabelSheet& sheet)
     LabelJob job;
     job.grid = {.columns = sheet.columns,
                 .rows = sheet.rows,
-                .start = {number(sheet.startX), number(sheet.startY)},
-                .width = number(sheet.width),
-                .height = number(sheet.height)};
-    job.barHeight = number(sheet.barHeight);
-    job.name = {sheet.name.on, {number(sheet.name.x), number(sheet.name.y)}};
-    job.code = {sheet.code.on, {number(sheet.code.x), number(sheet.code.y)}};
+                .start = {lengthIn(sheet.startX), lengthIn(sheet.startY)},
+                .width = lengthIn(sheet.width),
+                .height = lengthIn(sheet.height)};
+    job.barHeight = lengthIn(sheet.barHeight);
+    job.name = {sheet.name.on, {lengthIn(sheet.name.x), lengthIn(sheet.name.y)}};
+    job.code = {sheet.code.on, {lengthIn(sheet.code.x), lengthIn(sheet.code.y)}};
     return job;
 }
 
@@ -143,7 +143,7 @@ protected:
     {
         const LabelJob job = jobOf(sheet);
         const auto modules = encodeCode128(codesFor(job, pattern).front().toStdString());
-        const double room = job.grid.columns > 1 ? job.grid.width : 205;
+        const Millimetres room = job.grid.columns > 1 ? job.grid.width : 205_mm;
         std::vector<int> steps;
         for (int step = 1; modules && step <= barPitchSteps; ++step)
             if ((modules->width + quietModules) * barPitchDots(step, dotsFor(step))
@@ -167,8 +167,8 @@ protected:
     {
         LabelJob job = jobOf(labelSheets[0]);
         job.grid.rows = 5;
-        job.screenCodes = {true, {number(screenStrip.x), number(screenStrip.y)}};
-        job.searchCodes = {true, {number(searchStrip.x), number(searchStrip.y)}};
+        job.screenCodes = {true, {lengthIn(screenStrip.x), lengthIn(screenStrip.y)}};
+        job.searchCodes = {true, {lengthIn(searchStrip.x), lengthIn(searchStrip.y)}};
         QStringList wanted = codesFor(job, u"490123456700%1"_s);
         for (const QChar function : u"01234ABCDE"_s)
             wanted += u'[' + QString(function) + u']';
@@ -210,8 +210,7 @@ TEST_F(LabelPaper, everyLabelOfEverySheet_readsBackToItsCode_withItsBarsOnTheirD
         for (int i = 0; i < job.grid.capacity(); ++i) {
             const QPoint at = placeInDots(job.grid.placeOf(i), {600, 600, 0, 0});
             const int dots = barPitchDots(step, 600);
-            const double clear =
-                std::min(job.barHeight, job.code.place.y); // millimetres above the code's text
+            const Millimetres clear = std::min(job.barHeight, job.code.place.y); // above the code's text
             EXPECT_TRUE(barsStandAt(page, at + QPoint(0, 2), codes.at(i), dots));
             EXPECT_TRUE(barsStandAt(page, at + QPoint(0, lengthInDots(clear, 600) - 3), codes.at(i), dots));
         }
@@ -301,12 +300,12 @@ TEST_F(LabelPaper, labelsBeyondThePaper_andBarsWithoutHeight_areNotThere)
 {
     setup->dpi = 300;
     LabelJob job = jobOf(labelSheets[0]);
-    job.grid.width = 999999;
-    job.grid.height = 999999;
+    job.grid.width = 999999_mm;
+    job.grid.height = 999999_mm;
     fill({u"A1"_s, u"A2"_s, u"A3"_s});
     print(job, 3);
     EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, true)), joined((QStringList{u"A1"_s})));
-    job.barHeight = -12;
+    job.barHeight = -12_mm;
     fill({u"A1"_s});
     print(job, 3);
     EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, true)), joined(QStringList()));
@@ -329,7 +328,8 @@ TEST_F(LabelPaper, aStepIsAsWideOnThreeHundredDotsAsOnSixHundred)
     for (int step = 1; step <= barPitchSteps; ++step) {
         EXPECT_EQ(barPitchDots(step, 300), step);
         EXPECT_EQ(barPitchDots(step, 600), 2 * step);
-        EXPECT_NEAR(barPitchMillimetres.at(static_cast<std::size_t>(step) - 1), step * 25.4 / 300, 1e-5);
+        EXPECT_NEAR(barPitchMillimetres.at(static_cast<std::size_t>(step) - 1).value(), step * 25.4 / 300,
+                    1e-5);
     }
     EXPECT_EQ(barPitchDots(1, 72), 1);
     EXPECT_EQ(barPitchDots(0, 600), 2);

@@ -14,7 +14,7 @@
 namespace suisui::test {
 
 inline constexpr LabelGrid sheetOfTwelve{
-    .columns = 2, .rows = 6, .start = {25.4, 25.4}, .width = 88.9, .height = 38.1};
+    .columns = 2, .rows = 6, .start = {25.4_mm, 25.4_mm}, .width = 88.9_mm, .height = 38.1_mm};
 
 using Labels = std::vector<std::string>;
 
@@ -24,7 +24,7 @@ protected:
     LabelPrint()
     {
         job.grid = sheetOfTwelve;
-        job.barHeight = 12;
+        job.barHeight = 12_mm;
         ini.setIniFolder(QString());
     }
 

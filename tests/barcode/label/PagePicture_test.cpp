@@ -24,8 +24,8 @@ struct Preview
 {
     explicit Preview(const std::vector<LabelledRow>& rows) : desk(rows)
     {
-        job.grid = {.columns = 4, .rows = 11, .start = {10, 13}, .width = 48.1, .height = 25.5};
-        job.barHeight = 11;
+        job.grid = {.columns = 4, .rows = 11, .start = {10_mm, 13_mm}, .width = 48.1_mm, .height = 25.5_mm};
+        job.barHeight = 11_mm;
         job.endRow = static_cast<std::int64_t>(rows.size());
     }
 
@@ -84,28 +84,28 @@ TEST(PagePicture, aCodeThatIsWiderThanItsLabel_isRed)
 TEST(PagePicture, aQuietZoneThatCannotBeKept_isWarnedOf)
 {
     Preview preview(Rows{{"4901234567894"}});
-    preview.job.grid.width = 32; // bars of 31.2 mm
+    preview.job.grid.width = 32_mm; // bars of 31.2 mm
     EXPECT_EQ(preview.draw().worst, BarFit::NoQuietZone);
-    preview.job.grid.width = 34;
+    preview.job.grid.width = 34_mm;
     EXPECT_EQ(preview.draw().worst, BarFit::Good);
-    preview.job.grid.start.x = 2; // ten modules are 2.54 mm
+    preview.job.grid.start.x = 2_mm; // ten modules are 2.54 mm
     EXPECT_EQ(preview.draw().worst, BarFit::NoQuietZone);
 }
 
 TEST(PagePicture, barsBeyondThePaper_withoutHeight_orHigherThanTheirLabel_areRed)
 {
     Preview preview(Rows{{"4901234567894"}});
-    preview.job.grid.start.x = 190;
+    preview.job.grid.start.x = 190_mm;
     EXPECT_EQ(preview.draw().worst, BarFit::TooWide);
-    preview.job.grid.start.x = -5;
+    preview.job.grid.start.x = -5_mm;
     EXPECT_EQ(preview.draw().worst, BarFit::TooWide);
-    preview.job.grid.start.x = 10;
-    preview.job.barHeight = 26;
+    preview.job.grid.start.x = 10_mm;
+    preview.job.barHeight = 26_mm;
     EXPECT_EQ(preview.draw().worst, BarFit::TooWide);
-    preview.job.barHeight = -1;
+    preview.job.barHeight = -1_mm;
     EXPECT_EQ(preview.draw().worst, BarFit::TooWide);
-    preview.job.barHeight = 11;
-    preview.job.grid.start = {1e300, 1e300};
+    preview.job.barHeight = 11_mm;
+    preview.job.grid.start = {Millimetres(1e300), Millimetres(1e300)};
     EXPECT_EQ(preview.draw().worst, BarFit::TooWide);
 }
 
@@ -127,8 +127,8 @@ TEST(PagePicture, namesTheCodesThatAreWorstOff)
 TEST(PagePicture, functionCodesThatRunIntoTheLabels_areRed)
 {
     Preview preview(Rows{{"4901234567894", "12"}});
-    preview.job.grid = {.columns = 2, .rows = 6, .start = {30, 30}, .width = 88, .height = 42};
-    preview.job.screenCodes = {true, {5, 208}};
+    preview.job.grid = {.columns = 2, .rows = 6, .start = {30_mm, 30_mm}, .width = 88_mm, .height = 42_mm};
+    preview.job.screenCodes = {true, {5_mm, 208_mm}};
     EXPECT_EQ(preview.draw().worst, BarFit::TooWide) << "the last row of labels stands there";
     preview.job.grid.rows = 5;
     EXPECT_EQ(preview.draw().worst, BarFit::Good);

@@ -304,11 +304,11 @@ TEST(PriCheck, eachRoundButtonIsOverTheBarsOfItsOwnLabel_andLetsThemBeSeen)
             const LabelSheet& each = labelSheets.at(static_cast<std::size_t>(sheet));
             const auto button = [&](int position) { return positionButton(desk, sheet, position); };
             const auto& picture = *static_cast<SheetPicture*>(button(0)->parentWidget());
-            const double pixels = picture.pageSize().width() / paperWidth;
+            const double pixels = picture.pageSize().width() / paperWidth.value();
             const QPoint corner = picture.rect().center()
                                   - QPoint(picture.pageSize().width() / 2, picture.pageSize().height() / 2);
             const auto millimetres = [](const char16_t* text) { return QString::fromUtf16(text).toDouble(); };
-            const double width = each.columns > 1 ? millimetres(each.width) : paperWidth / 2;
+            const double width = each.columns > 1 ? millimetres(each.width) : paperWidth.value() / 2;
             for (int column = 0; column < each.columns; ++column) {
                 const QRect place = button(column)->geometry();
                 const double bars = corner.x() + (millimetres(each.startX) + column * width) * pixels;

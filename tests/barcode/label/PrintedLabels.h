@@ -35,21 +35,25 @@ inline std::string joined(const std::vector<LabelledRow>& rows)
     return all;
 }
 
+inline Millimetres lengthIn(const char16_t* text)
+{
+    return Millimetres(numberIn(QString::fromUtf16(text)));
+}
+
 /// In the middle of the bars of the label at \a position on a printer of \a dots: first and last black dot
 /// stand where the millimetres of \a sheet say, within a dot.
 inline void expectBarsAt(const QImage& page, const PrinterDots& dots, const LabelSheet& sheet, int position,
                          const std::string& code)
 {
-    const LabelGrid grid{
-        .columns = sheet.columns,
-        .rows = sheet.rows,
-        .start = {numberIn(QString::fromUtf16(sheet.startX)), numberIn(QString::fromUtf16(sheet.startY))},
-        .width = numberIn(QString::fromUtf16(sheet.width)),
-        .height = numberIn(QString::fromUtf16(sheet.height))};
+    const LabelGrid grid{.columns = sheet.columns,
+                         .rows = sheet.rows,
+                         .start = {lengthIn(sheet.startX), lengthIn(sheet.startY)},
+                         .width = lengthIn(sheet.width),
+                         .height = lengthIn(sheet.height)};
     const QPoint corner = placeInDots(grid.placeOf(position), dots) + QPoint(dots.offsetX, dots.offsetY);
     const int module = barPitchDots(QString::fromUtf16(sheet.barPitch).toInt(), dots.perInchX);
     const int width = encodeCode128(code)->width * module;
-    const int y = corner.y() + lengthInDots(numberIn(QString::fromUtf16(sheet.barHeight)) / 2, dots.perInchY);
+    const int y = corner.y() + lengthInDots(lengthIn(sheet.barHeight) / 2, dots.perInchY);
     int first = -1;
     int last = -1;
     for (int x = corner.x() - 4 * module; x < corner.x() + width + 4 * module; ++x) {
