@@ -179,8 +179,8 @@ public:
 
 private:
     [[nodiscard]] int receipts() { return std::stoi(BareSqlite::rows(m_count).at(0).at(0)); }
-    /// Another number for each commit of others (sqlite.org/pragma.html#pragma_data_version). While one is under
-    /// way there is no answer, and the last one holds.
+    /// Another number for each commit of others (sqlite.org/pragma.html#pragma_data_version). While one is
+    /// under way there is no answer, and the last one holds.
     [[nodiscard]] int commits()
     {
         const auto answer = BareSqlite::rows(m_version);

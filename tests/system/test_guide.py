@@ -7,7 +7,8 @@ import sys
 import unittest
 
 TOP = None
-ROOMS = ("barcode", "frame", "history", "lists", "movement", "packaging", "platform", "store", "tools")
+ROOMS = ("barcode", "booking", "frame", "history", "lists", "movement", "packaging", "platform", "sheet", "starter", "store",
+         "tools")
 TEXTS = {".ui", ".cpp", ".h", ".ini", ".desktop"}
 
 
