@@ -12,21 +12,20 @@ namespace {
 /// Pages that a print may have at most: what the fields for pages can name.
 constexpr std::int32_t mostPages = 9999;
 
-LabelRefusal inWords(const LabelFieldRow& row, const QString& fault, const QString& whatToDo)
+LabelRefusal inWords(const LabelFieldRow& row, const char16_t* fault, const QString& whatToDo)
 {
-    const QString called = QString::fromUtf16(row.called);
-    return {called + u" エラー"_s, u"「"_s + called + u"」 "_s + fault + whatToDo, row.field, {}};
+    return {QString::fromUtf16(row.words.title), QString::fromUtf16(fault) + whatToDo, row.field, {}};
 }
 
 LabelRefusal notANumber(const LabelFieldRow& row)
 {
-    return inWords(row, u"が 数値入力されていません。　　　"_s,
-                   u"\r\n\r\n数値入力した後に、再度、印刷して下さい。"_s);
+    return inWords(row, row.words.notANumber, u"\r\n\r\n数値入力した後に、再度、印刷して下さい。"_s);
 }
 
-LabelRefusal tooSmall(const LabelFieldRow& row, const QString& fault)
+LabelRefusal tooSmall(const LabelFieldRow& row)
 {
-    return inWords(row, fault, u"\r\n\r\n１ 以上の数値を入力した後に、再度、印刷して下さい。　　　"_s);
+    return inWords(row, row.words.tooSmall,
+                   u"\r\n\r\n１ 以上の数値を入力した後に、再度、印刷して下さい。　　　"_s);
 }
 
 /// A field that is grey does not count.
@@ -38,9 +37,9 @@ std::optional<LabelRefusal> fieldRefusal(const LabelSetup& setup, const LabelFie
         return notANumber(row);
     const double number = setup.number(row.field);
     if (row.check == LabelCheck::notZero && number == 0)
-        return tooSmall(row, u"に ０ は入力できません。"_s);
+        return tooSmall(row);
     if (row.check == LabelCheck::atLeastOne && nearestDot(number) == 0)
-        return tooSmall(row, u"に １ より小さい数値は入力できません。"_s);
+        return tooSmall(row);
     return {};
 }
 

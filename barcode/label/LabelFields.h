@@ -83,6 +83,14 @@ struct LabelSaving
     LabelTakes takes = LabelTakes::number;
 };
 
+/// What the boxes say of a field that is refused. Each text is whole, so that it can be searched for.
+struct LabelWords
+{
+    const char16_t* title = u"";
+    const char16_t* notANumber = u"";
+    const char16_t* tooSmall = u"";
+};
+
 struct LabelFieldRow
 {
     LabelField field;
@@ -92,7 +100,7 @@ struct LabelFieldRow
     LabelField follows = LabelField::count; ///< the box without whose tick it is grey
     LabelTyping typing{};
     LabelCheck check = LabelCheck::none;
-    const char16_t* called = u""; ///< in the boxes
+    LabelWords words{};
     LabelSaving saving{};
     LabelField next; ///< where Enter goes; when that is grey, where Enter goes from there
 };
