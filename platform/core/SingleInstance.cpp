@@ -1,27 +1,44 @@
+// The lock is the kernel's, on the open file (flock(2)): it ends with the process, however that ends.
+// QLockFile also refuses while the file exists and says nothing of its owner, which is what a kill or a power
+// cut between making the file and writing it leaves: nobody could start the program again.
 #include "platform/core/SingleInstance.h"
 
-#include <QLockFile>
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <QFile>
 
 namespace suisui {
 
 SingleInstance::SingleInstance(const QString& baseFolder)
-    : m_lock(std::make_unique<QLockFile>(baseFolder + QStringLiteral("/.suisuitag.lock")))
+    : m_path(baseFolder + QStringLiteral("/.suisuitag.lock"))
 {
-    m_lock->setStaleLockTime(0); // never stale by age: the program runs all day
 }
 
-SingleInstance::~SingleInstance() = default;
+SingleInstance::~SingleInstance()
+{
+    // The file stays: whoever removed it could take it from a copy that has just opened it.
+    if (m_file >= 0)
+        ::close(m_file);
+}
 
 bool SingleInstance::prevInstance()
 {
-    if (m_lock->isLocked())
+    if (holds())
         return false; // it is this object that holds it
-    return !m_lock->tryLock(0) && m_lock->error() == QLockFile::LockFailedError;
-}
-
-bool SingleInstance::holds() const
-{
-    return m_lock->isLocked();
+    const int file = ::open(QFile::encodeName(m_path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (file < 0)
+        return false;
+    if (::flock(file, LOCK_EX | LOCK_NB) == 0) {
+        m_file = file;
+        return false;
+    }
+    const bool heldByAnother = errno == EWOULDBLOCK;
+    ::close(file);
+    return heldByAnother;
 }
 
 } // namespace suisui

@@ -102,6 +102,17 @@ TEST_F(SingleInstanceTest, aKillFreesTheFolder)
     EXPECT_FALSE(OtherCopy(base()).holds());
 }
 
+TEST_F(SingleInstanceTest, aFileLeftEmptyByAKill_stopsNobody)
+{
+    QFile lock(base() + u"/.suisuitag.lock"_s);
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    lock.close();
+    SingleInstance next(base());
+    EXPECT_FALSE(next.prevInstance());
+    EXPECT_TRUE(next.holds());
+    EXPECT_FALSE(OtherCopy(base()).holds());
+}
+
 TEST_F(SingleInstanceTest, theEndOfTheObjectFreesTheFolder)
 {
     {
