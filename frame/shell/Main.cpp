@@ -306,7 +306,8 @@ void Main_Module::stop()
     if (m_masterStartFlag) {
         for (int i = 0; i < pausesBeforeMaster; ++i)
             m_clock.letPass(10ms);
-        const InheritedLock lock(masterLock(m_base)); // it keeps the lock while it runs
+        // It keeps the lock while it runs.
+        const FileLock lock(masterLock(m_base), LockKeeper::StartedPrograms);
         Shell(m_appEnv->BaseFolder() + u"/exe/Master.exe"_s, m_appEnv->BaseFolder());
     }
     m_appEnv.reset();

@@ -26,18 +26,20 @@ bool isLocked(const QString& path)
     return locked;
 }
 
-// No O_CLOEXEC: whoever is started meanwhile keeps the lock.
-InheritedLock::InheritedLock(const QString& path)
-    : m_file(::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT, ownersOnly))
+FileLock::FileLock(const QString& path, LockKeeper keeper)
+    : m_file(::open(QFile::encodeName(path).constData(),
+                    O_RDWR | O_CREAT | (keeper == LockKeeper::ThisProgram ? O_CLOEXEC : 0), ownersOnly))
 {
     if (m_file < 0 || ::flock(m_file, LOCK_EX | LOCK_NB) == 0)
         return;
+    m_heldByAnother = errno == EWOULDBLOCK;
     ::close(m_file);
     m_file = -1;
 }
 
-InheritedLock::~InheritedLock()
+FileLock::~FileLock()
 {
+    // The file stays: whoever removed it could take it from a program that has just opened it.
     if (m_file >= 0)
         ::close(m_file);
 }

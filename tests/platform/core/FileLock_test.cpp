@@ -46,10 +46,10 @@ TEST_F(FileLockTest, aMissingFile_andOneThatNobodyHolds_areNotLocked)
 
 TEST_F(FileLockTest, itIsHeldForAsLongAsTheObjectLives_byOneAtATime)
 {
-    std::optional<InheritedLock> first(std::in_place, lock);
+    std::optional<FileLock> first(std::in_place, lock, LockKeeper::StartedPrograms);
     EXPECT_TRUE(first->held());
     EXPECT_TRUE(isLocked(lock));
-    EXPECT_FALSE(InheritedLock(lock).held());
+    EXPECT_FALSE(FileLock(lock, LockKeeper::ThisProgram).held());
     EXPECT_TRUE(isLocked(lock));
     first.reset();
     EXPECT_FALSE(isLocked(lock));
@@ -59,7 +59,7 @@ TEST_F(FileLockTest, aProgramThatWasStartedMeanwhile_keepsIt_untilItEnds)
 {
     makeProgram("touch started\nwhile [ ! -e go ]; do sleep 0.01; done\n");
     {
-        const InheritedLock held(lock);
+        const FileLock held(lock, LockKeeper::StartedPrograms);
         Shell(program, folder.path());
     }
     ASSERT_TRUE(eventually([this] { return QFile::exists(folder.filePath(u"started"_s)); }));
@@ -71,7 +71,7 @@ TEST_F(FileLockTest, aProgramThatWasStartedMeanwhile_keepsIt_untilItEnds)
 
 TEST_F(FileLockTest, whereNoFileCanBeMade_nothingIsHeld)
 {
-    EXPECT_FALSE(InheritedLock(folder.filePath(u"no such folder/lock"_s)).held());
+    EXPECT_FALSE(FileLock(folder.filePath(u"no such folder/lock"_s), LockKeeper::ThisProgram).held());
 }
 
 } // namespace suisui::test
