@@ -100,10 +100,10 @@ TEST_P(ListSearch, theCursorStandsOnTheFirstCellAfterASearch)
 {
     desk.storeMany(3);
     desk.search();
-    desk.grid().SetActiveCell(4, 3);
+    desk.grid().SetActiveCell(desk.cells.price, 3);
     desk.search();
     EXPECT_EQ(desk.grid().ActiveRow(), 1);
-    EXPECT_EQ(desk.grid().ActiveCol(), 1);
+    EXPECT_EQ(desk.grid().ActiveCol(), desk.cells.date);
 }
 
 TEST_P(ListSearch, aFailedSelectionEmptiesTheListWithoutAWord)

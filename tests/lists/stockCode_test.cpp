@@ -19,10 +19,10 @@ TEST_F(StockTest, codesGatherOnTop_asAPickList)
     EXPECT_EQ(codes(), "B2 ");
     search(u"A1"_s); // the master says a1
     EXPECT_EQ(codes(), "a1 B2 ");
-    EXPECT_EQ(text(10, 1), "2");
+    EXPECT_EQ(text(StockCells::index, 1), "2");
     EXPECT_EQ(headings(), searched);
     EXPECT_EQ(grid().ActiveRow(), 1);
-    EXPECT_EQ(grid().ActiveCol(), 3);
+    EXPECT_EQ(grid().ActiveCol(), StockCells::quantity);
     EXPECT_EQ(grid().rowBackColor(2), QColor(Qt::white));
     EXPECT_TRUE(grid().rowBackColor(1) == focusColor || grid().rowBackColor(1) == barWithoutFocus);
 }
@@ -33,11 +33,11 @@ TEST_F(StockTest, shownCode_isFoundWhateverItsLetterCase_andNotReadAgain)
     search(u"*"_s);
     db.Execute("UPDATE ZaikoTB SET ZaikoSuu='9999' WHERE Code='a1'");
     db.Commit();
-    grid().SetActiveCell(3, 3);
+    grid().SetActiveCell(StockCells::quantity, 3);
     search(u"A1"_s);
     EXPECT_EQ(grid().MaxRows(), 3);
     EXPECT_EQ(grid().ActiveRow(), 1);
-    EXPECT_EQ(text(3, 1), "1,200");
+    EXPECT_EQ(text(StockCells::quantity, 1), "1,200");
 }
 
 TEST_F(StockTest, unknownCode_isTold)
@@ -118,11 +118,12 @@ TEST_F(StockTest, figureThatIsNoNumber_isShownAsItStands)
     goods("F6", "壊れた", "many", "3");
     search(u"*"_s);
     EXPECT_EQ(codes(), "a1 B2 D4 F6 ");
-    EXPECT_EQ(text(3, 4), "many");
-    EXPECT_EQ(grid().cellForeColor(3, 4), red);
+    EXPECT_EQ(text(StockCells::quantity, 4), "many");
+    EXPECT_EQ(grid().cellForeColor(StockCells::quantity, 4), red);
     detail().setChecked(true);
     EXPECT_EQ(codes(), "a1 B2 D4 F6 ");
-    EXPECT_EQ(text(2, grid().MaxRows()), "　③ 出荷") << "the block ends where it cannot be reckoned";
+    EXPECT_EQ(text(StockCells::name, grid().MaxRows()), "　③ 出荷")
+        << "the block ends where it cannot be reckoned";
 }
 
 } // namespace suisui::test

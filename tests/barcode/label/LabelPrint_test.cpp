@@ -35,7 +35,7 @@ TEST_F(LabelPrint, aPrintFromTheSecondPage_opensOnlyThatOne_withItsLabelsWhereTh
 TEST_F(LabelPrint, aNameIsCutAtFifteenCharacters_aCodeNever)
 {
     fill({{"1234567890ABCDEFGHIJ", "1"}});
-    grid.SetText(2, 1, u"一二三四五六七八九十一二三四五六七"_s);
+    grid.SetText(labelNameColumn, 1, u"一二三四五六七八九十一二三四五六七"_s);
     job.name = {true, {0_mm, -5_mm}};
     job.code = {true, {0_mm, 13_mm}};
     print();

@@ -149,7 +149,7 @@ TEST(PagePicture, theDialog_warnsInWords_andTakesTheWarningBack)
     desk.open();
     const auto* warning = desk.find<QLabel>("lblWarning");
     EXPECT_TRUE(eventually([&] { return warning->text() == u"バーコードにできない文字です。\n鉛筆"_s; }));
-    desk.grid.SetText(1, 2, std::string_view("B"));
+    desk.grid.SetText(labelCodeColumn, 2, std::string_view("B"));
     desk.sheet(3);
     EXPECT_TRUE(eventually([&] { return warning->text().contains(u"収まりません"_s); }));
     EXPECT_TRUE(warning->text().endsWith(u"ABCDEFGHIJKLMNOP"_s));

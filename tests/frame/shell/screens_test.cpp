@@ -152,7 +152,7 @@ TEST_F(MainWindowForms, tellACellsEditorByItsHeading)
 {
     desk.window->GoodsCodeSet(u"4901001000017"_s);
     vaSpread& grid = desk.grid(Tab::Receipt);
-    constexpr int quantity = 4;
+    const int quantity = movementSide(Side::Receipt).cells.quantity;
     grid.setFocus();
     grid.SetActiveCell(quantity, 1);
     grid.QAbstractItemView::edit(grid.currentIndex());

@@ -110,7 +110,7 @@ TEST(StockReportButton, printsTheGridAndTheTitlesOfItsView)
     EXPECT_EQ(printing.box.shown[0].title, u"一覧印刷"_s);
 
     page.grid()->setMaxRows(1);
-    page.grid()->SetText(2, 1, u"ぶどう"_s);
+    page.grid()->SetText(StockCells::name, 1, u"ぶどう"_s);
     page.findChild<QRadioButton*>(u"optZNormal"_s)->setChecked(true);
     button->click();
     EXPECT_TRUE(printing.printed().contains(u"ぶどう"_s));
