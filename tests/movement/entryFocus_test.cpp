@@ -133,7 +133,7 @@ TEST_P(EntryFocusTest, enterOnTheEmptyField_leavesTheFocusThere)
 
 // ---- the focus after a booking
 
-TEST_P(EntryFocusTest, afterABookingItIsInTheQuantityOfTheNewRow)
+TEST_P(EntryFocusTest, afterABooking_isInTheQuantityOfTheNewRow)
 {
     QTest::keyClicks(&field(), u"b"_s);
     QTest::keyClick(&field(), Qt::Key_Return);
@@ -144,7 +144,7 @@ TEST_P(EntryFocusTest, afterABookingItIsInTheQuantityOfTheNewRow)
         << "and the cell is seen to be the one";
 }
 
-TEST_P(EntryFocusTest, afterAnUnknownCodeItIsInTheCodeField)
+TEST_P(EntryFocusTest, afterAnUnknownCode_isInTheCodeField)
 {
     page->grid()->setFocus();
     EntryDesk::book(*page, u"4999"_s);
@@ -153,7 +153,7 @@ TEST_P(EntryFocusTest, afterAnUnknownCodeItIsInTheCodeField)
 
 // ---- and after search, update and delete
 
-TEST_P(EntryFocusTest, afterASearchItIsInTheGrid_withoutResultInTheFirstYear)
+TEST_P(EntryFocusTest, afterASearch_isInTheGrid_withoutResultInTheFirstYear)
 {
     book(u"B"_s);
     press(u"cmd%1Kensaku"_s, BoxAnswer::Yes);
@@ -163,7 +163,7 @@ TEST_P(EntryFocusTest, afterASearchItIsInTheGrid_withoutResultInTheFirstYear)
     EXPECT_TRUE(control<QLineEdit>(u"txt%1yyyy_F"_s).hasFocus());
 }
 
-TEST_P(EntryFocusTest, whenTheGuardIsCancelledItGoesToTheGrid)
+TEST_P(EntryFocusTest, whenTheGuardIsCancelled_goesToTheGrid)
 {
     book(u"B"_s);
     control<QPushButton>(u"cmd%1Kensaku"_s).setFocus();
@@ -172,7 +172,7 @@ TEST_P(EntryFocusTest, whenTheGuardIsCancelledItGoesToTheGrid)
     EXPECT_TRUE(onGrid(*page));
 }
 
-TEST_P(EntryFocusTest, afterAFailedUpdateItIsOnTheSearchButton_orInTheCellThatStockCannotTake)
+TEST_P(EntryFocusTest, afterAFailedUpdate_isOnTheSearchButton_orInTheRefusedCell)
 {
     book(u"B"_s);
     EntryDesk::edit(*page, cells.quantity, 1, "8");
@@ -193,7 +193,7 @@ TEST_P(EntryFocusTest, afterAFailedUpdateItIsOnTheSearchButton_orInTheCellThatSt
     EXPECT_EQ(page->grid()->ActiveCol(), cells.quantity);
 }
 
-TEST_P(EntryFocusTest, afterAFailedDeleteItIsOnTheSearchButton_andNoCorrectionIsPendingAnyMore)
+TEST_P(EntryFocusTest, afterAFailedDelete_isOnTheSearchButton_withNothingPending)
 {
     book(u"B"_s);
     EntryDesk::edit(*page, cells.price, 1, "99");

@@ -23,7 +23,7 @@ TEST(ComponentFractions, aScanAndItsDelete_needNotCancel)
     EXPECT_EQ(desk.stockOf("PART"), "98.5") << "1.5 times 3 come back";
 }
 
-TEST(ComponentFractions, anUpdateReckonsExactly)
+TEST(ComponentFractions, anUpdate_computesExactly)
 {
     EntryDesk desk;
     desk.goods("MIX", "量り売り", "2", "10", "1", "10");

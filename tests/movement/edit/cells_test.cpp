@@ -10,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui::test {
 
-TEST_P(EditTest, nothingThatIsNoNumberDateOrTime_reachesTheTable)
+TEST_P(EditTest, whatIsNotANumberDateOrTime_neverReachesTheTable)
 {
     const QString evil[] = {u"abc"_s,       u" "_s,     u"-"_s,          u"--1"_s,
                             u"+5"_s,        u"1.5"_s,   u"1e9"_s,        u"12345678901234567890"_s,

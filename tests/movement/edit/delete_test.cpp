@@ -32,7 +32,7 @@ TEST_P(EditTest, deleteAsks_andUndoesTheStock)
     EXPECT_TRUE(page->grid()->ReDraw());
 }
 
-TEST_P(EditTest, indexesBehindTheDeletedRow_goDownByOne)
+TEST_P(EditTest, indexesAfterTheDeletedRow_goDownByOne)
 {
     fill(8);
     page->cmdKensaku_Click();
@@ -48,7 +48,7 @@ TEST_P(EditTest, indexesBehindTheDeletedRow_goDownByOne)
     EXPECT_EQ(quantities().back(), "0000009");
 }
 
-TEST_P(EditTest, deleteUndoesWhatWasPostedLast_andKeepsTheCorrectionsOfOtherRows)
+TEST_P(EditTest, deleteUndoesTheLastPosting_andKeepsCorrectionsOfOtherRows)
 {
     bookThree();
     EntryDesk::edit(*page, cells.quantity, 2, "8");

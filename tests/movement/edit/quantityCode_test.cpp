@@ -84,7 +84,7 @@ TEST_P(EditTest, whatTheCellRefusesOfACode_countsAsTyped)
     }
 }
 
-TEST_P(EditTest, quantitiesThatAreNoCode_orAShortOne_areTakenUnasked)
+TEST_P(EditTest, quantitiesThatAreNotACode_orAShortOne_areTakenUnasked)
 {
     bookThree();
     show(desk, *page);

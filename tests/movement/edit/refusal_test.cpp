@@ -114,7 +114,7 @@ TEST_P(EditTest, deleteThatCannotBeStored_leavesRowAndStock)
     EXPECT_EQ(quantities().size(), 2U);
 }
 
-TEST_P(EditTest, rowDeletedByAnotherProgram_isRefusedAtEveryUpdate_untilTheNextSearch)
+TEST_P(EditTest, rowDeletedByAnother_isRefusedAtEachUpdate_untilTheNextSearch)
 {
     bookThree();
     desk.shop.execute(std::string("DELETE FROM ") + GetParam().table + " WHERE InpDate='20260401090001'");
@@ -155,7 +155,7 @@ TEST_P(EditTest, rowThatCouldNotBeDeleted_isRefusedWhenItIsCorrectedLater)
     }
 }
 
-TEST_P(EditTest, rowThatAFailedInsertLeftBehind_isRefusedWhenItIsCorrected)
+TEST_P(EditTest, rowOfAFailedInsert_isRefusedWhenItIsCorrected)
 {
     bookThree();
     const std::string table = GetParam().table;

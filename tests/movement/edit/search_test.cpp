@@ -25,7 +25,7 @@ TEST_P(EditTest, aThousandRowsLoadUnasked_newestFirst)
     EXPECT_TRUE(desk.frame.enabled);
 }
 
-TEST_P(EditTest, moreThanAThousandRowsAsk_andLoadBehindTheWaitWindow)
+TEST_P(EditTest, moreThanAThousandRowsAsk_andLoadUnderTheWaitWindow)
 {
     fill(1001);
     desk.box.answers = {BoxAnswer::Yes};
@@ -73,7 +73,7 @@ TEST_P(EditTest, searchWithoutResult_emptiesTheGrid_withoutAWord)
     EXPECT_TRUE(desk.frame.enabled);
 }
 
-TEST_P(EditTest, periodWithItsEndBeforeItsStart_isTold_andNothingIsSearched)
+TEST_P(EditTest, periodWithItsEndBeforeItsStart_isReported_notSearched)
 {
     bookThree();
     page->setDefaultDates(u"20260402"_s, u"20260401"_s);
