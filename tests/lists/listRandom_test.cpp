@@ -194,7 +194,7 @@ INSTANTIATE_TEST_SUITE_P(Sides, RandomLists, testing::Values(Side::Receipt, Side
 
 } // namespace
 
-TEST_P(RandomLists, subtotalsAndTotalsAreRightAfterTheSearchAndAfterEverySort)
+TEST_P(RandomLists, subtotalsAndTotals_areRight_afterSearchAndEverySort)
 {
     random.seed(printedSeed());
     makeMovements(400);
@@ -219,7 +219,7 @@ TEST_P(RandomLists, subtotalsAndTotalsAreRightAfterTheSearchAndAfterEverySort)
     }
 }
 
-TEST_P(RandomLists, everySearchAgreesWithAPlainSelectionOfTheSameMovements)
+TEST_P(RandomLists, everySearch_agreesWithAPlainSelection)
 {
     random.seed(printedSeed());
     makeMovements(300);
@@ -258,7 +258,7 @@ TEST_P(RandomLists, everySearchAgreesWithAPlainSelectionOfTheSameMovements)
     EXPECT_GT(found, 0);
 }
 
-TEST_P(RandomLists, sumsByGoodsAreRightAndStayWholeThroughEverySort)
+TEST_P(RandomLists, sumsByGoods_areRight_andStayWholeThroughEverySort)
 {
     random.seed(printedSeed());
     makeMovements(500);

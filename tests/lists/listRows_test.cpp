@@ -75,7 +75,7 @@ TEST_P(ListRowsOf, eachDayEndsInASubtotalAndTheListInATotal)
                           "　　小計|　　（出荷日 計）|||4|5|75|||0|0||", "　　合計||||9|15|3,565|||1|0||"}));
 }
 
-TEST_P(ListRowsOf, subtotalsAreYellowTheTotalGreenAndMovementsPlain)
+TEST_P(ListRowsOf, subtotalsAreYellow_theTotalGreen_andMovementsPlain)
 {
     desk.store({{.date = "20260401"}, {.date = "20260402"}});
     desk.search();
@@ -86,7 +86,7 @@ TEST_P(ListRowsOf, subtotalsAreYellowTheTotalGreenAndMovementsPlain)
     EXPECT_EQ(desk.grid().rowBackColor(5), green);
 }
 
-TEST_P(ListRowsOf, negativeAmountsAreRedAndBoldInMovementsSubtotalsAndTotal)
+TEST_P(ListRowsOf, negativeAmounts_areRedAndBold_inEveryKindOfRow)
 {
     desk.store({{.date = "20260401", .code = "1", .quantity = "-000003"},
                 {.date = "20260402", .code = "2", .quantity = "2"},
@@ -104,7 +104,7 @@ TEST_P(ListRowsOf, negativeAmountsAreRedAndBoldInMovementsSubtotalsAndTotal)
     }
 }
 
-TEST_P(ListRowsOf, amountsAddUpAsDisplayedAndTheOtherFiguresAsStored)
+TEST_P(ListRowsOf, amountsAddUpAsDisplayed_otherFiguresAsStored)
 {
     // Three times 0.4 of a thing at 1 yen: displayed as 0 each, so the amounts add up to 0; the quantities
     // to 1.2.
@@ -188,7 +188,7 @@ TEST_P(ListRowsOf, aFirstRowThatIsGoneStillGivesTheFirstDay)
 
 // ---- sums by goods
 
-TEST_P(ListRowsOf, theSummedViewHasOneRowForEachGoodsPriceAndUnit)
+TEST_P(ListRowsOf, theSummedView_hasOneRowForEachGoodsPriceAndUnit)
 {
     desk.store({returning({.code = "1", .name = "い", .quantity = "3", .price = "0001000", .discount = "10"},
                           "1", "1"),
@@ -218,7 +218,7 @@ TEST_P(ListRowsOf, theSummedViewHasOneRowForEachGoodsPriceAndUnit)
     EXPECT_EQ(desk.cell(desk.cells.index, 3), "3");
 }
 
-TEST_P(ListRowsOf, theSummedViewNamesThePartnerAndThePersonAskedFor)
+TEST_P(ListRowsOf, theSummedView_namesThePartnerAndThePersonAskedFor)
 {
     desk.store({{}});
     desk.control<QComboBox>(u"cmbXLSaki"_s).setCurrentIndex(0);
@@ -232,7 +232,7 @@ TEST_P(ListRowsOf, theSummedViewNamesThePartnerAndThePersonAskedFor)
         << "what is shown describes the search, not the choice as it is now";
 }
 
-TEST_P(ListRowsOf, summedFiguresTooLongForTheirCellsLeaveThemEmpty)
+TEST_P(ListRowsOf, summedFiguresTooLongForTheirCells_leaveThemEmpty)
 {
     desk.store(
         {returning({.code = "1", .quantity = "99999999999998", .price = "1", .discount = "99999999999999"},
@@ -277,7 +277,7 @@ TEST_P(ListRowsOf, theSumsAgreeWithTheMovements)
 
 // ---- the bar
 
-TEST_P(ListRowsOf, theBarGivesSubtotalsAndTotalTheirColoursBack)
+TEST_P(ListRowsOf, theBar_givesSubtotalsAndTotalTheirColoursBack)
 {
     desk.store({{.date = "20260401"}, {.date = "20260402"}});
     desk.search();

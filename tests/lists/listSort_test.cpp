@@ -70,7 +70,7 @@ INSTANTIATE_TEST_SUITE_P(Sides, ListSorting, testing::Values(Side::Receipt, Side
 
 } // namespace
 
-TEST_P(ListSorting, byNameGroupsTheGoodsAndLabelsThemSo)
+TEST_P(ListSorting, byName_groupsTheGoods_andLabelsThemSo)
 {
     storeShelf();
     desk.search();
@@ -81,7 +81,7 @@ TEST_P(ListSorting, byNameGroupsTheGoodsAndLabelsThemSo)
                      "　　合計||100|"}));
 }
 
-TEST_P(ListSorting, byCodeGroupsTheGoodsAndLabelsThemSo)
+TEST_P(ListSorting, byCode_groupsTheGoods_andLabelsThemSo)
 {
     storeShelf();
     desk.search();
@@ -92,7 +92,7 @@ TEST_P(ListSorting, byCodeGroupsTheGoodsAndLabelsThemSo)
                      "　　合計||100|"}));
 }
 
-TEST_P(ListSorting, byPartnerGroupsThePartnersAndNamesTheirHeading)
+TEST_P(ListSorting, byPartner_groupsThePartners_andNamesTheirHeading)
 {
     storeShelf();
     desk.search();
@@ -104,7 +104,7 @@ TEST_P(ListSorting, byPartnerGroupsThePartnersAndNamesTheirHeading)
                      "2026/04/03|りんご|西商店|40", "　　小計|" + label + "||50", "　　合計|||100"}));
 }
 
-TEST_P(ListSorting, byPersonGroupsThePersonsAndNamesTheirHeading)
+TEST_P(ListSorting, byPerson_groupsThePersons_andNamesTheirHeading)
 {
     storeShelf();
     desk.search();
@@ -115,7 +115,7 @@ TEST_P(ListSorting, byPersonGroupsThePersonsAndNamesTheirHeading)
                      "　　小計|　　（担当者 計）||20", "　　合計|||100"}));
 }
 
-TEST_P(ListSorting, byDayStandsAsAfterTheSearch)
+TEST_P(ListSorting, byDay_isAsAfterTheSearch)
 {
     storeShelf();
     desk.search();
@@ -193,7 +193,7 @@ TEST_P(ListSorting, negativeAmountsStayRedAndOnlyThey)
     }
 }
 
-TEST_P(ListSorting, everySumComesFromDisplayedFiguresAfterwards)
+TEST_P(ListSorting, afterwards_everySumComesFromDisplayedFigures)
 {
     desk.store({{.date = "20260401", .code = "1", .quantity = "2.5", .price = "1", .discount = "0.5"},
                 {.date = "20260401", .code = "2", .quantity = "2.5", .price = "1", .discount = "0.5"}});
@@ -221,7 +221,7 @@ TEST_P(ListSorting, theBarStaysWithItsMovementAndItsColumn)
     EXPECT_EQ(barRow(), desk.grid().ActiveRow());
 }
 
-TEST_P(ListSorting, aBarOnASubtotalGoesToTheFirstRowWithoutACode)
+TEST_P(ListSorting, aBarOnASubtotal_goesToTheFirstRowWithoutACode)
 {
     storeShelf();
     desk.search();
@@ -255,7 +255,7 @@ TEST_P(ListSorting, aClickOnAGridWithOneRowOrNoneDoesNothing)
     EXPECT_EQ(headings(), before);
 }
 
-TEST_P(ListSorting, whatIsShownTellsTheViewAndNotTheBoxForSums)
+TEST_P(ListSorting, whatIsShownDecidesTheView_notTheBoxForSums)
 {
     storeShelf();
     desk.search();
@@ -284,7 +284,7 @@ TEST_P(ListSorting, aClickWithTheMouseOnTheHeadingSorts)
 
 // ---- sums by goods
 
-TEST_P(ListSorting, sumsSortByFiguresFromTheGreatestDownAndByTextsUp)
+TEST_P(ListSorting, sums_sortByFiguresDown_andByTextsUp)
 {
     desk.store({{.code = "1", .name = "う", .quantity = "9", .price = "1"},
                 {.code = "2", .name = "い", .quantity = "10", .price = "1"},
@@ -303,7 +303,7 @@ TEST_P(ListSorting, sumsSortByFiguresFromTheGreatestDownAndByTextsUp)
     EXPECT_EQ(columns({&ListCells::code}), (Lines{"3", "2", "1", "4"}));
 }
 
-TEST_P(ListSorting, equalFiguresOfSumsStandByNameThenCode)
+TEST_P(ListSorting, equalFiguresOfSums_areOrderedByName_thenCode)
 {
     desk.store({{.code = "3", .name = "い"}, {.code = "2", .name = "い"}, {.code = "9", .name = "あ"}});
     desk.sumBox().setChecked(true);
@@ -376,7 +376,7 @@ TEST_P(ListSorting, theBarStaysWithItsGoodsInTheSums)
     EXPECT_EQ(desk.grid().ActiveCol(), desk.cells.name);
 }
 
-TEST_P(ListSorting, ofSumsWithOneCodeTheFirstGetsTheBarAndOnlyIt)
+TEST_P(ListSorting, ofSumsWithOneCode_theFirstGetsTheBar_andOnlyIt)
 {
     desk.store({{.code = "1", .price = "0000010"}, {.code = "1", .price = "0000020"}, {.code = "2"}});
     desk.sumBox().setChecked(true);

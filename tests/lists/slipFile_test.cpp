@@ -6,7 +6,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui::test {
 
-TEST_F(Slip, carriesEveryRowOfTheListSubtotalsAndTotalIncluded)
+TEST_F(Slip, carriesEveryRowOfTheList_subtotalsAndTotalIncluded)
 {
     installProgram();
     desk.store({{.code = "4901",
@@ -33,7 +33,7 @@ TEST_F(Slip, carriesEveryRowOfTheListSubtotalsAndTotalIncluded)
     EXPECT_TRUE(started());
 }
 
-TEST_F(Slip, figuresStandAsTheCellsShowThem)
+TEST_F(Slip, figuresAreAsTheCellsShowThem)
 {
     desk.store({{.quantity = "1234", .price = "5678", .partner = "102"}});
     choosePartner(1);
@@ -58,7 +58,7 @@ TEST_F(Slip, ofTheSummedViewHasEmptyRemarks)
     EXPECT_EQ(records[2], (Lines{"1", "い", "100", "1", "個", "0", "100", ""}));
 }
 
-TEST_F(Slip, readsBackCellByCellWithEveryCharacterThatTheCodePageHas)
+TEST_F(Slip, readsBackCellByCell_withEveryCharacterOfTheCodePage)
 {
     const Lines names{"～－①", "〜−",    "髙橋﨑", "ｱｲｳ半角",  "𠮷野家",
                       "é",     "表ソ能", "a\tb",   "一\r\n二", "終わり\\"};

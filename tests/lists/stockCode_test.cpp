@@ -40,7 +40,7 @@ TEST_F(StockTest, shownCode_isFoundWhateverItsLetterCase_andNotReadAgain)
     EXPECT_EQ(text(StockCells::quantity, 1), "1,200");
 }
 
-TEST_F(StockTest, unknownCode_isTold)
+TEST_F(StockTest, unknownCode_isReported)
 {
     furnish();
     search(u"*"_s);
@@ -56,7 +56,7 @@ TEST_F(StockTest, unknownCode_isTold)
     EXPECT_TRUE(frame.enabled);
 }
 
-TEST_F(StockTest, codeThatTheBoxesHide_isTold_andTheViewSwitchesDoNothingAfterwards)
+TEST_F(StockTest, codeThatTheBoxesHide_isReported_andViewSwitchesDoNothing)
 {
     furnish();
     search(u"*"_s);
@@ -81,7 +81,7 @@ TEST_F(StockTest, codeOfTheMasterWithoutStock_isNotUnderTheConditionsEither)
     EXPECT_EQ(box.shown[0].title, u" 在庫数 非該当"_s);
 }
 
-TEST_F(StockTest, stockWhoseGoodsHaveLeftTheMaster_isNoCodeAndNotShown)
+TEST_F(StockTest, stockWithoutGoodsInTheMaster_isUnknown_andNotShown)
 {
     furnish();
     shop.add(zaikoTable, {"GONE", "5", "0", "s", "s"});
@@ -112,7 +112,7 @@ TEST_F(StockTest, scannedTexts_changeNoStatement)
     EXPECT_EQ(codes(), "1234567890123456 ");
 }
 
-TEST_F(StockTest, figureThatIsNoNumber_isShownAsItStands)
+TEST_F(StockTest, figureThatIsNotANumber_isShownAsItIs)
 {
     furnish();
     goods("F6", "壊れた", "many", "3");

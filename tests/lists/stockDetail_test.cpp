@@ -43,7 +43,7 @@ TEST_F(StockDetailTest, goodsThatNeverMoved_showAllSixLines)
     EXPECT_EQ(row(7), "|　合計 （ ③＋④ ）|3|||0|150|本|");
 }
 
-TEST_F(StockDetailTest, movementsStandByPriceAndUnit_withTheirSums)
+TEST_F(StockDetailTest, movementsAreGroupedByPriceAndUnit_withTheirSums)
 {
     goods("A", "鉛筆", "8", "0", "5", "50", "80", "本");
     receipt("A", "0000010", "0000060", "本", "0000100", "0000002");
@@ -251,7 +251,7 @@ TEST_F(StockDetailTest, randomBooks_reckonedApart)
     }
 }
 
-TEST_F(StockDetailTest, withoutComponents_nothingIsConsumed_whateverWasBookedCorrectedAndDeleted)
+TEST_F(StockDetailTest, withoutComponents_nothingIsConsumed_whateverWasBooked)
 {
     for (const char* code : {"A", "B", "C"})
         shop.add(masterTable, {code, "品", "", "5", "50", "2", "80", "個", "0"});

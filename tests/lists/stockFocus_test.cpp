@@ -132,7 +132,7 @@ TEST_F(StockFocusTest, fieldTakesNoFourteenthCharacter_unlessItIsSelected)
     EXPECT_EQ(field().text(), u"*"_s);
 }
 
-TEST_F(StockFocusTest, fieldTellsOfItsWildcards)
+TEST_F(StockFocusTest, field_namesItsWildcards)
 {
     EXPECT_TRUE(field().toolTip().contains(u"「＊」"_s) && field().toolTip().contains(u"「？」"_s));
 }
@@ -150,7 +150,7 @@ TEST_F(StockFocusTest, switchOfTheView_goesToTheGrid)
     EXPECT_TRUE(grid().hasFocus());
 }
 
-TEST_F(StockFocusTest, headingClickedWithTheMouse_sorts_andTheCursorGoesWithItsGoods)
+TEST_F(StockFocusTest, headingClick_sorts_andTheCursorGoesWithItsGoods)
 {
     goods("D4", "消しゴム", "1");
     type(u"*"_s);

@@ -199,7 +199,7 @@ TEST_F(StockTest, detailView_asksBeyondFiveHundred_andWaitsBeyondThirty)
     EXPECT_EQ(grid().MaxRows(), 30 * 7);
 }
 
-TEST_F(StockTest, fieldTakesThirteenCharacters_fromWhichOnBackspaceAndEnterPass)
+TEST_F(StockTest, fieldTakesThirteenCharacters_thenBackspaceAndEnterPass)
 {
     furnish();
     page.barCodeField()->setText(u"1234567890123"_s);

@@ -61,7 +61,7 @@ TEST_F(ListPicturesTest, pagesLookLikeTheStoredPictures)
     }
 }
 
-TEST_F(ListPicturesTest, aPictureWithOneColumnMovedIsNotTakenForTheStoredOne)
+TEST_F(ListPicturesTest, aPictureWithOneColumnMoved_isNotTakenForTheStoredOne)
 {
     std::vector<RowElement> cells(rptList_Stock.cells.begin(), rptList_Stock.cells.end());
     constexpr int twoMillimetres = 120; // in twips, nearly

@@ -44,7 +44,7 @@ TEST(PageCount, isRoundedUp)
     }
 }
 
-TEST(PageFields, areMendedWithoutAWord)
+TEST(PageFields, areCorrectedSilently)
 {
     struct Case
     {
@@ -67,7 +67,7 @@ TEST(PageFields, areMendedWithoutAWord)
             << QStringView(one.last).toUtf8().toStdString();
 }
 
-TEST_F(ListReportTest, everyCellStandsOnItsPageInItsBox)
+TEST_F(ListReportTest, everyCellIsOnItsPage_inItsBox)
 {
     for (const ReportTemplate* report : reports) {
         SCOPED_TRACE(QStringView(report->name).toUtf8().toStdString());
@@ -137,7 +137,7 @@ TEST_F(ListReportTest, aSubtotalRowPrintsInTheBlockOfAMovement)
     }
 }
 
-TEST_F(ListReportTest, aUnitOfSevenCharactersAndARemarkOfEightyStayInTheirPlaces)
+TEST_F(ListReportTest, aUnitOfSevenCharacters_andARemarkOfEighty_stayInTheirPlaces)
 {
     constexpr double points = 20; // twips to the point
     for (const ReportTemplate* report : reports) {
@@ -164,7 +164,7 @@ TEST_F(ListReportTest, aUnitOfSevenCharactersAndARemarkOfEightyStayInTheirPlaces
     }
 }
 
-TEST_F(ListReportTest, aStockDetailPrintsItsBlockRowsLikeMainRows)
+TEST_F(ListReportTest, aStockDetail_printsItsBlockRowsLikeMainRows)
 {
     const auto grid = filledGrid(rptList_Stock, 5 * 7); // five goods, each with a block of six rows
     for (int row = 1; row <= grid->MaxRows(); ++row)
@@ -197,7 +197,7 @@ TEST_F(ListReportTest, twoCopiesAreOneDocumentThatBeginsAgain)
     }
 }
 
-TEST_F(ListReportTest, titlesOfColumnsThatTheViewLeavesEmptyDoNotPrint)
+TEST_F(ListReportTest, titlesOfColumnsThatTheViewLeavesEmpty_doNotPrint)
 {
     struct Case
     {
@@ -254,7 +254,7 @@ TEST_F(ListReportTest, theHeadShowsFilterTimeAndPages)
     }
 }
 
-TEST_F(ListReportTest, rowsThatAreNotThereHaveNeitherLineNorBand)
+TEST_F(ListReportTest, rowsThatAreNotThere_haveNeitherLineNorBand)
 {
     desk.setup->dpi = 300;
     const auto grid = filledGrid(rptList_Stock, 4);
@@ -287,7 +287,7 @@ TEST_F(ListReportTest, theCornerOfThePaperTakesTheFrame)
     EXPECT_EQ(qGray(page.pixel(101, 96)), 255);
 }
 
-TEST_F(ListReportTest, aFileThatCannotBeWrittenIsToldAndLeavesThePrinterUsable)
+TEST_F(ListReportTest, aFileThatCannotBeWritten_isReported_andThePrinterStaysUsable)
 {
     const auto grid = filledGrid(rptList_Out, 30);
     const QString good = desk.setup->file;
@@ -298,7 +298,7 @@ TEST_F(ListReportTest, aFileThatCannotBeWrittenIsToldAndLeavesThePrinterUsable)
     EXPECT_EQ(pdfPages(good), 3);
 }
 
-TEST_F(ListReportTest, aDiskThatFillsUpWhilePrintingIsTold)
+TEST_F(ListReportTest, aDiskThatFillsUpWhilePrinting_isReported)
 {
     desk.setup->file = u"/dev/full"_s;
     const auto grid = filledGrid(rptList_Stock, 2500);
@@ -320,7 +320,7 @@ TEST_F(ListReportTest, anErrorOnTheWayClosesTheDocument)
     EXPECT_FALSE(desk.printer.painter().isActive());
 }
 
-TEST_F(ListReportTest, aGridThatHasShrunkMeanwhilePrintsWhatIsLeft)
+TEST_F(ListReportTest, aGridThatHasShrunkMeanwhile_printsWhatIsLeft)
 {
     const auto grid = filledGrid(rptList_Stock, 60);
     ASSERT_TRUE(desk.select());

@@ -72,7 +72,7 @@ TEST_F(PrintQueueTest, thePrinterStaysChosen)
     EXPECT_EQ(next.deviceName(), QString::fromUtf8(CupsQueue::name));
 }
 
-TEST_F(PrintQueueTest, aPrinterThatIsGoneBeforeTheFirstPageIsTold)
+TEST_F(PrintQueueTest, aPrinterThatIsGoneBeforeTheFirstPage_isReported)
 {
     ASSERT_TRUE(select());
     const auto grid = filledGrid(rptList_In, 30);
@@ -81,7 +81,7 @@ TEST_F(PrintQueueTest, aPrinterThatIsGoneBeforeTheFirstPageIsTold)
     queue->addPrinter();
 }
 
-TEST_F(PrintQueueTest, aPrinterThatGoesAwayWhileTheListIsPrintedIsTold)
+TEST_F(PrintQueueTest, aPrinterThatGoesAwayWhilePrinting_isReported)
 {
     ASSERT_TRUE(select());
     const auto grid = filledGrid(rptList_In, 30);

@@ -60,7 +60,7 @@ TEST_P(ReportButtonTest, withoutAListThereIsABoxAndNothingElse)
     EXPECT_EQ(printing.setup->timesAsked, 0);
 }
 
-TEST_P(ReportButtonTest, theListIsPrintedWithTheConditionsAsTheyStandNow)
+TEST_P(ReportButtonTest, theListIsPrinted_withTheConditionsAsTheyAreNow)
 {
     desk.store({{.name = "ぶどう", .quantity = "0000003", .remark = "至急"},
                 {.date = "20260402", .name = "みかん"}});
@@ -79,7 +79,7 @@ TEST_P(ReportButtonTest, theListIsPrintedWithTheConditionsAsTheyStandNow)
         EXPECT_TRUE(printing.printed().contains(text)) << text.toStdString();
 }
 
-TEST_P(ReportButtonTest, theBoxForSumsHidesTwoTitlesEvenWithoutANewSearch)
+TEST_P(ReportButtonTest, theBoxForSums_hidesTwoTitles_evenWithoutANewSearch)
 {
     desk.store({{.name = "ぶどう"}});
     desk.search();
