@@ -170,7 +170,7 @@ TEST_F(MainWindowTest, guardAnsweredWithYes_writes_andAFailingUpdateStaysDirty)
     EXPECT_EQ(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), std::vector<std::string>{"32"});
 }
 
-TEST_F(MainWindowTest, aChangeOfTab_doesNotLetTheFocusFlashThroughAnotherControl)
+TEST_F(MainWindowTest, aChangeOfTab_letsTheFocusPassNoOtherControl)
 {
     furnish();
     frmMain& main = open();
@@ -192,7 +192,7 @@ TEST_F(MainWindowTest, aChangeOfTab_doesNotLetTheFocusFlashThroughAnotherControl
     }
 }
 
-TEST_F(MainWindowTest, enterInTheQuantityCell_goesToTheCodeField_withItsTextSelected)
+TEST_F(MainWindowTest, enterInTheQuantityCell_goesToTheCodeField_selected)
 {
     furnish();
     open();

@@ -63,7 +63,7 @@ TEST(LabelsOfTheEntryTabs, oneLabelOfEachRow_isTheDesignedChoice)
         << "the mark is used up";
 }
 
-TEST(LabelsOfTheEntryTabs, byQuantity_theCellsPrintAsTheyStand_savedOrNot)
+TEST(LabelsOfTheEntryTabs, byQuantity_theCellsPrintAsTheyAre_savedOrNot)
 {
     LabelWindow desk;
     desk.leaveAnEdit(); // 20 in the cell, 12 stored
@@ -96,7 +96,7 @@ TEST(LabelsOfTheEntryTabs, anEmptyGrid_isRefused)
     EXPECT_TRUE(desk.window->formEnabled());
 }
 
-TEST(LabelsOfTheEntryTabs, captionsStandAsTheyAreKnown)
+TEST(LabelsOfTheEntryTabs, captionsAreTheKnownOnes)
 {
     LabelWindow desk;
     EXPECT_EQ(desk.control<QRadioButton>(u"optNPrint1"_s).text(), u" １枚 印刷します"_s);

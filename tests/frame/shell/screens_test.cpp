@@ -253,13 +253,13 @@ TEST(WaitWindows, showTheirTextsInFull)
     wait.unload();
 }
 
-TEST(EndDialog, isGoodForKeysAndEars)
+TEST(EndDialog, canBeUsedByKeysAndByEar)
 {
     frm_End dialog([] { return QString(); }, nullptr);
     expectGoodDialog(dialog);
 }
 
-TEST(ReportDialogs, areGoodForKeysAndEars)
+TEST(ReportDialogs, canBeUsedByKeysAndByEar)
 {
     ReportDesk desk;
     AppIni ini;
@@ -274,7 +274,7 @@ TEST(ReportDialogs, areGoodForKeysAndEars)
     }
 }
 
-TEST(HistoryDialogs, areGoodForKeysAndEars)
+TEST(HistoryDialogs, canBeUsedByKeysAndByEar)
 {
     DialogDesk desk;
     for (const char* period : {"202601", "202602", "202603"})
@@ -296,7 +296,7 @@ TEST(HistoryDialogs, areGoodForKeysAndEars)
     }
 }
 
-TEST(LabelDialog, isGoodForEarsOnEverySheet)
+TEST(LabelDialog, canBeUsedByEarOnEverySheet)
 {
     LabelDialogDesk desk;
     frm_PriCheck& dialog = desk.open();

@@ -326,7 +326,7 @@ TEST_F(TypedScanTest, textWithoutAnEnd_isHeldNoFurtherThanAScanCanBeLong)
     EXPECT_EQ(scans, QStringList{u"4901001000017"_s});
 }
 
-TEST_F(TypedScanTest, keysThatTheProgramTypes_areNoScans)
+TEST_F(TypedScanTest, keysThatTheProgramTypes_areNotScans)
 {
     other.setFocus();
     SendKeys(u"[E]12345678~"_s);
@@ -353,7 +353,7 @@ TEST_F(TypedScanTest, openChoice_closesForAScan)
     EXPECT_EQ(list.currentIndex(), 0);
 }
 
-TEST(TypedScanGate, scansTakeTheirTurnBehindHeldKeys)
+TEST(TypedScanGate, scansTakeTheirTurn_afterHeldKeys)
 {
     QWidget form;
     QLineEdit field(&form);
