@@ -189,7 +189,7 @@ class LabelPaperLong : public LabelPaper
 
 } // namespace
 
-TEST_F(LabelPaper, everyLabelOfEverySheet_readsBackToItsCode_withItsBarsOnTheirDots)
+TEST_F(LabelPaper, onEverySheet_everyLabelReadsBack_withItsBarsOnTheirDots)
 {
     for (const LabelSheet& sheet : labelSheets) {
         const LabelJob job = jobOf(sheet);
@@ -213,7 +213,7 @@ TEST_F(LabelPaper, everyLabelOfEverySheet_readsBackToItsCode_withItsBarsOnTheirD
     EXPECT_EQ(failures, 0);
 }
 
-TEST_F(LabelPaper, theWidestPitchThatFits_readsBack_onEverySheet_andTheNarrowestOnTheFullest)
+TEST_F(LabelPaper, theWidestPitchOfEverySheet_andTheNarrowest_readBack)
 {
     const LabelSheet* fullest = &labelSheets[0];
     for (const LabelSheet& sheet : labelSheets) {
@@ -255,7 +255,7 @@ TEST_F(LabelPaper, aCodeOfSixteenCharactersOfEveryKind_readsBack)
     EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, true)), joined(codes));
 }
 
-TEST_F(LabelPaper, onAPrinterWithAMargin_theBarsStandAtTheSameMillimetres)
+TEST_F(LabelPaper, onAPrinterWithAMargin_theBarsAreAtTheSameMillimetres)
 {
     setup->margins = {18, 24, 18, 18};
     LabelJob job = jobOf(labelSheets[0]);
@@ -282,7 +282,7 @@ TEST_F(LabelPaper, aMarginWiderThanTheStart_leavesTheBarsAtTheirMillimetres)
     EXPECT_EQ(failures, 0);
 }
 
-TEST_F(LabelPaper, aCodeThatTheSymbologyCannotCarry_hasNoBars_andTheOthersStand)
+TEST_F(LabelPaper, aCodeThatTheSymbologyCannotCarry_hasNoBars_theOthersDo)
 {
     setup->dpi = 300;
     fill({u"鉛筆01"_s, u"A1"_s, u"ﾊﾞｰ"_s, QString(200, u'X'), u"A2"_s});
@@ -318,7 +318,7 @@ TEST_F(LabelPaper, aFileThatCannotBeWritten_isReportedOnce)
     EXPECT_EQ(failures, 1);
 }
 
-TEST_F(LabelPaper, aStepIsAsWideOnThreeHundredDotsAsOnSixHundred)
+TEST_F(LabelPaper, aStep_isAsWideOnThreeHundredDots_asOnSixHundred)
 {
     for (int step = 1; step <= barPitchSteps; ++step) {
         EXPECT_EQ(barPitchDots(step, 300), step);

@@ -92,7 +92,7 @@ TEST(PagePicture, aQuietZoneThatCannotBeKept_isWarnedOf)
     EXPECT_EQ(preview.draw().worst, BarFit::NoQuietZone);
 }
 
-TEST(PagePicture, barsBeyondThePaper_withoutHeight_orHigherThanTheirLabel_areRed)
+TEST(PagePicture, bars_beyondThePaper_withoutHeight_orTooHigh_areRed)
 {
     Preview preview(Rows{{"4901234567894"}});
     preview.job.grid.start.x = 190_mm;
@@ -135,7 +135,7 @@ TEST(PagePicture, functionCodesThatRunIntoTheLabels_areRed)
     EXPECT_EQ(preview.draw(1, 5).worst, BarFit::NoQuietZone) << "the codes stand too close for thick bars";
 }
 
-TEST(PagePicture, aQuantityThatIsNoNumber_isTold_andThePictureStands)
+TEST(PagePicture, aQuantityThatIsNotANumber_isReported_andThePictureStays)
 {
     Preview preview(Rows{{"A1", "1"}, {"B1", "many"}});
     const PagePicture page = preview.draw();
