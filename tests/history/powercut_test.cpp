@@ -170,7 +170,7 @@ std::string faultAfter(const HistoryDesk& desk, const Record& record, std::size_
 
 } // namespace
 
-TEST(PowerCut, atAnyMoment_leavesWholeUnits_andEverythingThatWasReportedAsDone)
+TEST(PowerCut, atAnyMoment_leavesWholeUnits_andAllThatWasReported)
 {
     Day day;
     Record record;
