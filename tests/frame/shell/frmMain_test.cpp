@@ -104,7 +104,7 @@ TEST_F(MainWindowTest, listsDatesAndCaptions_areFilled)
     EXPECT_TRUE(field(Tab::Receipt).hasFocus());
 }
 
-TEST_F(MainWindowTest, emptyFirstHeading_leavesEverythingAsDesigned_andStillSearchesTheFirstTab)
+TEST_F(MainWindowTest, emptyFirstHeading_leavesAllAsDesigned_andStillSearches)
 {
     furnish();
     QFile file(shop.base() + u"/Ini/AppIni.ini"_s);
