@@ -149,7 +149,7 @@ TEST_F(FramesTest, aMegabyteWithoutAnEnd_isALineWhenItsEndComes)
     EXPECT_EQ(look(), u"next"_s);
 }
 
-TEST_F(FramesTest, bytesThatAreNoText_spoilNothingElse)
+TEST_F(FramesTest, bytesThatAreNotText_spoilNothingElse)
 {
     EXPECT_EQ(look("\xFF\xFE"
                    "4901\x81\r\n4902\r\n"),

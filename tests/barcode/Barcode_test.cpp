@@ -71,7 +71,7 @@ TEST_F(BarcodeTest, nothingIsRead_beforeThePortIsOpen)
     EXPECT_TRUE(desk.barcode.CommRead().isEmpty());
 }
 
-TEST_F(BarcodeTest, everySettingThatIsNone_isToldOnce_andTheReaderIsDead)
+TEST_F(BarcodeTest, everyBadSetting_isReportedOnce_andTheReaderIsDead)
 {
     const BadSetting bad[] = {
         {&ReaderSettings::commKind, u"x"_s},       {&ReaderSettings::commKind, u"32768"_s},
@@ -103,13 +103,13 @@ TEST_F(BarcodeTest, aKindThatIsNotSet_harmsNothing)
     EXPECT_EQ(desk.lines(), QStringList{u"4901"_s});
 }
 
-TEST_F(BarcodeTest, aMissingDeviceIsTold)
+TEST_F(BarcodeTest, aMissingDevice_isReported)
 {
     desk.device = u"/dev/no such reader"_s;
     expectFailure();
 }
 
-TEST_F(BarcodeTest, aPortInUseIsTold)
+TEST_F(BarcodeTest, aPortInUse_isReported)
 {
     MSComm other([this](int) { return desk.reader.device(); });
     other.setPortOpen(true);
@@ -117,7 +117,7 @@ TEST_F(BarcodeTest, aPortInUseIsTold)
     other.setPortOpen(false);
 }
 
-TEST_F(BarcodeTest, settingsThatCannotBeRead_areTold)
+TEST_F(BarcodeTest, settingsThatCannotBeRead_areReported)
 {
     std::vector<std::string> happened;
     Barcode barcode([]() -> ReaderSettings { throw RunTimeError(RunTimeError::FileNotFound, "AppEnv.ini"); },
@@ -128,7 +128,7 @@ TEST_F(BarcodeTest, settingsThatCannotBeRead_areTold)
     EXPECT_EQ(barcode.line(), QString());
 }
 
-TEST_F(BarcodeTest, afterAFailedOpening_readsDoNotTouchThePort_norDoesTheEndCloseIt)
+TEST_F(BarcodeTest, afterAFailedOpening_neitherReadsNorTheEnd_touchThePort)
 {
     std::optional<Barcode> barcode;
     barcode.emplace([this] { return desk.settings; }, desk.box, [] {});
@@ -199,7 +199,7 @@ TEST_F(BarcodeTest, theEndClosesThePort_andAnotherProgramMayHaveIt)
     EXPECT_TRUE(other.portOpen());
 }
 
-TEST_F(BarcodeTest, afterCommClose_nothingIsReadOrWritten_andASecondCloseIsNothing)
+TEST_F(BarcodeTest, afterCommClose_nothingIsReadOrWritten_norClosedAgain)
 {
     open();
     desk.send("4901\r\n");

@@ -101,7 +101,7 @@ TEST(ScanDispatch, theRangeOfTabsIsComparedAsText)
     EXPECT_EQ(after(u"[2.5]"_s), QStringList{u"tab 2"_s});
 }
 
-TEST(ScanDispatch, aFunctionInTheRangeThatIsNoTab_isARunTimeError_andSoIsALoneSign)
+TEST(ScanDispatch, inTheRange_whatIsNotATab_orALoneSign_isARunTimeError)
 {
     const Failure failures[] = {
         {u"[10]"_s, RunTimeError::SubscriptOutOfRange},

@@ -79,7 +79,7 @@ QStringList inDialog(const QString& value)
 
 } // namespace
 
-TEST(ScannedValue, isToldByItsFirstAndLastCharacter)
+TEST(ScannedValue, isKnownByItsFirstAndLastCharacter)
 {
     for (const Case& one : cases) {
         const ScannedValue scanned = classify(one.value);

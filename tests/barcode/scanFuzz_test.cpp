@@ -147,7 +147,7 @@ TEST(ScanFuzz, framesInRandomPieces_comeOutWholeAndInOrder)
     EXPECT_EQ(desk.lines(), QStringList{u"4901001000017"_s});
 }
 
-TEST(ScanFuzz, whateverAReaderSends_isDispatchedDroppedOrAnError_andTheNextCodeIsRead)
+TEST(ScanFuzz, whateverAReaderSends_isHandled_andTheNextCodeIsRead)
 {
     ReaderDesk desk;
     (void)desk.barcode.BarCodeInit(&desk.comm);
@@ -172,7 +172,7 @@ TEST(ScanFuzz, whateverAReaderSends_isDispatchedDroppedOrAnError_andTheNextCodeI
     }
 }
 
-TEST(ScanFuzz, readerSettingsThatAreNonsense_openThePort_orAreToldOnce)
+TEST(ScanFuzz, readerSettingsThatAreNonsense_openThePort_orAreReportedOnce)
 {
     std::mt19937 random(printedSeed());
     const QStringList words{u"9600"_s, u"115200"_s, u"N"_s,     u"e"_s,  u"8"_s,  u"7"_s,

@@ -88,7 +88,7 @@ TEST_P(BookingTest, storesEveryTextInItsColumn)
               Texts{isReceipt() ? "0000003|0000004|急ぎ" : "0000003|0000004|0000005|急ぎ"});
 }
 
-TEST_P(BookingTest, codeThatNobodyKnows_orThatIsNone_booksNothing)
+TEST_P(BookingTest, codeThatNobodyKnows_orThatIsNotACode_booksNothing)
 {
     desk.goods("A", "1", "1");
     desk.goods("A'1", "1", "1"); // nobody registers one; a scan of it finds nothing all the same
@@ -105,7 +105,7 @@ TEST_P(BookingTest, emptyDefaultQuantity_isNothing)
     EXPECT_EQ(desk.stockOf("A"), "none") << "a delta of \"0\" moves nothing";
 }
 
-TEST_P(BookingTest, defaultQuantityWithZeros_isTheTextOfAFirstReceipt_andANumberAfterwards)
+TEST_P(BookingTest, defaultQuantityWithZeros_isATextAtFirst_andANumberAfterwards)
 {
     desk.goods("A", "0012", "0012");
     ASSERT_EQ(tab.book("A"), BookResult::Stored);
@@ -135,7 +135,7 @@ TEST_P(BookingTest, components_goDownWithAReceipt_andStayAtAShipment)
     EXPECT_EQ(desk.stockOf("SET"), isReceipt() ? "12" : "8");
 }
 
-TEST_P(BookingTest, stockBelowNothing_isTold_andBookedAllTheSame)
+TEST_P(BookingTest, stockBelowNothing_isReported_andBookedAllTheSame)
 {
     desk.goods("SET", "2", "2");
     desk.goods("PART", "1", "1");

@@ -94,7 +94,7 @@ TEST_F(ZaikoPostTest, stockFallingToItsMinimum_isSilent)
     expectSilent("A1", "-1", "0");
 }
 
-TEST_F(ZaikoPostTest, firstShipmentWithoutRow_warnsWithoutClosingSentence_andStoresTheDeltaText)
+TEST_F(ZaikoPostTest, firstShipmentWithoutRow_warnsWithoutAdvice_andStoresTheText)
 {
     goods("A1", "0");
     EXPECT_EQ(post("A1", "-3", "鉛筆"), PostResult::Posted);

@@ -143,7 +143,7 @@ TEST(CarryForward, runAgain_givesTheSame)
     EXPECT_EQ(desk.stockColumn("UpdDate"), Lines{"A|20260401090001"});
 }
 
-TEST(CarryForward, quantityThatIsNoNumber_failsForAStockedCode_andChangesNothing)
+TEST(CarryForward, quantityThatIsNotANumber_fails_andChangesNothing)
 {
     BooksDesk desk;
     desk.stock("A", "10", "3");

@@ -121,7 +121,7 @@ TEST_F(ComponentChangeTest, aShopThatIsStillBeingFilled_getsNoStockRows)
     EXPECT_EQ(shop.query("SELECT count(*) FROM ZaikoTB"), Texts{"0"});
 }
 
-TEST_F(ComponentChangeTest, returns_countAsPostingsHaveThem_andAfterASavedPeriodAsItsSavingHasThem)
+TEST_F(ComponentChangeTest, returns_countAsPosted_andAfterASavedPeriodAsSaved)
 {
     receive("SET", "0000004", "20260401110000", "0000001");
     shop.execute("UPDATE ZaikoTB SET ZaikoSuu='8' WHERE Code='SET'");

@@ -106,7 +106,7 @@ const QString loadFailed =
 
 } // namespace
 
-TEST(SaveButton, firstTime_asksForTheExtension_andTellsWhenDone)
+TEST(SaveButton, firstTime_asksForTheExtension_andSaysWhenDone)
 {
     ButtonDesk desk;
     desk.prompts.extensions = {u"hst"_s};
@@ -162,7 +162,7 @@ TEST(SaveButton, withoutAnExtension_doesNothing)
     EXPECT_TRUE(desk.focused(desk.out));
 }
 
-TEST(SaveButton, cancelledAfterTheExtension_leavesItPending_forTheNextCommitOfAnyScreen)
+TEST(SaveButton, cancelledAfterTheExtension_leavesItPending_forTheNextCommit)
 {
     ButtonDesk desk;
     desk.prompts.extensions = {u"hst"_s};
@@ -188,7 +188,7 @@ TEST(SaveButton, extensionThatIsPending_goesWithTheNextRollback)
     EXPECT_EQ(desk.prompts.asked.back().pattern, u"RRK*.old"_s);
 }
 
-TEST(SaveButton, failedSave_isTold_andUndone_withTheExtension)
+TEST(SaveButton, failedSave_isReported_andUndone_withTheExtension)
 {
     ButtonDesk desk;
     desk.receipt("A", "0000001", "20260120", "20260120090000", "it's");
@@ -219,7 +219,7 @@ TEST(SaveButton, refusalOfTheFileSystem_showsTheReport_andThenTheCompletion)
     EXPECT_EQ(desk.tabsRead, 1);
 }
 
-TEST(SaveButton, listThatCannotBeRead_stopsIt_withoutAskingForASecondExtension)
+TEST(SaveButton, listThatCannotBeRead_stopsIt_withoutAskingTwice)
 {
     ButtonDesk desk;
     desk.save();
@@ -301,7 +301,7 @@ TEST(LoadButton, withPeriodsButNoExtension_saysThatNothingWasSaved)
     EXPECT_EQ(desk.box.shown.at(0).title, u" 履歴の未保存"_s);
 }
 
-TEST(LoadButton, tellsWhenDone_andLeavesTheExtensionAlone)
+TEST(LoadButton, saysWhenDone_andLeavesTheExtensionAlone)
 {
     ButtonDesk desk;
     const Lines movements = desk.movements();
@@ -324,7 +324,7 @@ TEST(LoadButton, tellsWhenDone_andLeavesTheExtensionAlone)
     EXPECT_EQ(desk.box.shown.at(0).title, u" 履歴の未保存"_s);
 }
 
-TEST(LoadButton, failedLoad_isTold_andKeepsTheFile)
+TEST(LoadButton, failedLoad_isReported_andKeepsTheFile)
 {
     ButtonDesk desk;
     desk.save();

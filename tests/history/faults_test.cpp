@@ -141,7 +141,7 @@ TEST(SaveFaults, periodThatIsListedAlready_undoesEverything)
     desk.expectSaveFails();
 }
 
-TEST(SaveFaults, templateThatHoldsRows_isNoTemplate)
+TEST(SaveFaults, templateThatHoldsRows_isNotATemplate)
 {
     FaultyDesk desk;
     ASSERT_EQ(::unlink(desk.emptyDatabase().c_str()), 0);
@@ -149,7 +149,7 @@ TEST(SaveFaults, templateThatHoldsRows_isNoTemplate)
     desk.expectSaveFails();
 }
 
-TEST(SaveFaults, templateThatIsNoDatabase_undoesEverything)
+TEST(SaveFaults, templateThatIsNotADatabase_undoesEverything)
 {
     FaultyDesk desk;
     write(QString::fromStdString(desk.emptyDatabase()), "これはデータベースではありません。");
@@ -172,7 +172,7 @@ TEST(SaveFaults, nameThatIsTakenMeanwhile_isLeftToItsOwner)
     EXPECT_EQ(bytesOf(desk.fileOf(january)), "somebody else's");
 }
 
-TEST(SaveFaults, fileLeftBehindByAKilledProgram_isNoObstacle)
+TEST(SaveFaults, fileOfAKilledProgram_doesNotGetInTheWay)
 {
     FaultyDesk desk;
     write(desk.folder() + QStringLiteral("/.RRK20260101-20260131.hst.new"), "half a file");

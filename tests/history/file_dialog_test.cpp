@@ -131,7 +131,7 @@ TEST(FileDialog, clickOnAFile_choosesIt_andDoubleClickDecides)
     EXPECT_EQ(desk.dialog->FileName(), u"RRK20260201-20260228"_s);
 }
 
-TEST(FileDialog, isWorkedByKeys)
+TEST(FileDialog, canBeUsedByKeys)
 {
     FileDesk desk;
     desk.open(false);
@@ -201,7 +201,7 @@ TEST(FileDialog, enterInTheList_isTheButton_alsoWhenNothingIsChosen)
     EXPECT_FALSE(desk.dialog->isVisible());
 }
 
-TEST(FileDialog, withoutAFile_isTold)
+TEST(FileDialog, withoutAFile_isReported)
 {
     FileDesk desk;
     desk.open(false);
@@ -216,7 +216,7 @@ TEST(FileDialog, withoutAFile_isTold)
     desk.expectNothingTaken();
 }
 
-TEST(FileDialog, nameWithAForbiddenCharacter_isTold)
+TEST(FileDialog, nameWithAForbiddenCharacter_isReported)
 {
     FileDesk desk;
     QFile(desk.folder() + u"/RRK20260501-20260531;.hst"_s).open(QIODevice::WriteOnly);
@@ -283,7 +283,7 @@ TEST(FileDialog, folderOfLastTimeThatIsGone_isPassedOver)
     EXPECT_EQ(control<QLabel>(*desk.dialog, u"lblFolder"_s).text(), QDir::currentPath());
 }
 
-TEST(FileDialog, folderThatCannotBeReached_isTold_andTheOneBeforeStays)
+TEST(FileDialog, folderThatCannotBeReached_isReported_andTheOneBeforeStays)
 {
     FileDesk desk;
     desk.open(false);
@@ -306,7 +306,7 @@ TEST(FileDialog, folderThatCannotBeReached_isTold_andTheOneBeforeStays)
     EXPECT_TRUE(eventually([&] { return tree.currentIndex().data().toString() == u"old"_s; }));
 }
 
-TEST(FileDialog, folderThatIsGoneAtTheDecision_isTold)
+TEST(FileDialog, folderThatIsGoneAtTheDecision_isReported)
 {
     FileDesk desk;
     desk.open(true);
@@ -317,7 +317,7 @@ TEST(FileDialog, folderThatIsGoneAtTheDecision_isTold)
     desk.expectNothingTaken();
 }
 
-TEST(FileDialog, folderThatDisappearsUnderTheConfirmation_isTold_andNoOtherTakesItsPlace)
+TEST(FileDialog, folderThatGoesUnderTheConfirmation_isReported_notReplaced)
 {
     for (const bool save : {true, false}) {
         FileDesk desk;

@@ -13,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui::test {
 
-TEST(FirstFolder, withoutAFolderOfLastTime_theDialogOpensWhereTheFolderListStands)
+TEST(FirstFolder, withoutAFolderOfLastTime_theDialogOpensAtTheFolderList)
 {
     DialogDesk desk;
     ASSERT_EQ(desk.ini.LastHistoryFolder(), QString());

@@ -171,7 +171,7 @@ TEST(PeriodDialog, padsTheDates)
     desk.expectTaken("20260102", "20260131");
 }
 
-TEST(PeriodDialog, wrongDate_isTold_andHasTheFocus)
+TEST(PeriodDialog, wrongDate_isReported_andHasTheFocus)
 {
     PeriodDesk desk;
     desk.ask(u"20260230"_s, u"20260331"_s);
@@ -184,7 +184,7 @@ TEST(PeriodDialog, wrongDate_isTold_andHasTheFocus)
     desk.expectWaiting();
 }
 
-TEST(PeriodDialog, firstDayAfterTheLast_isTold)
+TEST(PeriodDialog, firstDayAfterTheLast_isReported)
 {
     PeriodDesk desk;
     desk.expectTold(
@@ -194,7 +194,7 @@ TEST(PeriodDialog, firstDayAfterTheLast_isTold)
     desk.expectWaiting();
 }
 
-TEST(PeriodDialog, periodWithoutMovements_isTold)
+TEST(PeriodDialog, periodWithoutMovements_isReported)
 {
     PeriodDesk desk;
     desk.expectTold(
@@ -204,7 +204,7 @@ TEST(PeriodDialog, periodWithoutMovements_isTold)
     desk.expectWaiting();
 }
 
-TEST(PeriodDialog, periodThatIsSavedAlready_isTold)
+TEST(PeriodDialog, periodThatIsSavedAlready_isReported)
 {
     PeriodDesk desk;
     desk.listPeriod("20260101", "20260131");
@@ -230,7 +230,7 @@ TEST(PeriodDialog, overlap_asks_withNoAsTheDefault)
     desk.expectTaken("20260101", "20260131");
 }
 
-TEST(PeriodDialog, overlapIsFound_whereverTheSavedPeriodLies_andNotWhenItMerelyTouches)
+TEST(PeriodDialog, overlapIsFound_whereverItIs_andNotWherePeriodsOnlyTouch)
 {
     const struct
     {
@@ -256,7 +256,7 @@ TEST(PeriodDialog, overlapIsFound_whereverTheSavedPeriodLies_andNotWhenItMerelyT
     }
 }
 
-TEST(PeriodDialog, searchThatFails_isTold)
+TEST(PeriodDialog, searchThatFails_isReported)
 {
     const struct
     {

@@ -58,7 +58,7 @@ struct Day : HistoryDesk
     void correct()
     {
         frame.tab = Tab::Receipt;
-        EntryDesk::edit(*pages[0], quantityCell, 1, "8");
+        EntryDesk::edit(*pages[0], movementSide(Side::Receipt).cells.quantity, 1, "8");
         box.answers = {BoxAnswer::Yes};
         pages[0]->cmdKousin_Click();
         ASSERT_EQ(box.shown.size(), 2U);
@@ -66,7 +66,6 @@ struct Day : HistoryDesk
         box.shown.clear();
     }
 
-    static constexpr int quantityCell = 4;
     std::vector<std::unique_ptr<MovementPage>> pages;
 };
 
@@ -171,7 +170,7 @@ std::string faultAfter(const HistoryDesk& desk, const Record& record, std::size_
 
 } // namespace
 
-TEST(PowerCut, atAnyMoment_leavesWholeUnits_andEverythingThatWasReportedAsDone)
+TEST(PowerCut, atAnyMoment_leavesWholeUnits_andAllThatWasReported)
 {
     Day day;
     Record record;

@@ -173,7 +173,7 @@ TEST(Load, rowThatTheWorkingTablesHoldAlready_staysAsItIsThere)
     EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"A|-67", "B|0", "C|7"}));
 }
 
-TEST(Load, fileWithAnotherName_isAccepted_asLongAsItTellsTheSamePeriodByPosition)
+TEST(Load, fileWithAnotherName_isAccepted_withItsPeriodInItsPlace)
 {
     HistoryDesk desk;
     fill(desk);
@@ -185,7 +185,7 @@ TEST(Load, fileWithAnotherName_isAccepted_asLongAsItTellsTheSamePeriodByPosition
     EXPECT_FALSE(QFile::exists(renamed));
 }
 
-TEST(Load, fileThatTellsNoSavedPeriod_isNotOfThisDatabase)
+TEST(Load, fileWithoutASavedPeriod_isNotOfThisDatabase)
 {
     const QString names[] = {QStringLiteral("RRK20260102-20260131"), QStringLiteral("RRK-20260101-20260131"),
                              QStringLiteral("RRK"), QStringLiteral("RRK20260101-' Or ''='"),
@@ -280,7 +280,7 @@ TEST(Save, ofAnOverlappingPeriod_takesOnlyWhatIsStillInTheTables)
     EXPECT_EQ(desk.movements(), movements);
 }
 
-TEST(Save, keepsWhateverStandsInAColumn_exceptAQuote)
+TEST(Save, keepsWhateverAColumnHolds_exceptAQuote)
 {
     HistoryDesk desk;
     desk.stock("A", "1", "0");

@@ -126,7 +126,7 @@ TEST(UnfinishedSave, onAStickThatIsOut_waitsForIt)
     }
 }
 
-TEST(UnfinishedSave, onAStickThatIsMountedElsewhere_getsItsNameWhenItsFolderIsShown)
+TEST(UnfinishedSave, onAStickMountedElsewhere_getsItsNameWhereItsFolderIsShown)
 {
     StickDesk desk;
     desk.killBeforeTheName();
@@ -169,7 +169,7 @@ TEST(UnfinishedSave, whileTheListCannotBeRead_staysAsItIs)
     EXPECT_EQ(desk.ini.SaveInTheMaking(), desk.fileOf(january));
 }
 
-TEST(Save, toAStickThatIsPulledOutAfterTheCommit_isComplete_andSaysWhatToDo)
+TEST(Save, toAStickPulledOutAfterTheCommit_isComplete_andSaysWhatToDo)
 {
     StickDesk desk;
     const Lines movements = desk.movements();
@@ -194,7 +194,7 @@ TEST(Save, toAStickThatIsPulledOutAfterTheCommit_isComplete_andSaysWhatToDo)
     EXPECT_EQ(desk.movements(), movements);
 }
 
-TEST(Save, toAStickThatIsPulledOutBeforeTheCommit_fails_andLeavesNothingInTheEnd)
+TEST(Save, toAStickPulledOutBeforeTheCommit_fails_andLeavesNothing)
 {
     StickDesk desk;
     EventfulFrame frame;
@@ -260,7 +260,7 @@ TEST(Load, ofACopyOfTheFile_isTaken_whateverItsDate)
     EXPECT_FALSE(QFile::exists(copy));
 }
 
-TEST(Load, ofAFileThatDoesNotFitTheList_orIsDamaged_isRefused_andTheFileKept)
+TEST(Load, ofAnotherFile_orADamagedOne_isRefused_andTheFileKept)
 {
     const TempShop foreign;
     const std::string foreignBytes = bytesOf(QString::fromStdString(foreign.databaseFile()));

@@ -134,7 +134,7 @@ struct ListDesk : ServiceDesk
     [[nodiscard]] std::string row(int number) const
     {
         std::string joined = cell(1, number);
-        for (int col = 2; col < grid().MaxCols(); ++col)
+        for (int col = 2; col < cells.index; ++col)
             joined += "|" + cell(col, number);
         return joined;
     }
@@ -158,6 +158,7 @@ struct ListDesk : ServiceDesk
     }
 
     Side side;
+    const ListCells& cells = listSide(side).cells;
     std::unique_ptr<MovementListPage> page;
     long long stored = 0;
 };

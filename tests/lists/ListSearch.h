@@ -17,8 +17,8 @@ protected:
     {
         std::string all;
         for (int row = 1; row <= desk.grid().MaxRows(); ++row)
-            if (!desk.cell(8, row).empty())
-                all += desk.cell(8, row) + " ";
+            if (!desk.cell(desk.cells.code, row).empty())
+                all += desk.cell(desk.cells.code, row) + " ";
         return all;
     }
     [[nodiscard]] std::string headings() const

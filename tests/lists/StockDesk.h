@@ -64,11 +64,11 @@ struct StockDesk : ServiceDesk
     }
     [[nodiscard]] vaSpread& grid() { return *page.grid(); }
     [[nodiscard]] std::string text(int col, int row) { return std::string(grid().text(col, row)); }
-    /// Cells 1 to 9 of a row, parted by "|".
+    /// The cells of a row but for the hidden one, parted by "|".
     [[nodiscard]] std::string row(int number)
     {
-        std::string all = text(1, number);
-        for (int col = 2; col <= 9; ++col)
+        std::string all = text(StockCells::code, number);
+        for (int col = StockCells::code + 1; col < StockCells::index; ++col)
             all += "|" + text(col, number);
         return all;
     }
@@ -78,8 +78,8 @@ struct StockDesk : ServiceDesk
     {
         std::string all;
         for (int number = 1; number <= grid().MaxRows(); ++number)
-            if (!text(1, number).empty())
-                all += text(1, number) + " ";
+            if (!text(StockCells::code, number).empty())
+                all += text(StockCells::code, number) + " ";
         return all;
     }
     template <typename Widget> Widget& control(const char* name)

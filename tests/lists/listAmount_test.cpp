@@ -44,7 +44,7 @@ TEST_P(ListSearch, noToTheQuestionLeavesTheListThatWasThere)
     EXPECT_EQ(desk.isShipment() ? desk.db.OutList().Count() : desk.db.InpList().Count(), 0);
 }
 
-TEST_P(ListSearch, fiveHundredMovementsLoadWithoutTheWaitWindowAndOneMoreWithIt)
+TEST_P(ListSearch, fiveHundredMovements_needNoWaitWindow_oneMoreDoes)
 {
     desk.storeMany(500);
     desk.search();
@@ -55,7 +55,7 @@ TEST_P(ListSearch, fiveHundredMovementsLoadWithoutTheWaitWindowAndOneMoreWithIt)
     EXPECT_TRUE(desk.box.shown.empty());
 }
 
-TEST_P(ListSearch, theSummedViewShowsAWaitWindowOnlyAfterAQuestion)
+TEST_P(ListSearch, theSummedView_showsAWaitWindow_onlyAfterAQuestion)
 {
     desk.storeMany(1000);
     desk.sumBox().setChecked(true);

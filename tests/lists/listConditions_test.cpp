@@ -7,7 +7,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui::test {
 
-TEST_P(ListSearch, aRegisteredCodeShowsItsNameAndIsListedAlone)
+TEST_P(ListSearch, aRegisteredCode_showsItsName_andIsListedAlone)
 {
     desk.goods("4901", "りんご");
     desk.goods("4902", "みかん");
@@ -50,7 +50,7 @@ TEST_P(ListSearch, aTextThatEnterHasNotConfirmedHasNoEffect)
     EXPECT_EQ(codes(), "4901 ");
 }
 
-TEST_P(ListSearch, anUnknownCodeIsToldAndEverythingStaysAsItWas)
+TEST_P(ListSearch, anUnknownCode_isReported_andEverythingStaysAsItWas)
 {
     desk.store({{.code = "4901"}, {.code = "4902"}});
     desk.enter(u"*1"_s);
@@ -81,7 +81,7 @@ TEST_P(ListSearch, aPatternWithAQuoteIsAnUnknownCode)
     EXPECT_EQ(codes(), "4901 ");
 }
 
-TEST_P(ListSearch, aGoodsNameThatLooksLikeAPatternStillListsItsCodeAlone)
+TEST_P(ListSearch, aGoodsNameLikeAPattern_stillListsItsCodeAlone)
 {
     desk.goods("4901", "ボルト 5*10?");
     desk.store({{.code = "4901"}, {.code = "4902"}, {.code = "49011"}});
@@ -91,7 +91,7 @@ TEST_P(ListSearch, aGoodsNameThatLooksLikeAPatternStillListsItsCodeAlone)
     EXPECT_EQ(codes(), "4901 ");
 }
 
-TEST_P(ListSearch, aScannedTextOfMoreThanThirteenCharactersDoesNothing)
+TEST_P(ListSearch, aScanOfMoreThanThirteenCharacters_doesNothing)
 {
     desk.goods("12345678901234", "長い");
     desk.enter(u"12345678901234"_s);
@@ -99,7 +99,7 @@ TEST_P(ListSearch, aScannedTextOfMoreThanThirteenCharactersDoesNothing)
     EXPECT_TRUE(desk.box.shown.empty());
 }
 
-TEST_P(ListSearch, aFieldOfThirteenCharactersTakesBackspaceAndEnterAlone)
+TEST_P(ListSearch, aFieldOfThirteenCharacters_takesBackspaceAndEnterAlone)
 {
     desk.page->barCodeField()->setText(u"1234567890123"_s);
     for (const auto& [key, passes] :
@@ -136,7 +136,7 @@ TEST_P(ListSearch, anEmptyEnterResetsTheTab)
     EXPECT_EQ(desk.page->focusWidget(), desk.page->searchButton());
 }
 
-TEST_P(ListSearch, theFirstVisitResetsAndKeepsTheTextOfTheField)
+TEST_P(ListSearch, theFirstVisit_resets_andKeepsTheTextOfTheField)
 {
     desk.storeMany(2);
     desk.search();
@@ -162,7 +162,7 @@ TEST_P(ListSearch, partnerAndPersonNarrowTheList)
     EXPECT_EQ(codes(), "3 ");
 }
 
-TEST_P(ListSearch, aPartnerWhoseCodeHoldsAQuoteIsFoundAndNobodyElse)
+TEST_P(ListSearch, aPartnerWhoseCodeHoldsAQuote_isFound_andNobodyElse)
 {
     desk.store({{.code = "1", .partner = "1'1"}, {.code = "2", .partner = "102"}});
     desk.page->setPartners({{"1'1", u"引用"_s}, {"x' OR 'a'='a", u"悪い"_s}});
@@ -174,7 +174,7 @@ TEST_P(ListSearch, aPartnerWhoseCodeHoldsAQuoteIsFoundAndNobodyElse)
     EXPECT_EQ(codes(), "");
 }
 
-TEST_P(ListSearch, aPartnerDeletedFromTheMasterSinceTheLoadStillFindsItsMovements)
+TEST_P(ListSearch, aPartnerDeletedSinceTheLoad_stillFindsItsMovements)
 {
     desk.store({{.code = "1", .partner = "101"}, {.code = "2", .partner = "102"}});
     ASSERT_TRUE(desk.shop.query("SELECT Code FROM KokyakuTB").empty());
@@ -185,7 +185,7 @@ TEST_P(ListSearch, aPartnerDeletedFromTheMasterSinceTheLoadStillFindsItsMovement
     EXPECT_EQ(codes(), "1 ");
 }
 
-TEST_P(ListSearch, aChoiceThatHasNoCodeIsARunTimeErrorAndTheScreenIsPaintedAgain)
+TEST_P(ListSearch, aChoiceWithoutACode_isARunTimeError_andTheScreenIsPainted)
 {
     desk.storeMany(2);
     desk.search();

@@ -32,7 +32,7 @@ INSTANTIATE_TEST_SUITE_P(Sides, ListFocus, testing::Values(Side::Receipt, Side::
 
 } // namespace
 
-TEST_P(ListFocus, ofASearchGoesToTheListOrBackToTheCodeField)
+TEST_P(ListFocus, ofASearch_goesToTheList_orBackToTheCodeField)
 {
     desk.storeMany(2);
     leaveFor(*desk.page->searchButton());
@@ -44,7 +44,7 @@ TEST_P(ListFocus, ofASearchGoesToTheListOrBackToTheCodeField)
     EXPECT_EQ(focused(), desk.page->barCodeField());
 }
 
-TEST_P(ListFocus, staysWithTheListThatIsThereWhenTheQuestionIsDeclined)
+TEST_P(ListFocus, staysWithTheList_whenTheQuestionIsDeclined)
 {
     desk.store({{.date = "20260101"}});
     desk.search();
@@ -55,7 +55,7 @@ TEST_P(ListFocus, staysWithTheListThatIsThereWhenTheQuestionIsDeclined)
     EXPECT_EQ(focused(), &desk.grid());
 }
 
-TEST_P(ListFocus, goesToTheCodeFieldWhenTheQuestionIsDeclinedOverAnEmptyGrid)
+TEST_P(ListFocus, goesToTheCodeField_whenDeclinedOverAnEmptyGrid)
 {
     desk.storeMany(1001);
     leaveFor(*desk.page->searchButton());
@@ -65,7 +65,7 @@ TEST_P(ListFocus, goesToTheCodeFieldWhenTheQuestionIsDeclinedOverAnEmptyGrid)
     EXPECT_EQ(focused(), desk.page->barCodeField());
 }
 
-TEST_P(ListFocus, ofAnAcceptedCodeGoesToTheSearchAndOfAnUnknownOneStays)
+TEST_P(ListFocus, ofAnAcceptedCode_goesToTheSearch_ofAnUnknownOneStays)
 {
     desk.goods("4901", "りんご");
     for (const QString& accepted : {u"4901"_s, u"*"_s, u"49??"_s}) {
@@ -78,7 +78,7 @@ TEST_P(ListFocus, ofAnAcceptedCodeGoesToTheSearchAndOfAnUnknownOneStays)
     EXPECT_EQ(focused(), desk.page->barCodeField());
 }
 
-TEST_P(ListFocus, movesOnByEnterFromPartnerToPersonToTheSearch)
+TEST_P(ListFocus, movesOnByEnter_fromPartnerToPersonToTheSearch)
 {
     leaveFor(*desk.page->partnerChoice());
     QTest::keyClick(desk.page->partnerChoice(), Qt::Key_Return);
@@ -87,7 +87,7 @@ TEST_P(ListFocus, movesOnByEnterFromPartnerToPersonToTheSearch)
     EXPECT_EQ(focused(), desk.page->searchButton());
 }
 
-TEST_P(ListFocus, goesToTheFirstBoxOfAPeriodThatRunsBackwards)
+TEST_P(ListFocus, goesToTheFirstBox_ofAPeriodThatRunsBackwards)
 {
     desk.storeMany(2);
     desk.search();

@@ -105,15 +105,16 @@ protected:
         desk.store(movements);
     }
 
-    [[nodiscard]] int remarkCol() const { return desk.bySide(12, 13); }
     [[nodiscard]] const Figures& figuresOf(int row) const
     {
-        return figures.at(std::stoul(desk.cell(remarkCol(), row)));
+        return figures.at(std::stoul(desk.cell(desk.cells.remark, row)));
     }
     [[nodiscard]] Sums sumsAt(int row) const
     {
-        return {cellNumber(desk, 5, row), cellNumber(desk, 6, row), cellNumber(desk, 7, row),
-                cellNumber(desk, 10, row), desk.isShipment() ? cellNumber(desk, 11, row) : 0};
+        const ListCells& cells = desk.cells;
+        const auto number = [&](int col) { return col == noListCell ? 0 : cellNumber(desk, col, row); };
+        return {number(cells.quantity), number(cells.discount), number(cells.amount),
+                number(cells.returned[0]), number(cells.returned[1])};
     }
     static void expectShown(const Sums& cells, const Sums& sums, bool shipment, int row)
     {
@@ -138,7 +139,7 @@ protected:
         std::string last;
         bool first = true;
         for (int row = 1; row < rows; ++row) {
-            if (desk.cell(1, row) == "　　小計") {
+            if (desk.cell(desk.cells.date, row) == "　　小計") {
                 ASSERT_FALSE(first) << "a subtotal of nothing in row " << row;
                 expectShown(sumsAt(row), group, desk.isShipment(), row);
                 total.add(group);
@@ -150,8 +151,8 @@ protected:
                 continue;
             }
             const Figures& f = figuresOf(row);
-            EXPECT_TRUE(seen.insert(desk.cell(remarkCol(), row)).second);
-            EXPECT_EQ(cellNumber(desk, 7, row), shown(f.amount(desk.side)));
+            EXPECT_TRUE(seen.insert(desk.cell(desk.cells.remark, row)).second);
+            EXPECT_EQ(cellNumber(desk, desk.cells.amount, row), shown(f.amount(desk.side)));
             if (!first) {
                 EXPECT_EQ(desk.cell(groupCol, row), last) << "no subtotal between groups, row " << row;
                 expectOrder(keys, row - 1, row);
@@ -165,9 +166,15 @@ protected:
             first = false;
         }
         EXPECT_TRUE(first) << "the last group is closed";
-        EXPECT_EQ(desk.cell(1, rows), "　　合計");
+        EXPECT_EQ(desk.cell(desk.cells.date, rows), "　　合計");
         expectShown(sumsAt(rows), total, desk.isShipment(), rows);
         EXPECT_EQ(seen.size(), expectedRows);
+    }
+
+    /// What the rows of a search are in the order of.
+    [[nodiscard]] std::vector<int> byDay() const
+    {
+        return {desk.cells.date, desk.cells.name, desk.cells.code};
     }
 
     void expectOrder(const std::vector<int>& keys, int above, int below)
@@ -187,14 +194,19 @@ INSTANTIATE_TEST_SUITE_P(Sides, RandomLists, testing::Values(Side::Receipt, Side
 
 } // namespace
 
-TEST_P(RandomLists, subtotalsAndTotalsAreRightAfterTheSearchAndAfterEverySort)
+TEST_P(RandomLists, subtotalsAndTotals_areRight_afterSearchAndEverySort)
 {
     random.seed(printedSeed());
     makeMovements(400);
     desk.search();
-    checkDetail(1, {1, 2, 8}, false, 400);
+    const ListCells& cells = desk.cells;
+    checkDetail(cells.date, byDay(), false, 400);
     const std::vector<std::pair<int, std::vector<int>>> sorts{
-        {1, {1, 2, 8}}, {2, {2, 8, 1}}, {3, {3, 2, 8, 1}}, {8, {8, 1}}, {9, {9, 2, 8, 1}}};
+        {cells.date, byDay()},
+        {cells.name, {cells.name, cells.code, cells.date}},
+        {cells.partner, {cells.partner, cells.name, cells.code, cells.date}},
+        {cells.code, {cells.code, cells.date}},
+        {cells.staff, {cells.staff, cells.name, cells.code, cells.date}}};
     for (int turn = 0; turn < 25 && !HasFailure(); ++turn) {
         const auto& [col, keys] = sorts[static_cast<std::size_t>(below(5))];
         SCOPED_TRACE("turn " + std::to_string(turn) + ", column " + std::to_string(col));
@@ -202,12 +214,12 @@ TEST_P(RandomLists, subtotalsAndTotalsAreRightAfterTheSearchAndAfterEverySort)
         checkDetail(col, keys, true, 400);
         if (turn % 7 == 6) {
             desk.search();
-            checkDetail(1, {1, 2, 8}, false, 400);
+            checkDetail(desk.cells.date, byDay(), false, 400);
         }
     }
 }
 
-TEST_P(RandomLists, everySearchAgreesWithAPlainSelectionOfTheSameMovements)
+TEST_P(RandomLists, everySearch_agreesWithAPlainSelection)
 {
     random.seed(printedSeed());
     makeMovements(300);
@@ -239,14 +251,14 @@ TEST_P(RandomLists, everySearchAgreesWithAPlainSelectionOfTheSameMovements)
             EXPECT_EQ(desk.grid().MaxRows(), 0);
             continue;
         }
-        checkDetail(1, {1, 2, 8}, false, expected);
-        EXPECT_EQ(cellNumber(desk, 7, desk.grid().MaxRows()), amount);
+        checkDetail(desk.cells.date, byDay(), false, expected);
+        EXPECT_EQ(cellNumber(desk, desk.cells.amount, desk.grid().MaxRows()), amount);
         ++found;
     }
     EXPECT_GT(found, 0);
 }
 
-TEST_P(RandomLists, sumsByGoodsAreRightAndStayWholeThroughEverySort)
+TEST_P(RandomLists, sumsByGoods_areRight_andStayWholeThroughEverySort)
 {
     random.seed(printedSeed());
     makeMovements(500);
@@ -263,18 +275,22 @@ TEST_P(RandomLists, sumsByGoodsAreRightAndStayWholeThroughEverySort)
     for (int turn = 0; turn < 12 && !HasFailure(); ++turn) {
         ASSERT_EQ(desk.grid().MaxRows(), static_cast<int>(expected.size()));
         for (int row = 1; row <= desk.grid().MaxRows(); ++row) {
-            const auto found = expected.find(desk.cell(8, row) + "|"
-                                             + std::to_string(static_cast<int>(cellNumber(desk, 4, row)))
-                                             + "|" + desk.cell(desk.bySide(11, 12), row));
+            const auto found =
+                expected.find(desk.cell(desk.cells.code, row) + "|"
+                              + std::to_string(static_cast<int>(cellNumber(desk, desk.cells.price, row)))
+                              + "|" + desk.cell(desk.cells.unit, row));
             ASSERT_NE(found, expected.end()) << row;
             expectShown(sumsAt(row), found->second, desk.isShipment(), row);
-            EXPECT_EQ(desk.grid().cellBold(7, row), cellNumber(desk, 7, row) < 0);
+            EXPECT_EQ(desk.grid().cellBold(desk.cells.amount, row),
+                      cellNumber(desk, desk.cells.amount, row) < 0);
         }
-        const std::vector<int> sorts =
-            desk.bySide(std::vector{2, 5, 7, 8, 10}, std::vector{2, 5, 7, 8, 10, 11});
+        const ListCells& cells = desk.cells;
+        std::vector<int> sorts{cells.name, cells.quantity, cells.amount, cells.code, cells.returned[0]};
+        if (cells.returned[1] != noListCell)
+            sorts.push_back(cells.returned[1]);
         const int col = sorts[static_cast<std::size_t>(below(static_cast<int>(sorts.size())))];
         desk.clickHeading(col);
-        for (int row = 2; row <= desk.grid().MaxRows() && col != 2 && col != 8; ++row)
+        for (int row = 2; row <= desk.grid().MaxRows() && col != cells.name && col != cells.code; ++row)
             EXPECT_GE(cellNumber(desk, col, row - 1), cellNumber(desk, col, row)) << "column " << col;
     }
 }

@@ -52,7 +52,7 @@ TEST_P(ListRowsOf, aMovementShowsItsCellsAndItsAmount)
     EXPECT_EQ(desk.row(1),
               desk.bySide("2026/04/01|りんご|西商店|1,850|12|150|18,350|4901|鈴木|2|袋|備考,の欄",
                           "2026/04/01|りんご|西商店|1,850|12|150|16,500|4901|鈴木|2|1|袋|備考,の欄"));
-    EXPECT_EQ(desk.cell(desk.grid().MaxCols(), 1), "1");
+    EXPECT_EQ(desk.cell(desk.cells.index, 1), "1");
 }
 
 TEST_P(ListRowsOf, eachDayEndsInASubtotalAndTheListInATotal)
@@ -75,7 +75,7 @@ TEST_P(ListRowsOf, eachDayEndsInASubtotalAndTheListInATotal)
                           "　　小計|　　（出荷日 計）|||4|5|75|||0|0||", "　　合計||||9|15|3,565|||1|0||"}));
 }
 
-TEST_P(ListRowsOf, subtotalsAreYellowTheTotalGreenAndMovementsPlain)
+TEST_P(ListRowsOf, subtotalsAreYellow_theTotalGreen_andMovementsPlain)
 {
     desk.store({{.date = "20260401"}, {.date = "20260402"}});
     desk.search();
@@ -86,7 +86,7 @@ TEST_P(ListRowsOf, subtotalsAreYellowTheTotalGreenAndMovementsPlain)
     EXPECT_EQ(desk.grid().rowBackColor(5), green);
 }
 
-TEST_P(ListRowsOf, negativeAmountsAreRedAndBoldInMovementsSubtotalsAndTotal)
+TEST_P(ListRowsOf, negativeAmounts_areRedAndBold_inEveryKindOfRow)
 {
     desk.store({{.date = "20260401", .code = "1", .quantity = "-000003"},
                 {.date = "20260402", .code = "2", .quantity = "2"},
@@ -98,13 +98,13 @@ TEST_P(ListRowsOf, negativeAmountsAreRedAndBoldInMovementsSubtotalsAndTotal)
                                                             {"-100", true}};
     for (int row = 1; row <= 7; ++row) {
         const auto& [text, red] = amounts[static_cast<std::size_t>(row - 1)];
-        EXPECT_EQ(desk.cell(7, row), text);
-        EXPECT_EQ(desk.grid().cellBold(7, row), red) << row;
-        EXPECT_EQ(desk.grid().cellForeColor(7, row) == QColor(255, 0, 0), red) << row;
+        EXPECT_EQ(desk.cell(desk.cells.amount, row), text);
+        EXPECT_EQ(desk.grid().cellBold(desk.cells.amount, row), red) << row;
+        EXPECT_EQ(desk.grid().cellForeColor(desk.cells.amount, row) == QColor(255, 0, 0), red) << row;
     }
 }
 
-TEST_P(ListRowsOf, amountsAddUpAsDisplayedAndTheOtherFiguresAsStored)
+TEST_P(ListRowsOf, amountsAddUpAsDisplayed_otherFiguresAsStored)
 {
     // Three times 0.4 of a thing at 1 yen: displayed as 0 each, so the amounts add up to 0; the quantities
     // to 1.2.
@@ -112,24 +112,24 @@ TEST_P(ListRowsOf, amountsAddUpAsDisplayedAndTheOtherFiguresAsStored)
                 {.code = "2", .quantity = "0.4", .price = "1"},
                 {.code = "3", .quantity = "0.4", .price = "1"}});
     desk.search();
-    EXPECT_EQ(desk.cell(5, 4), "1");
-    EXPECT_EQ(desk.cell(7, 4), "0");
+    EXPECT_EQ(desk.cell(desk.cells.quantity, 4), "1");
+    EXPECT_EQ(desk.cell(desk.cells.amount, 4), "0");
     // And 2.5 twice: each shown as 3, together 5 in the quantity and 6 in the amount.
     desk.store({{.date = "20260402", .code = "4", .quantity = "2.5", .price = "1"},
                 {.date = "20260402", .code = "5", .quantity = "2.5", .price = "1"}});
     desk.search();
-    EXPECT_EQ(desk.cell(5, 7), "5");
-    EXPECT_EQ(desk.cell(7, 7), "6");
-    EXPECT_EQ(desk.cell(5, 8), "6") << "the total of 1.2 and 5";
-    EXPECT_EQ(desk.cell(7, 8), "6");
+    EXPECT_EQ(desk.cell(desk.cells.quantity, 7), "5");
+    EXPECT_EQ(desk.cell(desk.cells.amount, 7), "6");
+    EXPECT_EQ(desk.cell(desk.cells.quantity, 8), "6") << "the total of 1.2 and 5";
+    EXPECT_EQ(desk.cell(desk.cells.amount, 8), "6");
 }
 
 TEST_P(ListRowsOf, detailFiguresHaveNoLimit)
 {
     desk.store({{.quantity = "99999999999999", .price = "5", .discount = "0"}});
     desk.search();
-    EXPECT_EQ(desk.cell(5, 1), "99,999,999,999,999");
-    EXPECT_EQ(desk.cell(7, 1), "499,999,999,999,995");
+    EXPECT_EQ(desk.cell(desk.cells.quantity, 1), "99,999,999,999,999");
+    EXPECT_EQ(desk.cell(desk.cells.amount, 1), "499,999,999,999,995");
 }
 
 TEST_P(ListRowsOf, blankFiguresCountAsNothing)
@@ -152,7 +152,7 @@ TEST_P(ListRowsOf, aRowThatIsGoneLeavesNoRowAndDoesNotCount)
     desk.box.onShow = [&](const Box&) {
         desk.shop.execute(std::string("DELETE FROM ") + desk.bySide("InpTB", "OutTB") + " WHERE Code = '2'");
         RowSet& rows = desk.isShipment() ? static_cast<RowSet&>(desk.db.OutList()) : desk.db.InpList();
-        ASSERT_EQ(rows.get(rows.Count(), 0), "2");
+        ASSERT_EQ(rows.get(rows.Count(), movementTable(desk.side).columns.code), "2");
         EXPECT_NE(rows.UpdateRow(rows.Count()), 0);
         ASSERT_EQ(rows.RowState(rows.Count()), "D");
         desk.db.Rollback();
@@ -160,9 +160,9 @@ TEST_P(ListRowsOf, aRowThatIsGoneLeavesNoRowAndDoesNotCount)
     desk.search();
     // 1001 of the first day and code 1, their subtotal; of the second day nothing; the total.
     ASSERT_EQ(desk.grid().MaxRows(), 1004);
-    EXPECT_EQ(desk.cell(7, 1003), "100,107");
-    EXPECT_EQ(desk.cell(1, 1003), "　　小計");
-    EXPECT_EQ(desk.cell(7, 1004), "100,107");
+    EXPECT_EQ(desk.cell(desk.cells.amount, 1003), "100,107");
+    EXPECT_EQ(desk.cell(desk.cells.date, 1003), "　　小計");
+    EXPECT_EQ(desk.cell(desk.cells.amount, 1004), "100,107");
     EXPECT_EQ(desk.frame.waitValue, 1003) << "the bar moves on";
 }
 
@@ -182,13 +182,13 @@ TEST_P(ListRowsOf, aFirstRowThatIsGoneStillGivesTheFirstDay)
     ASSERT_EQ(desk.grid().MaxRows(), 1003);
     EXPECT_EQ(desk.row(1), desk.bySide("　　小計|　　（入荷日 計）|||0|0|0|||0||",
                                        "　　小計|　　（出荷日 計）|||0|0|0|||0|0||"));
-    EXPECT_EQ(desk.cell(1, 2), "2026/04/01");
-    EXPECT_EQ(desk.cell(desk.grid().MaxCols(), 2), "2") << "its number in the row set";
+    EXPECT_EQ(desk.cell(desk.cells.date, 2), "2026/04/01");
+    EXPECT_EQ(desk.cell(desk.cells.index, 2), "2") << "its number in the row set";
 }
 
 // ---- sums by goods
 
-TEST_P(ListRowsOf, theSummedViewHasOneRowForEachGoodsPriceAndUnit)
+TEST_P(ListRowsOf, theSummedView_hasOneRowForEachGoodsPriceAndUnit)
 {
     desk.store({returning({.code = "1", .name = "い", .quantity = "3", .price = "0001000", .discount = "10"},
                           "1", "1"),
@@ -212,26 +212,27 @@ TEST_P(ListRowsOf, theSummedViewHasOneRowForEachGoodsPriceAndUnit)
     std::sort(shown.begin(), shown.end());
     std::sort(expected.begin(), expected.end());
     EXPECT_EQ(shown, expected);
-    EXPECT_TRUE(desk.grid().cellBold(7, 1));
-    EXPECT_EQ(desk.grid().cellForeColor(7, 1), QColor(255, 0, 0));
-    EXPECT_FALSE(desk.grid().cellBold(7, 2));
-    EXPECT_EQ(desk.cell(desk.grid().MaxCols(), 3), "3");
+    EXPECT_TRUE(desk.grid().cellBold(desk.cells.amount, 1));
+    EXPECT_EQ(desk.grid().cellForeColor(desk.cells.amount, 1), QColor(255, 0, 0));
+    EXPECT_FALSE(desk.grid().cellBold(desk.cells.amount, 2));
+    EXPECT_EQ(desk.cell(desk.cells.index, 3), "3");
 }
 
-TEST_P(ListRowsOf, theSummedViewNamesThePartnerAndThePersonAskedFor)
+TEST_P(ListRowsOf, theSummedView_namesThePartnerAndThePersonAskedFor)
 {
     desk.store({{}});
     desk.control<QComboBox>(u"cmbXLSaki"_s).setCurrentIndex(0);
     desk.control<QComboBox>(u"cmbXLTantou"_s).setCurrentIndex(0);
     desk.sumBox().setChecked(true);
     desk.search();
-    EXPECT_EQ(desk.cell(3, 1), "東商店");
-    EXPECT_EQ(desk.cell(9, 1), "山田");
+    EXPECT_EQ(desk.cell(desk.cells.partner, 1), "東商店");
+    EXPECT_EQ(desk.cell(desk.cells.staff, 1), "山田");
     desk.control<QComboBox>(u"cmbXLSaki"_s).setCurrentIndex(1);
-    EXPECT_EQ(desk.cell(3, 1), "東商店") << "what is shown describes the search, not the choice as it is now";
+    EXPECT_EQ(desk.cell(desk.cells.partner, 1), "東商店")
+        << "what is shown describes the search, not the choice as it is now";
 }
 
-TEST_P(ListRowsOf, summedFiguresTooLongForTheirCellsLeaveThemEmpty)
+TEST_P(ListRowsOf, summedFiguresTooLongForTheirCells_leaveThemEmpty)
 {
     desk.store(
         {returning({.code = "1", .quantity = "99999999999998", .price = "1", .discount = "99999999999999"},
@@ -240,17 +241,17 @@ TEST_P(ListRowsOf, summedFiguresTooLongForTheirCellsLeaveThemEmpty)
          {.code = "3", .quantity = "-99999999999999999", .price = "1"}});
     desk.sumBox().setChecked(true);
     desk.search();
-    EXPECT_EQ(desk.cell(5, 1), "99,999,999,999,998");
-    EXPECT_EQ(desk.cell(6, 1), "");
-    EXPECT_EQ(desk.cell(10, 1), "99,999,999,999,998");
+    EXPECT_EQ(desk.cell(desk.cells.quantity, 1), "99,999,999,999,998");
+    EXPECT_EQ(desk.cell(desk.cells.discount, 1), "");
+    EXPECT_EQ(desk.cell(desk.cells.returned[0], 1), "99,999,999,999,998");
     if (desk.isShipment()) {
-        EXPECT_EQ(desk.cell(11, 1), "");
+        EXPECT_EQ(desk.cell(desk.cells.returned[1], 1), "");
     }
-    EXPECT_EQ(desk.cell(5, 2), "");
-    EXPECT_EQ(desk.cell(7, 2), "");
-    EXPECT_FALSE(desk.grid().cellBold(7, 2)) << "an empty cell is no negative one";
-    EXPECT_FALSE(desk.cell(7, 3).empty()) << "negative figures have no limit";
-    EXPECT_TRUE(desk.grid().cellBold(7, 3));
+    EXPECT_EQ(desk.cell(desk.cells.quantity, 2), "");
+    EXPECT_EQ(desk.cell(desk.cells.amount, 2), "");
+    EXPECT_FALSE(desk.grid().cellBold(desk.cells.amount, 2)) << "an empty cell is no negative one";
+    EXPECT_FALSE(desk.cell(desk.cells.amount, 3).empty()) << "negative figures have no limit";
+    EXPECT_TRUE(desk.grid().cellBold(desk.cells.amount, 3));
 }
 
 TEST_P(ListRowsOf, theSumsAgreeWithTheMovements)
@@ -264,7 +265,7 @@ TEST_P(ListRowsOf, theSumsAgreeWithTheMovements)
                                       std::to_string(i % 4), std::to_string(i % 5)));
     desk.store(movements);
     desk.search();
-    const std::string totalAmount = desk.cell(7, desk.grid().MaxRows());
+    const std::string totalAmount = desk.cell(desk.cells.amount, desk.grid().MaxRows());
     desk.sumBox().setChecked(true);
     desk.search();
     ASSERT_EQ(desk.grid().MaxRows(), 3);
@@ -276,7 +277,7 @@ TEST_P(ListRowsOf, theSumsAgreeWithTheMovements)
 
 // ---- the bar
 
-TEST_P(ListRowsOf, theBarGivesSubtotalsAndTotalTheirColoursBack)
+TEST_P(ListRowsOf, theBar_givesSubtotalsAndTotalTheirColoursBack)
 {
     desk.store({{.date = "20260401"}, {.date = "20260402"}});
     desk.search();
@@ -284,9 +285,9 @@ TEST_P(ListRowsOf, theBarGivesSubtotalsAndTotalTheirColoursBack)
     vaSpread& grid = desk.grid();
     for (const auto& [row, rest] :
          {std::pair{1, QColor(Qt::white)}, std::pair{2, yellow}, std::pair{4, yellow}, std::pair{5, green}}) {
-        Q_EMIT grid.LeaveCell(1, row == 5 ? 1 : 5, 1, row);
+        Q_EMIT grid.LeaveCell(desk.cells.date, row == 5 ? 1 : 5, desk.cells.date, row);
         EXPECT_NE(grid.rowBackColor(row), rest);
-        Q_EMIT grid.LeaveCell(1, row, 1, row == 5 ? 1 : 5);
+        Q_EMIT grid.LeaveCell(desk.cells.date, row, desk.cells.date, row == 5 ? 1 : 5);
         EXPECT_EQ(grid.rowBackColor(row), rest) << row;
     }
 }
@@ -296,9 +297,9 @@ TEST_P(ListRowsOf, theBarIsGreyWhileNoControlHasTheFocus)
     desk.store({{.date = "20260401"}, {.date = "20260402"}});
     desk.search();
     ASSERT_EQ(QApplication::focusWidget(), nullptr);
-    Q_EMIT desk.grid().LeaveCell(1, 1, 1, 3);
+    Q_EMIT desk.grid().LeaveCell(desk.cells.date, 1, desk.cells.date, 3);
     EXPECT_EQ(desk.grid().rowBackColor(3), QColor(192, 192, 192));
-    Q_EMIT desk.grid().LeaveCell(1, 3, -1, 1);
+    Q_EMIT desk.grid().LeaveCell(desk.cells.date, 3, -1, 1);
     EXPECT_EQ(desk.grid().rowBackColor(3), QColor(192, 192, 192)) << "no new cell, nothing happens";
     Q_EMIT desk.grid().GotFocus();
     EXPECT_EQ(desk.grid().rowBackColor(desk.grid().ActiveRow()), QColor(0, 255, 255));

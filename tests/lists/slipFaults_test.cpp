@@ -41,7 +41,7 @@ TEST_F(Slip, intoAFolderThatTakesNoFileStartsNothing)
     }
 }
 
-TEST_F(Slip, onAFullDiskKeepsTheOldFileAndStartsNothing)
+TEST_F(Slip, onAFullDisk_keepsTheOldFile_andStartsNothing)
 {
     installProgram();
     desk.store({{.partner = "102"}});
@@ -75,7 +75,7 @@ TEST_F(Slip, onAFullDiskKeepsTheOldFileAndStartsNothing)
     EXPECT_EQ(starts(), 2) << "before the disk was full and after it";
 }
 
-TEST_F(Slip, whoseSettingsCannotBeWrittenIsNotPrintedUnderAnotherName)
+TEST_F(Slip, whoseSettingsCannotBeWritten_isNotPrintedUnderAnotherName)
 {
     installProgram();
     desk.store({{.partner = "102"}});

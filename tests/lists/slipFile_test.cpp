@@ -6,7 +6,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui::test {
 
-TEST_F(Slip, carriesEveryRowOfTheListSubtotalsAndTotalIncluded)
+TEST_F(Slip, carriesEveryRowOfTheList_subtotalsAndTotalIncluded)
 {
     installProgram();
     desk.store({{.code = "4901",
@@ -33,7 +33,7 @@ TEST_F(Slip, carriesEveryRowOfTheListSubtotalsAndTotalIncluded)
     EXPECT_TRUE(started());
 }
 
-TEST_F(Slip, figuresStandAsTheCellsShowThem)
+TEST_F(Slip, figuresAreAsTheCellsShowThem)
 {
     desk.store({{.quantity = "1234", .price = "5678", .partner = "102"}});
     choosePartner(1);
@@ -58,7 +58,7 @@ TEST_F(Slip, ofTheSummedViewHasEmptyRemarks)
     EXPECT_EQ(records[2], (Lines{"1", "い", "100", "1", "個", "0", "100", ""}));
 }
 
-TEST_F(Slip, readsBackCellByCellWithEveryCharacterThatTheCodePageHas)
+TEST_F(Slip, readsBackCellByCell_withEveryCharacterOfTheCodePage)
 {
     const Lines names{"～－①", "〜−",    "髙橋﨑", "ｱｲｳ半角",  "𠮷野家",
                       "é",     "表ソ能", "a\tb",   "一\r\n二", "終わり\\"};
@@ -74,7 +74,7 @@ TEST_F(Slip, readsBackCellByCellWithEveryCharacterThatTheCodePageHas)
     desk.store(movements);
     choosePartner(1);
     desk.search();
-    desk.clickHeading(8);
+    desk.clickHeading(desk.cells.code);
     press();
     const auto records = readBack(csv());
     ASSERT_EQ(records.size(), static_cast<std::size_t>(desk.grid().MaxRows()) + 1);
@@ -82,9 +82,11 @@ TEST_F(Slip, readsBackCellByCellWithEveryCharacterThatTheCodePageHas)
     for (int row = 1; row <= desk.grid().MaxRows(); ++row) {
         const Lines& record = records[static_cast<std::size_t>(row)];
         ASSERT_EQ(record.size(), 8U) << row;
-        const std::array cells{8, 2, 4, 5, 12, 6, 7, 13};
-        for (std::size_t i = 0; i < cells.size(); ++i) {
-            std::string expected = desk.cell(cells[i], row);
+        const ListCells& cells = desk.cells;
+        const std::array fields{cells.code, cells.name,     cells.price,  cells.quantity,
+                                cells.unit, cells.discount, cells.amount, cells.remark};
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            std::string expected = desk.cell(fields[i], row);
             const auto special = std::find(names.begin(), names.end(), expected);
             if (special != names.end()) {
                 expected = readAs[static_cast<std::size_t>(special - names.begin())];

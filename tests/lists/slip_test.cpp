@@ -29,7 +29,7 @@ TEST_F(Slip, ofAnEmptyListIsRefused)
     expectUsable();
 }
 
-TEST_F(Slip, afterASearchForAllPartnersIsRefusedThoughThereAreRows)
+TEST_F(Slip, afterASearchForAllPartners_isRefused_thoughThereAreRows)
 {
     desk.store({{}});
     desk.search();
@@ -47,7 +47,7 @@ TEST_F(Slip, afterASearchForAllPartnersIsRefusedThoughThereAreRows)
     expectUsable();
 }
 
-TEST_F(Slip, ofASearchedPartnerPrintsThoughTheChoiceHasChangedSince)
+TEST_F(Slip, ofASearchedPartner_prints_thoughTheChoiceHasChangedSince)
 {
     installProgram();
     desk.store({{.partner = "102"}});
@@ -84,7 +84,7 @@ TEST_F(Slip, handsOverCustomerAndPerson)
     EXPECT_EQ(handedOver(u"PersonName"_s), u"鈴木"_s) << "as it was at the search";
 }
 
-TEST_F(Slip, ofACustomerDeletedFromTheMasterCarriesNobodyElsesName)
+TEST_F(Slip, ofACustomerDeletedFromTheMaster_carriesNobodyElsesName)
 {
     desk.shop.add(kokyakuTable, {"101", "東商店", "", "999", "", "どこか"});
     desk.store({{.partner = "101"}, {.code = "2", .partner = "102"}});
@@ -103,7 +103,7 @@ TEST_F(Slip, ofACustomerDeletedFromTheMasterCarriesNobodyElsesName)
     expectUsable();
 }
 
-TEST_F(Slip, ofACustomerWhoseCodeHoldsAQuoteIsHandedOver)
+TEST_F(Slip, ofACustomerWhoseCodeHoldsAQuote_isHandedOver)
 {
     desk.shop.add(kokyakuTable, {"1'2", "引用屋"});
     desk.page->setPartners({{"1'2", u"引用屋"_s}});

@@ -19,10 +19,10 @@ TEST_F(StockTest, codesGatherOnTop_asAPickList)
     EXPECT_EQ(codes(), "B2 ");
     search(u"A1"_s); // the master says a1
     EXPECT_EQ(codes(), "a1 B2 ");
-    EXPECT_EQ(text(10, 1), "2");
+    EXPECT_EQ(text(StockCells::index, 1), "2");
     EXPECT_EQ(headings(), searched);
     EXPECT_EQ(grid().ActiveRow(), 1);
-    EXPECT_EQ(grid().ActiveCol(), 3);
+    EXPECT_EQ(grid().ActiveCol(), StockCells::quantity);
     EXPECT_EQ(grid().rowBackColor(2), QColor(Qt::white));
     EXPECT_TRUE(grid().rowBackColor(1) == focusColor || grid().rowBackColor(1) == barWithoutFocus);
 }
@@ -33,14 +33,14 @@ TEST_F(StockTest, shownCode_isFoundWhateverItsLetterCase_andNotReadAgain)
     search(u"*"_s);
     db.Execute("UPDATE ZaikoTB SET ZaikoSuu='9999' WHERE Code='a1'");
     db.Commit();
-    grid().SetActiveCell(3, 3);
+    grid().SetActiveCell(StockCells::quantity, 3);
     search(u"A1"_s);
     EXPECT_EQ(grid().MaxRows(), 3);
     EXPECT_EQ(grid().ActiveRow(), 1);
-    EXPECT_EQ(text(3, 1), "1,200");
+    EXPECT_EQ(text(StockCells::quantity, 1), "1,200");
 }
 
-TEST_F(StockTest, unknownCode_isTold)
+TEST_F(StockTest, unknownCode_isReported)
 {
     furnish();
     search(u"*"_s);
@@ -56,7 +56,7 @@ TEST_F(StockTest, unknownCode_isTold)
     EXPECT_TRUE(frame.enabled);
 }
 
-TEST_F(StockTest, codeThatTheBoxesHide_isTold_andTheViewSwitchesDoNothingAfterwards)
+TEST_F(StockTest, codeThatTheBoxesHide_isReported_andViewSwitchesDoNothing)
 {
     furnish();
     search(u"*"_s);
@@ -81,7 +81,7 @@ TEST_F(StockTest, codeOfTheMasterWithoutStock_isNotUnderTheConditionsEither)
     EXPECT_EQ(box.shown[0].title, u" 在庫数 非該当"_s);
 }
 
-TEST_F(StockTest, stockWhoseGoodsHaveLeftTheMaster_isNoCodeAndNotShown)
+TEST_F(StockTest, stockWithoutGoodsInTheMaster_isUnknown_andNotShown)
 {
     furnish();
     shop.add(zaikoTable, {"GONE", "5", "0", "s", "s"});
@@ -112,17 +112,18 @@ TEST_F(StockTest, scannedTexts_changeNoStatement)
     EXPECT_EQ(codes(), "1234567890123456 ");
 }
 
-TEST_F(StockTest, figureThatIsNoNumber_isShownAsItStands)
+TEST_F(StockTest, figureThatIsNotANumber_isShownAsItIs)
 {
     furnish();
     goods("F6", "壊れた", "many", "3");
     search(u"*"_s);
     EXPECT_EQ(codes(), "a1 B2 D4 F6 ");
-    EXPECT_EQ(text(3, 4), "many");
-    EXPECT_EQ(grid().cellForeColor(3, 4), red);
+    EXPECT_EQ(text(StockCells::quantity, 4), "many");
+    EXPECT_EQ(grid().cellForeColor(StockCells::quantity, 4), red);
     detail().setChecked(true);
     EXPECT_EQ(codes(), "a1 B2 D4 F6 ");
-    EXPECT_EQ(text(2, grid().MaxRows()), "　③ 出荷") << "the block ends where it cannot be reckoned";
+    EXPECT_EQ(text(StockCells::name, grid().MaxRows()), "　③ 出荷")
+        << "the block ends where it cannot be reckoned";
 }
 
 } // namespace suisui::test

@@ -43,7 +43,7 @@ TEST_F(StockDetailTest, goodsThatNeverMoved_showAllSixLines)
     EXPECT_EQ(row(7), "|　合計 （ ③＋④ ）|3|||0|150|本|");
 }
 
-TEST_F(StockDetailTest, movementsStandByPriceAndUnit_withTheirSums)
+TEST_F(StockDetailTest, movementsAreGroupedByPriceAndUnit_withTheirSums)
 {
     goods("A", "鉛筆", "8", "0", "5", "50", "80", "本");
     receipt("A", "0000010", "0000060", "本", "0000100", "0000002");
@@ -74,8 +74,8 @@ TEST_F(StockDetailTest, tenths_leaveNoTail_thatIsRedOrRoundsTheWrongWay)
     goods("B", "量り売り", "999999.8", "0", "1000000.3", "1");
     show(u"A"_s);
     EXPECT_EQ(row(6), "|　④ 部品消費|0|50|||0|個|"); // 0.3 less three times 0.1
-    EXPECT_FALSE(grid().cellForeColor(3, 6) == red);
-    EXPECT_FALSE(grid().cellForeColor(7, 6) == red);
+    EXPECT_FALSE(grid().cellForeColor(StockCells::quantity, 6) == red);
+    EXPECT_FALSE(grid().cellForeColor(StockCells::amount, 6) == red);
     show(u"B"_s);
     EXPECT_EQ(row(6), "|　④ 部品消費|1|1|||1|個|"); // 0.5, away from zero
 }
@@ -106,14 +106,14 @@ TEST_F(StockDetailTest, negativeFigures_areRedAndBold_theOthersPlain)
     const auto isRed = [this](int col, int row) {
         return grid().cellForeColor(col, row) == red && grid().cellBold(col, row);
     };
-    EXPECT_FALSE(isRed(3, 2));
-    EXPECT_TRUE(isRed(7, 2)); // 100 - 900
-    EXPECT_TRUE(isRed(3, 3));
-    EXPECT_TRUE(isRed(7, 3));
-    EXPECT_TRUE(isRed(3, 4));
-    EXPECT_FALSE(isRed(3, 5));
-    EXPECT_TRUE(isRed(3, 6)); // -1 - 20
-    EXPECT_EQ(text(3, 6), "-21");
+    EXPECT_FALSE(isRed(StockCells::quantity, 2));
+    EXPECT_TRUE(isRed(StockCells::amount, 2)); // 100 - 900
+    EXPECT_TRUE(isRed(StockCells::quantity, 3));
+    EXPECT_TRUE(isRed(StockCells::amount, 3));
+    EXPECT_TRUE(isRed(StockCells::quantity, 4));
+    EXPECT_FALSE(isRed(StockCells::quantity, 5));
+    EXPECT_TRUE(isRed(StockCells::quantity, 6)); // -1 - 20
+    EXPECT_EQ(text(StockCells::quantity, 6), "-21");
 }
 
 TEST_F(StockDetailTest, amountsThatFitNoColumn_stayEmpty)
@@ -121,12 +121,12 @@ TEST_F(StockDetailTest, amountsThatFitNoColumn_stayEmpty)
     goods("A", "鉛筆", "0", "0", "50000000000000", "2", "80");
     goods("B", "鉛筆", "0", "0", "99999999999999", "1", "80");
     show(u"A"_s);
-    EXPECT_EQ(text(7, 3), "");
-    EXPECT_EQ(text(3, 3), "50,000,000,000,000");
-    EXPECT_EQ(text(7, 4), "");
-    EXPECT_EQ(text(7, 5), "0");
+    EXPECT_EQ(text(StockCells::amount, 3), "");
+    EXPECT_EQ(text(StockCells::quantity, 3), "50,000,000,000,000");
+    EXPECT_EQ(text(StockCells::amount, 4), "");
+    EXPECT_EQ(text(StockCells::amount, 5), "0");
     show(u"B"_s);
-    EXPECT_EQ(text(7, 3), "99,999,999,999,999");
+    EXPECT_EQ(text(StockCells::amount, 3), "99,999,999,999,999");
 }
 
 TEST_F(StockDetailTest, movementsThatCannotBeRead_endTheBlockWithoutAWord)
@@ -161,8 +161,8 @@ TEST_F(StockDetailTest, shortCutForManyGoods_showsWhatCodeByCodeShows)
     std::map<std::string, std::vector<std::string>> atOnce;
     std::string code;
     for (int number = 1; number <= grid().MaxRows(); ++number) {
-        if (!text(1, number).empty())
-            code = text(1, number);
+        if (!text(StockCells::code, number).empty())
+            code = text(StockCells::code, number);
         atOnce[code].push_back(row(number));
     }
     ASSERT_EQ(atOnce.size(), 60U);
@@ -221,37 +221,37 @@ TEST_F(StockDetailTest, randomBooks_reckonedApart)
         double paid = 0;
         for (const auto& [key, group] : in) {
             SCOPED_TRACE(code + " row " + std::to_string(at));
-            ASSERT_EQ(text(2, at), "　① 入荷");
-            ASSERT_EQ(text(8, at), key.second);
-            ASSERT_EQ(number(4, at), std::stod(key.first));
-            ASSERT_EQ(number(3, at), group.quantity);
-            ASSERT_EQ(number(6, at), group.discount);
-            ASSERT_EQ(number(7, at), std::stod(key.first) * group.quantity - group.discount);
+            ASSERT_EQ(text(StockCells::name, at), "　① 入荷");
+            ASSERT_EQ(text(StockCells::unit, at), key.second);
+            ASSERT_EQ(number(StockCells::receiptPrice, at), std::stod(key.first));
+            ASSERT_EQ(number(StockCells::quantity, at), group.quantity);
+            ASSERT_EQ(number(StockCells::discount, at), group.discount);
+            ASSERT_EQ(number(StockCells::amount, at), std::stod(key.first) * group.quantity - group.discount);
             received += group.quantity;
-            paid += number(7, at++);
+            paid += number(StockCells::amount, at++);
         }
         at += in.empty() ? 1 : 0;
-        ASSERT_NEAR(number(3, at), carried, 0.5);
-        ASSERT_NEAR(number(3, at + 1), carried + received, 0.5);
-        ASSERT_NEAR(number(7, at + 1), carried * price + paid, 0.5);
+        ASSERT_NEAR(number(StockCells::quantity, at), carried, 0.5);
+        ASSERT_NEAR(number(StockCells::quantity, at + 1), carried + received, 0.5);
+        ASSERT_NEAR(number(StockCells::amount, at + 1), carried * price + paid, 0.5);
         at += 2;
         double shipped = 0;
         for (const auto& [key, group] : out) {
-            ASSERT_EQ(text(2, at), "　③ 出荷");
-            ASSERT_EQ(number(5, at), std::stod(key.first));
-            ASSERT_EQ(number(3, at), group.quantity);
+            ASSERT_EQ(text(StockCells::name, at), "　③ 出荷");
+            ASSERT_EQ(number(StockCells::shipmentPrice, at), std::stod(key.first));
+            ASSERT_EQ(number(StockCells::quantity, at), group.quantity);
             shipped += group.quantity;
             ++at;
         }
         at += out.empty() ? 1 : 0;
         const double consumed = carried + received - shipped - stock;
-        ASSERT_NEAR(number(3, at), consumed, 0.5);
-        ASSERT_NEAR(number(3, at + 1), shipped + consumed, 0.5);
+        ASSERT_NEAR(number(StockCells::quantity, at), consumed, 0.5);
+        ASSERT_NEAR(number(StockCells::quantity, at + 1), shipped + consumed, 0.5);
         ASSERT_EQ(grid().MaxRows(), at + 1);
     }
 }
 
-TEST_F(StockDetailTest, withoutComponents_nothingIsConsumed_whateverWasBookedCorrectedAndDeleted)
+TEST_F(StockDetailTest, withoutComponents_nothingIsConsumed_whateverWasBooked)
 {
     for (const char* code : {"A", "B", "C"})
         shop.add(masterTable, {code, "品", "", "5", "50", "2", "80", "個", "0"});
@@ -263,7 +263,9 @@ TEST_F(StockDetailTest, withoutComponents_nothingIsConsumed_whateverWasBookedCor
     std::mt19937 random(printedSeed());
     frame.guardActive = true;
     for (int i = 0; i < 300; ++i) {
-        MovementPage& entry = *entries[random() % 2];
+        const Side side = random() % 2 == 0 ? Side::Receipt : Side::Shipment;
+        const MovementCells& cells = movementSide(side).cells;
+        MovementPage& entry = *entries[indexOf(side)];
         vaSpread& sheet = *entry.grid();
         if (sheet.MaxRows() < 3 || random() % 3 == 0) {
             entry.barCodeField()->setText(QString(QChar(u'A' + static_cast<char16_t>(random() % 3))));
@@ -272,14 +274,14 @@ TEST_F(StockDetailTest, withoutComponents_nothingIsConsumed_whateverWasBookedCor
             continue;
         }
         const int row = static_cast<int>(random() % static_cast<unsigned>(sheet.MaxRows())) + 1;
-        for (const int column : {3, 4, 5, 11}) { // price, quantity, discount, returned
+        for (const int column : {cells.price, cells.quantity, cells.discount, cells.returned[0]}) {
             sheet.SetText(column, row, std::string_view(std::to_string(random() % 40)));
             entry.cellChange(column, row);
         }
         if (random() % 2 == 0) {
             entry.cmdKousin_Click();
         } else if (random() % 2 == 0) {
-            sheet.SetActiveCell(4, row);
+            sheet.SetActiveCell(cells.quantity, row);
             box.answers = {BoxAnswer::Yes};
             entry.cmdDelete_Click();
             box.answers.clear();
@@ -288,9 +290,9 @@ TEST_F(StockDetailTest, withoutComponents_nothingIsConsumed_whateverWasBookedCor
     show(u"*"_s);
     int seen = 0;
     for (int number = 1; number <= grid().MaxRows(); ++number)
-        if (text(2, number) == "　④ 部品消費") {
-            EXPECT_EQ(text(3, number), "0");
-            EXPECT_EQ(text(7, number), "0");
+        if (text(StockCells::name, number) == "　④ 部品消費") {
+            EXPECT_EQ(text(StockCells::quantity, number), "0");
+            EXPECT_EQ(text(StockCells::amount, number), "0");
             ++seen;
         }
     EXPECT_EQ(seen, 3);

@@ -62,7 +62,7 @@ TEST_F(StockFocusTest, afterASearchItIsInTheGrid_andTheBarIsCyanThere)
     EXPECT_TRUE(grid().hasFocus());
     EXPECT_EQ(grid().rowBackColor(1), cyan);
     EXPECT_EQ(grid().rowBackColor(2), QColor(Qt::white));
-    EXPECT_EQ(grid().ActiveCol(), 3);
+    EXPECT_EQ(grid().ActiveCol(), StockCells::quantity);
 }
 
 TEST_F(StockFocusTest, enterOnTheEmptyField_leavesItThere)
@@ -132,7 +132,7 @@ TEST_F(StockFocusTest, fieldTakesNoFourteenthCharacter_unlessItIsSelected)
     EXPECT_EQ(field().text(), u"*"_s);
 }
 
-TEST_F(StockFocusTest, fieldTellsOfItsWildcards)
+TEST_F(StockFocusTest, field_namesItsWildcards)
 {
     EXPECT_TRUE(field().toolTip().contains(u"「＊」"_s) && field().toolTip().contains(u"「？」"_s));
 }
@@ -144,13 +144,13 @@ TEST_F(StockFocusTest, switchOfTheView_goesToTheGrid)
     detail().click();
     EXPECT_TRUE(grid().hasFocus());
     EXPECT_EQ(grid().ActiveRow(), 1);
-    EXPECT_EQ(grid().ActiveCol(), 3);
+    EXPECT_EQ(grid().ActiveCol(), StockCells::quantity);
     EXPECT_EQ(grid().rowBackColor(1), cyan);
     normal().click();
     EXPECT_TRUE(grid().hasFocus());
 }
 
-TEST_F(StockFocusTest, headingClickedWithTheMouse_sorts_andTheCursorGoesWithItsGoods)
+TEST_F(StockFocusTest, headingClick_sorts_andTheCursorGoesWithItsGoods)
 {
     goods("D4", "消しゴム", "1");
     type(u"*"_s);
@@ -162,13 +162,13 @@ TEST_F(StockFocusTest, headingClickedWithTheMouse_sorts_andTheCursorGoesWithItsG
                             headings.height() / 2);
         QTest::mouseClick(headings.viewport(), Qt::LeftButton, Qt::NoModifier, middle);
     };
-    click(9); // minimum stock, the largest first
+    click(StockCells::lowest); // minimum stock, the largest first
     EXPECT_EQ(codes(), "B2 A1 D4 ");
     EXPECT_EQ(grid().ActiveRow(), 1);
     EXPECT_EQ(grid().rowBackColor(1), cyan);
-    click(6); // nothing to sort by
+    click(StockCells::discount); // nothing to sort by
     EXPECT_EQ(codes(), "B2 A1 D4 ");
-    click(3);
+    click(StockCells::quantity);
     EXPECT_EQ(codes(), "A1 B2 D4 ");
     EXPECT_EQ(grid().ActiveRow(), 2);
     EXPECT_EQ(grid().rowBackColor(2), cyan);

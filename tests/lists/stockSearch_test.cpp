@@ -23,9 +23,9 @@ TEST_F(StockTest, starAlone_showsAllStock_byCode_withMasksAndHeadings)
     search(u"*"_s);
     EXPECT_EQ(codes(), "a1 B2 C3 D4 ");
     EXPECT_EQ(row(1), "a1|鉛筆|1,200|1,500|2,480|||本|5");
-    EXPECT_EQ(text(10, 1), "1");
+    EXPECT_EQ(text(StockCells::index, 1), "1");
     EXPECT_EQ(headings(), searched);
-    EXPECT_EQ(grid().ActiveCol(), 3);
+    EXPECT_EQ(grid().ActiveCol(), StockCells::quantity);
     EXPECT_EQ(grid().ActiveRow(), 1);
     EXPECT_TRUE(frame.enabled);
     EXPECT_TRUE(box.shown.empty());
@@ -46,7 +46,7 @@ TEST_F(StockTest, figureIsColoured_whereThereIsTooLittle)
     zero().setChecked(true);
     search(u"*"_s);
     const auto look = [this](int row) {
-        return std::pair(grid().cellForeColor(3, row), grid().cellBold(3, row));
+        return std::pair(grid().cellForeColor(StockCells::quantity, row), grid().cellBold(3, row));
     };
     EXPECT_EQ(look(1), std::pair(QColor(), false));
     EXPECT_EQ(look(2), std::pair(purple, true)); // 3 of 10
@@ -199,7 +199,7 @@ TEST_F(StockTest, detailView_asksBeyondFiveHundred_andWaitsBeyondThirty)
     EXPECT_EQ(grid().MaxRows(), 30 * 7);
 }
 
-TEST_F(StockTest, fieldTakesThirteenCharacters_fromWhichOnBackspaceAndEnterPass)
+TEST_F(StockTest, fieldTakesThirteenCharacters_thenBackspaceAndEnterPass)
 {
     furnish();
     page.barCodeField()->setText(u"1234567890123"_s);

@@ -17,18 +17,18 @@ TEST_F(StockTest, headingClick_sortsWordsRisingAndFiguresFalling)
         Q_EMIT grid().HeadingClick(col);
         return codes();
     };
-    EXPECT_EQ(click(3), "a1 B2 F6 C3 D4 "); // 1200, 3, 3, 0, -7
+    EXPECT_EQ(click(StockCells::quantity), "a1 B2 F6 C3 D4 "); // 1200, 3, 3, 0, -7
     EXPECT_EQ(headings(), "コード▽ |名称▽ |在庫数▲|入荷単価▽|出荷単価▽|－|－|単位▽|最低在庫▽");
-    EXPECT_EQ(click(1), "a1 B2 C3 D4 F6 ");
+    EXPECT_EQ(click(StockCells::code), "a1 B2 C3 D4 F6 ");
     EXPECT_EQ(headings(), searched);
-    EXPECT_EQ(click(9), "B2 F6 a1 C3 D4 ");
-    EXPECT_EQ(click(4), "a1 B2 C3 D4 F6 ");
-    EXPECT_EQ(click(8), "B2 C3 D4 a1 F6 "); // 個 before 本
+    EXPECT_EQ(click(StockCells::lowest), "B2 F6 a1 C3 D4 ");
+    EXPECT_EQ(click(StockCells::receiptPrice), "a1 B2 C3 D4 F6 ");
+    EXPECT_EQ(click(StockCells::unit), "B2 C3 D4 a1 F6 "); // 個 before 本
     EXPECT_EQ(headings(), "コード▽ |名称▽ |在庫数▽|入荷単価▽|出荷単価▽|－|－|単位▲|最低在庫▽");
-    click(2);
+    click(StockCells::name);
     EXPECT_EQ(headings(), "コード▽ |名称▲ |在庫数▽|入荷単価▽|出荷単価▽|－|－|単位▽|最低在庫▽");
     EXPECT_LT(codes().find("a1"), codes().find("F6")) << "equal names stand by their codes";
-    EXPECT_EQ(text(10, 1).size(), 1U);
+    EXPECT_EQ(text(StockCells::index, 1).size(), 1U);
     EXPECT_TRUE(frame.enabled);
 }
 
@@ -36,17 +36,17 @@ TEST_F(StockTest, headingsWithoutOrder_doNothing)
 {
     furnish();
     search(u"*"_s);
-    Q_EMIT grid().HeadingClick(6);
-    Q_EMIT grid().HeadingClick(7);
+    Q_EMIT grid().HeadingClick(StockCells::discount);
+    Q_EMIT grid().HeadingClick(StockCells::amount);
     EXPECT_EQ(headings(), searched);
     detail().setChecked(true);
-    Q_EMIT grid().HeadingClick(3);
+    Q_EMIT grid().HeadingClick(StockCells::quantity);
     EXPECT_EQ(headings(), plain);
     normal().setChecked(true);
     search(u"a1"_s);
     search(QString());
     search(u"a1"_s);
-    Q_EMIT grid().HeadingClick(3); // one row
+    Q_EMIT grid().HeadingClick(StockCells::quantity); // one row
     EXPECT_EQ(headings(), searched);
 }
 
@@ -54,12 +54,12 @@ TEST_F(StockTest, sortStraightAfterASearch_movesBarAndCursorWithTheirGoods)
 {
     furnish();
     search(u"*"_s); // bar on a1
-    Q_EMIT grid().HeadingClick(9);
+    Q_EMIT grid().HeadingClick(StockCells::lowest);
     ASSERT_EQ(codes(), "B2 a1 D4 ");
     const QColor bar = grid().rowBackColor(2);
     EXPECT_TRUE(bar == focusColor || bar == barWithoutFocus);
     EXPECT_EQ(grid().ActiveRow(), 2);
-    EXPECT_EQ(grid().ActiveCol(), 3);
+    EXPECT_EQ(grid().ActiveCol(), StockCells::quantity);
 }
 
 TEST_F(StockTest, afterSortsAndMoves_oneRowIsBarred_andItIsTheCursors)
@@ -76,16 +76,17 @@ TEST_F(StockTest, afterSortsAndMoves_oneRowIsBarred_andItIsTheCursors)
                 << when << ", row " << row;
     };
     expectOneBar("after the search");
-    for (const int column : {9, 1, 3, 2}) { // straight after the search, and again and again
+    for (const int column : {StockCells::lowest, StockCells::code, StockCells::quantity,
+                             StockCells::name}) { // straight after the search, and again and again
         Q_EMIT grid().HeadingClick(column);
         expectOneBar("after a sort");
     }
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Up}) {
         QTest::keyClick(&grid(), key);
         expectOneBar("after a move");
-        Q_EMIT grid().HeadingClick(9);
+        Q_EMIT grid().HeadingClick(StockCells::lowest);
         expectOneBar("after a sort");
-        Q_EMIT grid().HeadingClick(1);
+        Q_EMIT grid().HeadingClick(StockCells::code);
     }
 }
 
@@ -93,12 +94,12 @@ TEST_F(StockTest, sortAfterTheCursorHasMoved_followsItsGoods)
 {
     furnish();
     search(u"*"_s);
-    grid().SetActiveCell(3, 2);
-    Q_EMIT grid().LeaveCell(3, 1, 3, 2); // the operator goes down to B2
-    Q_EMIT grid().HeadingClick(9);
+    grid().SetActiveCell(StockCells::quantity, 2);
+    Q_EMIT grid().LeaveCell(StockCells::quantity, 1, StockCells::quantity, 2); // the operator goes down to B2
+    Q_EMIT grid().HeadingClick(StockCells::lowest);
     ASSERT_EQ(codes(), "B2 a1 D4 ");
     EXPECT_EQ(grid().ActiveRow(), 1);
-    EXPECT_EQ(grid().ActiveCol(), 3);
+    EXPECT_EQ(grid().ActiveCol(), StockCells::quantity);
     const QColor bar = grid().rowBackColor(1);
     EXPECT_TRUE(bar == focusColor || bar == barWithoutFocus);
     EXPECT_EQ(grid().rowBackColor(2), QColor(Qt::white));
@@ -108,7 +109,7 @@ TEST_F(StockTest, viewSwitch_losesTheOrder)
 {
     furnish();
     search(u"*"_s);
-    Q_EMIT grid().HeadingClick(9);
+    Q_EMIT grid().HeadingClick(StockCells::lowest);
     ASSERT_EQ(codes(), "B2 a1 D4 ");
     detail().setChecked(true);
     normal().setChecked(true);

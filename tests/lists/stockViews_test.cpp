@@ -16,7 +16,7 @@ TEST_F(StockTest, viewSwitches_rebuildFromTheRowsThatAreHeld)
     detail().setChecked(true);
     EXPECT_EQ(headings(), plain);
     EXPECT_EQ(grid().MaxRows(), 3 * 7);
-    EXPECT_EQ(text(3, 1), "1,200");
+    EXPECT_EQ(text(StockCells::quantity, 1), "1,200");
     EXPECT_EQ(grid().rowBackColor(8), yellow);
     EXPECT_NE(grid().rowBackColor(9), yellow);
     EXPECT_TRUE(frame.enabled);
@@ -48,7 +48,7 @@ TEST_F(StockTest, insertedGoods_turnYellowOnlyWhenTheBarLeaves)
     EXPECT_EQ(codes(), "a1 B2 ");
     EXPECT_NE(grid().rowBackColor(1), yellow);
     EXPECT_EQ(grid().rowBackColor(8), yellow) << "the bar has left it";
-    EXPECT_EQ(text(2, 2), "　① 入荷");
+    EXPECT_EQ(text(StockCells::name, 2), "　① 入荷");
 }
 
 TEST_F(StockTest, nothingMoves_whenABoxIsTicked)

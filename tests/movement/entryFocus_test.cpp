@@ -71,6 +71,7 @@ protected:
                           + " SET Bikou='other'");
     }
 
+    const MovementCells& cells = movementSide(GetParam()).cells;
     EntryDesk desk;
     MovementPage* page = nullptr;
 };
@@ -132,17 +133,18 @@ TEST_P(EntryFocusTest, enterOnTheEmptyField_leavesTheFocusThere)
 
 // ---- the focus after a booking
 
-TEST_P(EntryFocusTest, afterABookingItIsInTheQuantityOfTheNewRow)
+TEST_P(EntryFocusTest, afterABooking_isInTheQuantityOfTheNewRow)
 {
     QTest::keyClicks(&field(), u"b"_s);
     QTest::keyClick(&field(), Qt::Key_Return);
     EXPECT_TRUE(onGrid(*page));
     EXPECT_EQ(page->grid()->ActiveRow(), 1);
-    EXPECT_EQ(page->grid()->ActiveCol(), 4);
-    EXPECT_EQ(page->grid()->currentIndex().column(), 3) << "and the cell is seen to be the one";
+    EXPECT_EQ(page->grid()->ActiveCol(), cells.quantity);
+    EXPECT_EQ(page->grid()->currentIndex().column(), cells.quantity - 1)
+        << "and the cell is seen to be the one";
 }
 
-TEST_P(EntryFocusTest, afterAnUnknownCodeItIsInTheCodeField)
+TEST_P(EntryFocusTest, afterAnUnknownCode_isInTheCodeField)
 {
     page->grid()->setFocus();
     EntryDesk::book(*page, u"4999"_s);
@@ -151,7 +153,7 @@ TEST_P(EntryFocusTest, afterAnUnknownCodeItIsInTheCodeField)
 
 // ---- and after search, update and delete
 
-TEST_P(EntryFocusTest, afterASearchItIsInTheGrid_withoutResultInTheFirstYear)
+TEST_P(EntryFocusTest, afterASearch_isInTheGrid_withoutResultInTheFirstYear)
 {
     book(u"B"_s);
     press(u"cmd%1Kensaku"_s, BoxAnswer::Yes);
@@ -161,7 +163,7 @@ TEST_P(EntryFocusTest, afterASearchItIsInTheGrid_withoutResultInTheFirstYear)
     EXPECT_TRUE(control<QLineEdit>(u"txt%1yyyy_F"_s).hasFocus());
 }
 
-TEST_P(EntryFocusTest, whenTheGuardIsCancelledItGoesToTheGrid)
+TEST_P(EntryFocusTest, whenTheGuardIsCancelled_goesToTheGrid)
 {
     book(u"B"_s);
     control<QPushButton>(u"cmd%1Kensaku"_s).setFocus();
@@ -170,10 +172,10 @@ TEST_P(EntryFocusTest, whenTheGuardIsCancelledItGoesToTheGrid)
     EXPECT_TRUE(onGrid(*page));
 }
 
-TEST_P(EntryFocusTest, afterAFailedUpdateItIsOnTheSearchButton_orInTheCellThatStockCannotTake)
+TEST_P(EntryFocusTest, afterAFailedUpdate_isOnTheSearchButton_orInTheRefusedCell)
 {
     book(u"B"_s);
-    EntryDesk::edit(*page, 4, 1, "8");
+    EntryDesk::edit(*page, cells.quantity, 1, "8");
     changedElsewhere();
     page->grid()->setFocus();
     press(u"cmd%1Kousin"_s, BoxAnswer::Yes);
@@ -183,18 +185,18 @@ TEST_P(EntryFocusTest, afterAFailedUpdateItIsOnTheSearchButton_orInTheCellThatSt
     desk.frame.setDirty(GetParam(), false);
     page->cmdKensaku_Click();
     desk.shop.execute("UPDATE ZaikoTB SET ZaikoSuu='99999999999999' WHERE Code='B'");
-    EntryDesk::edit(*page, 4, 1, GetParam() == Side::Receipt ? "8" : "1");
+    EntryDesk::edit(*page, cells.quantity, 1, GetParam() == Side::Receipt ? "8" : "1");
     field().setFocus();
     press(u"cmd%1Kousin"_s, BoxAnswer::Yes);
     EXPECT_EQ(desk.box.shown.back().title, u"桁あふれエラー"_s);
     EXPECT_TRUE(onGrid(*page));
-    EXPECT_EQ(page->grid()->ActiveCol(), 4);
+    EXPECT_EQ(page->grid()->ActiveCol(), cells.quantity);
 }
 
-TEST_P(EntryFocusTest, afterAFailedDeleteItIsOnTheSearchButton_andNoCorrectionIsPendingAnyMore)
+TEST_P(EntryFocusTest, afterAFailedDelete_isOnTheSearchButton_withNothingPending)
 {
     book(u"B"_s);
-    EntryDesk::edit(*page, 3, 1, "99");
+    EntryDesk::edit(*page, cells.price, 1, "99");
     changedElsewhere();
     press(u"cmd%1Delete"_s, BoxAnswer::Yes);
     EXPECT_EQ(desk.box.shown.back().title, u"データベースエラー"_s);
@@ -209,7 +211,8 @@ TEST_P(EntryFocusTest, aRowThatWasNotStored_letsNoOtherRowBeDeletedInItsPlace)
 {
     book(u"1234567890123"_s);
     book(u"B"_s);
-    page->grid()->SetActiveCell(4, 2); // the older row, as the operator sees it until the next search
+    page->grid()->SetActiveCell(cells.quantity,
+                                2); // the older row, as the operator sees it until the next search
     // Somebody else's row has the stamp of the next booking.
     const std::string stamp = "20260401090005";
     const std::string table(movementTable(GetParam()).table.name);

@@ -23,7 +23,7 @@ TEST(ComponentFractions, aScanAndItsDelete_needNotCancel)
     EXPECT_EQ(desk.stockOf("PART"), "98.5") << "1.5 times 3 come back";
 }
 
-TEST(ComponentFractions, anUpdateReckonsExactly)
+TEST(ComponentFractions, anUpdate_computesExactly)
 {
     EntryDesk desk;
     desk.goods("MIX", "量り売り", "2", "10", "1", "10");
@@ -33,7 +33,7 @@ TEST(ComponentFractions, anUpdateReckonsExactly)
     MovementPage& page = desk.open(Side::Receipt);
     EntryDesk::book(page, u"MIX"_s);
     EXPECT_EQ(desk.stockOf("PART"), "100") << "a quarter is none at the scan";
-    EntryDesk::edit(page, 4, 1, "5");
+    EntryDesk::edit(page, movementSide(Side::Receipt).cells.quantity, 1, "5");
     desk.frame.guardActive = true;
     page.cmdKousin_Click();
     EXPECT_EQ(desk.stockOf("PART"), "99.25");

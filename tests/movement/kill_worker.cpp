@@ -27,12 +27,13 @@ int main(int argc, char** argv)
     TestFrame frame;
     MovementPage page(Side::Receipt, Services{db, ini, clock, box, frame});
     page.setPartners({{"101", QStringLiteral("東商店")}});
+    const MovementCells& cells = movementSide(Side::Receipt).cells;
     for (int i = 0;; ++i) {
         EntryDesk::book(page, i % 3 == 0 ? QStringLiteral("SET") : QStringLiteral("PART"));
         if (!box.shown.empty())
             return 2;
-        std::printf("%s%s\n", storedDate(page.grid()->text(12, 1)).c_str(),
-                    storedTime(page.grid()->text(13, 1)).c_str());
+        std::printf("%s%s\n", storedDate(page.grid()->text(cells.date, 1)).c_str(),
+                    storedTime(page.grid()->text(cells.time, 1)).c_str());
         std::fflush(stdout);
     }
 }

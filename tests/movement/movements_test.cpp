@@ -108,8 +108,8 @@ protected:
     void updateReceipt(std::size_t at, int quantity, int returned)
     {
         const int row = static_cast<int>(at) + 1;
-        EntryDesk::edit(*receipt, 4, row, std::to_string(quantity));
-        EntryDesk::edit(*receipt, 11, row, std::to_string(returned));
+        EntryDesk::edit(*receipt, cells.quantity, row, std::to_string(quantity));
+        EntryDesk::edit(*receipt, cells.returned[0], row, std::to_string(returned));
         desk.frame.guardActive = true; // the question is another test's business
         receipt->cmdKousin_Click();
         ModelRow& kept = model.receipts[at];
@@ -123,8 +123,9 @@ protected:
     void updateShipment(std::size_t at, int quantity, int returned)
     {
         const int row = static_cast<int>(at) + 1;
-        EntryDesk::edit(*shipment, 4, row, std::to_string(quantity));
-        EntryDesk::edit(*shipment, 11, row, std::to_string(returned)); // never reaches the stock
+        EntryDesk::edit(*shipment, cells.quantity, row, std::to_string(quantity));
+        EntryDesk::edit(*shipment, cells.returned[0], row,
+                        std::to_string(returned)); // never reaches the stock
         desk.frame.guardActive = true;
         shipment->cmdKousin_Click();
         model.move(model.shipments[at].code, -(quantity - model.shipments[at].quantity));
@@ -132,7 +133,7 @@ protected:
     }
     void erase(MovementPage& page, std::vector<ModelRow>& rows, std::size_t at, bool isReceipt)
     {
-        page.grid()->SetActiveCell(4, static_cast<int>(at) + 1);
+        page.grid()->SetActiveCell(cells.quantity, static_cast<int>(at) + 1);
         desk.box.answers = {BoxAnswer::Yes};
         desk.box.onShow = [this](const Box& box) { // warnings take no answer out of the script
             if (box.buttons == BoxButtons::Ok && !desk.box.answers.empty()

@@ -91,7 +91,7 @@ TEST_F(ReceiptTest, goodsWithoutComponents_movesOnlyItself)
     EXPECT_EQ(desk.shop.query("SELECT Code FROM ZaikoTB"), std::vector<std::string>{"4901001000017"});
 }
 
-TEST_F(ReceiptTest, letterCaseOfACode_doesNotMatter_andTheMastersSpellingIsStored)
+TEST_F(ReceiptTest, letterCaseOfACode_doesNotMatter_theMastersIsStored)
 {
     EntryDesk::book(*page, u"set1"_s);
     EXPECT_EQ(page->grid()->text(1, 1), "SET1");

@@ -5,7 +5,7 @@
 
 namespace suisui::test {
 
-TEST(ErrorTexts, tellOfTheLastFailure_alsoWhenItsStatementWasPreparedBefore)
+TEST(ErrorTexts, nameTheLastFailure_alsoOfAStatementPreparedBefore)
 {
     const TempShop shop;
     AppDB db(shop.databaseFolder());

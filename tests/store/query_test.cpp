@@ -44,7 +44,7 @@ protected:
 
 } // namespace
 
-TEST_F(QueryTest, stockView_isTheStockJoinedWithItsGoods_byCodeWhateverTheLetterCase)
+TEST_F(QueryTest, stockView_isStockWithItsGoods_byCodeInAnyLetterCase)
 {
     ZaikoViewRec& rows = db.ZaikoViewTbl();
     ASSERT_EQ(rows.Select("Where ZaikoTB.Code Like '*'  Order by ZaikoTB.code", ""), 2);
@@ -81,7 +81,7 @@ TEST_F(QueryTest, stockView_addsOnlyWhileTheKeepRowsFlagIsSet)
     EXPECT_EQ(rows.Count(), 0);
 }
 
-TEST_F(QueryTest, stockThatIsNoNumber_failsTheSelectionThatCountsWithIt)
+TEST_F(QueryTest, stockThatIsNotANumber_failsTheSelectionThatCountsWithIt)
 {
     shop.add(masterTable, {"C3", "糊", "", "1", "50", "1", "80", "本", "5"});
     shop.add(zaikoTable, {"C3", "many", "0", "s", "s"});
@@ -91,7 +91,7 @@ TEST_F(QueryTest, stockThatIsNoNumber_failsTheSelectionThatCountsWithIt)
     EXPECT_EQ(said.size(), 1U);
 }
 
-TEST_F(QueryTest, movementsOfACode_standByPriceAndUnit_toTheLetter)
+TEST_F(QueryTest, movementsOfACode_areOrderedByPriceAndUnit_toTheLetter)
 {
     receipt("A1", "鉛筆", "0000001", "0000050", "kg", "0", "0");
     receipt("A1", "鉛筆", "0000002", "0000040", "KG", "0", "0");
@@ -113,7 +113,7 @@ TEST_F(QueryTest, movementsOfACode_standByPriceAndUnit_toTheLetter)
     EXPECT_EQ(db.SyuViewTbl().get(1, SyuViewCol::SyuNebiki), "0000005");
 }
 
-TEST_F(QueryTest, sums_areOneRowForGoodsPriceAndUnit_withTheAmountOfTheDetailRows)
+TEST_F(QueryTest, sums_areARowForGoodsPriceAndUnit_withTheAmountOfItsRows)
 {
     receipt("A1", "鉛筆", "0000010", "0000050", "本", "0000100", "0000002");
     receipt("A1", "鉛筆", "0.5", "0000050", "本", "0", "0");

@@ -97,7 +97,7 @@ TEST_F(StoreTest, newRow_isInserted_committed_andTiedToItsTableRow)
     EXPECT_EQ(db.MasterTbl().Select("WHERE Code='C4'"), 1);
 }
 
-TEST_F(StoreTest, duplicateKey_is3022_saysNothing_andALaterCommitKeepsWhatWentBefore)
+TEST_F(StoreTest, duplicateKey_is3022_inSilence_andALaterCommitKeepsTheRest)
 {
     db.Execute("UPDATE Master SET Unit='箱' WHERE Code='B2'");
     ASSERT_EQ(db.LastStatus(), 0);

@@ -33,7 +33,7 @@ TEST_F(StoredTextsTest, paddedAndPlainFigures_areOneQuantity_butTwoTexts)
     EXPECT_EQ(CStr(numberOf("0000012")), "12");
 }
 
-TEST_F(StoredTextsTest, historyRows_areToldFromTheRowThatHoldsTheExtension)
+TEST_F(StoredTextsTest, historyRows_differFromTheRowThatHoldsTheExtension)
 {
     shop.add(rirekiTable, {"20260101", "20260131", "hst", "8192", "20260201090000"});
     shop.add(rirekiTable, {"20260201", "20260228", "hst", "8192", "20260301090000"});

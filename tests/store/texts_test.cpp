@@ -68,7 +68,7 @@ TEST(Numbers, formatRoundsHalvesAwayFromZero_andKeepsTheSign)
     EXPECT_EQ(errorOf([] { (void)Format(INFINITY, maskA); }), RunTimeError::Overflow);
 }
 
-TEST(Conditions, aCodeIsAnyTextWithoutQuotesAndControlCharacters)
+TEST(Conditions, aCode_isAnyText_withoutQuotesOrControlCharacters)
 {
     for (const std::string_view good : {"1", "4901001000017", "SET-01", " ", "品", "%", "\""})
         EXPECT_TRUE(canBeCode(good)) << good;

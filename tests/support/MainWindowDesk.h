@@ -70,8 +70,9 @@ struct MainWindowDesk : private Run
     void leaveAnEdit()
     {
         window->GoodsCodeSet(QStringLiteral("4901001000017"));
-        grid(Tab::Receipt).SetText(4, 1, std::string_view("20"));
-        Q_EMIT grid(Tab::Receipt).Change(4, 1);
+        const int quantity = movementSide(Side::Receipt).cells.quantity;
+        grid(Tab::Receipt).SetText(quantity, 1, std::string_view("20"));
+        Q_EMIT grid(Tab::Receipt).Change(quantity, 1);
         ASSERT_TRUE(window->dirty(Side::Receipt));
     }
 

@@ -36,7 +36,7 @@ class Backup(ShopTest):
         for name in self.copies():
             self.assertRegex(listed.stdout, rf"{name}  \d+ bytes  proved, \d+ stock figures")
 
-    def test_copies_made_while_receipts_come_in_are_proved_and_no_scan_is_lost(self):
+    def test_copies_during_receipts_are_verified_and_no_scan_is_lost(self):
         program = self.open()
         codes = self.plain_codes(2)
         scans = 0
@@ -57,7 +57,7 @@ class Backup(ShopTest):
         self.end(program)
         self.assertWhole()
 
-    def test_restore_waits_for_the_end_of_the_program_and_brings_the_day_back(self):
+    def test_restore_waits_for_the_end_and_brings_the_day_back(self):
         program = self.open()
         code = self.plain_codes(1)[0]
         self.reader.scan(code)
@@ -80,7 +80,7 @@ class Backup(ShopTest):
         self.assertProved()
         self.end(self.open())
 
-    def test_wrong_use_is_told_and_changes_nothing(self):
+    def test_wrong_use_is_reported_and_changes_nothing(self):
         database = self.data_files()
         for words in (("backup", "--keep", "0"), ("backup", "--keep", "many"), ("backup", "here"), ("restore",),
                       ("restore", "none.mdb"), ("import", "none.mdb"), ("backup", "--to", str(self.shop.database)),
@@ -112,7 +112,7 @@ class Backup(ShopTest):
         for file in made:
             self.assertEqual(0o700 if file.is_dir() else 0o600, file.stat().st_mode & 0o777, file)
 
-    def test_where_a_file_may_not_grow_the_program_shows_a_box_and_loses_nothing(self):
+    def test_where_no_file_may_grow_a_box_is_shown_and_nothing_lost(self):
         stored = resource.getrlimit(resource.RLIMIT_FSIZE)
         resource.setrlimit(resource.RLIMIT_FSIZE, (8192, stored[1]))
         try:
@@ -148,7 +148,7 @@ class Backup(ShopTest):
         self.assertEqual(2, wrong.returncode)
         self.assertIn("オプションが正しくありません", wrong.stderr)
 
-    def test_where_there_is_no_room_no_copy_is_left_and_a_restore_leaves_the_database_as_it_was(self):
+    def test_without_room_no_copy_is_left_and_a_restore_is_undone(self):
         self.assertEqual(0, self.shop.tagdb("backup").returncode)
         copy = self.copies()[0]
         database = self.data_files()
@@ -161,7 +161,7 @@ class Backup(ShopTest):
             self.assertEqual([copy, f"{copy}.proof"], self.backup_files())
             self.assertEqual(database, self.data_files())
 
-    def test_a_backup_killed_at_any_instant_leaves_no_half_copy_and_the_database_as_it_was(self):
+    def test_a_backup_killed_at_any_instant_leaves_no_half_copy(self):
         seed = int(os.environ.get("SEED", time.time_ns() % 1_000_000))
         print(f"SEED={seed}")
         chance = random.Random(seed)
@@ -188,7 +188,7 @@ class Backup(ShopTest):
         self.assertEqual([], [name for name in self.backup_files() if name.endswith(".part")])
         self.assertEqual(self.backup_files(), sorted({*self.copies(), *(f"{name}.proof" for name in self.copies())}))
 
-    def test_after_a_writer_was_killed_in_the_middle_a_backup_holds_whole_units_only(self):
+    def test_a_backup_after_a_killed_writer_holds_whole_units_only(self):
         writer = f"""
 import os, signal, sqlite3
 link = sqlite3.connect({str(self.shop.database)!r}, isolation_level=None)
@@ -211,7 +211,7 @@ os.kill(os.getpid(), signal.SIGKILL)
         self.assertEqual([(0,)], self.rows_of(copy, "SELECT count(*) FROM InpTB"))
         self.assertWhole()
 
-    def test_a_restore_killed_at_any_instant_leaves_the_old_database_or_the_new_one(self):
+    def test_a_restore_killed_at_any_instant_leaves_one_or_the_other(self):
         seed = int(os.environ.get("SEED", time.time_ns() % 1_000_000))
         print(f"SEED={seed}")
         chance = random.Random(seed)

@@ -40,7 +40,7 @@ class BenchTable(unittest.TestCase):
             bench_table.main()
         return end.exception.code, said.getvalue()
 
-    def test_all_goals_met_is_a_good_end_with_a_line_for_every_figure(self):
+    def test_all_goals_met_is_a_good_end_with_a_line_for_each_figure(self):
         self.measured()
         status, said = self.table()
         self.assertEqual(0, status, said)
@@ -54,7 +54,7 @@ class BenchTable(unittest.TestCase):
         line, = (line for line in said.splitlines() if "| NO" in line)
         self.assertRegex(line, r"Carry-forward.*\| 12.5 ms +\| 12.5 ms +\| 1.51 +\| ≤ 1.5 +\| NO")
 
-    def test_a_ratio_of_other_than_times_has_their_unit_and_a_goal_without_one(self):
+    def test_a_ratio_of_other_than_times_has_its_unit_the_goal_none(self):
         self.measured(IdleProgram=1.31)
         status, said = self.table()
         self.assertEqual(1, status)
@@ -65,7 +65,7 @@ class BenchTable(unittest.TestCase):
         self.measured(CarryForward=1.5)
         self.assertEqual(0, self.table()[0])
 
-    def test_a_figure_that_was_not_measured_is_no_success_unless_a_part_was_run(self):
+    def test_a_missing_figure_is_not_a_success_unless_a_part_was_run(self):
         self.measured()
         (self.folder / "label_bench.json").write_text("")
         status, said = self.table()
@@ -82,7 +82,7 @@ class BenchTable(unittest.TestCase):
         file.write_text(json.dumps(runs))
         self.assertEqual(2, self.table()[0])
 
-    def test_the_document_takes_the_newest_table_alone_with_date_and_machine(self):
+    def test_the_document_takes_the_newest_table_with_its_machine(self):
         document = self.folder / "performance.md"
         document.write_text((SOURCES / "docs" / "performance.md").read_text(encoding="utf-8"), encoding="utf-8")
         self.measured()

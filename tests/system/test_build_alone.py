@@ -42,11 +42,11 @@ class BuildAlone(unittest.TestCase):
         self.assertEqual(0, done.returncode, done.stdout)
         return {str(file.relative_to(self.place)) for file in self.place.rglob("*") if file.is_file()}
 
-    def test_the_packages_of_the_tests_and_benchmarks_are_out_of_reach(self):
+    def test_the_packages_of_tests_and_benchmarks_are_out_of_reach(self):
         self.assertNotEqual(0, self.refused.returncode, self.refused.stdout)
         self.assertRegex(self.refused.stdout, "(?i)CMAKE_DISABLE_FIND_PACKAGE_(GTest|benchmark)")
 
-    def test_nothing_that_needs_them_is_built_whatever_the_cache_said(self):
+    def test_nothing_that_needs_them_is_built_whatever_is_cached(self):
         self.assertEqual([], [file for room in ("tests", "benchmarks") for file in (self.folder / room).rglob("*.o")])
         cache = (self.folder / "CMakeCache.txt").read_text(encoding="utf-8")
         for option in ("BUILD_TESTING", "SUISUI_BENCH", "SUISUI_WERROR"):

@@ -99,7 +99,7 @@ class Check(unittest.TestCase):
                               check=False, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                               stderr=subprocess.STDOUT, encoding="utf-8")
 
-    def test_an_option_that_it_does_not_know_is_named_together_with_those_that_it_knows(self):
+    def test_an_unknown_option_is_named_together_with_the_known(self):
         for option in ("--asna", "clang", "-DSUISUI_WERROR=ON --fast", "-j4"):
             with self.subTest(option=option):
                 done = self.check(*option.split())

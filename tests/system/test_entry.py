@@ -21,7 +21,7 @@ class TypingReader(ShopTest):
         self.end(program)
         self.assertWhole()
 
-    def test_codes_typed_one_behind_the_other_are_scans_wherever_the_cursor_is(self):
+    def test_codes_typed_in_a_row_are_scans_wherever_the_cursor_is(self):
         codes = self.plain_codes(4)
         program = self.open()
         # After the first the cursor is in a quantity, or will, when the window takes keys again.
@@ -53,7 +53,7 @@ class TypingReader(ShopTest):
         self.screen.wait_gone(desk.END_DIALOG)
         self.end(program)
 
-    def test_a_typist_is_no_reader(self):
+    def test_a_typist_is_not_a_reader(self):
         code = self.plain_codes(1)[0]
         program = self.open()
         self.screen.type(f"{code}\n")
@@ -101,7 +101,7 @@ class TypingReader(ShopTest):
         self.screen.answer(desk.UNREGISTERED_BOX)
         self.assertEqual(1, self.shop.count("InpTB"))
 
-    def test_an_unknown_code_shows_the_box_and_the_next_one_is_stored(self):
+    def test_an_unknown_code_shows_a_box_and_the_next_one_is_stored(self):
         known = self.plain_codes(1)[0]
         program = self.open()
         self.screen.type("0000000000000\n")
@@ -129,7 +129,7 @@ class SerialReader(ShopTest):
         self.end(program)
         self.assertWhole()
 
-    def test_scans_that_are_no_codes_change_nothing_and_the_next_code_is_stored(self):
+    def test_scans_that_are_not_codes_change_nothing(self):
         known = self.plain_codes(1)[0]
         before = self.shop.stock()
         program = self.open()
@@ -143,7 +143,7 @@ class SerialReader(ShopTest):
         program.wait_idle()
         self.end(program)
 
-    def test_quotes_and_bytes_that_are_no_text_are_unregistered_codes(self):
+    def test_quotes_and_bytes_of_no_text_are_unregistered_codes(self):
         program = self.open()
         for frame in (b"'; DELETE --\r\n", b"a' OR '1'='1\r\n", b"\xff\xfe\x80\r\n", b"\x00\x01\x02\r\n"):
             with self.subTest(frame=frame):
@@ -154,7 +154,7 @@ class SerialReader(ShopTest):
         self.end(program)
         self.assertWhole()
 
-    def test_a_million_characters_without_an_end_leave_the_program_at_work(self):
+    def test_a_million_characters_without_an_end_change_nothing(self):
         known = self.plain_codes(1)[0]
         program = self.open()
         self.reader.send(b"7" * 1_000_000 + b"\r\n")
@@ -181,7 +181,7 @@ class SerialReader(ShopTest):
         program.wait_idle()
         self.end(program)
 
-    def test_without_a_port_the_box_appears_once_and_the_keyboard_works(self):
+    def test_without_a_port_there_is_one_box_and_the_keyboard_works(self):
         known = self.plain_codes(1)[0]
         self.shop.use_reader("/dev/no-such-reader")
         program = self.start()

@@ -93,7 +93,7 @@ class FirstStart(Packaged):
         """Answers the next box of the starter, once its buttons take keys."""
         self.screen.answer(FIRST_START, key, picture=picture)
 
-    def test_a_new_user_may_begin_with_an_empty_database_and_fills_in_forms(self):
+    def test_a_new_user_may_begin_empty_and_fills_in_forms(self):
         process = self.start()
         self.screen.answer(FIRST_START, "alt+e", picture=pathlib.Path.cwd() / "first-start.png")
         wait_for("the forms", lambda: len(list(self.forms.glob("*.csv"))) == 4)
@@ -124,7 +124,7 @@ class FirstStart(Packaged):
         self.work_and_end(process)
         self.assertEqual(1, self.goods())
 
-    def test_an_empty_database_beside_a_master_data_program_is_left_to_that_program(self):
+    def test_beside_a_master_program_an_empty_database_is_left_to_it(self):
         self.assertEqual(0, subprocess.run([str(self.root / "usr/bin/tagdb"), "create"], check=False,
                                            env=self.screen.environment, stdout=subprocess.DEVNULL).returncode)
         (self.data / "exe").mkdir()
@@ -134,7 +134,7 @@ class FirstStart(Packaged):
         self.answer_until_ended(process)
         self.assertFalse(self.forms.exists())
 
-    def test_the_menu_offers_forms_filled_with_what_is_there_to_add_to_it(self):
+    def test_the_menu_offers_forms_filled_with_what_is_there(self):
         for command in ("create", "sample"):
             subprocess.run([str(self.root / "usr/bin/tagdb"), command], env=self.screen.environment, check=True,
                            stdout=subprocess.DEVNULL)
@@ -161,7 +161,7 @@ class FirstStart(Packaged):
         self.assertGreater(self.goods(), 0)
         self.assertFurnished()
 
-    def test_what_is_wrong_with_the_form_of_another_program_is_said_in_japanese(self):
+    def test_a_fault_of_a_foreign_form_is_reported_in_japanese(self):
         for command in ("create", "sample"):
             subprocess.run([str(self.root / "usr/bin/tagdb"), command], env=self.screen.environment, check=True,
                            stdout=subprocess.DEVNULL)
@@ -177,7 +177,7 @@ class FirstStart(Packaged):
         self.assertEqual(0, self.ended(process))
         self.assertEqual(goods, self.goods())
 
-    def test_the_starter_names_another_folder_of_data_to_the_daily_backup(self):
+    def test_the_starter_names_another_folder_to_the_daily_backup(self):
         elsewhere = self.home / 'my "50 %" data'
         settings = self.home / ".config/systemd/user/suisuitag-backup.service.d/folder.conf"
         process = self.start(XDG_DATA_HOME=str(elsewhere), XDG_CONFIG_HOME=str(self.home / ".config"))
@@ -199,7 +199,7 @@ class FirstStart(Packaged):
             self.assertEqual(0, self.ended(process))
             self.assertFalse(self.data.exists())
 
-    def test_who_has_a_database_is_asked_nothing_and_keeps_it_with_all_settings(self):
+    def test_who_has_a_database_is_asked_nothing_and_keeps_it(self):
         for command in ("create", "sample"):
             subprocess.run([str(self.root / "usr/bin/tagdb"), command], env=self.screen.environment, check=True,
                            stdout=subprocess.DEVNULL)
@@ -211,7 +211,7 @@ class FirstStart(Packaged):
         self.assertEqual(before, self.database.read_bytes())
         self.assertEqual("; a customer's own\n", settings.read_text(encoding="utf-8"))
 
-    def test_a_place_that_cannot_be_written_is_told_and_nothing_starts(self):
+    def test_an_unwritable_place_is_reported_and_nothing_starts(self):
         (self.home / ".local").write_text("in the way", encoding="ascii")
         process = self.start()
         self.screen.answer(FIRST_START, "alt+s")

@@ -22,7 +22,7 @@ def guide():
 
 
 class Guide(unittest.TestCase):
-    def test_every_caption_it_quotes_stands_in_the_program(self):
+    def test_every_caption_it_quotes_is_in_the_program(self):
         texts = program_texts()
         captions = set(re.findall("「([^」]+)」", guide()))
         self.assertGreater(len(captions), 20)

@@ -37,7 +37,7 @@ class Includes(unittest.TestCase):
                     found = faults(f"{room}/A.cpp", f'#include "{other}/B.h"')
                     self.assertEqual(room != other, bool(found))
 
-    def test_the_house_does_not_include_what_stands_beside_it(self):
+    def test_the_house_does_not_include_what_is_beside_it(self):
         for other in ["tools", "tests", "benchmarks"]:
             with self.subTest(other=other):
                 self.assertEqual(1, len(faults("frame/shell/Main.cpp", f'#include "{other}/A.h"')))
@@ -65,7 +65,7 @@ class Includes(unittest.TestCase):
             with self.subTest(path=path):
                 self.assertEqual(1, len(faults(path, "#include <sqlite3.h>")))
 
-    def test_an_include_without_its_path_is_found_but_a_generated_form_is_not(self):
+    def test_an_include_without_its_path_is_found_a_made_form_is_not(self):
         self.assertEqual(1, len(faults("store/AppDB.cpp", '#include "AppDB.h"')))
         self.assertEqual(1, len(faults("store/AppDB.cpp", '#include "../platform/core/Clock.h"')))
         self.assertEqual([], faults("frame/shell/frmMain.cpp", '#include "ui_frmMain.h"'))

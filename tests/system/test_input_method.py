@@ -71,7 +71,7 @@ class InputMethodOn(ShopTest):
     def test_so_it_is_in_an_editor_that_was_opened_first(self):
         self.convert_a_remark("F2")
 
-    def test_a_scan_typed_by_a_reader_is_a_scan_while_the_input_method_is_on(self):
+    def test_a_typed_scan_is_a_scan_while_the_input_method_is_on(self):
         program = self.open()
         codes = self.plain_codes(3)
         self.screen.type("".join(f"{code}\n" for code in codes))

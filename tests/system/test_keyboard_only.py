@@ -64,7 +64,7 @@ class KeyboardOnly(ShopTest):
         self.screen.type(f"{code}\n")
         program.wait_idle()
 
-    def test_a_day_is_worked_by_keys_alone(self):
+    def test_a_day_can_be_worked_by_keys_alone(self):
         kept, dropped = self.plain_codes(2)
         self.shop.change("UPDATE Master SET Stock = ?", [("0",)])  # no box about a low stock
         program = self.open()

@@ -10,7 +10,7 @@ ROUNDS = 8
 
 
 class Kill(ShopTest):
-    def test_after_each_kill_the_stock_is_right_and_every_stored_receipt_is_there(self):
+    def test_after_each_kill_stock_and_stored_receipts_are_right(self):
         seed = int(os.environ.get("SEED", time.time_ns() % 1_000_000))
         print(f"SEED={seed}")
         chance = random.Random(seed)

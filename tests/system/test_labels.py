@@ -66,7 +66,7 @@ class Labels(ShopTest):
         self.assertEqual(1, len(new), "one print, one file that overwrites nothing")
         return new.pop()
 
-    def test_what_is_scanned_is_printed_and_what_is_printed_can_be_scanned(self):
+    def test_what_is_scanned_is_printed_and_can_be_scanned_again(self):
         codes = self.plain_codes(3)
         quantities = {code: int(self.shop.rows("SELECT NyuSuu FROM Master WHERE Code = ?", code)[0][0])
                       for code in codes}
@@ -124,7 +124,7 @@ class Labels(ShopTest):
         self.end(program)
         self.assertWhole()
 
-    def test_a_cancelled_printer_keeps_the_dialog_and_the_reader_leaves_it(self):
+    def test_a_cancelled_printer_keeps_the_dialog_a_reader_leaves_it(self):
         code, = self.plain_codes(1)
         program = self.open()
         self.book([code])
@@ -150,7 +150,7 @@ class Labels(ShopTest):
         program.wait_idle()
         self.end(program)
 
-    def test_a_disk_that_is_full_is_told_and_the_work_goes_on(self):
+    def test_a_full_disk_is_reported_and_the_work_goes_on(self):
         first, second = self.plain_codes(2)
         program = self.open()
         self.book([first])

@@ -146,7 +146,7 @@ class Lists(ShopTest):
         program.wait_idle()
         self.end(program)
 
-    def test_more_than_a_thousand_rows_are_shown_only_when_the_operator_agrees(self):
+    def test_more_than_a_thousand_rows_are_shown_only_after_a_yes(self):
         self.ship(1200)
         self.install_slip_program()
         program = self.start()
@@ -177,7 +177,7 @@ class Lists(ShopTest):
         program.wait_idle()
         self.screen.wait_active(desk.MAIN_WINDOW)
 
-    def test_without_a_slip_program_or_its_folder_the_program_works_on(self):
+    def test_without_a_slip_program_or_its_folder_work_goes_on(self):
         self.ship(5)
         program = self.open_list(4)
         self.search_customer(program)

@@ -61,7 +61,7 @@ class MouseOnly(ShopTest):
         [file] = set(self.paper.rglob("*.pdf")) - before
         day_reports.wait_whole(file)
 
-    def test_a_day_is_worked_by_the_mouse(self):
+    def test_a_day_can_be_worked_by_the_mouse(self):
         kept, dropped = self.plain_codes(2)
         self.shop.change("UPDATE Master SET Stock = ?", [("0",)])  # no box about a low stock
         program = self.open()

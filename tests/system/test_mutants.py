@@ -77,7 +77,7 @@ class Changes(unittest.TestCase):
         self.assertEqual(["if (a != b)\n    ;"], after("if (a == b)\n    ;"))
         self.assertEqual(["if (a)\n    ;"], after("if (!a)\n    ;"))
 
-    def test_a_call_for_its_effect_is_left_out_and_lines_stay_in_place(self):
+    def test_a_call_for_its_effect_is_left_out_and_lines_keep_places(self):
         text = "{\n    grid->row(a).post(b,\n        c);\n    d();\n}"
         self.assertEqual(["{\n    \n;\n    d();\n}", "{\n    grid->row(a).post(b,\n        c);\n    ;\n}"],
                          after(text, "call"))
@@ -112,7 +112,7 @@ class Known(unittest.TestCase):
             with self.subTest(text=text), self.assertRaises(SystemExit):
                 mutants.known_equivalents(text)
 
-    def test_known_changes_are_left_out_and_those_that_have_gone_are_named(self):
+    def test_known_changes_are_left_out_and_those_gone_are_named(self):
         kept, listed = self.mutant("a", "b"), self.mutant("c", "d")
         known = {("store/A.cpp", "c", "d"): "why", ("store/A.cpp", "old", "older"): "why",
                  ("store/Other.cpp", "x", "y"): "why"}
@@ -188,7 +188,7 @@ class WholeRun(unittest.TestCase):
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                               encoding="utf-8", check=False, env={**os.environ, "CCACHE_DISABLE": "1"})
 
-    def test_changes_are_noticed_or_listed_and_the_checkout_stays_as_it_is(self):
+    def test_changes_are_noticed_or_listed_and_the_checkout_stays(self):
         done = self.run_script("--room", "shelf")
         self.assertEqual(1, done.returncode, done.stdout)
         self.assertEqual("6 changes, 5 noticed (83.3 %); besides, 0 did not compile and 1 are known to make no"

@@ -40,7 +40,7 @@ class Package(Packaged):
                               "libqt6printsupport6", "libqt6serialport6", "libsqlite3-0"}, needed)
         self.assertFalse([name for name in needed if name.endswith("-dev")])
 
-    def test_it_holds_programs_menu_entry_icon_pages_and_guide_and_no_data(self):
+    def test_it_holds_all_that_a_program_needs_and_no_data(self):
         files = self.files()
         wanted = {f"usr/bin/{program}" for program in PROGRAMS}
         wanted |= {f"usr/share/man/{place}man1/{program}.1.gz" for program in PROGRAMS for place in ("", "ja/")}
@@ -54,7 +54,7 @@ class Package(Packaged):
                                                                                 "lib/systemd/"))})
         self.assertEqual(set(), {name for name in files if name.endswith((".mdb", ".a", ".h", ".cmake"))})
 
-    def test_no_script_runs_when_it_is_installed_so_unpacked_is_installed(self):
+    def test_no_script_runs_at_installation_so_unpacked_is_installed(self):
         listed = output_of("dpkg-deb", "-I", str(self.package))
         self.assertEqual(["control", "md5sums"], re.findall(r"(?m)^ +\d+ bytes, +\d+ lines[ *]+(\S+)", listed))
 
@@ -72,7 +72,7 @@ class Package(Packaged):
         files = {name for name in self.files() if not (self.root / name).is_symlink()}
         self.assertEqual(files, {line.split(maxsplit=1)[1] for line in listed.splitlines()})
 
-    def test_the_programs_are_stripped_and_look_for_libraries_in_no_folder_of_the_build(self):
+    def test_programs_are_stripped_and_know_no_folder_of_the_build(self):
         for program in PROGRAMS:
             data = (self.root / "usr" / "bin" / program).read_bytes()
             self.assertNotIn(b".debug_info", data, program)
@@ -110,7 +110,7 @@ class Package(Packaged):
             if judge[0] == "man":
                 self.assertEqual("", said, judge[-1])
 
-    def test_the_judge_of_the_software_catalogue_misses_nothing_but_a_home_page(self):
+    def test_the_software_catalogue_misses_nothing_but_a_home_page(self):
         verdict = subprocess.run(["appstreamcli", "validate", "--no-net", str(self.root / "usr/share" / METAINFO)],
                                  check=False, encoding="utf-8", stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                                  env={**os.environ, "LC_ALL": "C.UTF-8"})
@@ -188,7 +188,7 @@ class DailyBackup(Packaged):
         self.assertEqual((self.units / self.UNITS[1]).resolve(), link.resolve())
         self.assertTrue(link.resolve().is_file())
 
-    def test_the_line_of_the_service_makes_a_proved_copy_in_the_folder_of_each_user(self):
+    def test_the_service_makes_a_verified_copy_for_each_user(self):
         shops = [self.home("hanako"), self.home("taro")]
         for home in shops:
             for command in ("create", "sample"):
@@ -219,7 +219,7 @@ class DailyBackup(Packaged):
         self.assertEqual(1, len(list((elsewhere / "suisuitag/backup").glob("*.mdb"))))
         self.assertEqual([], list(home.iterdir()))
 
-    def test_books_that_do_not_hold_make_the_service_fail_where_all_can_see_it(self):
+    def test_books_that_do_not_hold_make_the_service_fail_visibly(self):
         home = self.home("hanako")
         for command in ("create", "sample"):
             self.assertEqual(0, self.tagdb(home, command).returncode)

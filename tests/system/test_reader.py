@@ -30,15 +30,15 @@ class Scans(ShopTest):
 class LongQueue(Scans):
     """Run by itself: each scan takes a second of its own."""
 
-    def test_forty_scans_faster_than_they_are_worked_are_all_booked_once_and_in_order(self):
+    def test_forty_scans_faster_than_booking_are_stored_in_order(self):
         self.book(MANY_SCANS)
 
 
 class Reader(Scans):
-    def test_scans_faster_than_they_are_worked_are_all_booked_once_and_in_order(self):
+    def test_scans_faster_than_booking_are_stored_once_in_order(self):
         self.book(FEW_SCANS)
 
-    def test_scans_wait_behind_a_box(self):
+    def test_scans_wait_for_a_box(self):
         known = self.plain_codes(1)[0]
         program = self.open()
         self.reader.scan("4999999999996")
@@ -67,7 +67,7 @@ class Reader(Scans):
         self.assertEqual([(known,)], self.receipts("Code"))
         self.end(program)
 
-    def test_scans_wait_behind_the_wait_window(self):
+    def test_scans_wait_for_the_wait_window(self):
         known = self.plain_codes(1)[0]
         self.add_receipts(20000)
         program = self.start()

@@ -90,7 +90,7 @@ class Reports(ShopTest):
         program.wait_idle()
         self.end(program)
 
-    def test_a_file_that_the_disk_refuses_is_told_and_the_window_works_on(self):
+    def test_a_file_refused_by_the_disk_is_reported_and_work_goes_on(self):
         program = self.open_list()
         self.open_pages()
         self.reader.scan("[P]")

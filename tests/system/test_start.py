@@ -51,7 +51,7 @@ class Start(ShopTest):
             master.wait()
         self.end(self.open())
 
-    def test_a_window_with_nearly_the_same_title_is_not_the_master_program(self):
+    def test_a_window_of_nearly_its_title_is_not_the_master_program(self):
         other = subprocess.Popen([TITLED_WINDOW, MASTER_WINDOW.strip()], env=self.screen.environment)
         try:
             wait_for("the other window", lambda: MASTER_WINDOW.strip() in self.screen.titles())
@@ -65,7 +65,7 @@ class Start(ShopTest):
                                "InpDate": f"2020{number:010d}", "UpdDate": f"2020{number:010d}"}
                               for number in range(count)))
 
-    def test_25001_movements_of_each_kind_are_warned_of_and_work_goes_on(self):
+    def test_25001_movements_of_a_kind_are_warned_of(self):
         self._old_movements("InpTB", "NyuDate", 25001)
         self._old_movements("OutTB", "SyuDate", 25001)
         program = self.start()

@@ -43,7 +43,7 @@ class Wayland(ShopTest):
         self.assertEqual([], shown.complaints())
         self.assertWhole()
 
-    def test_scans_and_typed_codes_are_booked_and_boxes_and_dialogs_get_the_keys(self):
+    def test_codes_are_booked_and_boxes_and_dialogs_get_the_keys(self):
         known = self.plain_codes(1)[0]
         program, shown = self.open_in(self.session())
         self.reader.scan(known)
@@ -92,7 +92,7 @@ class Wayland(ShopTest):
         self.assertEqual(before, self.data_files())
         self.end_by_reader(first, shown)
 
-    def test_beside_the_master_program_whose_window_nobody_sees_it_says_so_and_ends(self):
+    def test_beside_an_unseen_master_program_it_says_so_and_ends(self):
         session = self.session()
         before = self.data_files()
         with open(self.shop.folder / ".master.lock", "w", encoding="ascii") as held:

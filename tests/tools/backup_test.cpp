@@ -9,7 +9,7 @@
 
 namespace suisui::test {
 
-TEST_F(BackupTest, copyHasTheDateInItsName_allRows_andIsProved)
+TEST_F(BackupTest, copyHasTheDateInItsName_allRows_andIsVerified)
 {
     ASSERT_EQ(backup(), ToolStatus::Good) << err.str();
     EXPECT_EQ(files(), (Texts{first, std::string(first) + ".proof"}));
@@ -30,7 +30,7 @@ TEST_F(BackupTest, twoCopiesOfOneSecond_haveNamesOfTheirOwn_inOrder)
     EXPECT_EQ(copies[10].name, "trnvik-20260401-090000-11.mdb");
 }
 
-TEST_F(BackupTest, pendingWritesOfTheProgram_areNotInTheCopy_andAreStoredAfterwards)
+TEST_F(BackupTest, pendingWrites_areNotInTheCopy_andAreStoredAfterwards)
 {
     AppDB program(shop.databaseFolder());
     ASSERT_EQ(program.Open("trnvik.mdb"), 0);
@@ -42,7 +42,7 @@ TEST_F(BackupTest, pendingWritesOfTheProgram_areNotInTheCopy_andAreStoredAfterwa
     EXPECT_EQ(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), Texts{"99"});
 }
 
-TEST_F(BackupTest, whileTheDatabaseIsHeldStill_readsSeeOneState_andAWriterWaits)
+TEST_F(BackupTest, duringASnapshot_readsSeeOneState_andAWriterWaits)
 {
     AppDB held(shop.databaseFolder());
     AppDB program(shop.databaseFolder());
@@ -59,7 +59,7 @@ TEST_F(BackupTest, whileTheDatabaseIsHeldStill_readsSeeOneState_andAWriterWaits)
     EXPECT_EQ(held.ZaikoTbl().CountRows("WHERE ZaikoSuu='16'"), 1);
 }
 
-TEST_F(BackupTest, databaseThatAnotherProcessLocks_isWaitedFor_thenRefused_withNothingLeft)
+TEST_F(BackupTest, lockedDatabase_isWaitedFor_thenRefused_withNothingLeft)
 {
     AppDB other(shop.databaseFolder());
     ASSERT_EQ(other.Open("trnvik.mdb"), 0);
@@ -72,7 +72,7 @@ TEST_F(BackupTest, databaseThatAnotherProcessLocks_isWaitedFor_thenRefused_withN
     EXPECT_FALSE(fs::exists(folder()));
 }
 
-TEST_F(BackupTest, booksThatDoNotHold_areKeptAndNamed_andDoNotPushAProvedCopyOut)
+TEST_F(BackupTest, booksThatDoNotHold_areKept_andPushNoVerifiedCopyOut)
 {
     order.keep = 1;
     ASSERT_EQ(backup(), ToolStatus::Good);
@@ -88,7 +88,7 @@ TEST_F(BackupTest, booksThatDoNotHold_areKeptAndNamed_andDoNotPushAProvedCopyOut
     EXPECT_EQ(status, ToolStatus::Good);
 }
 
-TEST_F(BackupTest, stockIsProvedWithComponents_carriedOverStock_andReturns)
+TEST_F(BackupTest, stockIsVerified_withComponents_carriedStock_andReturns)
 {
     shop.add(hseihinTable, {"SET", "", "A1", "2"});
     shop.add(zaikoTable, {"SET", "4", "1", "20260401090000", "20260401090000"});
@@ -100,7 +100,7 @@ TEST_F(BackupTest, stockIsProvedWithComponents_carriedOverStock_andReturns)
     EXPECT_EQ(backup(), ToolStatus::Good) << out.str();
 }
 
-TEST_F(BackupTest, aCopyThatChangesLater_isToldOf_andIsNotRestored)
+TEST_F(BackupTest, aCopyThatChangesLater_isReported_andIsNotRestored)
 {
     ASSERT_EQ(backup(), ToolStatus::Good);
     std::string bytes = bytesOf(folder() + first);
@@ -112,7 +112,7 @@ TEST_F(BackupTest, aCopyThatChangesLater_isToldOf_andIsNotRestored)
     EXPECT_NE(err.str().find("has changed since it was proved"), std::string::npos);
 }
 
-TEST_F(BackupTest, aCopyWithoutItsNote_isNotCalledProved)
+TEST_F(BackupTest, aCopyWithoutItsNote_isNotCalledVerified)
 {
     EXPECT_NE(listed().find("0 proved copies"), std::string::npos);
     EXPECT_EQ(status, ToolStatus::Found);
@@ -153,7 +153,7 @@ TEST_F(BackupTest, dateSetBack_theNewCopyIsNotTheOneThatGoes)
     EXPECT_EQ(copies[1].stamp, "20260402-090000");
 }
 
-TEST_F(BackupTest, soManyCopiesStay_ofAllSortsTogether_andTheLastProvedOneAmongThem)
+TEST_F(BackupTest, soManyCopiesStay_ofAllSorts_withTheLastVerifiedOne)
 {
     order.keep = 3;
     ASSERT_EQ(backup(), ToolStatus::Good);
@@ -240,7 +240,7 @@ TEST_F(BackupTest, aDailyRunWithoutADatabase_hasNothingToDo_andMakesNothing)
     EXPECT_EQ(backup(), ToolStatus::Failed);
 }
 
-TEST_F(BackupTest, whatAKilledRunHasLeft_isNoCopy_andGoes)
+TEST_F(BackupTest, whatAKilledRunHasLeft_isNotACopy_andGoes)
 {
     fs::create_directories(folder());
     write(folder() + "copy.part", "half");
@@ -263,7 +263,7 @@ TEST_F(BackupTest, secondRunAtTheSameTime_isRefused)
     EXPECT_EQ(backup(), ToolStatus::Good);
 }
 
-TEST_F(BackupTest, noDatabase_orNoFolder_isToldOf)
+TEST_F(BackupTest, noDatabase_orNoFolder_isReported)
 {
     order.folder = shop.databaseFile(); // a file
     EXPECT_EQ(backup(), ToolStatus::Failed);

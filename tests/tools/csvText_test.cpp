@@ -32,7 +32,7 @@ protected:
 
 } // namespace
 
-TEST_F(CsvText, bytesThatAreNoText_areNamedByLineAndColumn_andNothingIsStored)
+TEST_F(CsvText, bytesThatAreNotText_areNamedByPlace_andNothingIsStored)
 {
     const struct
     {
@@ -66,7 +66,7 @@ TEST_F(CsvText, aColumnNamedTwice_isRefused)
     EXPECT_EQ(stored(), "0");
 }
 
-TEST_F(CsvText, bytesThatAreNoText_inAnyTable_areFoundByTheCheck)
+TEST_F(CsvText, bytesThatAreNotText_inAnyTable_areFoundByTheCheck)
 {
     for (const TableDef* table : allTables()) {
         const std::string name(table->name);

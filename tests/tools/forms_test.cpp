@@ -237,7 +237,7 @@ TEST_F(FormsTest, goodsCodesThatNoScanCanBring_areRefusedByLine)
     EXPECT_EQ(take(), ToolStatus::Good) << err.str();
 }
 
-TEST_F(FormsTest, aCodeWhoseZerosAreGone_isTold_theOtherWayRoundItIsAnotherCode)
+TEST_F(FormsTest, aCodeWhoseZerosAreGone_isReported_oneWithMoreIsAnother)
 {
     shop.add(masterTable, {"0049", "りんご"});
     shop.add(tantouTable, {"01", "山田"});
@@ -336,7 +336,7 @@ TEST_F(FormsTest, whateverOldDataHolds_theProgramsOwnFormIsTakenBack)
                          "商品：追加 0 件、変更 0 件\n部品：追加 0 件、変更 0 件\n");
 }
 
-TEST_F(FormsTest, aChangedSet_leavesGoodBooks_aFormWithAFaultLeavesBothAsTheyWere)
+TEST_F(FormsTest, aChangedSet_leavesGoodBooks_aFaultyFormLeavesAllAsItWas)
 {
     for (const char* code : {"SET", "A1", "B1", "C1"})
         shop.add(masterTable, {code, code});
@@ -360,7 +360,7 @@ TEST_F(FormsTest, aChangedSet_leavesGoodBooks_aFormWithAFaultLeavesBothAsTheyWer
     EXPECT_EQ(checkBooks(base(), checked, checked), ToolStatus::Good) << checked.str();
 }
 
-TEST_F(FormsTest, oneBadLine_keepsAllFormsOut_andEveryFaultIsTold)
+TEST_F(FormsTest, oneBadLine_keepsAllFormsOut_andEveryFaultIsReported)
 {
     fillSmallShop();
     fill("部品.csv", "商品コード,部品コード,部品の数\r\nSET1,none,3\r\nSET1,4901234567900,many\r\n");
@@ -410,7 +410,7 @@ TEST_F(FormsTest, damagedForms_areTakenOverWholeOrNotAtAll)
     }
 }
 
-TEST_F(FormsTest, noDatabase_orNoRoomForForms_isToldOf)
+TEST_F(FormsTest, noDatabase_orNoRoomForForms_isReported)
 {
     fs::create_directories(base());
     std::ofstream(folder()) << "in the way";

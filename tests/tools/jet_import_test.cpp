@@ -108,7 +108,7 @@ protected:
 
 } // namespace
 
-TEST_P(JetImportTest, wholeShop_comesAlong_withJapaneseTexts_paddedNumbers_andEmptyForNull)
+TEST_P(JetImportTest, wholeShop_comesAlong_withItsTexts_numbers_andEmptyForNull)
 {
     write();
     ASSERT_EQ(import(), ToolStatus::Good) << out.str() << err.str();
@@ -187,7 +187,7 @@ TEST_P(JetImportTest, aNumberWithAFraction_isNamed_andStopsTheImport)
     EXPECT_EQ(query("SELECT Code FROM OutTB"), Texts{"A1"});
 }
 
-TEST_P(JetImportTest, aDateThatIsNone_isNamed)
+TEST_P(JetImportTest, aDateThatDoesNotExist_isNamed)
 {
     table("InpTB").rows[0][7].bytes = jetText(GetParam(), "きのう");
     table("ZaikoTB").rows[0][1].bytes = jetText(GetParam(), "7"); // so that the books hold without the row
@@ -223,13 +223,13 @@ TEST_P(JetImportTest, aColumnWithoutAPlaceHere_isNamedWhenItHoldsTexts)
     expectRefused("TantouTB: column Kekkon has no place here; it holds texts in 1 rows\n");
 }
 
-TEST_P(JetImportTest, aColumnThatIsNoText_isNamed)
+TEST_P(JetImportTest, aColumnThatIsNotText_isNamed)
 {
     table("TantouTB").columns[11].type = JetTable::Date;
     expectRefused("TantouTB: column Nyusya is neither text nor number\n");
 }
 
-TEST_P(JetImportTest, stockThatItsMovementsDoNotMake_isNamed_andCarriedWhenTheOperatorSaysSo)
+TEST_P(JetImportTest, stockThatMovementsDoNotMake_isNamed_andCarriedOnDemand)
 {
     table("ZaikoTB").rows[0][1].bytes = jetText(GetParam(), "13");
     expectRefused("books: stock of A1 is 13, its movements make 12\n");
@@ -238,7 +238,7 @@ TEST_P(JetImportTest, stockThatItsMovementsDoNotMake_isNamed_andCarriedWhenTheOp
     EXPECT_EQ(query("SELECT count(*) FROM InpTB"), Texts{"1"});
 }
 
-TEST_P(JetImportTest, rowsThatTheFileSpeaksOfAndThatAreNotThere_areCounted)
+TEST_P(JetImportTest, missingRowsThatTheFileSpeaksOf_areCounted)
 {
     table("KokyakuTB").declaredMore = 2;
     expectRefused("KokyakuTB: the file has 2 rows, 0 can be read\n");
@@ -299,7 +299,7 @@ TEST_P(JetImportTest, aDayOrATimeThatNoCalendarHas_isNamed)
     expectRefused("InpTB row 1: NyuTime \"256199\" is no time\n");
 }
 
-TEST_P(JetImportTest, controlCharacters_areNamed_andComeOverAsBlanksWhenTheOperatorSaysSo)
+TEST_P(JetImportTest, controlCharacters_areNamed_andBecomeBlanksOnDemand)
 {
     add("TantouTB", {"T1", "山\x07田\r\n"});
     expectRefused("TantouTB row 1: Name \"山 田  \" has control characters, here as blanks\n");
@@ -327,7 +327,7 @@ TEST_P(JetImportTest, anExistingDatabase_staysAsItIs)
     EXPECT_EQ(query("SELECT count(*) FROM InpTB"), Texts{"1"});
 }
 
-TEST_P(JetImportTest, aFileThatIsNone_isRefused)
+TEST_P(JetImportTest, aFileOfAnotherKind_isRefused)
 {
     EXPECT_EQ(import(), ToolStatus::Failed);
     EXPECT_NE(err.str().find("there is no such file"), std::string::npos);
@@ -344,7 +344,7 @@ class Jet3Test : public JetImportTest
 {
 };
 
-TEST_P(Jet3Test, bytesThatAreNoText_areNamed_notCarriedAsQuestionMarks)
+TEST_P(Jet3Test, bytesThatAreNotText_areNamed_notCarriedAsQuestionMarks)
 {
     table("Master").rows[0][1].bytes = "ab\x81";
     expectRefused("Master row 1: Name \"ab\uFFFD\" is no text\n");

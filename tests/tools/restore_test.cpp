@@ -8,7 +8,7 @@
 
 namespace suisui::test {
 
-TEST_F(BackupTest, restore_bringsTheCopyBack_keepsWhatWasThere_andLeavesTheCopyAsItIs)
+TEST_F(BackupTest, restore_bringsTheCopyBack_andKeepsWhatWasThere)
 {
     ASSERT_EQ(backup(), ToolStatus::Good);
     const std::string copy = bytesOf(folder() + first);
@@ -29,7 +29,7 @@ TEST_F(BackupTest, restore_bringsTheCopyBack_keepsWhatWasThere_andLeavesTheCopyA
     EXPECT_FALSE(fs::exists(shop.databaseFile() + ".restored"));
 }
 
-TEST_F(BackupTest, restore_ofADamagedDatabase_keepsItAsItWas_andNoJournalIsPlayedIntoTheNewFile)
+TEST_F(BackupTest, restore_ofADamagedDatabase_keepsIt_andPlaysNoJournal)
 {
     ASSERT_EQ(backup(), ToolStatus::Good);
     const Texts then = shop.query("SELECT * FROM InpTB");
@@ -106,7 +106,7 @@ TEST_F(BackupTest, restore_ofACopyWithOtherRulesThanTheProgram_isRefused)
     }
 }
 
-TEST_F(BackupTest, restore_ofACopyInAnotherJournalMode_leavesTheFileInTheProgramsOwn)
+TEST_F(BackupTest, restore_fromAnotherJournalMode_leavesTheProgramsOwn)
 {
     const auto modeOf = [](const std::string& file) { return bytesOf(file).substr(18, 2); };
     const std::string own = modeOf(shop.databaseFile());

@@ -79,7 +79,7 @@ TEST_F(TagDbTest, create_makesDatabaseAndTemplate_andTouchesNeitherAgain)
     EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Good);
 }
 
-TEST_F(TagDbTest, importedComponents_areCarriedForward_andAFailedImportLeavesBothAsTheyWere)
+TEST_F(TagDbTest, importedComponents_areCarriedForward_orLeftAsTheyWere)
 {
     ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);
     execute("INSERT INTO Master (Code, Name) VALUES ('SET', '詰合せ'), ('P', '部品'), ('Q', '部品')");
@@ -106,7 +106,7 @@ TEST_F(TagDbTest, importedComponents_areCarriedForward_andAFailedImportLeavesBot
     EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Good) << out.str();
 }
 
-TEST_F(TagDbTest, aDifferenceFarBehindThePoint_isFound_aBitThatGotLostIsNot)
+TEST_F(TagDbTest, aDifferenceFarAfterThePoint_isFound_aLostBitIsNot)
 {
     ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);
     const auto statusWith = [this](const std::string& figure, const std::string& carried) {
@@ -194,7 +194,7 @@ TEST_F(TagDbTest, tablesComeBackFromCsv_asTheyWent)
     EXPECT_FALSE(fs::exists(path("u.csv")));
 }
 
-TEST_F(TagDbTest, numbersAndDatesInAnotherDress_getTheFormOfTheirColumn)
+TEST_F(TagDbTest, numbersAndDatesInAnotherFormat_getThatOfTheirColumn)
 {
     ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);
     write("r.csv", "\xEF\xBB\xBF"
@@ -206,7 +206,7 @@ TEST_F(TagDbTest, numbersAndDatesInAnotherDress_getTheFormOfTheirColumn)
               std::vector<std::string>{"0000005|0000000|0000000|20260401|090000|20260401090000"});
 }
 
-TEST_F(TagDbTest, whatAColumnCannotHold_andBytesThatAreNoText_areNamed_andNothingIsStored)
+TEST_F(TagDbTest, whatAColumnCannotHold_isNamed_andNothingIsStored)
 {
     ASSERT_EQ(createShop(base(), out, err), ToolStatus::Good);
     const struct

@@ -68,7 +68,7 @@ TEST(LabelEntries, anEmptyGrid_isRefused)
     refused([&](const LabelDesk& desk) { MstBarCodePrintOut(desk, 0, grid, labelMarkColumn); });
 }
 
-TEST(LabelEntries, receiptsAndShipments_comeWithTheirWord_theirRows_andTheSourceOfTheNumber)
+TEST(LabelEntries, receiptsAndShipments_bringTheirWord_rows_andSourceOfNumber)
 {
     Entry entry;
     vaSpread& grid = entry.desk.grid;

@@ -58,7 +58,7 @@ struct LabelIpp : ::testing::TestWithParam<QPageSize::PageSizeId>
 
 } // namespace
 
-TEST_P(LabelIpp, everyLabel_arrivesWhereItsMillimetresSay_andReadsBackToItsCode)
+TEST_P(LabelIpp, everyLabel_arrivesAtItsMillimetres_andReadsBackToItsCode)
 {
     const auto rows = rowsFor(12); // whole rows that are on the shorter paper, too
     const QString file = print(rows, 0);
@@ -74,7 +74,7 @@ TEST_P(LabelIpp, everyLabel_arrivesWhereItsMillimetresSay_andReadsBackToItsCode)
                      rows[static_cast<std::size_t>(position)].code);
 }
 
-TEST_P(LabelIpp, aSecondCopy_bringsTheFunctionCodesAlone_andThePrinterMakesNone)
+TEST_P(LabelIpp, aSecondCopy_isFunctionCodesAlone_andThePrinterMakesNone)
 {
     copies = 2;
     functionCodes = true;

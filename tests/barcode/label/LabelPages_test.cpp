@@ -44,7 +44,7 @@ TEST(LabelPages, noLabelsNeedNoPage)
     EXPECT_EQ(pagesNeeded(10, 0, 1), 0);
 }
 
-TEST(LabelPages, everyCapacityStartAndNumberUpToFivePages_isWhatPlacingThemOneByOneGives)
+TEST(LabelPages, upToFivePages_everyCountIsThatOfPlacingOneByOne)
 {
     for (std::int64_t capacity = 1; capacity <= 44; ++capacity)
         for (std::int64_t start = 1; start <= capacity; ++start)

@@ -10,8 +10,8 @@
 #include "platform/core/Code128.h"
 #include "platform/widgets/Printer.h"
 #include "platform/widgets/PrinterBarPrt.h"
-#include "platform/widgets/vaSpread.h"
 #include "store/AppIni.h"
+#include "tests/barcode/label/LabelledGrid.h"
 #include "tests/support/BarReader.h"
 #include "tests/support/PdfPrinter.h"
 #include "tests/support/PdfText.h"
@@ -21,8 +21,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace suisui::test {
 
 namespace {
-
-constexpr int markColumn = 3;
 
 Millimetres lengthIn(const char16_t* text)
 {
@@ -62,9 +60,6 @@ class LabelPaper : public ::testing::Test
 protected:
     LabelPaper()
     {
-        static constexpr std::array columns{SpreadColumn{.heading = "code"}, SpreadColumn{.heading = "name"},
-                                            SpreadColumn{.heading = "mark", .type = CellType::CheckBox}};
-        grid.setColumns(columns);
         ini.setIniFolder(folder.path());
         setup->file = folder.filePath(u"labels.pdf"_s);
     }
@@ -73,9 +68,9 @@ protected:
     {
         grid.setMaxRows(static_cast<int>(codes.size()));
         for (int row = 1; row <= grid.MaxRows(); ++row) {
-            grid.SetText(1, row, codes.at(row - 1));
-            grid.SetText(2, row, u"鉛筆 ＨＢ　１２本入り"_s);
-            grid.SetText(markColumn, row, std::string_view("1"));
+            grid.SetText(labelCodeColumn, row, codes.at(row - 1));
+            grid.SetText(labelNameColumn, row, u"鉛筆 ＨＢ　１２本入り"_s);
+            grid.SetText(labelMarkColumn, row, std::string_view("1"));
         }
     }
 
@@ -84,7 +79,7 @@ protected:
         BarPrt& paper = barPrt;
         ASSERT_EQ(paper.choosePrinter(nullptr), 1);
         paper.setBarPitch(step);
-        LabelRows rows(grid, markColumn, 0);
+        LabelRows rows(grid, labelMarkColumn, 0);
         job.startRow = 1;
         job.endRow = grid.MaxRows();
         job.pages = {1, pagesNeeded(labelsWanted(rows, 1, job.endRow, true, job.eachRow), job.grid.capacity(),
@@ -183,7 +178,7 @@ protected:
     std::shared_ptr<PdfSetup> setup = std::make_shared<PdfSetup>();
     Printer printer{pdfDialog(setup)};
     PrinterBarPrt barPrt{printer, [this] { ++failures; }};
-    vaSpread grid;
+    LabelledGrid grid;
     AppIni ini;
 };
 
@@ -194,7 +189,7 @@ class LabelPaperLong : public LabelPaper
 
 } // namespace
 
-TEST_F(LabelPaper, everyLabelOfEverySheet_readsBackToItsCode_withItsBarsOnTheirDots)
+TEST_F(LabelPaper, onEverySheet_everyLabelReadsBack_withItsBarsOnTheirDots)
 {
     for (const LabelSheet& sheet : labelSheets) {
         const LabelJob job = jobOf(sheet);
@@ -218,7 +213,7 @@ TEST_F(LabelPaper, everyLabelOfEverySheet_readsBackToItsCode_withItsBarsOnTheirD
     EXPECT_EQ(failures, 0);
 }
 
-TEST_F(LabelPaper, theWidestPitchThatFits_readsBack_onEverySheet_andTheNarrowestOnTheFullest)
+TEST_F(LabelPaper, theWidestPitchOfEverySheet_andTheNarrowest_readBack)
 {
     const LabelSheet* fullest = &labelSheets[0];
     for (const LabelSheet& sheet : labelSheets) {
@@ -260,7 +255,7 @@ TEST_F(LabelPaper, aCodeOfSixteenCharactersOfEveryKind_readsBack)
     EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, true)), joined(codes));
 }
 
-TEST_F(LabelPaper, onAPrinterWithAMargin_theBarsStandAtTheSameMillimetres)
+TEST_F(LabelPaper, onAPrinterWithAMargin_theBarsAreAtTheSameMillimetres)
 {
     setup->margins = {18, 24, 18, 18};
     LabelJob job = jobOf(labelSheets[0]);
@@ -287,7 +282,7 @@ TEST_F(LabelPaper, aMarginWiderThanTheStart_leavesTheBarsAtTheirMillimetres)
     EXPECT_EQ(failures, 0);
 }
 
-TEST_F(LabelPaper, aCodeThatTheSymbologyCannotCarry_hasNoBars_andTheOthersStand)
+TEST_F(LabelPaper, aCodeThatTheSymbologyCannotCarry_hasNoBars_theOthersDo)
 {
     setup->dpi = 300;
     fill({u"鉛筆01"_s, u"A1"_s, u"ﾊﾞｰ"_s, QString(200, u'X'), u"A2"_s});
@@ -323,7 +318,7 @@ TEST_F(LabelPaper, aFileThatCannotBeWritten_isReportedOnce)
     EXPECT_EQ(failures, 1);
 }
 
-TEST_F(LabelPaper, aStepIsAsWideOnThreeHundredDotsAsOnSixHundred)
+TEST_F(LabelPaper, aStep_isAsWideOnThreeHundredDots_asOnSixHundred)
 {
     for (int step = 1; step <= barPitchSteps; ++step) {
         EXPECT_EQ(barPitchDots(step, 300), step);

@@ -6,7 +6,7 @@ using namespace std::string_view_literals;
 
 namespace suisui::test {
 
-TEST_F(LabelPrint, threeLabelsFromTheFifthPlace_standInRowsTwoAndThree)
+TEST_F(LabelPrint, threeLabelsFromTheFifthPlace_areInRowsTwoAndThree)
 {
     fill({{"A", "3"}});
     job.startLabel = 5;
@@ -15,7 +15,7 @@ TEST_F(LabelPrint, threeLabelsFromTheFifthPlace_standInRowsTwoAndThree)
     EXPECT_EQ(labelsOfPage(0), (Labels{"A@4", "A@5", "A@6"}));
 }
 
-TEST_F(LabelPrint, aQuantityOfFifteenOnASheetOfTwelve_goesOnAtTheHeadOfTheNextPage)
+TEST_F(LabelPrint, fifteenOnASheetOfTwelve_goOnAtTheHeadOfTheNextPage)
 {
     fill({{"A", "15"}});
     print();
@@ -24,7 +24,7 @@ TEST_F(LabelPrint, aQuantityOfFifteenOnASheetOfTwelve_goesOnAtTheHeadOfTheNextPa
     EXPECT_EQ(labelsOfPage(1), (Labels{"A@0", "A@1", "A@2"}));
 }
 
-TEST_F(LabelPrint, aPrintFromTheSecondPage_opensOnlyThatOne_withItsLabelsWhereTheWholeJobHasThem)
+TEST_F(LabelPrint, aPrintFromTheSecondPage_hasItsLabelsWhereTheWholeJobHasThem)
 {
     fill({{"A", "15"}});
     print(LabelPageRange{2, 2});
@@ -35,7 +35,7 @@ TEST_F(LabelPrint, aPrintFromTheSecondPage_opensOnlyThatOne_withItsLabelsWhereTh
 TEST_F(LabelPrint, aNameIsCutAtFifteenCharacters_aCodeNever)
 {
     fill({{"1234567890ABCDEFGHIJ", "1"}});
-    grid.SetText(2, 1, u"一二三四五六七八九十一二三四五六七"_s);
+    grid.SetText(labelNameColumn, 1, u"一二三四五六七八九十一二三四五六七"_s);
     job.name = {true, {0_mm, -5_mm}};
     job.code = {true, {0_mm, 13_mm}};
     print();
@@ -56,7 +56,7 @@ TEST_F(LabelPrint, aNameOffsetOfMinusFive_isFiveMillimetresAboveTheBars)
     EXPECT_EQ(name.y(), bar.y() - 118);
 }
 
-TEST_F(LabelPrint, anOrientationOtherThanPortrait_swapsTheOffsets_butNotTheResolutions)
+TEST_F(LabelPrint, notPortrait_swapsTheOffsets_butNotTheResolutions)
 {
     fill({{"A", "1"}});
     paper.offsetX = 10;
@@ -70,7 +70,7 @@ TEST_F(LabelPrint, anOrientationOtherThanPortrait_swapsTheOffsets_butNotTheResol
     EXPECT_EQ(paper.pages.at(1).bars.at(0).at, QPoint(260, 590));
 }
 
-TEST_F(LabelPrint, twoCopies_giveASecondRunWithFunctionCodesOnly_afterOneMoreEndOfPage)
+TEST_F(LabelPrint, twoCopies_giveASecondRun_withFunctionCodesOnly)
 {
     fill({{"A", "13"}});
     paper.copyCount = 2;
@@ -94,7 +94,7 @@ TEST_F(LabelPrint, noCopiesAreOne)
     EXPECT_EQ(paper.pages.size(), 1U);
 }
 
-TEST_F(LabelPrint, pagesLeftWhenTheLabelsHaveRunOut_areOpenedAndHaveTheirFunctionCodes)
+TEST_F(LabelPrint, pagesLeftAfterTheLastLabel_haveTheirFunctionCodes)
 {
     fill({{"A", "2"}});
     job.searchCodes = {true, {-6_mm, 228_mm}};
@@ -117,7 +117,7 @@ TEST_F(LabelPrint, textsAreDrawnInTheOrderBarsCodeName)
     EXPECT_EQ(paper.barHeight(), 284);
 }
 
-TEST_F(LabelPrint, theScreenCodes_standAtTheirMillimetres_withTheWordsOfTheShop)
+TEST_F(LabelPrint, theScreenCodes_areAtTheirMillimetres_withTheShopsWords)
 {
     fill({{"A", "1"}});
     job.screenCodes = {true, {5_mm, 208_mm}};

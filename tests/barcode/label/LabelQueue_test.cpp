@@ -97,7 +97,7 @@ TEST_F(LabelQueue, aSecondCopy_bringsTheFunctionCodesAlone)
     EXPECT_EQ(failures, 0);
 }
 
-TEST_F(LabelQueue, aPrinterThatGoesAway_isToldOnce_andTheNextPrintGoesThrough)
+TEST_F(LabelQueue, aPrinterThatGoesAway_isReportedOnce_andTheNextPrintWorks)
 {
     const auto rows = rowsFor(3);
     open(rows, 0);

@@ -22,7 +22,7 @@ TEST_F(LabelPrint, theLastRowWithoutAMark_endsTheWalk)
     EXPECT_TRUE(labelsOfPage(1).empty());
 }
 
-TEST_F(LabelPrint, marksAreUsedUpByTheRowsWalked_andKeptBehindTheLastPage)
+TEST_F(LabelPrint, marksAreUsedUpByTheRowsWalked_andKeptAfterTheLastPage)
 {
     fill({{"A", "6"}, {"B", "6", false}, {"C", "6"}, {"D", "6"}, {"E", "1"}});
     print(LabelPageRange{1, 1});
@@ -51,14 +51,14 @@ TEST_F(LabelPrint, aTrial_leavesTheMarksOfTheGrid)
     EXPECT_EQ(marks(), "10");
 }
 
-TEST_F(LabelPrint, anEmptyQuantityIsNone_aNegativeOneToo)
+TEST_F(LabelPrint, anEmptyQuantity_orANegativeOne_isNone)
 {
     fill({{"A", ""}, {"B", "-3"}, {"C", "1"}, {"D", "0"}});
     print(LabelPageRange{1, 1});
     EXPECT_EQ(labelsOfPage(0), (Labels{"C@0"}));
 }
 
-TEST_F(LabelPrint, aQuantityThatIsNoNumber_isPassedOverByTheCount_andStopsThePrint)
+TEST_F(LabelPrint, aQuantityThatIsNotANumber_isNotCounted_andStopsThePrint)
 {
     fill({{"A", "2"}, {"B", "many"}});
     LabelRows source = rows();
@@ -77,7 +77,7 @@ TEST_F(LabelPrint, withoutAQuantityColumn_everyRowGetsTheSameNumber)
     EXPECT_EQ(labelsOfPage(0), (Labels{"A@0", "A@1", "B@2", "B@3"}));
 }
 
-TEST_F(LabelPrint, aHugeQuantityWithThePagesThatWereAskedFor_isWalkedOnlySoFar)
+TEST_F(LabelPrint, aHugeQuantity_isWalkedOnlyAsFarAsThePagesAskedFor)
 {
     fill({{"A", "99999999999"}, {"B", "1"}});
     print(LabelPageRange{9998, 9999});

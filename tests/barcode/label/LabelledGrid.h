@@ -9,6 +9,8 @@
 
 namespace suisui::test {
 
+inline constexpr int labelCodeColumn = 1;
+inline constexpr int labelNameColumn = 2;
 inline constexpr int labelQuantityColumn = 3;
 inline constexpr int labelMarkColumn = 4;
 
@@ -35,8 +37,8 @@ public:
         setMaxRows(static_cast<int>(rows.size()));
         for (int row = 1; row <= MaxRows(); ++row) {
             const LabelledRow& from = rows[static_cast<std::size_t>(row) - 1];
-            SetText(1, row, from.code);
-            SetText(2, row, "name of " + from.code);
+            SetText(labelCodeColumn, row, from.code);
+            SetText(labelNameColumn, row, "name of " + from.code);
             SetText(labelQuantityColumn, row, from.quantity);
             SetText(labelMarkColumn, row, std::string_view(from.mark ? "1" : "0"));
         }

@@ -92,7 +92,7 @@ TEST(PagePicture, aQuietZoneThatCannotBeKept_isWarnedOf)
     EXPECT_EQ(preview.draw().worst, BarFit::NoQuietZone);
 }
 
-TEST(PagePicture, barsBeyondThePaper_withoutHeight_orHigherThanTheirLabel_areRed)
+TEST(PagePicture, bars_beyondThePaper_withoutHeight_orTooHigh_areRed)
 {
     Preview preview(Rows{{"4901234567894"}});
     preview.job.grid.start.x = 190_mm;
@@ -135,7 +135,7 @@ TEST(PagePicture, functionCodesThatRunIntoTheLabels_areRed)
     EXPECT_EQ(preview.draw(1, 5).worst, BarFit::NoQuietZone) << "the codes stand too close for thick bars";
 }
 
-TEST(PagePicture, aQuantityThatIsNoNumber_isTold_andThePictureStands)
+TEST(PagePicture, aQuantityThatIsNotANumber_isReported_andThePictureStays)
 {
     Preview preview(Rows{{"A1", "1"}, {"B1", "many"}});
     const PagePicture page = preview.draw();
@@ -149,7 +149,7 @@ TEST(PagePicture, theDialog_warnsInWords_andTakesTheWarningBack)
     desk.open();
     const auto* warning = desk.find<QLabel>("lblWarning");
     EXPECT_TRUE(eventually([&] { return warning->text() == u"バーコードにできない文字です。\n鉛筆"_s; }));
-    desk.grid.SetText(1, 2, std::string_view("B"));
+    desk.grid.SetText(labelCodeColumn, 2, std::string_view("B"));
     desk.sheet(3);
     EXPECT_TRUE(eventually([&] { return warning->text().contains(u"収まりません"_s); }));
     EXPECT_TRUE(warning->text().endsWith(u"ABCDEFGHIJKLMNOP"_s));

@@ -19,7 +19,7 @@ bool hourglass()
 
 } // namespace
 
-TEST(PriCheckPointer, isTheUsualOneWhileThePrinterIsChosen_andAnHourglassWhileItPrints)
+TEST(PriCheckPointer, isTheUsualOneForTheChoice_andAnHourglassWhileItPrints)
 {
     LabelDialogDesk desk;
     bool whileChosen = true;
@@ -34,7 +34,7 @@ TEST(PriCheckPointer, isTheUsualOneWhileThePrinterIsChosen_andAnHourglassWhileIt
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST(PriCheckPointer, overADialogOfABusyWindow_isTheUsualOne_andTheHourglassComesBack)
+TEST(PriCheckPointer, overADialogOfABusyWindow_isTheUsualOne_untilItCloses)
 {
     QDialog dialog;
     bool whileAsked = true;

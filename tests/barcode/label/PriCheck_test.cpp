@@ -139,7 +139,7 @@ TEST(PriCheck, theCountOfPages_followsQuantityAndStart)
     }
 }
 
-TEST(PriCheck, onlyMarkedRowsWithACode_areCounted_andNoQuantityThatIsNoNumber)
+TEST(PriCheck, onlyMarkedRowsWithACode_andANumber_areCounted)
 {
     Desk desk({{"A", "5"}, {"B", "50", false}, {"", "50"}, {"D", "many"}, {"E", ""}, {"F", "8"}});
     desk.open();
@@ -178,7 +178,7 @@ TEST(PriCheck, aRangeOfRows_countsWithoutMarks)
     EXPECT_EQ(desk.pages(), "1-1");
 }
 
-TEST(PriCheck, aTickOfFunctionCodes_takesTheLastRowOfTheFirstSheet_andStartsAgainAtOne)
+TEST(PriCheck, aTickOfFunctionCodes_takesTheLastRow_andStartsAgainAtOne)
 {
     Desk desk;
     desk.open();
@@ -234,7 +234,7 @@ TEST(PriCheck, oneColumnAndOneRow_leaveNoChoiceOfTheFirstLabel)
     EXPECT_TRUE(desk.field("txtKinouXYpoint_0")->isEnabled());
 }
 
-TEST(PriCheck, columnsThatAreNoNumber_changeNothing)
+TEST(PriCheck, columnsThatAreNotANumber_changeNothing)
 {
     Desk desk;
     desk.open();
@@ -291,7 +291,7 @@ TEST(PriCheck, whereTheNumberIsGiven_itIsNotAskedFor)
     EXPECT_EQ(desk.pages(), "1-1");
 }
 
-TEST(PriCheck, eachRoundButtonIsOverTheBarsOfItsOwnLabel_andLetsThemBeSeen)
+TEST(PriCheck, eachRoundButton_isOverTheBarsOfItsLabel_andLetsThemBeSeen)
 {
     Desk desk(std::vector<Desk::Row>{{"4901001000017", "44"}});
     frm_PriCheck& dialog = desk.open();

@@ -25,6 +25,8 @@ namespace suisui::test {
 
 namespace {
 
+const MovementCells& receiptCells = movementSide(Side::Receipt).cells;
+
 class MainWindowTest : public ::testing::Test, protected MainWindowDesk
 {
 };
@@ -96,13 +98,13 @@ TEST_F(MainWindowTest, listsDatesAndCaptions_areFilled)
     EXPECT_EQ(control<QGroupBox>(u"fraStockData"_s).title(), u" 在庫数 "_s);
     EXPECT_EQ(control<QGroupBox>(u"fraNLWhere"_s).title(), u" 【 入荷 】 明細 表示条件 "_s);
     EXPECT_EQ(control<QLabel>(u"lblSLTantou"_s).text(), u"担当者"_s);
-    EXPECT_EQ(grid(Tab::Shipment).text(12, 0), "不良品返品");
+    EXPECT_EQ(grid(Tab::Shipment).text(movementSide(Side::Shipment).cells.returned[1], 0), "不良品返品");
     EXPECT_EQ(window->currentTab(), Tab::Receipt);
     EXPECT_TRUE(window->TabLoaded(Tab::Receipt) && window->TabLoaded(Tab::Shipment));
     EXPECT_TRUE(field(Tab::Receipt).hasFocus());
 }
 
-TEST_F(MainWindowTest, emptyFirstHeading_leavesEverythingAsDesigned_andStillSearchesTheFirstTab)
+TEST_F(MainWindowTest, emptyFirstHeading_leavesAllAsDesigned_andStillSearches)
 {
     furnish();
     QFile file(shop.base() + u"/Ini/AppIni.ini"_s);
@@ -112,7 +114,7 @@ TEST_F(MainWindowTest, emptyFirstHeading_leavesEverythingAsDesigned_andStillSear
     ini.setIniFolder(shop.base() + u"/Ini"_s);
     open();
     EXPECT_EQ(control<QTabWidget>(u"SSTab"_s).tabText(0), u" 入荷 登録 "_s);
-    EXPECT_EQ(grid(Tab::Receipt).text(2, 0), "名称");
+    EXPECT_EQ(grid(Tab::Receipt).text(receiptCells.name, 0), "名称");
     EXPECT_TRUE(window->TabLoaded(Tab::Receipt));
 }
 
@@ -131,7 +133,7 @@ TEST_F(MainWindowTest, guardAnsweredWithCancel_staysOnTheTab_withTheFocusInItsGr
     EXPECT_EQ(window->currentTab(), Tab::Receipt);
     EXPECT_TRUE(grid(Tab::Receipt).hasFocus());
     EXPECT_TRUE(field(Tab::Receipt).isEnabled());
-    EXPECT_EQ(grid(Tab::Receipt).text(4, 1), "20");
+    EXPECT_EQ(grid(Tab::Receipt).text(receiptCells.quantity, 1), "20");
     EXPECT_TRUE(window->dirty(Side::Receipt));
     EXPECT_TRUE(window->formEnabled());
 }
@@ -146,7 +148,7 @@ TEST_F(MainWindowTest, guardAnsweredWithNo_dropsTheEdits)
     EXPECT_EQ(window->currentTab(), Tab::Shipment);
     EXPECT_FALSE(window->dirty(Side::Receipt));
     window->selectTab(0);
-    EXPECT_EQ(grid(Tab::Receipt).text(4, 1), "12");
+    EXPECT_EQ(grid(Tab::Receipt).text(receiptCells.quantity, 1), "12");
 }
 
 TEST_F(MainWindowTest, guardAnsweredWithYes_writes_andAFailingUpdateStaysDirty)
@@ -168,7 +170,7 @@ TEST_F(MainWindowTest, guardAnsweredWithYes_writes_andAFailingUpdateStaysDirty)
     EXPECT_EQ(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), std::vector<std::string>{"32"});
 }
 
-TEST_F(MainWindowTest, aChangeOfTab_doesNotLetTheFocusFlashThroughAnotherControl)
+TEST_F(MainWindowTest, aChangeOfTab_letsTheFocusPassNoOtherControl)
 {
     furnish();
     frmMain& main = open();
@@ -190,13 +192,13 @@ TEST_F(MainWindowTest, aChangeOfTab_doesNotLetTheFocusFlashThroughAnotherControl
     }
 }
 
-TEST_F(MainWindowTest, enterInTheQuantityCell_goesToTheCodeField_withItsTextSelected)
+TEST_F(MainWindowTest, enterInTheQuantityCell_goesToTheCodeField_selected)
 {
     furnish();
     open();
     window->GoodsCodeSet(u"4901001000017"_s);
     EXPECT_TRUE(grid(Tab::Receipt).hasFocus());
-    EXPECT_EQ(grid(Tab::Receipt).ActiveCol(), 4);
+    EXPECT_EQ(grid(Tab::Receipt).ActiveCol(), receiptCells.quantity);
     QTest::keyClick(&grid(Tab::Receipt), Qt::Key_Return);
     EXPECT_TRUE(field(Tab::Receipt).hasFocus());
     EXPECT_EQ(field(Tab::Receipt).selectedText(), u"4901001000017"_s);
@@ -245,7 +247,7 @@ TEST_F(MainWindowTest, closing_asksTheGuardFirst_thenTheEnd)
     box.answers = {BoxAnswer::No};
     EXPECT_FALSE(window->close());
     EXPECT_EQ(asked, 1);
-    EXPECT_EQ(grid(Tab::Receipt).text(4, 1), "12"); // the stored values again
+    EXPECT_EQ(grid(Tab::Receipt).text(receiptCells.quantity, 1), "12"); // the stored values again
     EXPECT_TRUE(control<QWidget>(u"CmdEnd"_s).hasFocus());
     EXPECT_TRUE(window->formEnabled());
     EXPECT_FALSE(gone);

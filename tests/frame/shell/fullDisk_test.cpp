@@ -51,7 +51,7 @@ protected:
 
 } // namespace
 
-TEST_P(FullDiskTest, aScanWithoutRoom_isToldAndNotBooked_andTheNextOneWithRoomIs)
+TEST_P(FullDiskTest, aScanWithoutRoom_isReported_notBooked_theNextWithRoomIs)
 {
     furnish();
     shop.add(zaikoTable, {"4901001000017", "0", "0", "20260101000000", "20260101000000"});

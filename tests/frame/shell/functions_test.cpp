@@ -165,7 +165,7 @@ TEST_P(FunctionsTest, eachCodeDoesWhatTheTableSays_andNothingElse)
     }
 }
 
-TEST_P(FunctionsTest, whatIsNoFunction_doesNothing)
+TEST_P(FunctionsTest, whatIsNotAFunction_doesNothing)
 {
     for (const QString& none : {u"[a]"_s, u"[e]"_s, u"[EE]"_s, u"[E ]"_s, u"[ E]"_s, u"[5]"_s, u"[Ｅ]"_s,
                                 u"[]"_s, u"[["_s, u"[E"_s, u"[終]"_s, u"[9]"_s}) {
@@ -175,7 +175,7 @@ TEST_P(FunctionsTest, whatIsNoFunction_doesNothing)
     }
 }
 
-TEST_P(FunctionsTest, twiceTheSameCode_flipsTheSumsBack_andLeavesTheStockBoxesTicked)
+TEST_P(FunctionsTest, twiceTheSameCode_flipsTheSumsBack_notTheStockBoxes)
 {
     for (const QString& code : {u"[C]"_s, u"[D]"_s}) {
         disturb();

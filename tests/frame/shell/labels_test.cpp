@@ -14,9 +14,6 @@ namespace suisui::test {
 
 namespace {
 
-constexpr int quantityColumn = 4;
-constexpr int printColumn = 8;
-
 struct LabelWindow : MainWindowDesk
 {
     LabelWindow()
@@ -62,14 +59,15 @@ TEST(LabelsOfTheEntryTabs, oneLabelOfEachRow_isTheDesignedChoice)
     EXPECT_FALSE(desk.enabledMeanwhile);
     EXPECT_TRUE(desk.window->formEnabled());
     EXPECT_EQ(desk.window->focusWidget(), &desk.control<QWidget>(u"cmdNPrint"_s));
-    EXPECT_NE(desk.grid(Tab::Receipt).text(printColumn, 1), "1") << "the mark is used up";
+    EXPECT_NE(desk.grid(Tab::Receipt).text(movementSide(Side::Receipt).cells.print, 1), "1")
+        << "the mark is used up";
 }
 
-TEST(LabelsOfTheEntryTabs, byQuantity_theCellsPrintAsTheyStand_savedOrNot)
+TEST(LabelsOfTheEntryTabs, byQuantity_theCellsPrintAsTheyAre_savedOrNot)
 {
     LabelWindow desk;
     desk.leaveAnEdit(); // 20 in the cell, 12 stored
-    ASSERT_EQ(desk.grid(Tab::Receipt).text(quantityColumn, 1), "20");
+    ASSERT_EQ(desk.grid(Tab::Receipt).text(movementSide(Side::Receipt).cells.quantity, 1), "20");
     ASSERT_TRUE(desk.dialogAfter({u"M"_s, u"N"_s}, [](frm_PriCheck& dialog) { dialog.CmdOK_Click(); }));
     ASSERT_EQ(desk.paper.pages.size(), 2U);
     EXPECT_EQ(desk.paper.pages[0].bars.size() + desk.paper.pages[1].bars.size(), 20U);
@@ -98,7 +96,7 @@ TEST(LabelsOfTheEntryTabs, anEmptyGrid_isRefused)
     EXPECT_TRUE(desk.window->formEnabled());
 }
 
-TEST(LabelsOfTheEntryTabs, captionsStandAsTheyAreKnown)
+TEST(LabelsOfTheEntryTabs, captionsAreTheKnownOnes)
 {
     LabelWindow desk;
     EXPECT_EQ(desk.control<QRadioButton>(u"optNPrint1"_s).text(), u" １枚 印刷します"_s);

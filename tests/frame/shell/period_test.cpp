@@ -69,7 +69,7 @@ TEST_P(PeriodTest, enterGoesThroughTheBoxesToTheirOwnButton_andChecksNothing)
     EXPECT_TRUE(box.shown.empty());
 }
 
-TEST_P(PeriodTest, enterMovesOnFromAFullBoxThatIsNotSelected)
+TEST_P(PeriodTest, enterMovesOn_fromAFullBoxThatIsNotSelected)
 {
     boxes[0]->setFocus();
     boxes[0]->setText(u"2026"_s);
@@ -120,7 +120,7 @@ TEST_P(PeriodTest, onePeriodThatEndsADayEarly_leavesWindowPointerAndFocusReady)
     EXPECT_EQ(box.shown.size(), 1U) << "and the period can be put right";
 }
 
-TEST_P(PeriodTest, aMonthThatIsNoneStaysInItsBox_whichGetsTheFocus)
+TEST_P(PeriodTest, aMonthThatDoesNotExist_staysInItsBox_whichGetsTheFocus)
 {
     for (const QString& month : {u"13"_s, u"00"_s}) {
         fill({u"2026"_s, u"4"_s, u"1"_s, u"2026"_s, month, u"1"_s});

@@ -162,7 +162,7 @@ TEST_F(WholeRun, aFirstStart_searchesToday_andTheNextOneSinceThen)
     EXPECT_EQ(lastUseDate(), u"20260415"_s);
 }
 
-TEST_F(WholeRun, oneMovementOverTheLimitOnEachSide_isWarnedOf_receiptsFirst_andTheStartGoesOn)
+TEST_F(WholeRun, oneMovementOverTheLimit_isWarnedOf_receiptsFirst)
 {
     furnish();
     fill("InpTB", "NyuDate", 25001);
@@ -197,7 +197,7 @@ TEST_F(WholeRun, theQuestionsOfTheFirstSearches_haveNoWaitWindowInFrontOfThem)
     EXPECT_EQ(titles, (QStringList{question, question, noPort, endDialog}));
 }
 
-TEST_F(WholeRun, withoutAReceiptPartner_theMasterProgramIsStarted_andNothingAsksAboutTheEnd)
+TEST_F(WholeRun, withoutAReceiptPartner_theMasterProgramIsStarted_unasked)
 {
     furnish(false);
     EXPECT_EQ(run([](frmMain&) { ADD_FAILURE() << "the window was shown"; }), 0);
@@ -205,7 +205,7 @@ TEST_F(WholeRun, withoutAReceiptPartner_theMasterProgramIsStarted_andNothingAsks
     EXPECT_TRUE(masterStarted());
 }
 
-TEST_F(WholeRun, theMasterButton_endsTheProgramWithoutAQuestion_andStartsTheMasterProgramAfterTheWait)
+TEST_F(WholeRun, theMasterButton_endsUnasked_andStartsItsProgramAfterTheWait)
 {
     furnish();
     int pauses = 0;
@@ -279,7 +279,7 @@ TEST_F(WholeRun, theShopsFolder_isForItsOwnerAlone_onceTheProgramWasInIt)
         EXPECT_EQ(rightsOfOthers(path), 0U) << path;
 }
 
-TEST_F(WholeRun, aMissingDatabase_isTold_andNothingIsMade)
+TEST_F(WholeRun, aMissingDatabase_isReported_andNothingIsMade)
 {
     furnish();
     ASSERT_TRUE(QFile::remove(QString::fromStdString(shop.databaseFile())));

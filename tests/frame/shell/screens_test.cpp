@@ -152,7 +152,7 @@ TEST_F(MainWindowForms, tellACellsEditorByItsHeading)
 {
     desk.window->GoodsCodeSet(u"4901001000017"_s);
     vaSpread& grid = desk.grid(Tab::Receipt);
-    constexpr int quantity = 4;
+    const int quantity = movementSide(Side::Receipt).cells.quantity;
     grid.setFocus();
     grid.SetActiveCell(quantity, 1);
     grid.QAbstractItemView::edit(grid.currentIndex());
@@ -253,13 +253,13 @@ TEST(WaitWindows, showTheirTextsInFull)
     wait.unload();
 }
 
-TEST(EndDialog, isGoodForKeysAndEars)
+TEST(EndDialog, canBeUsedByKeysAndByEar)
 {
     frm_End dialog([] { return QString(); }, nullptr);
     expectGoodDialog(dialog);
 }
 
-TEST(ReportDialogs, areGoodForKeysAndEars)
+TEST(ReportDialogs, canBeUsedByKeysAndByEar)
 {
     ReportDesk desk;
     AppIni ini;
@@ -274,7 +274,7 @@ TEST(ReportDialogs, areGoodForKeysAndEars)
     }
 }
 
-TEST(HistoryDialogs, areGoodForKeysAndEars)
+TEST(HistoryDialogs, canBeUsedByKeysAndByEar)
 {
     DialogDesk desk;
     for (const char* period : {"202601", "202602", "202603"})
@@ -296,7 +296,7 @@ TEST(HistoryDialogs, areGoodForKeysAndEars)
     }
 }
 
-TEST(LabelDialog, isGoodForEarsOnEverySheet)
+TEST(LabelDialog, canBeUsedByEarOnEverySheet)
 {
     LabelDialogDesk desk;
     frm_PriCheck& dialog = desk.open();

@@ -175,7 +175,7 @@ TEST_F(DateTest, pasteByKey_doesNothingInADateBox)
     EXPECT_EQ(boxes[0].text(), QString());
 }
 
-TEST(KeyField, pasteIntoACodeField_maypassTheLimit_andBringsNoControlCharacters)
+TEST(KeyField, aPaste_mayPassTheLimit_andBringsNoControlCharacters)
 {
     KeyField field;
     field.setKeyPressHandler([&field](int& key) {

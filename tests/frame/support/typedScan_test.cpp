@@ -28,6 +28,7 @@ namespace suisui::test {
 
 namespace {
 
+constexpr int quantityColumn = 2;
 constexpr SpreadColumn columns[] = {{.heading = "名称", .type = CellType::Text},
                                     {.heading = "数量", .type = CellType::Number, .digits = 7}};
 
@@ -41,7 +42,7 @@ protected:
             layout->addWidget(each);
         grid.setColumns(columns);
         grid.setMaxRows(2);
-        grid.SetText(2, 1, std::string_view("12"));
+        grid.SetText(quantityColumn, 1, std::string_view("12"));
         list.addItems({u"1 一"_s, u"4 四"_s});
         form.show();
         form.activateWindow();
@@ -110,7 +111,7 @@ protected:
 
 TEST_F(TypedScanTest, burstOfACode_isAScan_andLeavesNoTrace_whereverTheFocusIs)
 {
-    grid.SetActiveCell(2, 1);
+    grid.SetActiveCell(quantityColumn, 1);
     for (QWidget* focus : std::initializer_list<QWidget*>{&other, &grid, &list, &button}) {
         focus->setFocus();
         scans.clear();
@@ -120,7 +121,7 @@ TEST_F(TypedScanTest, burstOfACode_isAScan_andLeavesNoTrace_whereverTheFocusIs)
         EXPECT_EQ(scans, QStringList{u"4901001000017"_s});
         EXPECT_EQ(other.text(), QString());
         EXPECT_FALSE(grid.isEditing());
-        EXPECT_EQ(grid.text(2, 1), "12");
+        EXPECT_EQ(grid.text(quantityColumn, 1), "12");
         EXPECT_EQ(list.currentIndex(), 0);
         EXPECT_EQ(changes.size() + clicks.size(), 0);
     }
@@ -325,7 +326,7 @@ TEST_F(TypedScanTest, textWithoutAnEnd_isHeldNoFurtherThanAScanCanBeLong)
     EXPECT_EQ(scans, QStringList{u"4901001000017"_s});
 }
 
-TEST_F(TypedScanTest, keysThatTheProgramTypes_areNoScans)
+TEST_F(TypedScanTest, keysThatTheProgramTypes_areNotScans)
 {
     other.setFocus();
     SendKeys(u"[E]12345678~"_s);
@@ -352,7 +353,7 @@ TEST_F(TypedScanTest, openChoice_closesForAScan)
     EXPECT_EQ(list.currentIndex(), 0);
 }
 
-TEST(TypedScanGate, scansTakeTheirTurnBehindHeldKeys)
+TEST(TypedScanGate, scansTakeTheirTurn_afterHeldKeys)
 {
     QWidget form;
     QLineEdit field(&form);

@@ -1,13 +1,17 @@
 // Grids as the list tabs leave them, filled without a database, and a PDF printer to print them on.
 #pragma once
 
+#include <algorithm>
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 #include <QLocale>
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include "lists/ListSide.h"
+#include "lists/StockRows.h"
 #include "lists/report/ListReport.h"
 #include "platform/widgets/vaSpread.h"
 #include "tests/support/PdfPrinter.h"
@@ -60,6 +64,16 @@ inline QStringList rowTexts(const ReportTemplate& report, int row)
 }
 
 inline const ReportTemplate* const reports[] = {&rptList_Stock, &rptList_In, &rptList_Out};
+
+/// The text \a name of a row of \a report.
+inline const RowElement& elementOf(const ReportTemplate& report, std::u16string_view name)
+{
+    const auto found = std::find_if(report.cells.begin(), report.cells.end(),
+                                    [name](const RowElement& each) { return each.name == name; });
+    if (found == report.cells.end())
+        throw std::runtime_error("no element " + QStringView(name).toUtf8().toStdString());
+    return *found;
+}
 
 /// What a tab may have told its report.
 inline ReportHead sampleHead()

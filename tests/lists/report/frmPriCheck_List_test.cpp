@@ -114,7 +114,7 @@ TEST_F(DialogTest, saysWhichListItPrints)
     }
 }
 
-TEST_F(DialogTest, aGridWithoutRowsIsToldAndOpensNothing)
+TEST_F(DialogTest, aGridWithoutRows_isReported_andOpensNothing)
 {
     for (const ReportTemplate* report : {&rptList_Stock, &rptList_In, &rptList_Out}) {
         const auto empty = filledGrid(*report, 0);
@@ -140,7 +140,7 @@ TEST_F(DialogTest, opensWithAllPages)
     EXPECT_EQ(page(1).text(), u"6"_s);
 }
 
-TEST_F(DialogTest, pageFieldsTakeDigitsAndEnterMovesOnToTheButton)
+TEST_F(DialogTest, pageFieldsTakeDigits_andEnterMovesOnToTheButton)
 {
     open(rptList_In, 100);
     EXPECT_TRUE(page(0).hasFocus());
@@ -158,7 +158,7 @@ TEST_F(DialogTest, pageFieldsTakeDigitsAndEnterMovesOnToTheButton)
     EXPECT_FALSE(dialog->isVisible());
 }
 
-TEST_F(DialogTest, pageFieldsAreMendedSilently)
+TEST_F(DialogTest, pageFields_areCorrectedSilently)
 {
     open(rptList_Stock, 100); // four pages
     desk.setup->cancelled = true;
@@ -175,7 +175,7 @@ TEST_F(DialogTest, pageFieldsAreMendedSilently)
     EXPECT_TRUE(box.shown.empty());
 }
 
-TEST_F(DialogTest, aCancelledPrinterLeavesTheDialogOpenAndPrintsNothing)
+TEST_F(DialogTest, aCancelledPrinter_leavesTheDialogOpen_andPrintsNothing)
 {
     open(rptList_Out, 20);
     desk.setup->cancelled = true;
@@ -189,7 +189,7 @@ TEST_F(DialogTest, aCancelledPrinterLeavesTheDialogOpenAndPrintsNothing)
     EXPECT_EQ(pdfPages(desk.setup->file), 2);
 }
 
-TEST_F(DialogTest, theReaderIsNotReadWhileThePrinterIsChosen)
+TEST_F(DialogTest, theReaderIsNotRead_whileThePrinterIsChosen)
 {
     scans = {u"[T]"_s};
     Printer printer([this](QPrinter& chosen, QWidget*) {
@@ -228,7 +228,7 @@ TEST_F(DialogTest, theButtonBackClosesWithoutPrinting)
     EXPECT_EQ(desk.setup->timesAsked, 0);
 }
 
-TEST_F(DialogTest, theStockListCarriesThePrintTimeAndTheOthersTheHeadOfTheirTab)
+TEST_F(DialogTest, theStockList_carriesThePrintTime_theOthersTheHeadOfTheirTab)
 {
     open(rptList_Stock, 5);
     clock.setNow(QDateTime(QDate(2026, 3, 4), QTime(17, 6)));
@@ -269,7 +269,7 @@ TEST_F(DialogTest, theWordZeroMovesTheListToTheCorner)
     EXPECT_NEAR(leftmost(), 1093 / 20.0, 1);
 }
 
-TEST_F(DialogTest, aFailureIsToldAndTheDialogCloses)
+TEST_F(DialogTest, aFailure_isReported_andTheDialogCloses)
 {
     struct Case
     {
@@ -297,7 +297,7 @@ TEST_F(DialogTest, aFailureIsToldAndTheDialogCloses)
     EXPECT_EQ(box.shown[0].text, printingError);
 }
 
-TEST_F(DialogTest, takesNoInputWhileItPrintsAndIsUsableAfterwards)
+TEST_F(DialogTest, takesNoInputWhileItPrints_andIsUsableAfterwards)
 {
     open(rptList_Stock, 200);
     const auto typesWhilePrinting = [this] {

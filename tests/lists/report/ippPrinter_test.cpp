@@ -98,7 +98,7 @@ TEST_P(IppPrinterTest, aListArrivesAtThePlacesOfItsForm)
     EXPECT_NEAR(inkOf(page).y(), rptList_In.lines[1].y1 * dotsPerTwip, 2);
 }
 
-TEST_P(IppPrinterTest, theWordZeroMovesTheListToWhereThePrinterBegins)
+TEST_P(IppPrinterTest, theWordZero_movesTheListToWhereThePrinterBegins)
 {
     ASSERT_TRUE(QDir(folder.path()).mkpath(u"Ini"_s));
     QFile settings(folder.filePath(u"Ini/TrnPrint.ini"_s));
@@ -115,7 +115,7 @@ TEST_P(IppPrinterTest, theWordZeroMovesTheListToWhereThePrinterBegins)
     EXPECT_NEAR(ink.y(), 2 * IppPrinter::margins.right() * dotsPerPoint, 2);
 }
 
-TEST_P(IppPrinterTest, twoCopiesAreTwiceThePagesAndThePrinterMakesNoMore)
+TEST_P(IppPrinterTest, twoCopies_areTwiceThePages_andThePrinterMakesNoMore)
 {
     copies = 2;
     const QString file = print(*filledGrid(rptList_In, rows));

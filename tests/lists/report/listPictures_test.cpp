@@ -61,10 +61,13 @@ TEST_F(ListPicturesTest, pagesLookLikeTheStoredPictures)
     }
 }
 
-TEST_F(ListPicturesTest, aPictureWithOneColumnMovedIsNotTakenForTheStoredOne)
+TEST_F(ListPicturesTest, aPictureWithOneColumnMoved_isNotTakenForTheStoredOne)
 {
     std::vector<RowElement> cells(rptList_Stock.cells.begin(), rptList_Stock.cells.end());
-    cells[3].box.left -= 120; // the stock figures, two millimetres
+    constexpr int twoMillimetres = 120; // in twips, nearly
+    for (RowElement& each : cells)
+        if (each.name == u"LbStock")
+            each.box.left -= twoMillimetres;
     ReportTemplate moved = rptList_Stock;
     moved.cells = cells;
     const auto grid = filledGrid(moved, 47);

@@ -112,7 +112,7 @@ TEST_F(PrintDialog, opensWithoutThemEachTime)
     }
 }
 
-TEST_F(PrintDialog, leavesThePagesToTheProgramAndTheCopiesToTheOperator)
+TEST_F(PrintDialog, leavesPagesToTheProgram_andCopiesToTheOperator)
 {
     work = [](QPrintDialog& dialog) { dialog.findChild<QSpinBox*>(u"copies"_s)->setValue(2); };
     Printer_Properties paper(printer);
@@ -125,7 +125,7 @@ TEST_F(PrintDialog, leavesThePagesToTheProgramAndTheCopiesToTheOperator)
     EXPECT_FALSE(queue->jobTicket(jobs).contains(u"page-ranges"_s)) << queue->jobTicket(jobs).toStdString();
 }
 
-TEST_F(PrintDialog, isToldTheNameOfTheDocument)
+TEST_F(PrintDialog, getsTheNameOfTheDocument)
 {
     QString name;
     work = [&name](QPrintDialog& dialog) { name = dialog.printer()->docName(); };
@@ -134,7 +134,7 @@ TEST_F(PrintDialog, isToldTheNameOfTheDocument)
     EXPECT_EQ(name, u"在庫商品 一覧"_s);
 }
 
-TEST_F(PrintDialog, takesAPrinterWithoutDuplexThatIsAskedForBothSides)
+TEST_F(PrintDialog, takesAPrinterWithoutDuplex_thatIsAskedForBothSides)
 {
     work = [](QPrintDialog& dialog) {
         EXPECT_FALSE(dialog.findChild<QRadioButton*>(u"duplexLong"_s)->isEnabled());

@@ -56,10 +56,10 @@ TEST_F(PrintQueueTest, aListArrivesAtThePrinterAsOneJob)
     EXPECT_TRUE(queue->jobTicket(jobs).contains(u" 在庫商品 一覧 1 "_s))
         << queue->jobTicket(jobs).toStdString();
     const auto words = pdfWords(file);
-    const TwipBox& code = rptList_Stock.cells[0].box;
+    const TwipBox& code = elementOf(rptList_Stock, u"LbCode").box;
     const QRectF box(code.left / 20.0, (code.top + 4 * 360) / 20.0, code.width / 20.0, code.height / 20.0);
-    EXPECT_EQ(textIn(words, 1, box.translated(0, 0)), grid->qtext(1, 5));
-    EXPECT_EQ(textIn(words, 4, box), grid->qtext(1, 30));
+    EXPECT_EQ(textIn(words, 1, box.translated(0, 0)), grid->qtext(StockCells::code, 5));
+    EXPECT_EQ(textIn(words, 4, box), grid->qtext(StockCells::code, 30));
 }
 
 TEST_F(PrintQueueTest, thePrinterStaysChosen)
@@ -72,7 +72,7 @@ TEST_F(PrintQueueTest, thePrinterStaysChosen)
     EXPECT_EQ(next.deviceName(), QString::fromUtf8(CupsQueue::name));
 }
 
-TEST_F(PrintQueueTest, aPrinterThatIsGoneBeforeTheFirstPageIsTold)
+TEST_F(PrintQueueTest, aPrinterThatIsGoneBeforeTheFirstPage_isReported)
 {
     ASSERT_TRUE(select());
     const auto grid = filledGrid(rptList_In, 30);
@@ -81,7 +81,7 @@ TEST_F(PrintQueueTest, aPrinterThatIsGoneBeforeTheFirstPageIsTold)
     queue->addPrinter();
 }
 
-TEST_F(PrintQueueTest, aPrinterThatGoesAwayWhileTheListIsPrintedIsTold)
+TEST_F(PrintQueueTest, aPrinterThatGoesAwayWhilePrinting_isReported)
 {
     ASSERT_TRUE(select());
     const auto grid = filledGrid(rptList_In, 30);

@@ -122,7 +122,7 @@ TEST_F(PrintedFormTest, lineAndBoxComeOutAtTheirDots)
     EXPECT_EQ(inked(drawn([&] { properties.PrintBack(band); }), 200), QRect(600, 1200, 1800, 300));
 }
 
-TEST_F(PrintedFormTest, theMarginBringsThePrintersCornerInsideThePaper)
+TEST_F(PrintedFormTest, theMargin_bringsThePrintersCornerInsideThePaper)
 {
     select(600, {12, 24, 0, 0});
     const FormLine across{.x1 = 0.5, .y1 = 1, .x2 = 1.5, .y2 = 1};
@@ -169,7 +169,7 @@ TEST_F(PrintedFormTest, hiddenAndEmptyElementsDrawNothing)
     EXPECT_TRUE(inked(page).isNull());
 }
 
-TEST_F(PrintedFormTest, aTextThatIsNotTransparentCoversWhatIsUnderIt)
+TEST_F(PrintedFormTest, aTextThatIsNotTransparent_coversWhatIsUnderIt)
 {
     select(300);
     FormLabel over = label(u"　　　"_s, FormAlign::Left);
@@ -195,7 +195,7 @@ TEST_F(PrintedFormTest, aTextWiderThanItsBoxIsDrawnNarrower)
     EXPECT_EQ(textIn(pdfWords(setup->file), 1, QRectF(72, 144, 108, 18)), name);
 }
 
-TEST_F(PrintedFormTest, charactersTheFontLacksStandInTheirPlaceAllTheSame)
+TEST_F(PrintedFormTest, charactersThatTheFontLacks_areInTheirPlaceAllTheSame)
 {
     select(300);
     const QRect ink = inked(drawn([this] {
@@ -208,7 +208,7 @@ TEST_F(PrintedFormTest, charactersTheFontLacksStandInTheirPlaceAllTheSame)
     EXPECT_LE(ink.right(), 770); // a picture of another font is as wide as it likes
 }
 
-TEST_F(PrintedFormTest, aCentredTextThatIsTooLongIsDrawnNarrowerToo)
+TEST_F(PrintedFormTest, aCentredTextThatIsTooLong_isDrawnNarrowerToo)
 {
     select(600);
     for (const QString& unit :

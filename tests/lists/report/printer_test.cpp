@@ -6,7 +6,7 @@
 
 namespace suisui::test {
 
-TEST_F(PrinterTest, aCancelledDialogLeavesThePrinterAndTheValuesAsTheyWere)
+TEST_F(PrinterTest, aCancelledDialog_leavesPrinterAndValuesAsTheyWere)
 {
     select(600, {12, 24, 12, 24});
     setup->cancelled = true;
@@ -23,7 +23,7 @@ TEST_F(PrinterTest, aCancelledDialogLeavesThePrinterAndTheValuesAsTheyWere)
     EXPECT_EQ(printer.orientation(), PaperOrientation::Landscape);
 }
 
-TEST_F(PrinterTest, theValuesAreThoseOfTheChosenPrinterAndPaper)
+TEST_F(PrinterTest, theValues_areThoseOfTheChosenPrinterAndPaper)
 {
     select(600, {12, 24, 12, 24});
     EXPECT_EQ(properties.PrtDpiX(), 600);
@@ -37,7 +37,7 @@ TEST_F(PrinterTest, theValuesAreThoseOfTheChosenPrinterAndPaper)
     EXPECT_EQ(properties.PrtOffsetY(), 100);
 }
 
-TEST_F(PrinterTest, aLandscapePageKeepsTheMarginsOfTheSheetTurnedEitherWay)
+TEST_F(PrinterTest, aLandscapePage_keepsTheMargins_turnedEitherWay)
 {
     // The sheet as it is fed: 12 points on the left, 24 at the top, 36 on the right, 48 at the bottom.
     Printer laser([](QPrinter& chosen, QWidget*) {
@@ -96,7 +96,7 @@ TEST_F(PrinterTest, aLineHalfAnInchInPullsTheOffsetToItself)
     EXPECT_EQ(properties.PrtOffsetY(), 150);
 }
 
-TEST_F(PrinterTest, aLineNearerTheEdgeThanTheMarginGivesANegativeOffset)
+TEST_F(PrinterTest, aLineNearerTheEdgeThanTheMargin_givesANegativeOffset)
 {
     select(600, {12, 24, 0, 0});
     properties.moveToCorner(0.1, 0.2);

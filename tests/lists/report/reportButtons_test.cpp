@@ -60,7 +60,7 @@ TEST_P(ReportButtonTest, withoutAListThereIsABoxAndNothingElse)
     EXPECT_EQ(printing.setup->timesAsked, 0);
 }
 
-TEST_P(ReportButtonTest, theListIsPrintedWithTheConditionsAsTheyStandNow)
+TEST_P(ReportButtonTest, theListIsPrinted_withTheConditionsAsTheyAreNow)
 {
     desk.store({{.name = "ぶどう", .quantity = "0000003", .remark = "至急"},
                 {.date = "20260402", .name = "みかん"}});
@@ -79,7 +79,7 @@ TEST_P(ReportButtonTest, theListIsPrintedWithTheConditionsAsTheyStandNow)
         EXPECT_TRUE(printing.printed().contains(text)) << text.toStdString();
 }
 
-TEST_P(ReportButtonTest, theBoxForSumsHidesTwoTitlesEvenWithoutANewSearch)
+TEST_P(ReportButtonTest, theBoxForSums_hidesTwoTitles_evenWithoutANewSearch)
 {
     desk.store({{.name = "ぶどう"}});
     desk.search();
@@ -110,7 +110,7 @@ TEST(StockReportButton, printsTheGridAndTheTitlesOfItsView)
     EXPECT_EQ(printing.box.shown[0].title, u"一覧印刷"_s);
 
     page.grid()->setMaxRows(1);
-    page.grid()->SetText(2, 1, u"ぶどう"_s);
+    page.grid()->SetText(StockCells::name, 1, u"ぶどう"_s);
     page.findChild<QRadioButton*>(u"optZNormal"_s)->setChecked(true);
     button->click();
     EXPECT_TRUE(printing.printed().contains(u"ぶどう"_s));

@@ -10,10 +10,10 @@ namespace {
 
 const Mirror mirrors[] = {
     {Side::Receipt, "InpTB", "NyuSuu", "NyuDate", u"入荷"_s, u"入荷検索"_s,
-     u"「 入荷 」を削除します。　　　　\r\n\r\n　　 （ 入荷の取消 ）\r\n\r\n　　 よろしいですか？"_s, 12, 13,
+     u"「 入荷 」を削除します。　　　　\r\n\r\n　　 （ 入荷の取消 ）\r\n\r\n　　 よろしいですか？"_s,
      Tab::ReceiptList},
     {Side::Shipment, "OutTB", "SyuSuu", "SyuDate", u"出荷"_s, u"出荷検索"_s,
-     u"「 出荷 」を削除します。　　　　\r\n\r\n　　 （ 出荷の取消 ）\r\n\r\n　　 よろしいですか？"_s, 13, 14,
+     u"「 出荷 」を削除します。　　　　\r\n\r\n　　 （ 出荷の取消 ）\r\n\r\n　　 よろしいですか？"_s,
      Tab::ShipmentList},
 };
 
@@ -76,7 +76,7 @@ void EditTest::update(BoxAnswer answer)
 
 void EditTest::erase(int row, BoxAnswer answer)
 {
-    page->grid()->SetActiveCell(4, row);
+    page->grid()->SetActiveCell(cells.quantity, row);
     desk.box.answers = {answer};
     page->cmdDelete_Click();
     desk.box.answers.clear();

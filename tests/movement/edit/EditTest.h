@@ -17,8 +17,6 @@ struct Mirror
     QString term;
     QString waitTag;
     QString deleteQuestion;
-    int dateCell;
-    int timeCell;
     Tab listTab;
 };
 
@@ -38,8 +36,12 @@ protected:
     void update(BoxAnswer answer = BoxAnswer::Yes);
     void erase(int row, BoxAnswer answer = BoxAnswer::Yes);
     /// The buffer's row behind a row of the grid.
-    [[nodiscard]] std::string index(int row) const { return std::string(page->grid()->text(17, row)); }
+    [[nodiscard]] std::string index(int row) const
+    {
+        return std::string(page->grid()->text(cells.index, row));
+    }
 
+    const MovementCells& cells = movementSide(GetParam().side).cells;
     EntryDesk desk;
     MovementPage* page = nullptr;
 };

@@ -19,6 +19,7 @@ protected:
         EntryDesk::book(page, u"SET"_s);
     }
 
+    const MovementCells& cells = movementSide(Side::Receipt).cells;
     EntryDesk desk;
     MovementPage& page = desk.open(Side::Receipt);
 };
@@ -26,13 +27,13 @@ protected:
 TEST_F(ReceiptEditTest, raisedQuantityLessReturns_takesComponentsAlong)
 {
     EXPECT_EQ(desk.stockOf("PART"), "-15");
-    EntryDesk::edit(page, 4, 1, "8");
-    EntryDesk::edit(page, 11, 1, "1");
+    EntryDesk::edit(page, cells.quantity, 1, "8");
+    EntryDesk::edit(page, cells.returned[0], 1, "1");
     desk.frame.guardActive = true;
     page.cmdKousin_Click();
     EXPECT_EQ(desk.stockOf("SET"), "7"); // +2
     EXPECT_EQ(desk.stockOf("PART"), "-21");
-    EXPECT_EQ(page.grid()->text(15, 1), "1");
+    EXPECT_EQ(page.grid()->text(cells.postedReturned, 1), "1");
     desk.box.answers = {BoxAnswer::Yes};
     page.cmdDelete_Click();
     EXPECT_EQ(desk.stockOf("SET"), "0");
@@ -42,14 +43,14 @@ TEST_F(ReceiptEditTest, raisedQuantityLessReturns_takesComponentsAlong)
 TEST_F(ReceiptEditTest, componentThatOverflows_undoesTheUpdate_andLeavesTheCells)
 {
     desk.shop.execute("UPDATE ZaikoTB SET ZaikoSuu='99999999999999' WHERE Code='PART'");
-    EntryDesk::edit(page, 4, 1, "4");
+    EntryDesk::edit(page, cells.quantity, 1, "4");
     desk.frame.guardActive = true;
     desk.box.shown.clear();
     page.cmdKousin_Click();
     ASSERT_EQ(desk.box.shown.size(), 1U);
     EXPECT_EQ(desk.box.shown[0].title, u"桁あふれエラー"_s);
-    EXPECT_EQ(page.grid()->text(4, 1), "4");
-    EXPECT_EQ(page.grid()->text(16, 1), "5");
+    EXPECT_EQ(page.grid()->text(cells.quantity, 1), "4");
+    EXPECT_EQ(page.grid()->text(cells.postedQuantity, 1), "5");
     EXPECT_EQ(desk.stockOf("SET"), "5");
     EXPECT_EQ(desk.shop.query("SELECT NyuSuu FROM InpTB"), std::vector<std::string>{"0000005"});
 }

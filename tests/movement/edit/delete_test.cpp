@@ -32,33 +32,33 @@ TEST_P(EditTest, deleteAsks_andUndoesTheStock)
     EXPECT_TRUE(page->grid()->ReDraw());
 }
 
-TEST_P(EditTest, indexesBehindTheDeletedRow_goDownByOne)
+TEST_P(EditTest, indexesAfterTheDeletedRow_goDownByOne)
 {
     fill(8);
     page->cmdKensaku_Click();
-    (void)page->grid()->text(1, 2); // one row somebody has looked at, the others not
+    (void)page->grid()->text(cells.code, 2); // one row somebody has looked at, the others not
     ASSERT_EQ(index(4), "5");
     erase(4);
     std::string all;
     for (int row = 1; row <= page->grid()->MaxRows(); ++row)
         all += index(row) + " ";
     EXPECT_EQ(all, "7 6 5 4 3 2 1 ");
-    EntryDesk::edit(*page, 4, 1, "9"); // still the right row of the buffer
+    EntryDesk::edit(*page, cells.quantity, 1, "9"); // still the right row of the buffer
     update();
     EXPECT_EQ(quantities().back(), "0000009");
 }
 
-TEST_P(EditTest, deleteUndoesWhatWasPostedLast_andKeepsTheCorrectionsOfOtherRows)
+TEST_P(EditTest, deleteUndoesTheLastPosting_andKeepsCorrectionsOfOtherRows)
 {
     bookThree();
-    EntryDesk::edit(*page, 4, 2, "8");
+    EntryDesk::edit(*page, cells.quantity, 2, "8");
     update();
-    EntryDesk::edit(*page, 4, 1, "7");  // pending
-    EntryDesk::edit(*page, 4, 2, "99"); // never posted
+    EntryDesk::edit(*page, cells.quantity, 1, "7");  // pending
+    EntryDesk::edit(*page, cells.quantity, 2, "99"); // never posted
     erase(2);
     EXPECT_EQ(desk.stockOf("A"), stockAfter(10));
     EXPECT_TRUE(desk.frame.dirty(GetParam().side));
-    EXPECT_EQ(page->grid()->text(4, 1), "7");
+    EXPECT_EQ(page->grid()->text(cells.quantity, 1), "7");
     update();
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000007"}));
     EXPECT_EQ(desk.stockOf("A"), stockAfter(12));

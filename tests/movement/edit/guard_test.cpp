@@ -8,17 +8,17 @@ namespace suisui::test {
 TEST_P(EditTest, cancelAtTheGuard_keepsGridAndCorrections)
 {
     bookThree();
-    EntryDesk::edit(*page, 4, 1, "77");
+    EntryDesk::edit(*page, cells.quantity, 1, "77");
     desk.frame.guardAnswer = BoxAnswer::Cancel;
     page->cmdKensaku_Click();
-    EXPECT_EQ(page->grid()->text(4, 1), "77");
+    EXPECT_EQ(page->grid()->text(cells.quantity, 1), "77");
     EXPECT_TRUE(desk.frame.enabled);
 }
 
 TEST_P(EditTest, guardedUpdate_asksNothingOfItsOwn)
 {
     bookThree();
-    EntryDesk::edit(*page, 4, 1, "8");
+    EntryDesk::edit(*page, cells.quantity, 1, "8");
     desk.frame.guardActive = true;
     page->cmdKousin_Click();
     ASSERT_EQ(desk.box.shown.size(), 1U);

@@ -12,8 +12,6 @@ namespace suisui::test {
 
 namespace {
 
-constexpr int quantityCell = 4;
-
 /// Shows \a page, which has rows, with more goods to be mistaken.
 void show(const EntryDesk& desk, MovementPage& page)
 {
@@ -25,7 +23,8 @@ void show(const EntryDesk& desk, MovementPage& page)
 }
 
 /// Types \a text and Enter at the quantity of row 1; a box is answered with \a answer.
-void typeQuantity(EntryDesk& desk, MovementPage& page, const QString& text, BoxAnswer answer)
+void typeQuantity(EntryDesk& desk, MovementPage& page, int quantityCell, const QString& text,
+                  BoxAnswer answer)
 {
     desk.box.shown.clear();
     desk.box.answers = {answer};
@@ -45,7 +44,7 @@ TEST_P(EditTest, aCodeAsQuantity_isAskedAbout_andEnterLosesNothing)
 {
     bookThree();
     show(desk, *page);
-    typeQuantity(desk, *page, u"1234567"_s, BoxAnswer::No);
+    typeQuantity(desk, *page, cells.quantity, u"1234567"_s, BoxAnswer::No);
     expectOneBox(
         desk.box,
         {.title = u"数量の確認"_s,
@@ -54,7 +53,7 @@ TEST_P(EditTest, aCodeAsQuantity_isAskedAbout_andEnterLosesNothing)
          .icon = BoxIcon::Question,
          .buttons = BoxButtons::YesNo,
          .defaultButton = BoxAnswer::No});
-    EXPECT_EQ(page->grid()->text(quantityCell, 1), "5");
+    EXPECT_EQ(page->grid()->text(cells.quantity, 1), "5");
     EXPECT_FALSE(desk.frame.dirty(GetParam().side));
     EXPECT_EQ(page->barCodeField()->text(), u"1234567"_s);
     EXPECT_EQ(page->barCodeField()->selectedText(), u"1234567"_s);
@@ -67,9 +66,9 @@ TEST_P(EditTest, aYes_takesTheQuantity)
 {
     bookThree();
     show(desk, *page);
-    typeQuantity(desk, *page, u"1234567"_s, BoxAnswer::Yes);
+    typeQuantity(desk, *page, cells.quantity, u"1234567"_s, BoxAnswer::Yes);
     EXPECT_EQ(desk.box.shown.size(), 1U);
-    EXPECT_EQ(page->grid()->text(quantityCell, 1), "1234567");
+    EXPECT_EQ(page->grid()->text(cells.quantity, 1), "1234567");
     EXPECT_TRUE(desk.frame.dirty(GetParam().side));
 }
 
@@ -78,22 +77,22 @@ TEST_P(EditTest, whatTheCellRefusesOfACode_countsAsTyped)
     bookThree();
     show(desk, *page);
     for (const QString& code : {u"SET-01"_s, u"4901001000017"_s, u"0000123"_s}) {
-        typeQuantity(desk, *page, code, BoxAnswer::No);
+        typeQuantity(desk, *page, cells.quantity, code, BoxAnswer::No);
         EXPECT_EQ(desk.box.shown.size(), 1U) << code.toStdString();
-        EXPECT_EQ(page->grid()->text(quantityCell, 1), "5") << code.toStdString();
+        EXPECT_EQ(page->grid()->text(cells.quantity, 1), "5") << code.toStdString();
         EXPECT_EQ(page->barCodeField()->text(), code);
     }
 }
 
-TEST_P(EditTest, quantitiesThatAreNoCode_orAShortOne_areTakenUnasked)
+TEST_P(EditTest, quantitiesThatAreNotACode_orAShortOne_areTakenUnasked)
 {
     bookThree();
     show(desk, *page);
     for (const auto& [typed, shown] :
          {std::pair{u"12"_s, "12"}, {u"12345"_s, "12345"}, {u"1234568"_s, "1234568"}, {u"123"_s, "123"}}) {
-        typeQuantity(desk, *page, typed, BoxAnswer::No);
+        typeQuantity(desk, *page, cells.quantity, typed, BoxAnswer::No);
         EXPECT_TRUE(desk.box.shown.empty()) << shown;
-        EXPECT_EQ(page->grid()->text(quantityCell, 1), shown);
+        EXPECT_EQ(page->grid()->text(cells.quantity, 1), shown);
     }
 }
 

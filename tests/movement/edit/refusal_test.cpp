@@ -10,8 +10,8 @@ namespace suisui::test {
 TEST_P(EditTest, rowChangedByAnotherProgram_undoesTheWholeUpdate)
 {
     bookThree();
-    EntryDesk::edit(*page, 4, 1, "8");
-    EntryDesk::edit(*page, 4, 3, "9");
+    EntryDesk::edit(*page, cells.quantity, 1, "8");
+    EntryDesk::edit(*page, cells.quantity, 3, "9");
     desk.shop.execute(std::string("UPDATE ") + GetParam().table
                       + " SET Bikou='other' WHERE InpDate='20260401090000'"); // row 3 of the grid
     const std::string stock = desk.stockOf("A");
@@ -28,11 +28,12 @@ TEST_P(EditTest, rowChangedByAnotherProgram_undoesTheWholeUpdate)
     EXPECT_EQ(desk.stockOf("A"), stock);
     EXPECT_TRUE(desk.frame.dirty(GetParam().side));
     EXPECT_FALSE(desk.db.inUnit());
-    EXPECT_EQ(page->grid()->text(16, 1), "8") << "an earlier row has gone through its posting";
+    EXPECT_EQ(page->grid()->text(cells.postedQuantity, 1), "8")
+        << "an earlier row has gone through its posting";
     // The advice of the box: search again. Nothing has stayed half done.
     desk.frame.setDirty(GetParam().side, false);
     page->cmdKensaku_Click();
-    EntryDesk::edit(*page, 4, 3, "9");
+    EntryDesk::edit(*page, cells.quantity, 3, "9");
     update();
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000009", "0000005", "0000005"}));
     EXPECT_EQ(desk.stockOf("A"), stockAfter(19));
@@ -43,7 +44,7 @@ TEST_P(EditTest, rowDeletedByAnotherProgram_isNeitherUpdatedNorDeleted)
     bookThree();
     desk.shop.execute(std::string("DELETE FROM ") + GetParam().table + " WHERE InpDate='20260401090001'");
     const std::string stock = desk.stockOf("A");
-    EntryDesk::edit(*page, 4, 2, "8");
+    EntryDesk::edit(*page, cells.quantity, 2, "8");
     update();
     EXPECT_EQ(desk.box.shown.back().title, u"データベースエラー"_s);
     EXPECT_EQ(desk.stockOf("A"), stock);
@@ -63,15 +64,15 @@ TEST_P(EditTest, rowDeletedByAnotherProgram_isNeitherUpdatedNorDeleted)
 TEST_P(EditTest, updateTriedAgainAfterAFailure_postsWhatWasTakenBack)
 {
     bookThree();
-    EntryDesk::edit(*page, 4, 1, "8");
-    EntryDesk::edit(*page, 4, 3, "9");
+    EntryDesk::edit(*page, cells.quantity, 1, "8");
+    EntryDesk::edit(*page, cells.quantity, 3, "9");
     {
         const HeldFile held(desk.shop);
         update();
     }
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000005", "0000005"}));
     EXPECT_EQ(desk.stockOf("A"), stockAfter(15));
-    EntryDesk::edit(*page, 4, 1, "8"); // the posting failed, so the cell is what it was
+    EntryDesk::edit(*page, cells.quantity, 1, "8"); // the posting failed, so the cell is what it was
     update();
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000009", "0000005", "0000008"}));
     EXPECT_EQ(desk.stockOf("A"), stockAfter(22));
@@ -82,15 +83,16 @@ TEST_P(EditTest, stockThatWouldOverflow_bringsTheCellBack_andTheRetryIsRight)
     bookThree();
     const bool receipt = GetParam().side == Side::Receipt;
     desk.shop.execute("UPDATE ZaikoTB SET ZaikoSuu='99999999999998' WHERE Code='A'");
-    EntryDesk::edit(*page, 4, 1, receipt ? "6" : "4"); // one more in stock: fits
-    EntryDesk::edit(*page, 4, 2, receipt ? "9" : "1"); // four more: does not
+    EntryDesk::edit(*page, cells.quantity, 1, receipt ? "6" : "4"); // one more in stock: fits
+    EntryDesk::edit(*page, cells.quantity, 2, receipt ? "9" : "1"); // four more: does not
     desk.box.shown.clear();
     update();
     EXPECT_EQ(desk.box.shown.back().title, u"桁あふれエラー"_s);
-    EXPECT_EQ(page->grid()->text(4, 2), "5");
-    EXPECT_EQ(page->grid()->ActiveCol(), 4);
+    EXPECT_EQ(page->grid()->text(cells.quantity, 2), "5");
+    EXPECT_EQ(page->grid()->ActiveCol(), cells.quantity);
     EXPECT_EQ(page->grid()->ActiveRow(), 2);
-    EXPECT_EQ(page->grid()->text(16, 1), receipt ? "6" : "4") << "hidden cells of earlier rows stay";
+    EXPECT_EQ(page->grid()->text(cells.postedQuantity, 1), receipt ? "6" : "4")
+        << "hidden cells of earlier rows stay";
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000005", "0000005"}));
     EXPECT_EQ(desk.stockOf("A"), "99999999999998");
     update();
@@ -112,12 +114,12 @@ TEST_P(EditTest, deleteThatCannotBeStored_leavesRowAndStock)
     EXPECT_EQ(quantities().size(), 2U);
 }
 
-TEST_P(EditTest, rowDeletedByAnotherProgram_isRefusedAtEveryUpdate_untilTheNextSearch)
+TEST_P(EditTest, rowDeletedByAnother_isRefusedAtEachUpdate_untilTheNextSearch)
 {
     bookThree();
     desk.shop.execute(std::string("DELETE FROM ") + GetParam().table + " WHERE InpDate='20260401090001'");
     const std::string stock = desk.stockOf("A");
-    EntryDesk::edit(*page, 4, 2, "8");
+    EntryDesk::edit(*page, cells.quantity, 2, "8");
     for (int attempt = 1; attempt <= 3; ++attempt) {
         desk.box.shown.clear();
         update();
@@ -126,13 +128,13 @@ TEST_P(EditTest, rowDeletedByAnotherProgram_isRefusedAtEveryUpdate_untilTheNextS
         EXPECT_TRUE(desk.frame.dirty(GetParam().side)) << attempt;
         EXPECT_EQ(desk.stockOf("A"), stock) << attempt;
     }
-    EntryDesk::edit(*page, 4, 1, "9"); // another row does not make the lost one good
+    EntryDesk::edit(*page, cells.quantity, 1, "9"); // another row does not make the lost one good
     update();
     EXPECT_EQ(desk.box.shown.back().title, u"データベースエラー"_s);
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000005"}));
     desk.frame.setDirty(GetParam().side, false);
     page->cmdKensaku_Click();
-    EntryDesk::edit(*page, 4, 1, "9");
+    EntryDesk::edit(*page, cells.quantity, 1, "9");
     update();
     EXPECT_EQ(desk.box.shown.back().title, u"更新の完了"_s);
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000009"}));
@@ -144,7 +146,7 @@ TEST_P(EditTest, rowThatCouldNotBeDeleted_isRefusedWhenItIsCorrectedLater)
     desk.shop.execute(std::string("DELETE FROM ") + GetParam().table + " WHERE InpDate='20260401090001'");
     erase(2);
     ASSERT_FALSE(desk.frame.dirty(GetParam().side));
-    EntryDesk::edit(*page, 4, 2, "8");
+    EntryDesk::edit(*page, cells.quantity, 2, "8");
     for (int attempt = 1; attempt <= 2; ++attempt) {
         desk.box.shown.clear();
         update();
@@ -153,7 +155,7 @@ TEST_P(EditTest, rowThatCouldNotBeDeleted_isRefusedWhenItIsCorrectedLater)
     }
 }
 
-TEST_P(EditTest, rowThatAFailedInsertLeftBehind_isRefusedWhenItIsCorrected)
+TEST_P(EditTest, rowOfAFailedInsert_isRefusedWhenItIsCorrected)
 {
     bookThree();
     const std::string table = GetParam().table;
@@ -163,10 +165,10 @@ TEST_P(EditTest, rowThatAFailedInsertLeftBehind_isRefusedWhenItIsCorrected)
     desk.shop.execute("DROP TRIGGER full");
     ASSERT_EQ(quantities().size(), 3U);
     const std::string stock = desk.stockOf("A");
-    EntryDesk::edit(*page, 4, 2, "7"); // the row below is stored
+    EntryDesk::edit(*page, cells.quantity, 2, "7"); // the row below is stored
     update();
     ASSERT_EQ(desk.box.shown.back().title, u"更新の完了"_s);
-    EntryDesk::edit(*page, 4, 1, "9");
+    EntryDesk::edit(*page, cells.quantity, 1, "9");
     for (int attempt = 1; attempt <= 2; ++attempt) {
         desk.box.shown.clear();
         update();
@@ -189,7 +191,7 @@ TEST_P(EditTest, updateThatFails_showsItsCauseOnce_andBlamesNobodyElse)
         own.setPartners({{"101", u"東商店"_s}});
         EntryDesk::book(own, u"A"_s);
         const std::string stock = desk.stockOf("A");
-        EntryDesk::edit(own, 4, 1, "8");
+        EntryDesk::edit(own, cells.quantity, 1, "8");
         desk.shop.execute(std::string("CREATE TRIGGER broken BEFORE UPDATE ON ") + GetParam().table
                           + " BEGIN SELECT RAISE(" + how + ",'the disk is broken'); END");
         for (int attempt = 1; attempt <= 2; ++attempt) {

@@ -15,17 +15,17 @@ TEST_P(EditTest, aThousandRowsLoadUnasked_newestFirst)
     EXPECT_TRUE(desk.frame.waitTags.empty());
     const vaSpread& grid = *page->grid();
     ASSERT_EQ(grid.MaxRows(), 1000);
-    EXPECT_EQ(grid.text(GetParam().timeCell, 1), "00:10:00");
+    EXPECT_EQ(grid.text(cells.time, 1), "00:10:00");
     EXPECT_EQ(index(1), "1000");
     EXPECT_EQ(index(1000), "1");
-    EXPECT_EQ(grid.text(8, 1), "") << "the label mark is not stored";
-    EXPECT_EQ(grid.ActiveCol(), 4);
+    EXPECT_EQ(grid.text(cells.print, 1), "") << "the label mark is not stored";
+    EXPECT_EQ(grid.ActiveCol(), cells.quantity);
     EXPECT_EQ(grid.ActiveRow(), 1);
     EXPECT_TRUE(grid.ReDraw());
     EXPECT_TRUE(desk.frame.enabled);
 }
 
-TEST_P(EditTest, moreThanAThousandRowsAsk_andLoadBehindTheWaitWindow)
+TEST_P(EditTest, moreThanAThousandRowsAsk_andLoadUnderTheWaitWindow)
 {
     fill(1001);
     desk.box.answers = {BoxAnswer::Yes};
@@ -45,10 +45,10 @@ TEST_P(EditTest, noToManyRows_leavesTheOldGrid_whichTouchesNothingAnyMore)
     page->cmdKensaku_Click();
     EXPECT_EQ(page->grid()->MaxRows(), 3);
     EXPECT_EQ(movementTable(GetParam().side).rows(desk.db).Count(), 1004);
-    EXPECT_EQ(page->grid()->text(1, 1), "A");
+    EXPECT_EQ(page->grid()->text(cells.code, 1), "A");
     const auto before = desk.shop.query(std::string("SELECT * FROM ") + GetParam().table);
     desk.box.shown.clear();
-    EntryDesk::edit(*page, 4, 1, "77");
+    EntryDesk::edit(*page, cells.quantity, 1, "77");
     ASSERT_EQ(desk.box.shown.size(), 1U);
     EXPECT_EQ(desk.box.shown[0].title, u"データベースエラー"_s);
     EXPECT_FALSE(desk.frame.dirty(GetParam().side));
@@ -57,7 +57,7 @@ TEST_P(EditTest, noToManyRows_leavesTheOldGrid_whichTouchesNothingAnyMore)
     EXPECT_EQ(page->grid()->MaxRows(), 3);
     // What is booked from here on is in step.
     EntryDesk::book(*page, u"A"_s);
-    EntryDesk::edit(*page, 4, 1, "9");
+    EntryDesk::edit(*page, cells.quantity, 1, "9");
     update();
     EXPECT_EQ(quantities().back(), "0000009");
     EXPECT_EQ(quantities().size(), before.size() + 1);
@@ -73,7 +73,7 @@ TEST_P(EditTest, searchWithoutResult_emptiesTheGrid_withoutAWord)
     EXPECT_TRUE(desk.frame.enabled);
 }
 
-TEST_P(EditTest, periodWithItsEndBeforeItsStart_isTold_andNothingIsSearched)
+TEST_P(EditTest, periodWithItsEndBeforeItsStart_isReported_notSearched)
 {
     bookThree();
     page->setDefaultDates(u"20260402"_s, u"20260401"_s);

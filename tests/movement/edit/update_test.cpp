@@ -15,7 +15,7 @@ TEST_P(EditTest, updateWithNothingChanged_asksNothing)
 TEST_P(EditTest, updateAsks_andSaysWhenItIsDone)
 {
     bookThree();
-    EntryDesk::edit(*page, 4, 2, "8");
+    EntryDesk::edit(*page, cells.quantity, 2, "8");
     update(BoxAnswer::No);
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000005", "0000005"}));
     EXPECT_TRUE(desk.frame.dirty(GetParam().side));
@@ -41,7 +41,7 @@ TEST_P(EditTest, changedDateOnly_writesTheRow_andLeavesTheStockAlone)
 {
     bookThree();
     const auto stockRows = desk.shop.query("SELECT * FROM ZaikoTB ORDER BY Code");
-    EntryDesk::edit(*page, GetParam().dateCell, 1, "2026/03/30");
+    EntryDesk::edit(*page, cells.date, 1, "2026/03/30");
     update();
     EXPECT_EQ(desk.shop.query("SELECT * FROM ZaikoTB ORDER BY Code"), stockRows);
     EXPECT_EQ(desk.shop
@@ -54,12 +54,12 @@ TEST_P(EditTest, changedDateOnly_writesTheRow_andLeavesTheStockAlone)
 TEST_P(EditTest, laterUpdate_postsOnlyWhatIsNew)
 {
     bookThree();
-    EntryDesk::edit(*page, 4, 1, "8");
+    EntryDesk::edit(*page, cells.quantity, 1, "8");
     update();
-    EntryDesk::edit(*page, 4, 1, "6");
+    EntryDesk::edit(*page, cells.quantity, 1, "6");
     update();
     EXPECT_EQ(desk.stockOf("A"), stockAfter(16));
-    EXPECT_EQ(page->grid()->text(16, 1), "6");
+    EXPECT_EQ(page->grid()->text(cells.postedQuantity, 1), "6");
 }
 
 } // namespace suisui::test

@@ -126,7 +126,7 @@ TEST_F(AtRestTest, theAnswerIsTheNumberOfTheQuestion)
     }
 }
 
-TEST_F(AtRestTest, itComesBehindTheKeysThatWereSentBefore)
+TEST_F(AtRestTest, itComesAfterTheKeysThatWereSentBefore)
 {
     for (std::uint32_t turn = 1; turn <= 20; ++turn) {
         for (int key = 0; key < 5; ++key)
@@ -179,7 +179,7 @@ TEST_F(AtRestTest, aDialogsOwnLoopAnswersToo)
     EXPECT_TRUE(answered);
 }
 
-TEST_F(AtRestTest, aWindowThatClosesBehindTheQuestion_harmsNobody)
+TEST_F(AtRestTest, aWindowThatClosesUnderTheQuestion_doesNoHarm)
 {
     auto box = std::make_unique<Window>();
     atWork = true;

@@ -45,7 +45,7 @@ TEST(AwayFromLoop, exceptionOfTheWork_arrivesAtTheCaller)
     EXPECT_THROW(awayFromLoop([] { throw std::runtime_error("disk"); }), std::runtime_error);
 }
 
-TEST(AwayFromLoop, applicationThatIsToldToQuit_stillWaitsForTheWork)
+TEST(AwayFromLoop, applicationThatShallQuit_stillWaitsForTheWork)
 {
     bool done = false;
     std::binary_semaphore quitCame(0);

@@ -82,25 +82,25 @@ TEST(CodePage932, asciiIsTheSameInBoth_alsoControlSigns)
     EXPECT_EQ(toCp932("ｱ" + ascii), "\xB1" + ascii);
 }
 
-TEST(CodePage932, everyByteThatIsNoTextBecomesOneReplacementCharacter)
+TEST(CodePage932, everyByteThatIsNotText_becomesOneReplacementCharacter)
 {
     for (const Pair& pair : notText)
         EXPECT_EQ(fromCp932(pair.bytes), pair.text);
 }
 
-TEST(CodePage932, charactersWithoutAPlaceAreRefused)
+TEST(CodePage932, charactersWithoutAPlace_areRefused)
 {
     for (const char* text : {"😀", "𠮷", "\u00A0", "か\u3099", "A😀B", "\uFFFD"})
         EXPECT_EQ(toCp932(text), std::nullopt) << text;
 }
 
-TEST(CodePage932, textThatIsNoUtf8IsRefused)
+TEST(CodePage932, textThatIsNotUtf8_isRefused)
 {
     for (const char* text : {"\xFF", "\xE3\x81", "A\x80"})
         EXPECT_EQ(toCp932(text), std::nullopt);
 }
 
-TEST(CodePage932, charactersWithoutAPlaceCanBeReplacedOneForOne)
+TEST(CodePage932, charactersWithoutAPlace_canBeReplacedOneForOne)
 {
     EXPECT_EQ(toCp932("a\U00020BB7b", '?'), "a?b");
     EXPECT_EQ(toCp932("𠮷野家", '?'), "?" + *toCp932("野家"));

@@ -212,7 +212,7 @@ TEST_F(FindWindowTest, withoutAWindowManager_aMappedWindowIsFound_alsoInsideAnot
     EXPECT_TRUE(FindWindow(masterTitle));
 }
 
-TEST_F(FindWindowTest, theOldNameCounts_whereThereIsNoNewOne)
+TEST_F(FindWindowTest, theOldNameCounts_withoutANewOne)
 {
     const xcb_window_t window = client.create(XCB_NONE, false);
     client.setOldName(window, "Master \xE9");

@@ -165,7 +165,7 @@ TEST_F(MSCommTest, aDeviceInUseDoesNotOpen_untilItIsLetGo)
     EXPECT_TRUE(comm.portOpen());
 }
 
-TEST_F(MSCommTest, anOpenPortIsNotOpenedOrRenumbered_aClosedOneNotClosedOrWritten)
+TEST_F(MSCommTest, anOpenPort_isNotOpenedOrRenumbered_aClosedOneNotWritten)
 {
     EXPECT_EQ(errorOf([this] { comm.setPortOpen(false); }), RunTimeError::PortNotOpen);
     EXPECT_EQ(errorOf([this] { comm.output("x"); }), RunTimeError::PortNotOpen);
@@ -233,7 +233,7 @@ TEST_F(MSCommTest, whatIsWrittenReachesTheReader)
                    "Z\r");
 }
 
-TEST_F(MSCommTest, anUnpluggedReaderClosesThePort_isToldOnce_andReadsAreEmpty)
+TEST_F(MSCommTest, anUnpluggedReader_closesThePort_andIsReportedOnce)
 {
     int told = 0;
     QObject::connect(&comm, &MSComm::deviceLost, &comm, [&told] { ++told; });

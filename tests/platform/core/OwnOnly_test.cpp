@@ -95,7 +95,7 @@ TEST_F(OwnOnlyTest, aFolderWithoutAShop_andAFileThatIsLinkedIn_stayAsTheyAre)
     EXPECT_EQ(modeOf("elsewhere/letter"), 0644U);
 }
 
-TEST_F(OwnOnlyTest, aBegunProgram_makesFilesForItsOwner_andOutlivesAFileThatMayNotGrow)
+TEST_F(OwnOnlyTest, aBegunProgram_makesFilesForItsOwner_andOutlivesAFileLimit)
 {
     const std::string file = path("made").string();
     const pid_t child = ::fork();

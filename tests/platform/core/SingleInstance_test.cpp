@@ -71,7 +71,7 @@ protected:
 
 } // namespace
 
-TEST_F(SingleInstanceTest, theFirstCopyHoldsTheFolder_theSecondIsTold)
+TEST_F(SingleInstanceTest, theFirstCopyHoldsTheFolder_theSecondIsRefused)
 {
     OtherCopy other(base());
     ASSERT_TRUE(other.holds());

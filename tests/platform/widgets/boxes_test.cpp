@@ -90,7 +90,7 @@ TEST(MsgBox, aReadersCodeDoesNotCloseIt)
     });
 }
 
-TEST(EnterButton, enterPresses_butNotBehindTypedCharacters)
+TEST(EnterButton, enterPresses_butNotAfterTypedCharacters)
 {
     EnterButton button;
     button.show();
@@ -168,7 +168,7 @@ TEST(MsgBox, aLongLineWidensTheBox_andLineBreaksAreOneLineEach)
     });
 }
 
-TEST(MsgBox, isWorkedAbove_aWindowThatIsDisabled)
+TEST(MsgBox, canBeUsed_overADisabledWindow)
 {
     QWidget window;
     window.show();
@@ -180,7 +180,7 @@ TEST(MsgBox, isWorkedAbove_aWindowThatIsDisabled)
     EXPECT_EQ(answered(yesNo, pressYes, &window), BoxAnswer::Yes);
 }
 
-TEST(EnterButton, codeThatHoldsABlank_pressesNothing_andTheFocusComingBackEndsTheRun)
+TEST(EnterButton, codeThatHoldsABlank_pressesNothing_untilTheFocusComesBack)
 {
     QWidget window;
     QVBoxLayout layout(&window);

@@ -11,7 +11,7 @@ namespace suisui::test {
 
 using SpreadInput = SpreadWindow;
 
-TEST_F(SpreadInput, cursorMovesOfTheOperator_areTold_thoseOfTheProgramAreNot)
+TEST_F(SpreadInput, cursorMovesOfTheOperator_areSignalled_theProgramsAreNot)
 {
     addRow("A", "1");
     addRow("B", "2");
@@ -29,7 +29,7 @@ TEST_F(SpreadInput, cursorMovesOfTheOperator_areTold_thoseOfTheProgramAreNot)
     EXPECT_EQ(headings[0], QVariantList{1});
 }
 
-TEST_F(SpreadInput, whatTheProgramDoesToTheRows_isNoMoveOfTheOperator)
+TEST_F(SpreadInput, whatTheProgramDoesToTheRows_isNotAMoveOfTheOperator)
 {
     QSignalSpy leaves(&grid, &vaSpread::LeaveCell);
     QSignalSpy changes(&grid, &vaSpread::Change);

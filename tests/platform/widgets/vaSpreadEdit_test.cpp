@@ -11,7 +11,7 @@ namespace suisui::test {
 
 using SpreadInput = SpreadWindow;
 
-TEST_F(SpreadInput, typing_overwritesTheCell_andTellsOfTheChange)
+TEST_F(SpreadInput, typing_overwritesTheCell_andSignalsTheChange)
 {
     addRow("A", "12");
     QSignalSpy changes(&grid, &vaSpread::Change);
@@ -73,7 +73,7 @@ TEST_F(SpreadInput, editorsRefuse_whatTheColumnCannotHold)
     EXPECT_EQ(grid.text(7, 1), "1,200");
 }
 
-TEST_F(SpreadInput, freeTextTakesNoMoreCharactersThanItsColumnHolds)
+TEST_F(SpreadInput, freeText_takesNoMoreCharactersThanItsColumnHolds)
 {
     constexpr SpreadColumn narrow[] = {{.heading = "備考", .type = CellType::Text, .digits = 3}};
     grid.setColumns(narrow);

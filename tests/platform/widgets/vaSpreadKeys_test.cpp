@@ -68,7 +68,7 @@ TEST_F(SpreadInput, enterThatTheHandlerLeaves_endsTheEditorAndStaysInTheCell)
     EXPECT_EQ(leaves.size(), 0);
 }
 
-TEST_F(SpreadInput, focusIsTold_andAnOpenEditorCountsAsTheGrid)
+TEST_F(SpreadInput, focusIsSignalled_andAnOpenEditorCountsAsTheGrid)
 {
     addRow("A", "1");
     field.setFocus();

@@ -103,7 +103,7 @@ TEST_F(SpreadPaint, checkBox_isDrawnInTheMiddleOfItsCell_andShowsItsMark)
     }
 }
 
-TEST_F(SpreadPaint, figuresStandOnTheRight_andTakeTheirColour)
+TEST_F(SpreadPaint, figuresAreOnTheRight_inTheirColour)
 {
     addRow("A", "1");
     grid.SetActiveCell(1, 1);
@@ -148,7 +148,7 @@ TEST_F(SpreadPaint, cursorIsAFrame_andHidesNoColour)
     EXPECT_NE(picture.pixelColor(cell.left() + 1, cell.center().y()), QColor(0, 255, 255));
 }
 
-TEST_F(SpreadPaint, whileRedrawIsOff_thePictureStandsStill)
+TEST_F(SpreadPaint, whileRedrawIsOff_thePictureDoesNotChange)
 {
     addRow("A", "1");
     const QImage before = window.grab().toImage();
@@ -185,7 +185,7 @@ TEST_F(SpreadPaint, whileRedrawIsOff_aGridThatComesBackIntoViewIsEmpty)
     EXPECT_GT(countOf(QColor(255, 0, 0), picture, picture.rect()), 1000);
 }
 
-TEST_F(SpreadPaint, redrawSwitchedOnAgain_keepsTheScrollPosition_unlessTheProgramMovesTheCursor)
+TEST_F(SpreadPaint, redrawOnAgain_keepsTheScrollPosition_unlessTheCursorWasMoved)
 {
     for (int i = 0; i < 200; ++i)
         addRow("A", "1");

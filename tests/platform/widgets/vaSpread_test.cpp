@@ -78,7 +78,7 @@ TEST_F(SpreadData, emptyGrid_hasNoCursor_andTakesEveryCall)
     EXPECT_FALSE(grid.isEditing());
 }
 
-TEST_F(SpreadData, oneHeading_tellsHowHighAllAre)
+TEST_F(SpreadData, oneHeading_decidesHowHighAllAre)
 {
     grid.horizontalHeader()->setFont(screenFont()); // which has all letters; others step in for each other
     const QHeaderView& header = *grid.horizontalHeader();

@@ -108,7 +108,7 @@ void BooksDesk::correct()
         return;
     const int row = static_cast<int>(below(model.now().grid.size())) + 1;
     Words& shown = model.now().inRow(row).shown;
-    const Cells& cells = cellsOf[model.at];
+    const MovementCells& cells = movementSide(static_cast<Side>(model.at)).cells;
     const auto figure = [&](int column, long long& place, std::size_t limit, long long lowest = 0) {
         correctFigure(column, row, place, static_cast<long long>(below(limit)) + lowest);
     };
@@ -157,7 +157,7 @@ void BooksDesk::erase()
     if (model.now().grid.empty())
         return;
     const int row = static_cast<int>(below(model.now().grid.size())) + 1;
-    sheet().SetActiveCell(4, row);
+    sheet().SetActiveCell(movementSide(static_cast<Side>(model.at)).cells.quantity, row);
     const bool yes = below(5) != 0;
     answer({yes ? BoxAnswer::Yes : BoxAnswer::No});
     entry().cmdDelete_Click();

@@ -11,16 +11,6 @@
 
 namespace suisui::test {
 
-/// Columns of the entry grids, from 1, as they stand on the screen; 0: not there.
-struct Cells
-{
-    int name, price, quantity, discount, total, unit;
-    std::array<int, 2> returned;
-    int date, time, remark, postedReturned, postedQuantity, index;
-};
-inline constexpr Cells cellsOf[] = {{2, 3, 4, 5, 6, 10, {11, 0}, 12, 13, 14, 15, 16, 17},
-                                    {2, 3, 4, 5, 6, 10, {11, 12}, 13, 14, 15, 0, 16, 17}};
-
 struct BooksDesk : MainWindowDesk
 {
     BooksDesk();

@@ -20,7 +20,7 @@ std::string grouped(long long number)
 
 void compareGrid(BooksDesk& desk, std::size_t side)
 {
-    const Cells& cells = cellsOf[side];
+    const MovementCells& cells = movementSide(static_cast<Side>(side)).cells;
     vaSpread& shown = *desk.window->page(static_cast<Tab>(side)).grid();
     RowSet& buffer = movementTable(static_cast<Side>(side)).rows(desk.db);
     const MovementColumns& columns = movementTable(static_cast<Side>(side)).columns;
@@ -30,7 +30,7 @@ void compareGrid(BooksDesk& desk, std::size_t side)
         const BookedMovement& each = model.inRow(row);
         const Words& words = each.shown;
         const auto text = [&](int column) { return std::string(shown.text(column, row)); };
-        ASSERT_EQ(text(1), each.code);
+        ASSERT_EQ(text(cells.code), each.code);
         ASSERT_EQ(text(cells.name), words.name);
         ASSERT_EQ(text(cells.price), std::to_string(words.price));
         ASSERT_EQ(text(cells.quantity), std::to_string(words.quantity));
@@ -46,7 +46,7 @@ void compareGrid(BooksDesk& desk, std::size_t side)
         ASSERT_EQ(text(cells.unit), words.unit);
         ASSERT_EQ(text(cells.remark), words.remark);
         ASSERT_EQ(text(cells.postedQuantity), std::to_string(each.stored.quantity));
-        if (cells.postedReturned != 0) {
+        if (cells.postedReturned != noCell) {
             ASSERT_EQ(text(cells.postedReturned), std::to_string(each.stored.returned[0]));
         }
         const int index = std::stoi(text(cells.index));
