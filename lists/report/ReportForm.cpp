@@ -77,7 +77,7 @@ TwipBox ReportForm::insideFrame(TwipBox box) const
 void ReportForm::addRow(int n)
 {
     const int down = n * m_report.pitch;
-    Row row{labelOf(m_report.LbYerrow, down), {}, lineOf(m_report.LnIn, down)};
+    Row row{labelOf(m_report.rowBand, down), {}, lineOf(m_report.rowLine, down)};
     row.band.backColor = QColor::fromRgb(bandColour);
     for (const RowElement& element : m_report.cells) {
         row.cells.push_back(labelOf(insideFrame(element.box), down));

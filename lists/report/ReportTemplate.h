@@ -66,8 +66,8 @@ struct ReportTemplate
     int rowsPerPage;
     int pitch;
     std::span<const RowElement> cells;
-    FixedLine LnIn;                   ///< under the row
-    TwipBox LbYerrow;                 ///< shaded band behind the row
+    FixedLine rowLine;                ///< LnIn, under the row
+    TwipBox rowBand;                  ///< LbYerrow, the shaded band behind the row
     int rowsPerBand;                  ///< 2: behind every other row
     TwipBox titleBand;                ///< behind the column titles
     std::span<const FixedLine> lines; ///< frame; the first is the left reference line, the second the top one
