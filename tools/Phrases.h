@@ -29,9 +29,9 @@ inline constexpr Phrase engineFailed{"{1}", "データベースの処理に失�
 /// Messages of the store, which are in English.
 inline constexpr Phrase causes[] = {
     {"it cannot be written to", "書き込めません"},
-    {"this is no whole database of the program, or one of a newer version",
+    {"this is not a whole database of the program, or is one of a newer version",
      "このプログラムの完全なデータベースではないか、新しい版のデータベースです"},
-    {"this is no whole database of the program", "このプログラムの完全なデータベースではありません"},
+    {"this is not a whole database of the program", "このプログラムの完全なデータベースではありません"},
     {"the row was changed or deleted meanwhile", "その行は、ほかで変更または削除されました"},
 };
 
