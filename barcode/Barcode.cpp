@@ -66,7 +66,7 @@ void Barcode::CommOpen()
     m_commCtl->setCommPort(m_commPortNo);
     m_commCtl->setSettings(m_commBaud + u',' + m_commParity + u',' + m_commDataBit + u',' + m_commStopBit);
     m_commCtl->setPortOpen(true);
-    m_commCtl->clearInBuffer(); // what came before the program was ready is dropped
+    m_commCtl->clearInBuffer(); // scans from before the program was ready are dropped
 }
 
 QString Barcode::line()
@@ -84,14 +84,14 @@ QString Barcode::line()
     return QString::fromStdString(text);
 }
 
-/// Place of the first CR LF, -1 when there is none yet. A long frame without an end is searched once.
+/// Position of the first CR LF, -1 when there is none yet. No part of a long frame is searched twice.
 qsizetype Barcode::findEnd()
 {
     if (m_recvBuffer.size() < frameEnd.size())
         return -1;
     const qsizetype end = m_recvBuffer.indexOf(frameEnd, m_searched);
     if (end < 0)
-        m_searched = m_recvBuffer.size() - 1; // the last byte may be a CR whose LF is still to come
+        m_searched = m_recvBuffer.size() - 1; // the last byte may be a CR whose LF has not come yet
     return end;
 }
 
@@ -108,7 +108,7 @@ bool Barcode::CommWrite(const QString& text)
         if (m_commCtl != nullptr)
             m_commCtl->output(QByteArray::fromStdString(toCp932(text.toStdString()).value_or(std::string())));
     } catch (const RunTimeError&) {
-        return false; // nobody waits for an answer of the reader
+        return false; // nothing depends on an answer of the reader
     }
     return false;
 }
@@ -119,7 +119,7 @@ void Barcode::CommClose()
         try {
             m_commCtl->setPortOpen(false);
         } catch (const RunTimeError&) {
-            m_commReady = false; // it was not open any more
+            m_commReady = false; // it was no longer open
         }
     }
     m_commReady = false;

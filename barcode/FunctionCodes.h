@@ -1,5 +1,6 @@
-// The function codes of the printed sheet on the main window: code, what happens, on which tab, to which
-// control. Tab switches ("0" to "4") are the dispatcher's own. A code and tab without an entry mean nothing.
+// What the function codes of a printed sheet do on the main window: for each code and tab, the action and its
+// control. The dispatcher itself handles the codes that change tabs ("0" to "4"). A code without an entry for
+// the tab does nothing.
 #pragma once
 
 #include <cstdint>
@@ -11,12 +12,12 @@ namespace suisui {
 inline constexpr int onEveryTab = -1;
 
 enum class FunctionAction : std::uint8_t {
-    Press,    ///< the button, as a click of the mouse
-    Choose,   ///< the option button
-    Tick,     ///< the check box, which stays ticked when the code comes again
-    Flip,     ///< the check box, the other way each time
-    AllGoods, ///< the caption that says of which goods
-    AllOfList ///< the choice, to its entry for all
+    Press,    ///< presses the button, like a click of the mouse
+    Choose,   ///< chooses the radio button
+    Tick,     ///< ticks the check box, which stays ticked when the code comes again
+    Flip,     ///< ticks or clears the check box
+    AllGoods, ///< sets the caption for the goods to all of them
+    AllOfList ///< sets the combo box to its entry for all
 };
 
 struct FunctionCode
@@ -65,7 +66,7 @@ inline constexpr FunctionCode functionCodes[] = {
     {u'U', FunctionAction::Press, onEveryTab, u"CmdEnd"},
 };
 
-/// What \a function does on tab \a tab; null when it does nothing there.
+/// The entry of \a function for tab \a tab; null when it does nothing there.
 [[nodiscard]] constexpr const FunctionCode* functionOn(QStringView function, int tab)
 {
     for (const FunctionCode& entry : functionCodes)

@@ -10,7 +10,7 @@
 
 namespace suisui::bench {
 
-/// A stamp that no other movement carries.
+/// A stamp that no other movement has.
 inline std::string stampOfScan(int number)
 {
     std::string digits = std::to_string(number);
@@ -53,7 +53,7 @@ public:
     }
 
 private:
-    std::vector<std::string> m_durable; // asked for before this connection is there
+    std::vector<std::string> m_durable; // read before this connection exists
     BareSqlite m_db;
     sqlite3_stmt* m_master = m_db.prepared("SELECT * FROM Master WHERE Code=? ORDER BY rowid");
     sqlite3_stmt* m_parts = m_db.prepared("SELECT * FROM HSeihinTB WHERE Code=? ORDER BY rowid");

@@ -1,5 +1,6 @@
-// SQLite by hand, as little as it takes: what the program's own work is measured against. A connection that
-// writes takes journal and flushes from a connection of the program, so that both wait for the disk as often.
+// SQLite by hand, with the least code possible, as the baseline of the program. A connection that writes
+// copies journal mode and flushing from a connection of the program, so that both wait for the disk equally
+// often.
 #pragma once
 
 #include <cstdlib>

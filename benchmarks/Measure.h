@@ -1,4 +1,4 @@
-// Timing two ways of doing the same work in one run, turn and turn about, and saying how they compare.
+// Measures two ways of doing the same work in turn, in one run, and compares them.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Showing a widget and waiting for its first paint; and the least that a view can show rows with.
+// Showing a widget and waiting for its first paint; and the simplest model that shows rows in a view.
 #pragma once
 
 #include <string>
@@ -19,8 +19,7 @@ inline void showPainted(QWidget& widget)
     QCoreApplication::processEvents();
 }
 
-/// Lets \a show bring \a window up and events run until the screen has asked for it and it has painted
-/// itself.
+/// Lets \a show open \a window, and runs events until the screen has exposed it and it has painted itself.
 template <typename Show> void untilPainted(QWidget& window, Show show)
 {
     class Painting final : public QObject

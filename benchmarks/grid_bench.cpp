@@ -1,6 +1,6 @@
 // Filling the entry grid from the table to the first paint, against a bare select into vectors of strings
-// plus the first paint of a plain view over them; beside it a QTableWidget filled by items. And what
-// corrections cost: one cell, and a thousand rows written in one unit of work.
+// plus the first paint of a plain view over them, and for comparison a QTableWidget filled by items. Also the
+// cost of corrections: one cell, and a thousand rows written in one unit of work.
 #include <QApplication>
 #include <QStyleFactory>
 #include <QTableWidget>
@@ -102,7 +102,7 @@ void GridFill(benchmark::State& state)
 }
 BENCHMARK(GridFill)->Arg(1000)->Arg(25000)->Arg(100000)->Iterations(7)->Unit(benchmark::kMillisecond);
 
-/// What the wait window adds to long work: from its coming up to its first paint, and its going away.
+/// What the wait window adds to long work: opening it to its first paint, and closing it.
 void WaitWindow(benchmark::State& state)
 {
     frm_Wait wait;
@@ -127,7 +127,7 @@ void WaitWindow(benchmark::State& state)
 }
 BENCHMARK(WaitWindow)->Iterations(41)->Unit(benchmark::kMillisecond);
 
-/// Every row of the grid gets another quantity, and all are written in one unit of work.
+/// Changes the quantity of every row and writes all in one unit of work.
 void UpdateRows(benchmark::State& state)
 {
     const test::TempShop programShop(QDir::tempPath());

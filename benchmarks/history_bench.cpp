@@ -1,7 +1,6 @@
 // Saving a period and loading it back, against bare SQLite that attaches the history file and moves the rows
-// with INSERT..SELECT and DELETE; and the carry-forward, against one grouped query joined in. The longest
-// time that events had to wait during a save stands beside it. On a disk, with the wait window, as a shop has
-// it.
+// with INSERT..SELECT and DELETE; and the carry-forward, against one grouped query joined in. Also the
+// longest time that events have to wait during a save. On a disk, with the wait window, as in a shop.
 #include <filesystem>
 
 #include <QAbstractEventDispatcher>
@@ -40,7 +39,7 @@ private:
 };
 
 /// \a rows movements of 5,000 goods up to the end of 2025 in the order of their time, every second one a
-/// shipment; and a tenth as many of the days after, which stay when the others are saved.
+/// shipment, and a tenth as many of later days, which stay when the others are saved.
 void fill(AppDB& db, int rows)
 {
     const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<"
@@ -70,7 +69,7 @@ void fill(AppDB& db, int rows)
     db.Commit();
 }
 
-/// A second, bare connection, which flushes as the program's does.
+/// A second, bare connection, which flushes like the program's.
 class Bare
 {
 public:
@@ -112,7 +111,7 @@ void moveBare(const std::vector<std::string>& durable, const std::string& workin
     bare.run("COMMIT");
 }
 
-/// The longest time between two rounds of events while it lives.
+/// Measures the longest time between two rounds of events during its life.
 class EventGap
 {
 public:
@@ -191,7 +190,7 @@ void SaveAndLoad(benchmark::State& state)
             std::filesystem::remove(bareHistory);
         }));
         shop.desk.clock.letPass(std::chrono::seconds(1));
-        // Once more with an eye on the events, which costs time of its own.
+        // Once more while watching the events, which takes time itself.
         shop.desk.prompts.periods = {period};
         shop.desk.prompts.places = {{shop.desk.folder(), {}, name},
                                     {shop.desk.folder(), path, name.left(name.lastIndexOf(u'.'))}};

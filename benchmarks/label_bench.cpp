@@ -1,5 +1,5 @@
 // Labels on sheets of 44 into a PDF, bars and both texts, against libzint's encoding of the same codes and
-// one rectangle for each of their bars on the same pages. And what a page weighs.
+// one rectangle for each of their bars on the same pages. Also the size of a page.
 #include <QApplication>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -144,7 +144,7 @@ void LabelsIntoPdf(benchmark::State& state)
     state.counters["bare_bytes_per_page"] = shop.bytesOfPage();
 }
 
-/// The picture in the dialog is drawn at every key: a sheet of 44 at its size on the screen.
+/// The picture in the dialog, which is drawn after every key: a sheet of 44 at its size on the screen.
 void PageOnTheScreen(benchmark::State& state)
 {
     LabelShop shop;
@@ -154,7 +154,7 @@ void PageOnTheScreen(benchmark::State& state)
         benchmark::DoNotOptimize(drawPage(sheetsOf44(), rows.trial(), shop.ini, step, 1, {420, 594}));
 }
 
-/// Counting and drawing again after a key, in a grid as long as a shop's table: marks in every row.
+/// Counting pages and drawing after a key, for a grid as long as a shop's table with all rows marked.
 void KeyInALongGrid(benchmark::State& state)
 {
     constexpr int rowsOfAShop = 100000;

@@ -1,6 +1,6 @@
 // The whole program: from its start to its window, against a bare Qt window; from a scan to its row, against
-// a bare serial port and bare statements; and what it takes of a processor while nobody does anything,
-// against a bare window with a blinking cursor. Needs an X display.
+// a bare serial port and bare statements; and its processor time when idle, against a bare window with a
+// blinking cursor. Needs an X display.
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -80,7 +80,7 @@ void StartToWindow(benchmark::State& state)
 }
 BENCHMARK(StartToWindow)->Iterations(9)->Unit(benchmark::kMillisecond);
 
-/// Of all threads together, to the nanosecond.
+/// Processor time of all threads together, to the nanosecond.
 double processorSeconds(qint64 pid)
 {
     clockid_t clock = 0;
@@ -99,8 +99,8 @@ double percentOfCore(const QProcess& process)
     return (processorSeconds(process.processId()) - before) / seconds * 100;
 }
 
-/// The program with its cursor in the code field, and a bare window with its cursor in a field, turn and turn
-/// about: each blinks as long as the other.
+/// The program with its cursor in the code field, and a bare window with its cursor in a field, in turn: each
+/// blinks as long as the other.
 void IdleProgram(benchmark::State& state)
 {
     const test::Pty pty;
@@ -144,7 +144,7 @@ void IdleDialog(benchmark::State& state)
 }
 BENCHMARK(IdleDialog)->Iterations(1)->Unit(benchmark::kSecond);
 
-/// A reader, whoever listens to it, and a second connection that sees what has become of its frames.
+/// A reader, the process that reads it, and a second connection that sees the rows of its frames.
 class ScanRoad
 {
 public:
@@ -159,10 +159,10 @@ public:
             m_pty.write(frame);
             QThread::msleep(200);
         }
-        QThread::msleep(1500); // those that were sent too often
+        QThread::msleep(1500); // lets the surplus frames be stored
     }
-    /// From the last byte of a frame to the receipt that the second connection can see. It looks for a commit
-    /// before it looks for the row: whoever counts rows holds the table, and the commit would wait for that.
+    /// From the last byte of a frame to the receipt that the second connection can see. It waits for a commit
+    /// before it looks for the row: counting rows locks the table, and the commit would have to wait.
     [[nodiscard]] double scan()
     {
         const int before = receipts();
@@ -179,8 +179,8 @@ public:
 
 private:
     [[nodiscard]] int receipts() { return std::stoi(BareSqlite::rows(m_count).at(0).at(0)); }
-    /// Another number for each commit of others (sqlite.org/pragma.html#pragma_data_version). While one is
-    /// under way there is no answer, and the last one holds.
+    /// A new number after each commit of others (sqlite.org/pragma.html#pragma_data_version). During a commit
+    /// there is no answer, and the last number is used.
     [[nodiscard]] int commits()
     {
         const auto answer = BareSqlite::rows(m_version);

@@ -1,5 +1,4 @@
-// A frame's way from the other end of the port to the dispatch of its value, through the loop that the
-// program runs.
+// From a frame at the other end of the port to the dispatch of its value, through the program's main loop.
 #include <QCoreApplication>
 
 #include "barcode/Barcode.h"

@@ -1,5 +1,5 @@
 // A thousand pages of the stock list and of the receipt list to PDF, against a bare painter that draws the
-// same number of the same strings on the same number of pages and nothing else. Memory is looked at after
+// same number of the same strings on the same number of pages and nothing else. Memory is measured after
 // every hundred pages.
 #include <QApplication>
 #include <QPainter>
@@ -24,7 +24,7 @@ double heldMegabytes()
     return static_cast<double>(info.uordblks + info.hblkhd) / 1048576;
 }
 
-/// The texts of a page: its rows' as they stand in the grid, and its fixed ones.
+/// The texts of a page: those of its rows as in the grid, and the fixed ones.
 QStringList textsOf(const ReportTemplate& report, const vaSpread& grid)
 {
     QStringList texts;

@@ -1,5 +1,5 @@
-// A long day at the main window: two thousand mixed operations with a clock that is stepped. What the program
-// holds in memory and how many files it has open must not grow, and the database must be whole at the end.
+// A long day at the main window: two thousand mixed operations with a stepped clock. Memory and the number of
+// open files must not grow, and the database must be sound at the end.
 #include <random>
 
 #include <QAbstractButton>
@@ -18,7 +18,7 @@ namespace {
 
 constexpr int warmUp = 200;
 constexpr int operations = 2000;
-constexpr int mostRows = 60; ///< beyond that movements are deleted, so that the day stays as long as it is
+constexpr int mostRows = 60; ///< when there are more, movements are deleted, so that the day does not grow
 
 double heldMegabytes()
 {
@@ -42,7 +42,7 @@ public:
         shop.add(hseihinTable, {"B", "", "4901001000017", "2"});
         open();
         box.onShow = [this](const Box& shown) { answer(shown); };
-        // It is noon: what an entry tab shows of a day is there, and more of it replaces what is deleted.
+        // It is noon: an entry tab shows the movements of a day, and new ones replace those that are deleted.
         for (const Tab tab : {Tab::Receipt, Tab::Shipment}) {
             window->showTab(tab);
             for (int row = 0; row < mostRows; ++row)
@@ -106,7 +106,7 @@ private:
         sheet.SetText(4, row, std::string_view(std::to_string(m_random() % 40)));
         Q_EMIT sheet.Change(4, row);
     }
-    /// Stock and lists, in all their views.
+    /// Searches the stock and the lists in all their views.
     void look()
     {
         window->showTab(Tab::Stock);

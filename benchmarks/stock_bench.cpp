@@ -1,5 +1,5 @@
 // The stock tab: all goods to the first paint, the detail of all goods, and sorting by a heading, each
-// against the barest way to the same.
+// against the simplest way to do the same.
 #include <QApplication>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -152,7 +152,7 @@ void HeadingSort(benchmark::State& state)
         Desk desk(shop);
         desk.searchAll();
         showPainted(desk.page);
-        first.add(timed([&] { Q_EMIT desk.page.grid()->HeadingClick(2); })); // the rows are made by it
+        first.add(timed([&] { Q_EMIT desk.page.grid()->HeadingClick(2); })); // which also makes the rows
         col = col == 3 ? 2 : 3;
         struct Key
         {

@@ -1,4 +1,4 @@
-// What one scan asks of the store, against the same statements prepared once on bare SQLite.
+// The store's work for one scan, against the same statements prepared once on bare SQLite.
 #include "benchmarks/BareScan.h"
 #include "benchmarks/BenchShop.h"
 #include "benchmarks/Measure.h"

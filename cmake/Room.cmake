@@ -1,12 +1,12 @@
 # One static library for each room. The include path is the top of the tree, so an include names the room that it
 # belongs to ("store/AppDB.h"), and scripts/includes.py can check which way it runs.
 
-# A name that is not a target, such as a misspelt room, ends the configuration. Otherwise it would be passed on as a
-# library of the system and fail much later, when the linker looks for it.
+# A name that is not a target, such as a misspelt room, ends the configuration. Otherwise it would be taken for a
+# library of the system and fail much later, in the linker.
 set(CMAKE_LINK_LIBRARIES_ONLY_TARGETS ON)
 
 add_library(suisui_flags INTERFACE)
-# What a compiler of tomorrow warns of must not keep anybody from building the program: only .ci/run makes it an error.
+# New warnings of a future compiler must not keep anybody from building the program: only .ci/run makes them errors.
 target_compile_options(suisui_flags INTERFACE
     -Wall -Wextra -Wpedantic $<$<BOOL:${SUISUI_WERROR}>:-Werror> -Wshadow -Wconversion -Wno-sign-conversion)
 # GCC 12 sees an overlap in "text" + std::string where there is none (its bug 105651).
@@ -18,7 +18,7 @@ target_include_directories(suisui_flags INTERFACE ${PROJECT_SOURCE_DIR})
 if(SUISUI_SANITIZE)
     target_compile_options(suisui_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(suisui_flags INTERFACE -fsanitize=address,undefined)
-    # With the sanitizers' own code around it GCC takes initialised values for uninitialised ones.
+    # With the code of the sanitizers added, GCC takes initialised values for uninitialised ones.
     target_compile_options(suisui_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 endif()
 
@@ -60,8 +60,8 @@ function(suisui_test name)
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${CMAKE_BINARY_DIR}/run;LC_ALL=C.UTF-8")
 endfunction()
 
-# suisui_long_suite(NAME SUITE): the suite of the test program NAME that shows the same on many more cases is a test
-# of its own, NAME_long with the label "long", and no part of NAME. ./check leaves it out.
+# suisui_long_suite(NAME SUITE): makes the suite of the test program NAME that shows the same on many more cases a
+# separate test, NAME_long with the label "long", which is not part of NAME. ./check leaves it out.
 function(suisui_long_suite name suite)
     add_test(NAME ${name}_long COMMAND ${name})
     set_tests_properties(${name}_long PROPERTIES TIMEOUT 1500 LABELS long

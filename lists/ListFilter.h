@@ -1,4 +1,4 @@
-// The conditions of a list, as the operator has set them, and the condition text that they make.
+// What the operator asks a list for (period, goods, partner, staff), and the WHERE text that selects it.
 #pragma once
 
 #include <optional>
@@ -14,15 +14,15 @@ struct ListFilter
 {
     std::string from; ///< "YYYYMMDD", both days included
     std::string to;
-    /// What stands beside the word for goods: "（すべて）", a pattern or a name. It decides how the code is
+    /// Shown beside the word for goods: "（すべて）", a pattern or a name. It decides how the code is
     /// compared.
     QString goodsCaption;
     std::string chosenCode;             ///< the last accepted content of the code field
-    std::optional<std::string> partner; ///< code; nothing for all of them
+    std::optional<std::string> partner; ///< code; none for all partners
     std::optional<std::string> staff;
 };
 
-/// "WHERE ..." without an order.
+/// "WHERE ..." without an ORDER BY.
 [[nodiscard]] std::string whereText(const ListSide& side, const ListFilter& filter);
 
 } // namespace suisui

@@ -6,13 +6,12 @@ namespace suisui {
 
 namespace {
 
-// What is sorted by, what could be. The marks of figures stand closer.
+// The column sorted by, and those that could be. The marks of figures follow the word without a blank.
 constexpr std::string_view up = "▲ ";
 constexpr std::string_view down = "▽ ";
 constexpr std::string_view closeUp = "▲";
 constexpr std::string_view closeDown = "▽";
 
-/// Writes headings of one grid.
 class HeadingRow
 {
 public:

@@ -1,5 +1,4 @@
-// The way from the button 一覧印刷 to the sheet: asks for the pages, lets the operator choose the printer,
-// prints.
+// From the button 一覧印刷 to the sheet: asks for the pages, lets the operator choose the printer, prints.
 #pragma once
 
 #include <functional>
@@ -29,11 +28,10 @@ struct ListPrinting
     DialogScan::ReadLine readLine;
 };
 
-/// What a tab shows at the moment when it is asked: the choices in its head, and whether all columns are
-/// filled.
+/// What a tab shows when it is asked: the conditions above its list, and whether all columns are filled.
 using HeadNow = std::function<ReportHead()>;
 
-/// cmdRptZList_Click and its sisters: the dialog for the list that \a grid holds, or the box that says that
+/// cmdRptZList_Click and its counterparts: the dialog for the list in \a grid, or the box that says that
 /// there is nothing to print.
 void printList(const ReportTemplate& report, const vaSpread& grid, const HeadNow& head,
                const ListPrinting& printing, QWidget* parent);

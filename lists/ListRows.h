@@ -1,5 +1,5 @@
-// The cells of a list's rows: how a stored movement, or a row summed by the database, reads on the screen,
-// and the figures of a row that subtotals are made of.
+// The rows of a list: the texts that a stored movement, or a row summed by the database, has on the screen,
+// and its figures that go into the subtotals.
 #pragma once
 
 #include <array>
@@ -11,21 +11,21 @@
 
 namespace suisui {
 
-/// What subtotals add up, in this order. The second return is a shipment's.
+/// What subtotals add up, in this order. Only shipments have a second return.
 enum class ListFigure { Quantity, Discount, Amount, Returned1, Returned2, Count };
 inline constexpr std::size_t listFigures = static_cast<std::size_t>(ListFigure::Count);
 using ListFigures = std::array<double, listFigures>;
 
-/// Cells of the figures, noListCell where the side has none.
+/// The column of each figure; noListCell where the side has none.
 [[nodiscard]] std::array<int, listFigures> figureCells(const ListCells& cells);
 
-/// What \a number reads as after it has been shown: a whole number.
+/// \a number as a cell shows it: rounded to a whole number.
 [[nodiscard]] double displayed(double number);
 
 /// The figures of a movement: the stored ones, but the amount as displayed.
 [[nodiscard]] ListFigures movementFigures(const MovementColumns& columns, const PackedRow& movement);
 
-/// Texts of the cells of \a movement, which is number \a index in its buffer.
+/// Makes the cells of \a movement, which is number \a index in its buffer.
 void makeMovementRow(const ListSide& side, const PackedRow& movement, int index,
                      std::span<std::string> texts);
 
@@ -40,7 +40,7 @@ struct SummedWords
 void makeSummedRow(const ListSide& side, const SummedWords& words, const PackedRow& sum, int index,
                    std::span<std::string> texts);
 
-/// Whether the amount of \a sum is shown, and as a negative figure.
+/// Whether the amount of \a sum is shown and negative.
 [[nodiscard]] bool showsNegativeAmount(const SumColumns& columns, const PackedRow& sum);
 
 } // namespace suisui

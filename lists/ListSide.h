@@ -1,4 +1,4 @@
-// What tells the receipt list from the shipment list: grid, columns, headings, conditions, names of the
+// How the receipt list and the shipment list differ: grid, columns, headings, conditions, names of the
 // controls. Everything else about the two lists is the same.
 #pragma once
 
@@ -35,7 +35,7 @@ struct ListCells
     std::array<int, 2> returned;
     int unit;
     int remark;
-    int index; ///< the row's number in the row set; never seen
+    int index; ///< the row's number in the row set; hidden
 };
 
 /// Columns of the summed selection.
@@ -51,7 +51,7 @@ struct SumColumns
     std::array<int, 2> returned; ///< noColumn where the side has none
 };
 
-/// A buffer of selected rows, whichever class holds it.
+/// The row set that a list is filled from, whatever its class.
 struct ListBuffer
 {
     /// Number of rows, or a negative number when the selection failed.
@@ -67,7 +67,7 @@ struct ListBuffer
 struct ListSide
 {
     Side side;
-    char16_t letter; ///< stands in the names of the controls: N receipts, S shipments
+    char16_t letter; ///< in the names of the controls: N receipts, S shipments
     Tab tab;
     int termIndex;
     QString (AppIni::*heading)(int) const;

@@ -12,7 +12,7 @@ namespace suisui {
 
 namespace {
 
-/// Keys of the detail view, all rising: columns, 0 for none. The first is the clicked one.
+/// Sort keys of the detail view, all ascending: columns, 0 for none. The first is the clicked one.
 constexpr std::array<std::array<int, 4>, 5> detailKeys{{
     {1, 2, 8, 0},
     {2, 8, 1, 0},
@@ -34,7 +34,7 @@ Keys keysOfDetail(int col)
     return keys;
 }
 
-/// Figures the greatest first, texts rising.
+/// Figures in descending order, texts in ascending order.
 Keys keysOfSums(const ListCells& cells, int col)
 {
     const std::array sorted{cells.name,   cells.code,        cells.quantity,

@@ -19,7 +19,7 @@ void addTo(ListFigures& sums, const ListFigures& figures)
         sums[i] += figures[i];
 }
 
-/// The figures of a row as its cells show them; empty cells count as nothing.
+/// The figures of a row as its cells show them; an empty cell counts as 0.
 ListFigures shownFigures(const vaSpread& grid, const std::array<int, listFigures>& cells, int row)
 {
     ListFigures figures{};
@@ -99,7 +99,7 @@ void insertSubtotals(vaSpread& grid, const ListCells& cells, int groupCol, std::
 {
     struct Group
     {
-        int before; ///< row in front of which its subtotal stands
+        int before; ///< the subtotal is inserted in front of this row
         ListFigures sums;
     };
     const std::array<int, listFigures> figures = figureCells(cells);

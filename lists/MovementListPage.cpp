@@ -46,7 +46,7 @@ MovementListPage::MovementListPage(Side side, const Services& services, QWidget*
 
 MovementListPage::~MovementListPage() = default;
 
-/// The form is drawn once; its controls carry the letter of their side in their names.
+/// One form serves both sides; its controls get the letter of their side in their names.
 void MovementListPage::nameControls()
 {
     m_ui->Sprd_XHyou->setObjectName(QString::fromUtf16(m_side.gridName));
@@ -163,8 +163,8 @@ void MovementListPage::barCode_KeyPress(int& keyAscii)
         m_ui->txtXLBarCode->setFocus();
 }
 
-/// Keeps the code, the pattern or "all of them" for the next search. False when there is no such code; then
-/// everything is as it was.
+/// Keeps the code, the pattern or "all of them" for the next search. False when there is no such code;
+/// nothing changes then.
 bool MovementListPage::takeCode(const QString& text)
 {
     const std::string code = text.toStdString();
@@ -214,7 +214,7 @@ void MovementListPage::headingClick(int col)
     m_services.frame.BusyOff();
 }
 
-/// The bar stays with its movement, wherever that has gone.
+/// The bar follows its movement.
 void MovementListPage::sort(ListView view, int col)
 {
     vaSpread& sheet = *grid();

@@ -1,6 +1,6 @@
 // Tabs 3 and 4: the movements of a period as a list, each with its amount, or summed by goods. They start
-// blank on purpose: the operator asks for a list. Nothing is changed here; what the grid shows is what the
-// reports and the slip are made of.
+// empty on purpose: a list appears when the operator asks for it. Nothing is changed here; reports and slip
+// are made of what the grid shows.
 #pragma once
 
 #include <memory>
@@ -36,14 +36,14 @@ public:
     [[nodiscard]] vaSpread* grid() override;
     void setCaptions(const AppIni& ini) override;
     void setDefaultDates(const QString& from, const QString& to) override;
-    /// First sight, or the first after a movement: the blank list.
+    /// Shown for the first time, or for the first time since a movement: the empty list.
     void firstShow() override;
     /// txtNLBarCode_KeyPress, txtSLBarCode_KeyPress: takes the goods to be listed.
     void barCode_KeyPress(int& keyAscii) override;
     /// cmdNLKensaku_Click, cmdSLKensaku_Click.
     void cmdKensaku_Click();
 
-    /// Both end in "（すべて）", which is chosen at first.
+    /// Both combo boxes end in "（すべて）", which is chosen at first.
     void setPartners(const ChoiceList& partners);
     /// Shows the partner of a scanned code; false when the side does not offer one.
     bool choosePartner(const QString& code);
@@ -52,8 +52,8 @@ public:
     [[nodiscard]] QComboBox* staffChoice();
     [[nodiscard]] QWidget* searchButton();
 
-    /// Where slips go: the settings that the slip program reads, and the folder in which it stands and finds
-    /// its file. Only for the side that prints slips.
+    /// Where slips go: the settings that the slip program reads, and the folder where that program is and
+    /// finds its file. Only for the side that prints slips.
     void setSlipPlace(SlipIni& ini, const QString& exeFolder);
     /// Hands the shown list to the slip program.
     void cmdPrintRptExe_Click();
@@ -79,11 +79,11 @@ private:
     void sumFill(int count);
 
     // MovementListReport.cpp
-    /// What the report's head shows: the conditions as they stand now, whatever was searched.
+    /// What the report's head shows: the conditions on the screen now, which may not be those of the search.
     [[nodiscard]] ReportHead reportHead() const;
 
     // MovementListSlip.cpp
-    /// Keeps whom the list is for and by whom it was made, as they are at the search.
+    /// Remembers from the search whose list it is and who made it.
     void rememberSlip(const ListFilter& filter);
     void printSlip();
     [[nodiscard]] bool handOverSlip();
@@ -100,7 +100,7 @@ private:
     ChoiceList m_partners;
     ChoiceList m_staff;
     std::string m_chosenCode;
-    std::string m_slipPartner; ///< code; empty when the list is for all of them
+    std::string m_slipPartner; ///< code; empty when the list is for all partners
     QString m_slipPerson;
     SlipIni* m_slipIni = nullptr;
     QString m_exeFolder;

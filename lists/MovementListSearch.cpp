@@ -1,4 +1,5 @@
-// The search of a list: conditions, question, and filling the grid with movements and subtotals or with sums.
+// Searching a list: reads the conditions, asks when there are many rows, and fills the grid with movements
+// and subtotals or with sums.
 #include "lists/MovementListPage.h"
 
 #include <QComboBox>
@@ -24,8 +25,8 @@ namespace {
 constexpr int rowsWithoutAsking = 1000;
 constexpr int rowsWithoutWaitWindow = 500;
 
-/// Code of what \a combo shows; nothing for all of them. Throws RunTimeError::SubscriptOutOfRange when it
-/// shows something that has no code.
+/// Code of what \a combo shows; none for all of them. Throws RunTimeError::SubscriptOutOfRange when it shows
+/// something that has no code.
 std::optional<std::string> chosen(const QComboBox& combo, const ChoiceList& choices)
 {
     if (combo.currentText() == allChoices)
@@ -33,7 +34,8 @@ std::optional<std::string> chosen(const QComboBox& combo, const ChoiceList& choi
     return choiceAt(choices, combo.currentIndex()).code;
 }
 
-/// What a summed row shows for its movements, which may be of many partners: the one asked for, or a dash.
+/// The partner or member of staff of a summed row, whose movements may have many: the one asked for, or a
+/// dash.
 std::string wordFor(const QComboBox& combo, std::string_view dash)
 {
     return combo.currentText() == allChoices ? std::string(dash) : combo.currentText().toStdString();
@@ -99,7 +101,7 @@ void MovementListPage::listLoad()
         detailFill(count);
     buffer.clear(db);
     m_bar->move(0, 1);
-    grid()->SetActiveCell(m_side.cells.partner, 1); // by way of it, so that the first columns are in view
+    grid()->SetActiveCell(m_side.cells.partner, 1); // first, so that the leading columns scroll into view
     grid()->SetActiveCell(m_side.cells.date, 1);
     writeSearchHeadings(m_side, m_services.ini, *grid(), view);
 }
@@ -110,7 +112,7 @@ void MovementListPage::emptyGrid()
     grid()->horizontalScrollBar()->setValue(0);
 }
 
-/// A subtotal closes each day, and the total the list.
+/// Each day ends with a subtotal, the list with the total.
 void MovementListPage::detailFill(int count)
 {
     vaSpread& sheet = *grid();
@@ -131,7 +133,7 @@ void MovementListPage::detailFill(int count)
         writeSumRow(sheet, cells, ++row, kind, kind == SumRow::Subtotal ? label : std::string(), sums);
     };
     Subtotals subtotals(
-        m_side.detail.row(db, 1).text(columns.date)); // the first day, whatever became of its row
+        m_side.detail.row(db, 1).text(columns.date)); // the first day, even when its row has gone
     for (int i = 1; i <= count; ++i) {
         if (!m_side.detail.gone(db, i)) {
             const PackedRow& movement = m_side.detail.row(db, i);

@@ -1,5 +1,4 @@
-// The slip: the shown list as a file for the slip program, the customer and the person beside it, and the
-// start of that program.
+// The slip: hands the shown list, the customer and the person to the slip program, and starts it.
 #include <QComboBox>
 
 #include "lists/ListHeadings.h"
@@ -61,8 +60,7 @@ void MovementListPage::cmdPrintRptExe_Click()
     m_services.frame.BusyOff();
 }
 
-/// A slip that could not be handed over whole is not printed: the program would take what is left of an older
-/// one.
+/// A slip that could not be handed over whole is not printed: the program would print parts of an older one.
 void MovementListPage::printSlip()
 {
     const QString file = m_exeFolder + u"/FileCsv.csv"_s;

@@ -56,7 +56,7 @@ bool writeSlipFile(const QString& path, const std::string& text)
     const bool written =
         file.open(QIODevice::WriteOnly)
         && file.write(bytes.data(), static_cast<qint64>(bytes.size())) == static_cast<qint64>(bytes.size())
-        && file.flush() // commit alone overlooks a full disk
+        && file.flush() // commit() alone misses a full disk
         && file.commit();
     if (written)
         (void)syncToDisk(QFile::encodeName(QFileInfo(path).absolutePath()).toStdString());

@@ -1,6 +1,6 @@
-// The file that hands the shown list to the slip program: one record a line, a line for the headings and one
-// for each row of the grid, subtotals and total included. Every field ends in a comma and none is quoted;
-// figures stand as the cells show them.
+// The file that hands the shown list to the slip program: a line for the headings and one for each row of the
+// grid, subtotals and total included. Every field ends with a comma and none is quoted; figures are written
+// as the cells show them.
 #pragma once
 
 #include <string>
@@ -15,9 +15,9 @@ namespace suisui {
 /// record stays one line.
 [[nodiscard]] std::string slipText(const ListSide& side, const AppIni& ini, const vaSpread& grid);
 
-/// Puts \a text into the file \a path in code page 932, with "?" for what that lacks. The file comes into
-/// being beside the old one and takes its place whole, so whoever reads sees one or the other. False when it
-/// could not be written; the old file is then as it was.
+/// Writes \a text to the file \a path in code page 932, with "?" for characters that it lacks. The file is
+/// written aside and then replaces the old one, so a reader sees one or the other whole. False when it could
+/// not be written; the old file is then unchanged.
 [[nodiscard]] bool writeSlipFile(const QString& path, const std::string& text);
 
 } // namespace suisui

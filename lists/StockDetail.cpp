@@ -11,7 +11,7 @@ namespace suisui {
 
 namespace {
 
-constexpr int fewGoods = 30; // for so few it never pays to read everything
+constexpr int fewGoods = 30; // up to this many it never pays to read everything
 
 } // namespace
 
@@ -26,7 +26,7 @@ struct StockDetail::Side
     int returned; ///< noColumn where the view has no returns
     int code;
     StockLineKind group;
-    StockEffect effect; ///< a movement of today counts as it was posted
+    StockEffect effect; ///< counts a movement as its posting did
 
     static Side receipts(AppDB& db)
     {
@@ -71,7 +71,7 @@ void StockDetail::indexAll(const Side& side, Places& places)
             range.first = row;
     }
     if (count < 0)
-        m_allAtOnce = false; // each code will find out by itself
+        m_allAtOnce = false; // then each code is looked up by itself
 }
 
 StockDetail::Range StockDetail::movementsOf(const Side& side, Places& places, std::string_view code)
@@ -82,7 +82,7 @@ StockDetail::Range StockDetail::movementsOf(const Side& side, Places& places, st
     return found == places.end() ? Range{} : found->second;
 }
 
-/// One line for each price and unit. Rows with equal ones stand next to each other.
+/// One line for each price and unit. Rows of the same price and unit are adjacent.
 StockDetail::Totals StockDetail::addGroups(const Side& side, const Range& range, StockBlock& lines)
 {
     Totals totals;
@@ -127,7 +127,7 @@ StockBlock StockDetail::block(const ZaikoViewRec& goods, int row)
         if (stockDetailIn(goods, row, block, total))
             stockDetailOut(goods, row, total, block);
     } catch (const RunTimeError&) {
-        // A figure of a damaged table that is no number: as if it could not be read.
+        // A damaged table holds a figure that is not a number: the block ends there.
     }
     return block;
 }
@@ -175,7 +175,7 @@ void StockDetail::stockDetailOut(const ZaikoViewRec& goods, int row, double tota
         lines.push_back({.kind = StockLineKind::NoOut,
                          .price = numberOf(goods.get(row, ZaikoViewCol::SyuPrice)),
                          .unit = unit});
-    // What has left the stock and is no shipment has gone into other goods.
+    // What left the stock without a shipment has gone into other goods.
     const double left = plus(total, -totals.quantity);
     const double consumed = plus(left, -numberOf(goods.get(row, ZaikoViewCol::ZaikoSuu)));
     lines.push_back({.kind = StockLineKind::Consumed,

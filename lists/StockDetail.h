@@ -1,6 +1,6 @@
-// How a stock figure came about: receipts by price and unit, what history carried over, shipments by price
-// and unit, and what other goods have consumed of it. The figures of the blocks that stand below the goods
-// rows of the stock tab.
+// How a stock figure came about: receipts by price and unit, what was carried forward from history, shipments
+// by price and unit, and what other goods have consumed. The figures of the blocks below the goods rows of
+// the stock tab.
 #pragma once
 
 #include <memory>
@@ -16,7 +16,7 @@ namespace suisui {
 
 class AppDB;
 
-/// What a row of a block is; the order of a block.
+/// What a row of a block is, in the order of a block.
 enum class StockLineKind : char { In, NoIn, Carried, InTotal, Out, NoOut, Consumed, OutTotal };
 
 struct StockLine
@@ -30,15 +30,15 @@ struct StockLine
     std::string unit;
 };
 
-/// The block of one goods item. When its movements cannot be read the lines end where that happened.
+/// The block of one goods item. When its movements cannot be read, the block ends there.
 using StockBlock = std::vector<StockLine>;
 
-/// Reads movements and makes blocks of them. The movements of many goods are read at once, which gives the
+/// Reads movements and makes blocks of them. For many goods all movements are read at once, which gives the
 /// same figures as reading them code by code.
 class StockDetail
 {
 public:
-    /// \a goodsRows blocks will be asked for.
+    /// \a goodsRows: how many blocks will be asked for.
     StockDetail(AppDB& db, int goodsRows);
     ~StockDetail();
     StockDetail(const StockDetail&) = delete;
@@ -49,7 +49,7 @@ public:
 
 private:
     struct Side;
-    /// Rows of one code in a row set: from first, so many of them; negative count: could not be read.
+    /// The rows of one code in a row set. A negative count: they could not be read.
     struct Range
     {
         int first = 1;
@@ -66,7 +66,8 @@ private:
     [[nodiscard]] Range movementsOf(const Side& side, Places& places, std::string_view code);
     void indexAll(const Side& side, Places& places);
     [[nodiscard]] static Totals addGroups(const Side& side, const Range& range, StockBlock& lines);
-    /// StockDetailIn: the rows from the receipts to their total. Gives \a total, the first half's quantity.
+    /// StockDetailIn: the rows from the receipts to their total, whose quantity goes to \a total. False when
+    /// the receipts cannot be read.
     [[nodiscard]] bool stockDetailIn(const ZaikoViewRec& goods, int row, StockBlock& lines, double& total);
     /// StockDetailOut: the rows from the shipments to their total.
     void stockDetailOut(const ZaikoViewRec& goods, int row, double total, StockBlock& lines);

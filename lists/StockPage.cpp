@@ -21,7 +21,7 @@ namespace {
 
 constexpr int rowsForASort = 2;
 
-// Pixel sizes that the screen font has two half-width characters to a full-width one at.
+// At these pixel sizes two half-width characters of the screen font are as wide as a full-width one.
 constexpr int tickedFontSize = 16;
 constexpr int plainFontSize = 14;
 
@@ -88,7 +88,7 @@ void StockPage::wire()
     }
 }
 
-/// The room of the larger font that a ticked box has, so that nothing moves when it is ticked.
+/// Reserves the room that a ticked box needs for its larger font, so that nothing moves when it is ticked.
 void StockPage::keepRoom(QCheckBox& box)
 {
     const QFont plain = box.font();
@@ -240,7 +240,7 @@ void StockPage::writeHeadings(int sortedCol)
             continue;
         }
         const QString mark = column == sortedCol ? u"▲"_s : u"▽"_s;
-        const QString gap = isWords(column) ? u" "_s : QString(); // the marks of figures stand closer
+        const QString gap = isWords(column) ? u" "_s : QString();
         grid()->SetText(column, 0, m_services.ini.StockHeading(column) + mark + gap);
     }
     m_rowPointer = 0;
@@ -252,8 +252,8 @@ void StockPage::headingClick(int col)
     if (sheet.MaxRows() < rowsForASort || detailView() || isEmptyColumn(col))
         return;
     m_services.frame.BusyOn();
-    // While nothing has moved the cursor since the headings were written, there is no code to go back to. The
-    // bar then stays with its goods, and the cursor goes there.
+    // Until the cursor has moved since the headings were written, there is no code to return to. The bar then
+    // stays with its goods, found by the hidden index, and the cursor goes there.
     const int sought = m_rowPointer > 0 ? StockCells::code : StockCells::index;
     const QString kept = sheet.qtext(sought, m_rowPointer > 0 ? m_rowPointer : sheet.ActiveRow());
     const bool ascending = isWords(col) || col == StockCells::unit;
@@ -276,7 +276,7 @@ void StockPage::headingClick(int col)
     m_services.frame.BusyOff();
 }
 
-/// The grid without a row, under plain headings.
+/// Empties the grid and writes plain headings.
 void StockPage::resetGrid()
 {
     plainHeadings();
@@ -285,7 +285,7 @@ void StockPage::resetGrid()
     m_services.db.ZaikoViewTbl().Clear();
 }
 
-/// Discount and amount stand in the detail view only.
+/// Only the detail view fills the columns of discount and amount.
 void StockPage::cmdRptZList_Click()
 {
     const auto head = [this] { return ReportHead{.texts = {}, .optionalTitles = detailView()}; };

@@ -1,7 +1,7 @@
 // Tab 2: how much of each goods item is on hand, and, in the detail view, how each figure came about. A
-// pattern replaces what the grid shows; a single code is looked for in it and added when it is not there, so
-// that the grid serves as a pick list. Nothing is changed here; the stock report prints the cells of the
-// grid.
+// pattern replaces what the grid shows; a single code is looked up in the grid and added when it is not
+// there, so that the operator can gather a list. Nothing is changed here; the stock report prints the cells
+// of the grid.
 #pragma once
 
 #include <memory>
@@ -34,7 +34,7 @@ public:
     [[nodiscard]] vaSpread* grid() override;
     void setCaptions(const AppIni& ini) override;
     void setToday(const QString& text) override;
-    /// First sight, and the first after a movement: the empty grid with its plain headings.
+    /// Shown for the first time, or for the first time since a movement: the empty grid with plain headings.
     void firstShow() override;
     /// txtZBarCode_KeyPress.
     void barCode_KeyPress(int& keyAscii) override;
@@ -42,7 +42,7 @@ public:
     /// StockListLoad: fills the grid from all rows of the row set.
     void stockListLoad();
 
-    /// The two check boxes; they paint themselves when the focus leaves them.
+    /// The two check boxes; the page colours a ticked one when the focus leaves it.
     [[nodiscard]] QCheckBox* lowBox();
     [[nodiscard]] QCheckBox* zeroBox();
     /// chkStock_Low_LostFocus, chkStock_Zero_LostFocus: a ticked box stays marked.
@@ -83,7 +83,7 @@ private:
     std::optional<ListPrinting> m_listPrinting;
     StockRows m_rows;
     GridBar* m_bar = nullptr;
-    int m_rowPointer = 0; ///< the row that the cursor came to last; 0 while that was the heading row
+    int m_rowPointer = 0; ///< the row that the cursor has moved to since the headings were written; 0: none
     bool m_keyBusy = false;
 };
 

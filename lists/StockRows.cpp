@@ -32,7 +32,7 @@ const QColor purple(192, 0, 192);
 constexpr double widestAmount = 99999999999999.0;
 constexpr const char* noFigure = "0";
 
-/// A line as bytes, to be kept by its grid row until somebody looks at it.
+/// A line as bytes, which its grid row keeps until the texts are needed.
 struct LineBytes
 {
     StockLineKind kind;
@@ -57,9 +57,9 @@ StockLine unpackedLine(const PackedRow& row)
             bytes.discount, bytes.amount,    std::string(row.text(1))};
 }
 
-constexpr int lineOfBlock = -1; // number of the rows that are no goods rows
+constexpr int lineOfBlock = -1; // row number of the lines of a block, which have none in the row set
 
-/// The figure in its mask. What is no number, as a damaged table may hold it, is shown as it stands.
+/// The figure in its mask. A damaged table may hold text that is not a number; that is shown as it is.
 std::string shown(std::string_view text, std::string_view mask)
 {
     try {
@@ -69,7 +69,7 @@ std::string shown(std::string_view text, std::string_view mask)
     }
 }
 
-/// Colour of a stock figure that is too low; an invalid one when it is not.
+/// The colour of a stock figure that is too low; an invalid colour otherwise.
 QColor warning(std::string_view stockText, std::string_view lowestText)
 {
     try {

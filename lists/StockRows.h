@@ -1,5 +1,5 @@
-// The rows of the stock grid: a goods row, and the lines of its block below it. Both are made when they are
-// first looked at.
+// The rows of the stock grid: a goods row, and the lines of its block below it. The texts of both are made
+// when they are first needed.
 #pragma once
 
 #include <QColor>
@@ -34,9 +34,9 @@ public:
     /// Defines the columns of \a grid and how its rows are made.
     StockRows(vaSpread& grid, const AppIni& ini);
 
-    /// Writes grid row \a row as row \a index of \a goods. The figure is coloured where there is too little.
+    /// Fills grid row \a row from row \a index of \a goods. The figure is coloured when the stock is low.
     void putGoods(int row, const ZaikoViewRec& goods, int index);
-    /// Writes the lines of \a block into the rows from \a row on, which must be there.
+    /// Fills the rows from \a row on, which must exist, with the lines of \a block.
     void putBlock(int row, const StockBlock& block);
 
 private:

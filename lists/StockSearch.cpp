@@ -35,13 +35,13 @@ void StockPage::search(const QString& text)
         return;
     }
     if (!(pattern ? patternSearch(code) : singleSearch(code)))
-        return; // it has put the focus where the operator can go on
+        return; // the search has ended the busy state itself
     m_services.frame.setTabLoaded(Tab::Stock, true);
     m_services.frame.BusyOff();
     grid()->setFocus();
 }
 
-/// The condition of a search, with what the check boxes let through.
+/// The condition of a search, with those of the check boxes.
 std::string StockPage::selection(const std::string& code) const
 {
     std::string where = "Where ZaikoTB.Code Like '" + code + "' ";
@@ -59,7 +59,7 @@ bool StockPage::agreesToShow(int count)
     return agreesToManyRows(m_services.frame, m_services.msgBox, count);
 }
 
-/// The wait window, where \a count goods take long enough for one.
+/// Shows the wait window when \a count goods take long enough for one.
 void StockPage::waitIfLong(int count)
 {
     if (count > (detailView() ? detailedRowsWithoutWaitWindow : rowsWithoutAsking))
@@ -83,7 +83,7 @@ bool StockPage::patternSearch(const std::string& pattern)
     return true;
 }
 
-/// The bar on the first row, the first columns in view, and the headings that go with a fresh order.
+/// Moves the bar to the first row, scrolls to the first columns, and writes the headings of a fresh search.
 void StockPage::showFromTheTop()
 {
     m_bar->move(0, 1);
@@ -193,7 +193,7 @@ void StockPage::stockRowInsert()
     const int barRow = sheet.ActiveRow();
     sheet.InsertRows(1);
     m_rows.putGoods(1, goods, goods.Count());
-    // The new row takes its yellow only when the bar leaves it.
+    // In the detail view the new row turns yellow only when the bar leaves it.
     m_bar->move(barRow > 0 ? barRow + 1 : 0, 1);
     if (!detailView())
         return;

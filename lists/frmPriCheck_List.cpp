@@ -25,7 +25,7 @@ namespace {
 
 constexpr int scanInterval = 1;
 constexpr int longestPageNumber = 6;
-constexpr int eventInterval = 100; ///< milliseconds between two looks at pending events while printing
+constexpr int eventInterval = 100; ///< milliseconds after which pending events run while printing
 
 QString textOf(std::u16string_view text)
 {
@@ -78,7 +78,7 @@ void frmPriCheck_List::CmdOK_Click()
         return;
     m_busy = true;
     m_scan->stop();
-    const PageRange range = mendedPages();
+    const PageRange range = correctedPages();
     if (!choosePrinter()) {
         m_busy = false;
         m_scan->start();
@@ -96,8 +96,8 @@ void frmPriCheck_List::reject()
         QDialog::reject();
 }
 
-/// The pages that the fields mean; the fields show them.
-PageRange frmPriCheck_List::mendedPages()
+/// The pages to print. The fields are corrected to show them.
+PageRange frmPriCheck_List::correctedPages()
 {
     const PageRange range = pageRange(m_ui->txtPage_0->text(), m_ui->txtPage_1->text(), m_pages);
     m_ui->txtPage_0->setText(QString::number(range.first));
@@ -141,7 +141,7 @@ ReportHead frmPriCheck_List::headNow() const
     return head;
 }
 
-/// Often enough for the window to repaint, and no oftener.
+/// Often enough for the window to repaint, no more.
 void frmPriCheck_List::letEventsRun()
 {
     if (m_sinceEvents.elapsed() < eventInterval)

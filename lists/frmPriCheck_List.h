@@ -28,7 +28,7 @@ public:
                      const ListPrinting& printing, QWidget* parent);
     ~frmPriCheck_List() override;
 
-    /// Prints the chosen pages and closes. A cancelled choice of the printer leaves the dialog open.
+    /// Prints the chosen pages and closes. Cancelling the choice of the printer leaves the dialog open.
     void CmdOK_Click();
     /// Does not close while it prints.
     void reject() override;
@@ -36,7 +36,7 @@ public:
 private:
     void wirePages();
     void wireButtons();
-    [[nodiscard]] PageRange mendedPages();
+    [[nodiscard]] PageRange correctedPages();
     [[nodiscard]] bool choosePrinter();
     void printPages(PageRange range);
     [[nodiscard]] ReportHead headNow() const;

@@ -59,7 +59,7 @@ EntryGrid::EntryGrid(vaSpread& sheet, const MovementSide& side)
 int EntryGrid::bufferIndex(int row) const
 {
     if (const int number = m_sheet.pendingNumber(row); number != 0)
-        return number; // nobody has looked at the row: its texts need not be made for this
+        return number; // the texts of the row have not been made yet, and are not needed for this
     return static_cast<int>(numberOf(m_sheet.text(m_side.cells.index, row)));
 }
 

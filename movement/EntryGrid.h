@@ -1,6 +1,5 @@
-// The grid of an entry tab, by the names of its cells: a stored movement comes into view, a new one goes on
-// top, a deleted one is taken out. What was last posted of each row is in hidden cells, which corrections
-// read from here.
+// The grid of an entry tab, by the names of its cells: shows stored movements, puts a new one on top, takes a
+// deleted one out. Hidden cells keep what was last posted of each row; corrections read it from here.
 #pragma once
 
 #include <functional>
@@ -39,18 +38,18 @@ public:
     /// The cell in \a column; null where a correction is not stored.
     [[nodiscard]] const EditedCell* edited(int column) const;
 
-    /// Shows all rows of \a rows that are in the table, the newest first. \a shown hears of each.
+    /// Shows all rows of \a rows that are in the table, the newest first. Calls \a shown after each.
     void load(const RowSet& rows, const std::function<void(int row)>& shown);
     /// Puts \a movement, row \a index of the row set, on top.
     void insertTop(const MovementTexts& movement, const std::string& total, int index);
-    /// What the cells of row 1 hold. Neither partner nor person in charge has a cell for the code.
+    /// What the cells of row 1 hold. The codes of partner and staff have no cells.
     [[nodiscard]] MovementTexts top() const;
-    /// Takes out \a row, which showed row \a index of the row set, and the bar and the cursor go to the next.
+    /// Takes out \a row, which showed row \a index of the row set, and moves bar and cursor to the next one.
     void takeOut(int row, int index, const Correction& edit);
 
-    /// Takes the bar off \a oldRow (0: none) and puts it on \a newRow.
+    /// Moves the bar from \a oldRow (0: none) to \a newRow.
     void moveBar(int oldRow, int newRow) { m_bar->move(oldRow, newRow); }
-    /// The number columns jump by way of the price, so that quantity and price are both in view.
+    /// Puts the cursor into the quantity of row 1, by way of the price, so that both are in view.
     void cursorToQuantity();
 
 private:

@@ -1,4 +1,4 @@
-// Stored movements changed, as the operator sees it: what is asked before, and what is shown of how it went.
+// Correcting and deleting stored movements, as the operator sees it: the question before, and the box after.
 #include "movement/MovementPage.h"
 
 #include "movement/EntryGrid.h"
@@ -43,7 +43,7 @@ void MovementPage::cmdDelete_Click()
     if (m_rows.Count() == 0 || row < 1 || row > grid()->MaxRows()
         || !agrees(u"削除の確認"_s, m_side.deleteQuestion))
         return;
-    if (!m_edit->inStep(row) || !grid()->ReDraw()) { // the row that is seen is not the row that would go
+    if (!m_edit->inStep(row) || !grid()->ReDraw()) { // the visible row is not the one that would be deleted
         concurrentChange(true);
         return;
     }

@@ -27,7 +27,7 @@ MovementPage::MovementPage(Side side, const Services& services, QWidget* parent)
 
 MovementPage::~MovementPage() = default;
 
-/// The form is drawn once; its controls carry the letter of their side in their names.
+/// One form serves both sides; its controls get the letter of their side in their names.
 void MovementPage::nameControls()
 {
     m_ui->Sprd_X->setObjectName(QString::fromUtf16(m_side.gridName));

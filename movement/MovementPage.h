@@ -1,6 +1,6 @@
-// Tabs 0 and 1: goods coming in and goods going out. One page class over a side. A code that is scanned or
-// typed stores a row, moves the stock and puts the row on top of the grid, all at once; corrections made in
-// the grid stay in memory until the update button.
+// Tabs 0 and 1: goods coming in and goods going out, one class for both sides. A scanned or typed code stores
+// a row, moves the stock and puts the row on top of the grid, all at once; corrections in the grid stay in
+// memory until the update button.
 #pragma once
 
 #include <memory>
@@ -34,10 +34,10 @@ public:
     void setCaptions(const AppIni& ini) override;
     void setDefaultDates(const QString& from, const QString& to) override;
     void setToday(const QString& text) override;
-    /// First sight of the tab, or the first after it was marked stale: the search of its period.
+    /// Shown for the first time, or for the first time since it was marked stale: searches its period.
     void firstShow() override;
 
-    /// Partners that this side offers; item i of the choice is entry i.
+    /// The partners that this side offers; item i of the combo box is entry i.
     void setPartners(const ChoiceList& partners);
     /// Shows the partner of a scanned code; false when the side does not offer one.
     bool choosePartner(const QString& code);
@@ -52,13 +52,13 @@ public:
     void cmdKousin_Click();
     /// cmdNDelete_Click, cmdSDelete_Click: removes the row under the cursor and undoes its stock effect.
     void cmdDelete_Click();
-    /// cmdNPrint_Click, cmdSPrint_Click: labels of the rows as they stand in the grid, saved or not.
+    /// cmdNPrint_Click, cmdSPrint_Click: labels for the rows as they are in the grid, saved or not.
     void cmdPrint_Click();
     /// InpCellChange, OutCellChange: takes a changed cell into the row buffer.
     void cellChange(int column, int row);
 
 Q_SIGNALS:
-    /// The operator wants labels: column of the marks, column of the quantity or noCell for one of each row.
+    /// The operator wants labels: column of the marks, and of the quantity or noCell for one label each.
     void labelsWanted(int printColumn, int quantityColumn);
 
 private:

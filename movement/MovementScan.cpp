@@ -47,7 +47,7 @@ void MovementPage::book(const QString& code)
     grid()->setReDraw(false);
     putOnTop(booking);
     if (rowAdd(booking)) {
-        m_entry->moveBar(barRow > 0 ? barRow + 1 : 0, 1); // the new row has pushed the barred one down
+        m_entry->moveBar(barRow > 0 ? barRow + 1 : 0, 1); // the new row has moved the bar's row down
         m_entry->cursorToQuantity();
         grid()->setReDraw(true);
     } else {
@@ -80,7 +80,8 @@ void MovementPage::putOnTop(const Booking& booking)
     m_entry->insertTop(row, booking.total(), m_rows.Count() + 1);
 }
 
-/// InpRowAdd, OutRowAdd: stores what the cells of row 1 hold, and makes the booking permanent.
+/// InpRowAdd, OutRowAdd: stores what the cells of row 1 hold and commits the booking. Reading row 1 back is
+/// meant: what the operator sees is what is stored.
 bool MovementPage::rowAdd(Booking& booking)
 {
     MovementTexts row = m_entry->top();
@@ -92,7 +93,8 @@ bool MovementPage::rowAdd(Booking& booking)
     return true;
 }
 
-/// The row that was not stored stays in view until the next search; the count is what it was.
+/// The row that was not stored stays on top until the next search. The bottom row goes instead, so that the
+/// number of rows is what it was.
 void MovementPage::notStored()
 {
     m_services.msgBox.show(

@@ -1,4 +1,4 @@
-// Stored movements in the grid: loading a period, and taking corrections into the buffer.
+// Stored movements in the grid: loading a period, and taking corrections into the row set.
 #include "movement/MovementPage.h"
 
 #include "frame/support/Questions.h"
@@ -16,7 +16,7 @@ namespace suisui {
 namespace {
 
 constexpr int rowsWithoutAsking = 1000;
-constexpr qsizetype shortestAskedCode = 6; ///< nobody ships a hundred thousand pieces unasked
+constexpr qsizetype shortestAskedCode = 6; ///< digits; a shorter number is a quantity without asking
 
 } // namespace
 
@@ -49,7 +49,7 @@ void MovementPage::cmdKensaku_Click()
         }
         if (agreesToShow(count)) {
             gridLoad();
-            frame.setTabLoaded(m_side.tab, true); // else a tab change would search, and ask, once more
+            frame.setTabLoaded(m_side.tab, true); // or a tab change would search, and ask, again
             m_entry->moveBar(0, 1);
             m_entry->cursorToQuantity();
         } else {
@@ -60,7 +60,7 @@ void MovementPage::cmdKensaku_Click()
     grid()->setFocus();
 }
 
-/// Many rows are loaded only when the operator wants to wait for them; then with the wait window.
+/// Asks before many rows are loaded, and opens the wait window for them.
 bool MovementPage::agreesToShow(int count)
 {
     if (count <= rowsWithoutAsking)
@@ -96,7 +96,7 @@ void MovementPage::cellChange(int column, int row)
     m_services.frame.BusyOff();
 }
 
-/// Takes a cell into the row set; false when it says nothing new.
+/// Takes a cell into the row set; false when nothing has changed.
 bool MovementPage::takeCell(int column, int row, int rowIndex)
 {
     const EditedCell* const cell = m_entry->edited(column);
@@ -112,8 +112,8 @@ bool MovementPage::takeCell(int column, int row, int rowIndex)
     return true;
 }
 
-/// A reader too slow to be told from a person types its code into the quantity. When the operator says so,
-/// the quantity stays as it was and the code waits in the code field for an Enter: nothing is lost, and
+/// A reader that types as slowly as a person puts its code into the quantity. When the operator confirms
+/// that, the quantity stays as it was and the code waits in the code field for an Enter: nothing is lost, and
 /// nothing is booked unseen.
 bool MovementPage::wasCode(int row, int rowIndex)
 {

@@ -7,8 +7,8 @@ namespace suisui {
 
 namespace {
 
-// How many digits the operator may type. Quantities fill the seven digits of a stored movement number;
-// money has room for more.
+// How many digits the operator may type: for quantities the seven of a stored movement number, for money
+// more.
 constexpr int quantityDigits = 7;
 constexpr int moneyDigits = 9;
 

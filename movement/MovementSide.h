@@ -1,5 +1,5 @@
-// The screen half of what tells receipts and shipments apart: grid, cells, words, and which tabs a movement
-// makes stale. The data half stands in store/Side.h. Everything else is written once, over these two.
+// How receipts and shipments differ on the screen: grid, cells, words, and which tabs a movement makes stale.
+// How they differ in the data is in store/Side.h. Everything else is written once, for both.
 #pragma once
 
 #include <array>
@@ -43,9 +43,9 @@ struct MovementCells
 struct MovementSide
 {
     Side side;
-    char16_t letter; ///< stands in the names of the controls: N receipts, S shipments
+    char16_t letter; ///< in the names of the controls: N receipts, S shipments
     Tab tab;
-    Tab listTab;   ///< made stale by a movement, beside the stock tab
+    Tab listTab;   ///< stale after a movement, as is the stock tab
     int termIndex; ///< Term of the settings
     QString (AppIni::*heading)(int) const;
     std::span<const SpreadColumn> columns;
@@ -56,7 +56,7 @@ struct MovementSide
     std::string_view whereTo;
     std::string_view orderBy;
 
-    // Designed texts of the page.
+    // Names and texts of the page.
     const char16_t* gridName;
     const char16_t* dataFrameName;
     const char16_t* dataFrameCaption;

@@ -6,9 +6,9 @@ cd "$(dirname "$0")/.."
 folder=$1
 shift
 
-# What one folder of build/ has compiled serves the next one, so that building in a second folder is quick.
+# What was compiled in one folder of build/ is reused in the next one, so that building in a second folder is quick.
 export CCACHE_BASEDIR="$PWD"
-# The preset sets all that differs between folders each time: nothing that a cache remembers can switch on what
+# The preset sets everything that differs between folders each time, so that a cached setting cannot switch on what
 # needs more packages.
 cmake --preset program -B "$folder" "$@"
 cmake --build "$folder"

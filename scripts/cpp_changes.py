@@ -99,7 +99,7 @@ def constants(code):
 
 
 def for_people(literal):
-    """Whether a string is only words for people: Japanese, or an English phrase that is no SQL."""
+    """Whether a string is only words for people: Japanese, or an English phrase that is not SQL."""
     if not literal.isascii():
         return True
     return bool(re.search(r"[a-z]{2,} [a-z]{2,}", literal)) and not SQL.search(literal)
@@ -139,7 +139,7 @@ def conditions(code):
 
 def condition_changes(text, code):
     for begin, end in conditions(code):
-        # One of these alone is negated by its own change already.
+        # A single one of these is negated by its own change already.
         if len(EQUALITY.findall(code[begin:end])) != 1 or JOINED.search(code[begin:end]):
             yield Change(begin, end, f"!({text[begin:end]})", "condition")
 
@@ -189,7 +189,7 @@ class Lines:
         return bisect.bisect_right(self._starts, change.start)
 
     def before_and_after(self, change):
-        """Both with single blanks, so that an entry in a list of changes survives another layout."""
+        """Both lines with single blanks, so that an entry in a list of changes still fits after reformatting."""
         start = self._starts[self.number(change) - 1]
         end = self._text.find("\n", change.end)
         end = len(self._text) if end < 0 else end

@@ -27,8 +27,8 @@ def _lay_out(build, folder):
 
 
 def wait_started(screen, pid):
-    """Waits for the main window, at rest. A program without settings opens the machine's first serial port, and on a
-    machine that has none it says so in a box above the window."""
+    """Waits until the main window is there and at rest. A program without settings opens the machine's first serial
+    port, and on a machine without one it says so in a box over the window."""
     desk.wait_for("the program's first window",
                   lambda: screen.active_title() in (desk.MAIN_WINDOW, desk.NO_PORT_BOX))
     desk.wait_at_rest(pid)
@@ -50,7 +50,7 @@ def work(build, screen, output):
             desk.wait_for("the forms", lambda: len(list(forms.glob("*.csv"))) == len(ROWS) + 1)
             _fill(forms)
             screen.answer(STARTER, "alt+i", picture=output / "first-forms.png")
-            screen.answer(STARTER)  # what was taken over
+            screen.answer(STARTER)  # the list of what was taken over
             wait_started(screen, starter.pid)
             screen.press("alt+F4")
             screen.answer(desk.END_DIALOG)

@@ -1,5 +1,5 @@
-"""The history on the sample day: the day's movements leave the working database for a file of their own and come
-back, and no stock figure moves by it."""
+"""The history on the sample day: the day's movements leave the working database for a history file and come back, and
+no stock figure changes."""
 
 import desk
 

@@ -12,7 +12,7 @@ TO_SCREEN_CODES, TO_SEARCH_CODES = 20, 3
 
 
 def _print(day, screen, reader, folder, *keys, picture):
-    """One sheet: the reader opens the dialog, works it by key codes, and agrees."""
+    """One sheet: the reader opens the dialog, operates it with key codes, and confirms."""
     before = set(folder.glob(f"{PAPER}*.pdf"))
     reader.scan("[N]")
     screen.wait_active(LABELS)

@@ -23,7 +23,7 @@ def _receipts(day, shop, reader, program):
 
 
 def _slip_program(shop):
-    """Stands where the slip program would, and keeps the file as it found it at its start."""
+    """Puts a script in the place of the slip program, which keeps the file as it was when it was started."""
     path = shop.folder / "exe" / "PrintRpt.exe"
     path.write_text("#!/bin/sh\ncp FileCsv.csv printed.tmp && mv printed.tmp printed.csv\n", encoding="ascii")
     os.chmod(path, 0o755)

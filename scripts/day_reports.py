@@ -11,7 +11,7 @@ LISTS = {STOCK: "在庫商品 一覧", "[3]": "入荷商品 一覧", "[4]": "出
 
 
 def prepare(screen, folder):
-    """No printer of this machine gets to see the day: the dialog offers a PDF in the folder instead."""
+    """Hides the printers of this machine, so that the dialog offers a PDF in the folder."""
     screen.environment["CUPS_SERVER"] = "/none"
     screen.environment["HOME"] = str(pathlib.Path(folder).resolve())
 

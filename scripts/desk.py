@@ -95,8 +95,8 @@ def open_files(pid):
 
 
 def wait_at_rest(pid):
-    """Waits until the process has done everything that it was given (keys, clicks, scans) and waits for more, or has
-    ended. It says so itself; what its reader has sent is seen to have been taken before."""
+    """Waits until the process has handled everything that it was given (keys, clicks, scans) and waits for more, or
+    has ended. It says so itself; first this waits until it has read what its reader has sent."""
     try:
         with at_rest.Asker(display_of(pid), pid) as asker:
             wait_for("the reader's bytes are taken",
@@ -123,7 +123,7 @@ class Windows:
     def titles(self):
         """Titles of the windows that can be seen."""
         commands = [word for window in self._visible() for word in ("getwindowname", window)]
-        # A window may close between the two looks; what is left of the list is still right.
+        # A window may close between the two queries; the rest of the list is still right.
         return self._xdotool(*commands).stdout.splitlines() if commands else []
 
     def active_window(self):
@@ -157,7 +157,7 @@ class Screen(Windows):
         self._server, number = self._start_server(f"{width}x{height}x24")
         super().__init__({key: value for key, value in os.environ.items()
                           if not key.startswith("QT_") and key not in ("WAYLAND_DISPLAY", "XDG_SESSION_TYPE")})
-        # The window manager's and the user's own settings must not colour what happens here.
+        # The settings of the window manager and the user must not influence what happens here.
         self.environment.update(DISPLAY=f":{number}", LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
                                 XDG_RUNTIME_DIR=self._home.name, XDG_CONFIG_HOME=self._home.name)
         self._manager = subprocess.Popen(["openbox", "--sm-disable"], env=self.environment,
@@ -374,7 +374,7 @@ class Shop:
                     [[row[name] for name in names] for row in rows])
 
     def use_reader(self, device, port=9):
-        """Sets the reader up as the settings screen does: 9600,N,8,1 on the numbered port."""
+        """Sets up the reader as the settings screen does: 9600,N,8,1 on the numbered port."""
         (self.folder / "Ini" / "AppEnv.ini").write_text(
             "[Use]\nLastUseDate=\n\n"
             f"[Reader]\nCommKind=1\nCommPortNo={port}\nCommBaud=9600\nCommParity=N\nCommDataBit=8\n"
@@ -433,5 +433,5 @@ class Program:
         return os.pread(file, os.fstat(file).st_size, 0).decode("utf-8", "replace")
 
     def wait_idle(self):
-        """Waits until the program has done all there is to do."""
+        """Waits until the program has nothing left to do."""
         wait_at_rest(self.pid)

@@ -1,7 +1,7 @@
 #!/bin/bash
 # Runs each fuzz target for a number of minutes with fresh seeds, in a build with the sanitizers:
 #     scripts/fuzz.sh MINUTES [TARGET...]
-# A failure names the seed that repeats it and keeps what was printed. docs/fuzzing.md says what the targets do.
+# A failure names the seed that repeats it and keeps the output. docs/fuzzing.md says what the targets do.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
@@ -13,12 +13,12 @@ if ! [[ $minutes =~ ^[1-9][0-9]*$ ]]; then
 fi
 shift
 build=build/asan
-longest_run=900 # seconds; what takes longer hangs
+longest_run=900 # seconds; a target that takes longer hangs
 
 install_packages "${build_packages[@]}" "${program_packages[@]}" "${test_packages[@]}"
 runtime_folder
 export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
-# Qt and its fonts keep what they have until the end of the process.
+# Qt and its fonts keep their memory until the end of the process.
 export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=0} UBSAN_OPTIONS=${UBSAN_OPTIONS:-print_stacktrace=1}
 
 say "Building the fuzz targets (preset asan, in $build)"

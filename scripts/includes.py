@@ -22,7 +22,7 @@ FLOORS = [
     ["movement", "lists", "history", "barcode"],
     ["frame/shell"],
 ]
-# Beside the house: what they may include. Nothing of the house includes them.
+# Outside these rooms: what they may include. No room includes them.
 BESIDE = {
     "tools": {"tools", "platform/core", "store", "booking"},
     "starter": {"starter", "platform/core", "store", "tools"},
@@ -31,7 +31,7 @@ BESIDE = {
     "benchmarks": None,
 }
 WITHOUT_WIDGETS = {"platform/core", "store", "booking", "tools"}
-# Only these speak to the database engine, so that another one could take its place.
+# Only these use the database engine, so that another one could replace it.
 ENGINE_HEADER = "sqlite3.h"
 ENGINE_FILES = re.compile(r"store/(Sqlite|Dialect|ArrivingRows)\.(h|cpp)")
 

@@ -2,7 +2,7 @@
 # Fails when a C++ file of ours is not laid out as .clang-format says.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-# Each release lays out a little differently, so one of them decides; 77 says that nothing was looked at.
+# Each release formats a little differently, so only one of them is used; status 77 says that nothing was checked.
 decides=14
 if ! clang-format --version | grep -q "version $decides\."; then
     echo "The layout is that of clang-format $decides; here is $(clang-format --version)"

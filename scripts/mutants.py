@@ -83,7 +83,7 @@ def known_equivalents(text):
 
 
 def without_known(mutants, known):
-    """Those that are not known to make no difference, and the entries about the same files that fit no change."""
+    """The changes that are not known to make no difference, and the entries for the same files that fit no change."""
     left = [mutant for mutant in mutants if mutant[:1] + mutant[3:5] not in known]
     fitting = {mutant[:1] + mutant[3:5] for mutant in mutants}
     files = {mutant.file for mutant in mutants}
@@ -91,7 +91,7 @@ def without_known(mutants, known):
 
 
 def synchronise(root, copy):
-    """Makes copy the tree at root. What has not changed is not touched, so that little is compiled anew."""
+    """Makes copy equal to the tree at root. Unchanged files are not touched, so that little is compiled again."""
     wanted = set()
     for folder, below, names in os.walk(root):
         here = pathlib.Path(folder)
@@ -135,7 +135,7 @@ class Workplace:
         self._noticed = collections.Counter()
         self._tests = []
         synchronise(root, self._tree)
-        # What one copy has compiled serves the next one, and no changed object takes room in the cache.
+        # What one copy has compiled is reused by the next one, and no changed object takes room in the cache.
         self._environment = {**os.environ, "CCACHE_BASEDIR": str(self._tree), "XDG_RUNTIME_DIR": str(folder / "run")}
         (folder / "run").mkdir(mode=0o700, exist_ok=True)
         query = self._build / ".cmake" / "api" / "v1" / "query"

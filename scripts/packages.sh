@@ -1,4 +1,4 @@
-# The packages of Debian 12 and 13 that the commands need, and how they come onto the machine.
+# The packages of Debian 12 and 13 that the commands need, and how they are installed.
 # To be sourced; README.md says what each package is for.
 
 build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev libsqlite3-dev libxcb1-dev libzint-dev pkgconf mdbtools-dev)
@@ -6,7 +6,7 @@ program_packages=(qt6-translations-l10n fonts-morisawa-bizud-gothic)
 no_display_packages=(python3 xvfb xdotool openbox scrot)
 # A Japanese input method, and what an assistive technology sees, each on a message bus of its own.
 screen_packages=(ibus ibus-anthy at-spi2-core gir1.2-atspi-2.0 python3-gi dbus-daemon)
-# dpkg-dev and file find out on which packages the Debian package depends; the five after them judge what is in it.
+# dpkg-dev and file find out which packages the Debian package depends on; the five after them check its content.
 test_packages=(dpkg-dev file lintian appstream desktop-file-utils man-db systemd libgtest-dev libbenchmark-dev clang-format clang-tidy poppler-utils zbar-tools cups-daemon cups-client cups-ipp-utils cups-filters-core-drivers weston qt6-wayland xwayland "${screen_packages[@]}" "${no_display_packages[@]}")
 # Only for ./check --clang.
 clang_packages=(clang)
@@ -16,7 +16,7 @@ bench_packages=(libbenchmark-dev libgtest-dev "${no_display_packages[@]}")
 
 say() { printf '\n== %s\n' "$*"; }
 
-# Prints those of the named packages that are not installed.
+# Prints which of the named packages are not installed.
 missing_packages() {
     local package
     for package in "$@"; do
@@ -24,10 +24,10 @@ missing_packages() {
     done
 }
 
-# Installs those of the named packages that are missing; asks for nothing when all are there.
+# Installs the named packages that are missing; needs no permission when all are there.
 install_packages() {
     if ! command -v dpkg-query >/dev/null; then
-        echo "This is no Debian system. Needed are the equivalents of: $*"
+        echo "This is not a Debian system. Needed are the equivalents of: $*"
         return 0
     fi
     local missing as_root=()

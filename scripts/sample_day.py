@@ -28,7 +28,7 @@ UNKNOWN_CODE = "4999999999996"
 
 
 class Day:
-    """The program at work, and what was in the database before the scan at hand."""
+    """The running program, and what was in the database before the current scan."""
 
     def __init__(self, shop, screen, reader, pictures):
         self._shop, self._screen, self._reader, self._pictures = shop, screen, reader, pictures

@@ -28,7 +28,7 @@ PRODUCT = [room for room in includes.ROOMS if room not in ("tests", "benchmarks"
 
 
 class Sources:
-    """Fingerprints of files of the house together with all that they include."""
+    """Fingerprints of our files together with all that they include."""
 
     def __init__(self, root):
         self._root = root
@@ -107,8 +107,8 @@ def main():
     waiting = [name for name, mark in mark_of.items() if not mark.exists()]
     for name in mark_of.keys() - set(waiting):
         mark_of[name].touch()
-    # Headers of the house, and not what the build makes beside them; the compile commands are g++'s, which
-    # knows warnings that clang does not.
+    # Our own headers, not those that the build generates; the compile commands are for g++, which knows warnings
+    # that clang does not.
     command = [tidy, "-p", str(build), "--quiet", "--extra-arg=-Wno-unknown-warning-option",
                f"--header-filter=^{re.escape(str(root))}/({'|'.join(PRODUCT)})/"]
     started = time.monotonic()

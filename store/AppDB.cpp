@@ -14,7 +14,7 @@ constexpr int noError = 0;
 constexpr int failure = 1;
 constexpr std::string_view duplicateKey = "3022";
 
-/// Statements that bring a file of an older layout up by one version; step i leads from version i + 1 on.
+/// Statements that upgrade a file of an older layout by one version; step i upgrades version i + 1.
 constexpr std::array<std::span<const std::string_view>, schemaVersion - 1> upgradeSteps{};
 
 struct Advice
@@ -39,7 +39,7 @@ constexpr Advice advices[] = {
     {EngineError::NotADatabase, cannotBeOpened},
 };
 
-/// All tables in the empty file \a path. Empty when it went well, else what the engine says.
+/// Makes all tables in the empty file \a path. Empty on success, else what the engine says.
 std::string makeTables(const std::string& path)
 {
     Sqlite engine;
@@ -85,9 +85,9 @@ int AppDB::Open(std::string_view file)
     m_path = path;
     int code = m_engine.open(path);
     m_unfit = isDamage(code);
-    std::string_view own; // what the engine has nothing against
-    // A file that takes no write, now or ever, is no use to a shop: better to hear it at the start than at
-    // the first scan.
+    std::string_view own; // faults that are none for the engine
+    // A file that cannot be written is of no use to a shop: better to report it at the start than at the
+    // first scan.
     if (code == noError && m_engine.isReadOnly()) {
         code = failure;
         own = "it cannot be written to";
@@ -102,7 +102,7 @@ int AppDB::Open(std::string_view file)
         if (!ours) {
             m_unfit = true;
             code = failure;
-            own = "this is no whole database of the program, or one of a newer version";
+            own = "this is not a whole database of the program, or is one of a newer version";
         }
     }
     if (code == noError)
@@ -119,8 +119,7 @@ int AppDB::Open(std::string_view file)
     return noError;
 }
 
-/// Whether the open file is a database of this program, brought up to the present layout where it is older.
-/// Runs inside a transaction.
+/// Whether the open file is a database of this program. Upgrades an older layout. Runs inside a transaction.
 bool AppDB::isOurs()
 {
     std::int64_t version = 0;
@@ -151,7 +150,7 @@ bool AppDB::isOurs()
            || m_engine.execute("PRAGMA user_version=" + std::to_string(schemaVersion)) == noError;
 }
 
-/// Whether the file is as long as it says itself. The engine does not mind a last page that is cut short.
+/// Whether the file is as long as its header says. The engine accepts a last page that is cut short.
 bool AppDB::isWhole(const std::string& path)
 {
     std::int64_t pages = 0;
@@ -189,8 +188,8 @@ int AppDB::beginWrite()
     if (m_inUnit) {
         if (m_engine.inTransaction())
             return noError;
-        // The engine has given up the unit by itself, as it does on a full disk. What came before is gone, so
-        // what comes after must not be stored alone. Whoever tries again hears the cause again.
+        // The engine has ended the unit by itself, as it does on a full disk. What was written before is
+        // gone, so what follows must not be stored alone. Each further attempt reports the cause again.
         m_lastStatus = failure;
         int code = failure;
         std::from_chars(m_lastErrNo.data(), m_lastErrNo.data() + m_lastErrNo.size(), code);
@@ -243,7 +242,7 @@ int AppDB::failOwn(std::string why)
     return failure;
 }
 
-/// A duplicate key is the caller's to speak of; everything else the operator learns from here.
+/// Shows a failure to the operator; only a duplicate key is left to the caller.
 void AppDB::report(int engineCode)
 {
     if (m_showErrors && m_showError && m_engine.errorKind(engineCode) != EngineError::DuplicateKey)
@@ -267,7 +266,7 @@ void AppDB::Commit()
         return;
     if (!m_engine.inTransaction()) {
         m_lastStatus = failure;
-        return; // given up by the engine; the caller rolls back
+        return; // ended by the engine; the caller rolls back
     }
     const int code = m_engine.execute("COMMIT");
     if (code != noError) {

@@ -58,35 +58,36 @@ public:
 
     /// 0 when the last Execute, Commit or write through a row set succeeded.
     [[nodiscard]] int LastStatus() const { return m_lastStatus; }
-    /// The store's number of the last failure as text; "3022" is a duplicate key, "" none so far.
+    /// The number of the last failure as text: "3022" for a duplicate key, "" for a row that somebody else
+    /// has changed, and when there was none.
     [[nodiscard]] const std::string& LastErrNo() const { return m_lastErrNo; }
     /// The store's own words for the last failure, for a report.
     [[nodiscard]] const std::string& LastErrText() const { return m_lastErrText; }
     void ShowErrors(bool show) { m_showErrors = show; }
 
-    /// Opens \a file: a bare name stands in the database folder. Nonzero when the file is missing,
-    /// unreadable, read-only, damaged, foreign, newer than this program, or held by another process; the
-    /// file is then as it was. An older layout is upgraded.
+    /// Opens \a file; a bare name is in the database folder. Nonzero when the file is missing, unreadable,
+    /// read-only, damaged, foreign, newer than this program, or held by another process; the file is then
+    /// unchanged. An older layout is upgraded.
     [[nodiscard]] int Open(std::string_view file);
-    /// As Open, for a new file that is thrown away unless the work on it ends well: what is written to it is
-    /// safe only after FinishFilling, CloseFile and CloseAfterSave, and takes no file beside it meanwhile.
+    /// As Open, for a new file that is thrown away unless it is completed: what is written to it is safe only
+    /// after FinishFilling, CloseFile and CloseAfterSave, and needs no journal file meanwhile.
     [[nodiscard]] int OpenForFilling(std::string_view file);
-    /// Makes the file what any database is, gives it \a mark, and commits.
+    /// Makes the indexes that filling went without, gives the file \a mark, and commits.
     [[nodiscard]] int FinishFilling(std::uint32_t mark = 0);
-    /// The mark of the database \a path, which goes with every copy of the file; 0 when it was given none,
-    /// and nothing when it cannot be read or is not a database. Takes no lock.
+    /// The mark of the database \a path, which every copy of the file has too; 0 when it was given none, and
+    /// no value when the file cannot be read or is not a database. Takes no lock.
     [[nodiscard]] static std::optional<std::uint32_t> MarkOf(const std::string& path);
     /// Whether all pages of the open file hold what they should; reads them all.
     [[nodiscard]] bool IsSound();
-    /// True when the last Open or IsSound has found that the file is damaged, cut short or not one of this
-    /// program: no later try will do better.
+    /// True when the last Open or IsSound found the file damaged, cut short or not of this program, so that
+    /// trying again is useless.
     [[nodiscard]] bool LastFileWasUnfit() const { return m_unfit; }
-    /// As Open, but holds the database as it is until Rollback, also while another process has writes
-    /// pending: all reads see one state, and the others' commits wait. For moments only, since their patience
-    /// is half a second.
+    /// As Open, but takes a snapshot that lasts until Rollback, also while another process has writes
+    /// pending: all reads see one state, and the commits of others wait. For moments only, since others wait
+    /// no longer than half a second.
     [[nodiscard]] int OpenStill(std::string_view file);
-    /// Copies the database onto the new file \a path while others use it, and flushes the copy. Nothing is
-    /// left of one that failed.
+    /// Copies the database to the new file \a path while others use it, and flushes the copy. A failed copy
+    /// is removed.
     [[nodiscard]] int CopyTo(const std::string& path);
     /// True when the last failure was another process holding the file.
     [[nodiscard]] bool LastWasBusy() const;
@@ -98,11 +99,11 @@ public:
     [[nodiscard]] int OpenRecordset(std::string_view sql);
     void CloseRecordset();
     /// Adds the rows from the cursor of \a source's Recordset on, which must have all columns of \a table in
-    /// their order. A row whose key is there already is skipped. Nonzero when a row could not be read or
-    /// added; one that holds a quote or a NUL is never added, since no INSERT text could carry it. The cursor
-    /// is closed. \a added counts the rows that were not there already.
+    /// their order. A row whose key is there already is skipped. Nonzero, with everything rolled back, when a
+    /// row could not be read or added; the rules of saving refuse a row with a quote or a NUL. The cursor is
+    /// closed. \a added counts the rows that were not there already.
     [[nodiscard]] int copyRows(AppDB& source, const TableDef& table, std::int64_t& added);
-    /// One INSERT, UPDATE or DELETE; the outcome stands in LastStatus and LastErrNo.
+    /// One INSERT, UPDATE or DELETE; the outcome is in LastStatus and LastErrNo.
     void Execute(std::string_view sql);
     /// Rows that the last Execute added, changed or deleted.
     [[nodiscard]] std::int64_t RowsChanged() const { return m_engine.changes(); }
@@ -111,8 +112,8 @@ public:
     /// True while writes are pending.
     [[nodiscard]] bool inUnit() const { return m_inUnit; }
 
-    /// Makes a new, empty database with all tables at \a path, which must not exist. The file counts as
-    /// stored when this returns 0.
+    /// Makes a new, empty database with all tables at \a path, which must not exist. It is on the disk when
+    /// this returns 0.
     [[nodiscard]] static int Create(const std::string& path, std::string* error = nullptr);
 
 private:
@@ -120,7 +121,7 @@ private:
     friend class QuerySet;
 
     /// Opens the unit of work if none is open. Nonzero when another process holds the file, or when the
-    /// engine has given up the unit: then nothing more goes in before it has been rolled back.
+    /// engine has ended the unit by itself: then nothing can be written until it has been rolled back.
     [[nodiscard]] int beginWrite();
     /// Records a failed or a good write.
     int fail(int engineCode);

@@ -1,6 +1,6 @@
-// The program's view of its surroundings: the program folder, the user's folders, the date of last use
-// and the reader's settings. Kept in Ini/AppEnv.ini under the program folder, shared with the
-// master-data program.
+// Where the program runs: the program folder, the user's folders, the date of last use and the reader's
+// settings. The last two are kept in Ini/AppEnv.ini under the program folder, which the master-data program
+// shares.
 #pragma once
 
 #include <QString>
@@ -37,7 +37,7 @@ public:
 
     [[nodiscard]] ReaderSettings readerSettings() const;
     /// Whether scans of a reader that types are recognised wherever the focus is: section Reader, key
-    /// TypedScan; on unless it is "0".
+    /// TypedScan; yes unless it is "0".
     [[nodiscard]] bool typedScans() const;
     /// Device of port \a number: from section Ports, else "/dev/ttyS{number-1}".
     [[nodiscard]] QString portDevice(int number) const;

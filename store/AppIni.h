@@ -1,5 +1,5 @@
-// The words of the screens, the remembered folders and the label settings. Kept in AppIni.ini under the
-// folder Ini; a customer's wording there replaces the shipped one, text by text.
+// The words of the screens, the remembered folders and the label settings. Kept in AppIni.ini in the folder
+// Ini; a shop's wording there replaces the shipped one, text by text.
 #pragma once
 
 #include <utility>
@@ -35,17 +35,17 @@ public:
 
     [[nodiscard]] QString LastHistoryFolder() const;
     bool setLastHistoryFolder(const QString& folder);
-    /// The file of a period whose save has begun and is not known to have ended; empty most of the time.
+    /// The file of a period whose save has begun and may not have ended; usually empty.
     [[nodiscard]] QString SaveInTheMaking() const;
     bool setSaveInTheMaking(const QString& path);
-    /// Folder and last day of a save that has ended, at once with \a inTheMaking.
+    /// Stores folder and last day of a finished save together with \a inTheMaking.
     bool setLastSave(const QString& folder, const QString& lastDay, const QString& inTheMaking);
     [[nodiscard]] QString LastBackupFolder() const;
 
     /// A setting of the label dialog for the source \a mode; empty when nothing is stored.
     [[nodiscard]] QString labelSetting(int mode, const QString& name) const;
     bool setLabelSetting(int mode, const QString& name, const QString& value);
-    /// Several of them at once, by name; those that are new to the file come in this order.
+    /// Stores several of them at once, by name; new ones are added in this order.
     bool setLabelSettings(int mode, const std::vector<std::pair<QString, QString>>& settings);
 
 private:

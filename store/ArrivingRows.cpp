@@ -45,7 +45,7 @@ int disconnectTable(sqlite3_vtab* table)
     return SQLITE_OK;
 }
 
-/// There is one way to read them: from where they stand to the end.
+/// There is only one way to read the rows: from the current one to the end.
 int bestIndex(sqlite3_vtab*, sqlite3_index_info*)
 {
     return SQLITE_OK;
@@ -81,7 +81,7 @@ int atEnd(sqlite3_vtab_cursor* cursor)
 int column(sqlite3_vtab_cursor* cursor, sqlite3_context* context, int index)
 {
     const std::string_view text = rowsOf(cursor).text(index);
-    // An empty view may have no address, which would be a Null.
+    // The pointer of an empty view may be null, which would store a Null.
     sqlite3_result_text64(context, text.empty() ? "" : text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
     return SQLITE_OK;
 }
@@ -113,13 +113,13 @@ sqlite3_module moduleOfRows()
 int Sqlite::insertArriving(std::string_view insert, ArrivingRows& rows)
 {
     if (m_db == nullptr)
-        return execute(insert); // says what is wrong
+        return execute(insert); // reports that no database is open
     static const sqlite3_module module = moduleOfRows();
     int code = sqlite3_create_module_v2(m_db, tableName, &module, &rows, nullptr);
     if (code == SQLITE_OK)
         code = execute(std::string(insert) + " SELECT * FROM " + tableName);
     const std::string error = code == SQLITE_OK ? std::string() : errorText();
-    sqlite3_create_module_v2(m_db, tableName, nullptr, nullptr, nullptr); // forgets the last error, too
+    sqlite3_create_module_v2(m_db, tableName, nullptr, nullptr, nullptr); // also clears the last error
     m_ownError = error;
     return code;
 }

@@ -1,5 +1,5 @@
-// Rows that come from elsewhere, as a table that one INSERT .. SELECT can read: thousands of rows then go
-// into a table as fast as the engine moves its own, without a statement or a copy of a text for each.
+// Rows from elsewhere as a table that one INSERT .. SELECT can read: thousands of rows then go into a table
+// as fast as the engine moves its own, without a statement or a copied text for each.
 #pragma once
 
 #include <string_view>

@@ -22,7 +22,7 @@ BackupNote::BackupNote(const QString& baseFolder) : m_path(baseFolder + u"/backu
 
 bool BackupNote::write(const FailedBackup& failure) const
 {
-    // Not written aside: where there is no room for its words, the empty file still tells that something was.
+    // Not written aside: when there is no room for the text, an empty file still says that a backup failed.
     QFile file(m_path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return false;

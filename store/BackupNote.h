@@ -1,5 +1,5 @@
-// What a daily backup that failed leaves for the program: a note in the program folder, shown to the operator
-// when the program starts next. Nobody looks at the journal of the system in a shop.
+// What a failed daily backup leaves for the program: a note in the program folder, which is shown to the
+// operator when the program starts next. Nobody in a shop reads the system's log.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@ namespace suisui {
 struct FailedBackup
 {
     QDateTime when;
-    QString why;    ///< in Japanese, a line
+    QString why;    ///< in Japanese, one line
     QString advice; ///< what to do about it; may be empty
 };
 
@@ -21,10 +21,10 @@ class BackupNote
 public:
     explicit BackupNote(const QString& baseFolder);
 
-    /// Takes the place of an older note. False when the disk does not take it.
+    /// Replaces an older note. False when it could not be written.
     [[nodiscard]] bool write(const FailedBackup& failure) const;
-    /// Nothing when no backup has failed since the note was cleared. A note that lost its words, as on a full
-    /// disk, still says when.
+    /// None when no backup has failed since the note was cleared. A note that lost its text on a full disk
+    /// still says when.
     [[nodiscard]] std::optional<FailedBackup> read() const;
     void clear() const;
 

@@ -40,7 +40,7 @@ void resultText(sqlite3_context* context, const std::string& text)
     sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
 }
 
-/// Runs \a body; a text that is no number becomes an error of the statement.
+/// Runs \a body; a text that is not a number becomes an error of the statement.
 template <typename Body> void guarded(sqlite3_context* context, Body body)
 {
     try {
@@ -111,7 +111,7 @@ bool like(std::string_view text, std::string_view pattern)
     constexpr auto none = std::string_view::npos;
     std::size_t t = 0;
     std::size_t p = 0;
-    std::size_t starPattern = none; // behind the last "*"
+    std::size_t starPattern = none; // after the last "*"
     std::size_t starText = 0;       // how far that "*" reaches
     while (t < text.size()) {
         if (p < pattern.size() && pattern[p] == '*') {

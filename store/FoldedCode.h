@@ -1,5 +1,5 @@
-// Codes and names of columns are compared without regard to the letter case of a to z, as the database
-// compares them (NOCASE). All other characters, full-width letters among them, are themselves.
+// Codes and names of columns are compared without regard to the case of a to z, as the database compares them
+// (NOCASE). The case of all other letters, full-width ones among them, counts.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ namespace suisui {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-/// \a code as the key of a look-up: two codes that the database takes for the same have the same key.
+/// \a code as the key of a look-up: codes that are equal to the database have the same key.
 [[nodiscard]] inline std::string foldedCode(std::string_view code)
 {
     std::string key(code);

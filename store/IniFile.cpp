@@ -17,7 +17,7 @@ namespace suisui {
 
 namespace {
 
-/// Without the blanks around it; full-width blanks are part of a text.
+/// \a text without the blanks around it; full-width blanks are part of a text.
 QStringView stripped(QStringView text)
 {
     const auto blank = [](QChar c) { return c == u' ' || c == u'\t' || c == u'\r'; };
@@ -41,8 +41,8 @@ QString quotedIfNeeded(const QString& value)
     return looksQuoted || stripped(value) != value ? u'"' + value + u'"' : value;
 }
 
-/// A file is in the encoding that most of its Japanese lines are in, so that one damaged character does not
-/// garble the rest. What is no text in it becomes U+FFFD.
+/// Decodes a file by the encoding of most of its Japanese lines, so that one damaged character does not
+/// garble the rest. Bytes that are not text become U+FFFD.
 QString decoded(QByteArray bytes)
 {
     bytes.replace('\0', QByteArray()); // a power cut may leave blocks of zeros
@@ -92,7 +92,7 @@ void IniFile::parse(QStringView text)
             line.chop(1);
         const QStringView content = stripped(line);
         const bool heading = content.startsWith(u'[');
-        // What stands under a damaged heading belongs to no section, least of all to the one before.
+        // Lines under a damaged heading belong to no section, least of all to the previous one.
         if (heading)
             section =
                 stripped(content.sliced(1, std::max<qsizetype>(content.indexOf(u']'), 1) - 1)).toString();
@@ -128,7 +128,7 @@ bool IniFile::setValues(const QString& section, const std::vector<std::pair<QStr
         return false;
     IniFile now; // the master-data program may have written since this was read
     if (!now.load(m_path))
-        return false; // what cannot be read must not be replaced by one value
+        return false; // a file that cannot be read must not be replaced by one value
     for (const auto& [key, value] : values)
         now.put(section, key, value);
     if (!save(now.m_lines))
@@ -167,12 +167,12 @@ bool IniFile::save(const std::vector<Line>& lines) const
         return false;
     for (const Line& line : lines)
         file.write((line.text + u"\r\n"_s).toUtf8());
-    // Whether the disk has taken it is asked here: the class itself does not mind when it has not.
+    // The class does not report when the disk has not taken the data, so this is checked here.
     if (!file.flush() || ::fsync(file.handle()) != 0)
         file.cancelWriting();
     if (!file.commit())
         return false;
-    // A rename is on the disk only when its folder is.
+    // A rename is on the disk only when its folder has been flushed.
     (void)syncToDisk(QFile::encodeName(QFileInfo(m_path).absolutePath()).toStdString());
     return true;
 }

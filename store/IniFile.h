@@ -16,15 +16,15 @@ class IniFile
 public:
     /// Reads \a path. A file that is missing or cannot be read is empty; false only for the latter.
     bool load(const QString& path);
-    /// Takes \a text as the content, with no file behind it.
+    /// Takes \a text as the content, without a file.
     void parse(QStringView text);
 
-    /// Value of \a key in \a section, names without regard to case; nothing when it is not there. Blanks
-    /// around a value are dropped unless it stands in double quotes; full-width blanks stay.
+    /// The value of \a key in \a section, names without regard to case; none when it is not there. Blanks
+    /// around a value are dropped unless it is in double quotes; full-width blanks stay.
     [[nodiscard]] std::optional<QString> value(QStringView section, QStringView key) const;
 
-    /// Sets a value and replaces the file. False when it could not be written; file and object are then as
-    /// they were. What another program has written meanwhile is kept, and so are comments and the order.
+    /// Sets a value and replaces the file. False when it could not be written; file and object are then
+    /// unchanged. What another program has written meanwhile is kept, and so are comments and the order.
     bool setValue(const QString& section, const QString& key, const QString& value);
     /// Several values of one section in one replacement of the file.
     bool setValues(const QString& section, const std::vector<std::pair<QString, QString>>& values);
@@ -32,7 +32,7 @@ public:
 private:
     struct Line
     {
-        QString text;    ///< as it stands in the file
+        QString text;    ///< as in the file
         QString section; ///< the section that the line belongs to
         QString key;     ///< empty: a comment, a heading or a damaged line
         QString value;

@@ -21,13 +21,13 @@ int AppDB::OpenStill(std::string_view file)
         code = holdStill();
         if (code == 0 && m_engine.selectNumber("PRAGMA user_version", version) == 0
             && version < schemaVersion) {
-            // To bring an older layout up takes the write lock after all.
+            // Upgrading an older layout needs the write lock after all.
             code = Open(file);
             if (code == 0)
                 code = holdStill();
         }
         if (code == 0 && !(isOurs() && isWhole(m_path)))
-            code = failOwn("this is no whole database of the program");
+            code = failOwn("this is not a whole database of the program");
     }
     if (code != 0)
         CloseFile();
@@ -37,7 +37,7 @@ int AppDB::OpenStill(std::string_view file)
 int AppDB::holdStill()
 {
     int code = m_engine.execute("BEGIN");
-    // The engine takes its lock at the first look into the file.
+    // The engine takes its lock when it first reads the file.
     std::int64_t tables = 0;
     if (code == 0)
         code = m_engine.selectNumber("SELECT count(*) FROM sqlite_schema", tables);

@@ -28,7 +28,7 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// The exponent of a number, with "e" for its letter; empty when \a text has not the shape of one.
+/// The exponent of a number, with "e" for its letter; empty when \a text is not one.
 std::string plainExponent(std::string_view text)
 {
     if (std::string_view("EeDd").find(text[0]) == std::string_view::npos)
@@ -40,7 +40,7 @@ std::string plainExponent(std::string_view text)
     return 'e' + std::string(text.substr(1));
 }
 
-/// Text without grouping commas and with "E" for "D"; empty when it has not the shape of a number.
+/// \a text without grouping commas and with "e" for the exponent; empty when it is not a number.
 std::string plainForm(std::string_view text)
 {
     std::string plain;
@@ -74,7 +74,7 @@ std::string plainForm(std::string_view text)
     return exponent.empty() ? exponent : plain + exponent;
 }
 
-/// The number, if \a text is nothing but so few digits that every step is exact; otherwise nothing.
+/// The number, if \a text consists of so few digits that every step is exact; otherwise none.
 std::optional<double> fewDigits(std::string_view text)
 {
     if (text.empty() || text.size() > std::size_t{significantDigits})
@@ -88,7 +88,7 @@ std::optional<double> fewDigits(std::string_view text)
     return static_cast<double>(whole);
 }
 
-/// Infinite beyond the range of a double, nothing for a text that is not a number.
+/// The number in \a text; infinite beyond the range of a double, none for a text that is not a number.
 std::optional<double> read(std::string_view text)
 {
     if (text.empty())
@@ -132,8 +132,7 @@ template <typename Integer> Integer toInteger(double number)
     return static_cast<Integer>(rounded);
 }
 
-/// Whether every digit of \a number stands before the point and there are at most 15 of them: then each of
-/// them is exact.
+/// Whether \a number is whole with at most 15 digits, each of which is then exact.
 bool isPlainWhole(double number)
 {
     return std::abs(number) < 1e15 && std::trunc(number) == number;
@@ -150,7 +149,7 @@ std::string wholeText(double number)
 struct Decimal
 {
     std::array<char, significantDigits> digits{};
-    int whole = 0; ///< how many of them stand before the point; below zero: zeros between point and digits
+    int whole = 0; ///< how many of them are before the point; negative: zeros between point and digits
 };
 
 /// \a number must be positive and finite.
@@ -162,13 +161,13 @@ Decimal decimalOf(double number)
     Decimal decimal;
     decimal.digits[0] = text[0];
     std::copy_n(text.begin() + 2, significantDigits - 1, decimal.digits.begin() + 1);
-    const char* exponent = text.data() + significantDigits + 2; // behind the "e"
+    const char* exponent = text.data() + significantDigits + 2; // after the "e"
     std::from_chars(*exponent == '+' ? exponent + 1 : exponent, end.ptr, decimal.whole);
     ++decimal.whole;
     return decimal;
 }
 
-/// How many digits behind the point those 15 are, zeros at the end left out.
+/// How many of the 15 digits of \a number are after the point, without trailing zeros.
 int placesOf(double number)
 {
     if (isPlainWhole(number))
@@ -180,7 +179,7 @@ int placesOf(double number)
     return std::max(0, used - decimal.whole);
 }
 
-/// The number that the text of \a number in \a format with \a precision digits reads as.
+/// \a number written in \a format with \a precision digits and read back.
 double throughText(double number, std::chars_format format, int precision)
 {
     std::array<char, 400> text{}; // the smallest double has its first digit at place 324
@@ -190,8 +189,8 @@ double throughText(double number, std::chars_format format, int precision)
     return value == 0 ? 0 : value; // never -0
 }
 
-/// Digits of the whole number nearest to \a number, halves away from zero, decided on its decimal text of 15
-/// significant digits: 2.4999999999999996 is a 2.5 that lost a bit on the way, and reads as one.
+/// The digits of the whole number nearest to \a number, halves away from zero, decided on its decimal text of
+/// 15 significant digits: 2.4999999999999996 is a 2.5 that has lost a bit, and is read as one.
 std::string wholeDigits(double number)
 {
     if (isPlainWhole(number))
@@ -268,8 +267,7 @@ double plus(double a, double b)
         return sum;
     if (sum == 0 || !std::isfinite(sum))
         return sum;
-    // A sum has no more digits behind the point than what was added: what stands further back is a bit that
-    // got lost.
+    // A sum has no more digits after the point than its parts: any further digit comes from a lost bit.
     const int room = significantDigits - decimalOf(std::abs(sum)).whole;
     const int places = std::min(std::max(placesOf(a), placesOf(b)), room);
     return places >= 0 ? throughText(sum, std::chars_format::fixed, places)

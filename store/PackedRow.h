@@ -1,7 +1,6 @@
-// One row of texts in one piece of memory: the bytes of all columns one after another, and where each
-// ends. Row buffers and grids hold rows by the hundred thousand, and one block for each row is what makes
-// reading them cheap. A copy shares the block; a write makes a new one, so no other copy sees it. Texts are
-// UTF-8 and may hold any byte.
+// One row of texts in one block of memory: where each column ends, then the bytes of all columns. Row buffers
+// and grids hold a hundred thousand rows, and a single block for each makes reading them cheap. A copy shares
+// the block; a write makes a new one, so no other copy sees it. Texts are UTF-8 and may hold any byte.
 #pragma once
 
 #include <cstdint>

@@ -15,15 +15,15 @@ const QueryDef zaikoViewQuery{.select =
                               .columns = static_cast<int>(ZaikoViewCol::Columns),
                               .keepRowsFlag = true};
 
-// Equal prices and units of one code stand next to each other, to the letter, since whoever reads them
-// breaks groups by comparing texts.
+// Rows of one code with the same price and unit are adjacent, compared to the letter, since the reader finds
+// its groups by comparing texts.
 const QueryDef nyuViewQuery{
     .select = "SELECT 0, NyuPrice, NyuSuu, Unit, NyuNebiki, Henkyaku, Code FROM InpTB ",
     .groupBy = "",
     .defaultOrder = " ORDER BY Code, NyuPrice COLLATE BINARY, Unit COLLATE BINARY, rowid",
     .columns = static_cast<int>(NyuViewCol::Columns)};
 
-// The quantity is the one that left the stock: what customers return never comes back to it.
+// The quantity is what left the stock: what customers return never comes back to it.
 const QueryDef syuViewQuery{.select = "SELECT 0, SyuPrice, SyuSuu, Unit, SyuNebiki, Code FROM OutTB ",
                             .groupBy = "",
                             .defaultOrder =

@@ -1,5 +1,5 @@
-// Rows of a selection that no single table holds: goods with their stock, movements summed by goods. A
-// buffer of rows indexed from 1 like that of a table, but only to be read.
+// Rows of a selection that are not rows of a single table: goods with their stock, movements summed by goods.
+// A buffer of rows indexed from 1 like that of a table, but read only.
 #pragma once
 
 #include <string>
@@ -15,15 +15,15 @@ class AppDB;
 struct QueryDef
 {
     std::string_view select;       ///< "SELECT ... FROM ...", up to the condition; first column 0
-    std::string_view groupBy;      ///< stands between condition and order; may be empty
-    std::string_view defaultOrder; ///< where the caller gives none; may be empty
+    std::string_view groupBy;      ///< between condition and order; may be empty
+    std::string_view defaultOrder; ///< used when the caller gives none; may be empty
     int columns;
     bool keepRowsFlag = false; ///< Select with mode "1" adds only while the keep-rows flag is set
 };
 
 // Columns in order, as indexes for the row sets.
 enum class ZaikoViewCol { Code, Name, NyuPrice, ZaikoSuu, KuriSuu, SyuPrice, Unit, Stock, Columns };
-/// Code comes last: it is asked for only where the movements of many goods are read at once.
+/// Code is last: only those who read the movements of many goods at once need it.
 enum class NyuViewCol { NyuPrice, NyuSuu, Unit, NyuNebiki, Henkyaku, Code, Columns };
 enum class SyuViewCol { SyuPrice, SyuSuu, Unit, SyuNebiki, Code, Columns };
 enum class NyuSumCol { Code, Name, NyuPrice, Unit, Amount, NyuNebiki, Henkyaku, NyuSuu, Columns };
@@ -44,7 +44,7 @@ public:
 
     /// Text of a column, counted from 0. Throws RunTimeError::SubscriptOutOfRange outside the buffer.
     [[nodiscard]] std::string_view get(int row, int column) const { return packed(row).text(column); }
-    /// A whole row, to be kept by whoever shows it.
+    /// A whole row, which whoever shows it can keep.
     [[nodiscard]] const PackedRow& packed(int row) const;
 
     /// While set, Select with mode "1" adds to the buffer. Only for the selections that have the flag.

@@ -1,4 +1,4 @@
-// Rows from one database to another, and files that are filled with them.
+// Copying rows from one database to another, and filling a new file with them.
 #include "store/AppDB.h"
 
 #include <vector>
@@ -16,11 +16,11 @@ std::string insertInto(const TableDef& table)
         names += names.empty() ? "" : ",";
         names += column;
     }
-    // A key that is there already is passed over; nothing else can be wrong with a row of texts.
+    // A key that is there already is skipped; nothing else can be wrong with a row of texts.
     return "INSERT OR IGNORE INTO " + std::string(table.name) + " (" + names + ")";
 }
 
-/// Whether the text could stand between single quotes as it is.
+/// Whether the text could be put between single quotes as it is.
 bool canBeQuoted(std::string_view text)
 {
     bool can = true;
@@ -29,7 +29,7 @@ bool canBeQuoted(std::string_view text)
     return can;
 }
 
-/// The rows of a cursor, from the one that is current on.
+/// The rows of a cursor, beginning with the current one.
 class RowsOfCursor final : public ArrivingRows
 {
 public:
@@ -50,7 +50,7 @@ public:
     {
         return m_texts[static_cast<std::size_t>(column)];
     }
-    /// The current row holds what no INSERT text could carry.
+    /// Whether the current row, or one before, holds a quote or a NUL.
     [[nodiscard]] bool refused() const { return m_refused; }
 
 private:
@@ -117,7 +117,8 @@ int AppDB::OpenForFilling(std::string_view file)
     int code = m_engine.execute("PRAGMA journal_mode=MEMORY");
     if (code == 0)
         code = m_engine.execute("PRAGMA synchronous=OFF");
-    // What only serves searching is made when all rows are there; the keys stand guard from the first on.
+    // Indexes that only serve searching are made when all rows are there; the unique ones are checked
+    // meanwhile.
     for (const TableDef* table : allTables())
         for (std::size_t i = 0; code == 0 && i < table->indexes.size(); ++i)
             if (!table->indexes[i].unique)

@@ -43,7 +43,7 @@ Statements composed(const TableDef& table)
     std::string marks;
     for (int i = 0; i < table.columnCount(); ++i)
         marks += i == 0 ? "?" : ",?";
-    // The row is the one that was read only while every text is the same to the last bit.
+    // A row counts as unchanged only while every text is the same to the last bit.
     const std::string asRead = joinedColumns(table, "", "=? COLLATE BINARY", " AND ") + " AND rowid=?";
     return {
         .select = "SELECT rowid," + joinedColumns(table, "", "", ",") + " FROM " + name + " ",
@@ -75,12 +75,12 @@ void append(std::vector<std::string_view>& values, const PackedRow& row)
 
 } // namespace
 
-/// One thing that a rolled-back unit of work takes back in the buffer.
+/// One change of the buffer that the rollback of a unit of work undoes.
 struct RowSet::Undo
 {
     enum Kind { Restore, Reinsert } kind;
     int row;    ///< counted from 1, at the time of the change
-    Row before; ///< link and state before; for Reinsert the whole row
+    Row before; ///< row id, stored texts and state before; for Reinsert the whole row
 };
 
 RowSet::RowSet(AppDB& db, const TableDef& table) : m_db(db), m_table(table)
@@ -178,7 +178,7 @@ int RowSet::NewRows(int n)
     return 0;
 }
 
-/// Keeps what the row is now, for a unit of work that is rolled back.
+/// Remembers the row as it is now, in case the unit of work is rolled back.
 void RowSet::remember(int row)
 {
     const Row& now = rowAt(row);
@@ -282,7 +282,7 @@ int RowSet::PrepareDelete(int row)
 void RowSet::Clear()
 {
     m_rows.clear();
-    m_undo.clear(); // the rows that it speaks of are gone
+    m_undo.clear(); // its rows are gone
 }
 
 void RowSet::unitCommitted()

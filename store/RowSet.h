@@ -1,10 +1,10 @@
 // A buffer of rows of one table, indexed from 1, that lives as long as its connection. Column writes
 // change the buffer only; InsertRow, UpdateRow, DeleteRow and WriteRows change the table and are pending
-// until the connection's Commit. After a Rollback the rows stand in the buffer as they stood before the
-// unit of work: a changed row is changed again, a new one unsaved again.
+// until the connection's Commit. After a Rollback the rows are in the buffer as they were before the unit of
+// work: a changed row is changed again, a new one unsaved again.
 //
-// A row remembers the table row that it was read from and how that read. UpdateRow and DeleteRow refuse
-// a row that somebody else has changed or deleted since.
+// A row remembers the table row that it was read from and its texts. UpdateRow and DeleteRow refuse a row
+// that somebody else has changed or deleted since.
 //
 // A status is 0 for success. A count is negative when the selection failed.
 #pragma once
@@ -35,7 +35,7 @@ public:
     /// Text of a column, counted from 0. Throws RunTimeError::SubscriptOutOfRange outside the buffer.
     /// The view lives until the row is next written.
     [[nodiscard]] std::string_view get(int row, int column) const;
-    /// A whole row, to be kept by whoever shows it: later writes to the buffer do not touch it.
+    /// A whole row, which whoever shows it can keep: later writes to the buffer do not change it.
     [[nodiscard]] const PackedRow& packed(int row) const { return rowAt(row).texts; }
     /// Changes the buffer; a clean row becomes "U".
     void set(int row, int column, std::string_view value);
@@ -55,7 +55,7 @@ public:
     /// Adds \a n empty rows at the end.
     int NewRows(int n);
     [[nodiscard]] int InsertRow(int row);
-    /// On success the row leaves the buffer and those behind it move up by one.
+    /// On success the row leaves the buffer and the following ones move up.
     [[nodiscard]] int DeleteRow(int row);
     [[nodiscard]] int UpdateRow(int row);
     /// Updates the changed rows that came from the table and inserts the new ones.

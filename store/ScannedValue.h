@@ -1,5 +1,5 @@
-// What a scanned value is, told by its first and last character. The one table of those characters stands
-// here, since a master-data form has to know as well what a reader can never bring as a goods code.
+// What a scanned value is, which its first and last character decide. This is the only table of those
+// characters, since a form of master data too has to know what a reader can never send as a goods code.
 #pragma once
 
 #include <span>
@@ -24,7 +24,7 @@ struct ScannedValue
     QString text; ///< inner text of Function, Partner and Staff; otherwise the whole value
 };
 
-/// The characters around a value that is no goods code.
+/// The characters around a value that is not a goods code.
 struct Enclosure
 {
     char16_t first;
@@ -33,14 +33,14 @@ struct Enclosure
 };
 [[nodiscard]] std::span<const Enclosure> enclosures();
 
-/// The most characters of a goods code, in UTF-16 units.
+/// The longest goods code that can be scanned, in UTF-16 units.
 inline constexpr qsizetype longestGoodsCode = 16;
 
-/// Classifies \a value. Lengths count UTF-16 units. Throws RunTimeError::InvalidCall for a value of exactly
-/// one "#" or "@", whose inner text has a length below zero.
+/// Classifies \a value. Lengths count UTF-16 units. Throws RunTimeError::InvalidCall for a single "#" or "@",
+/// whose inner text would have a negative length.
 [[nodiscard]] ScannedValue classify(const QString& value);
 
-/// The enclosure that \a value begins like, closed or not; null for a plain text.
+/// The enclosure that \a value begins with, closed or not; null for a plain text.
 [[nodiscard]] const Enclosure* openedBy(const QString& value);
 
 } // namespace suisui

@@ -42,7 +42,7 @@ static_assert(matches<KokyakuCol>(kokyakuColumns) && std::size(kokyakuColumns) =
 static_assert(matches<TantouCol>(tantouColumns) && std::size(tantouColumns) == 15);
 static_assert(matches<RirekiCol>(rirekiColumns) && std::size(rirekiColumns) == 5);
 
-// The unique key first, then what the searches go by.
+// The unique key first, if there is one, then the columns that are searched by.
 constexpr IndexDef inpIndexes[] = {{"InpDate, Code", true}, {"NyuDate, NyuTime"}, {"Code"}};
 constexpr IndexDef outIndexes[] = {{"InpDate, Code", true}, {"SyuDate, SyuTime"}, {"Code"}};
 constexpr IndexDef codeIndex[] = {{"Code", true}};
@@ -54,7 +54,7 @@ std::vector<std::string> statementsFor(const TableDef& table)
     std::string create = "CREATE TABLE " + std::string(table.name) + " (";
     for (const std::string_view column : table.columns) {
         create += column;
-        // Comparing codes takes no notice of letter case, as shops have always typed them.
+        // Codes are compared without regard to case, since shops type them either way.
         create += " TEXT NOT NULL DEFAULT '' COLLATE NOCASE, ";
     }
     create.replace(create.size() - 2, 2, ")");

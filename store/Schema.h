@@ -133,20 +133,20 @@ extern const TableDef outTable;     // OutTB, shipments
 extern const TableDef zaikoTable;   // ZaikoTB, stock
 extern const TableDef masterTable;  // Master, goods
 extern const TableDef hseihinTable; // HSeihinTB, components of goods made from others
-extern const TableDef kokyakuTable; // KokyakuTB, customers
+extern const TableDef kokyakuTable; // KokyakuTB, partners: suppliers and customers
 extern const TableDef tantouTable;  // TantouTB, staff
-extern const TableDef rirekiTable;  // RirekiTB, history control
+extern const TableDef rirekiTable;  // RirekiTB, saved periods
 
 /// All of them, in the order above.
 [[nodiscard]] std::span<const TableDef* const> allTables();
 
-/// Version of the layout that this program writes; stands in the file as PRAGMA user_version.
+/// Version of the layout that this program writes; PRAGMA user_version of the file.
 inline constexpr int schemaVersion = 1;
 
 /// Name of index \a index of \a table, counted from 0.
 [[nodiscard]] std::string indexName(const TableDef& table, std::size_t index);
 
-/// CREATE TABLE and CREATE INDEX statements of \a table, one statement an entry, the table's first.
+/// CREATE TABLE and CREATE INDEX statements of \a table, one for each entry, the table's first.
 [[nodiscard]] std::span<const std::string> createStatements(const TableDef& table);
 
 } // namespace suisui

@@ -13,7 +13,7 @@ inline constexpr const char* workingFile = "trnvik.mdb"; ///< in the folder DB
     return base + "/DB/" + workingFile;
 }
 
-/// The empty database under \a base, of which each history file begins as a copy.
+/// The empty database under \a base; each history file begins as a copy of it.
 [[nodiscard]] inline std::string emptyPath(const std::string& base)
 {
     return base + "/db/trnorg.mdb";

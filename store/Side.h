@@ -1,5 +1,5 @@
-// Receipts and shipments are mirrors of each other. This is the data half of what tells them apart: table,
-// columns, the direction of the stock.
+// Receipts and shipments are mirrors of each other. This is how they differ in the data: table, columns, the
+// direction of the stock.
 #pragma once
 
 #include <array>
@@ -15,7 +15,7 @@ class RowSet;
 
 enum class Side { Receipt, Shipment };
 
-/// Where a pair of things, one for each side, keeps the one of \a side.
+/// The index of \a side in an array with one element for each side.
 [[nodiscard]] constexpr std::size_t indexOf(Side side)
 {
     return static_cast<std::size_t>(side);
@@ -52,7 +52,7 @@ struct MovementTable
     MasterCol defaultPrice;
     int stockSign;             ///< +1: the movement raises the stock of its goods
     bool movesComponents;      ///< components go the other way, by Suuryou for each unit
-    bool returnsMoveStock;     ///< returned quantities weaken the stock effect
+    bool returnsMoveStock;     ///< returned quantities reduce the stock effect
     RowSet& (*rows)(AppDB&);   ///< rows of the entry tab
     RowSet& (*master)(AppDB&); ///< goods look-up of the entry tab
 };
@@ -60,7 +60,7 @@ struct MovementTable
 [[nodiscard]] const MovementTable& movementTable(Side side);
 
 /// (quantity minus returned) times price, minus discount, of \a row, in double precision. Throws
-/// RunTimeError::TypeMismatch when a column holds no number.
+/// RunTimeError::TypeMismatch when a column does not hold a number.
 [[nodiscard]] double rowTotal(const MovementColumns& columns, const PackedRow& row);
 
 } // namespace suisui

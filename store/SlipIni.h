@@ -1,5 +1,5 @@
-// What the slip printer is told beside the exchange file: for which customer the slip is, and who made it.
-// Kept in SlipIni.ini under the folder Ini, shared with the slip program.
+// What the slip program gets besides the exchange file: the customer whom the slip is for, and who made it.
+// Kept in SlipIni.ini in the folder Ini, which the slip program shares.
 #pragma once
 
 #include <array>
@@ -13,13 +13,13 @@ namespace suisui {
 class SlipIni
 {
 public:
-    /// Further columns of the customer that go with the slip.
+    /// Number of further columns of the customer that go with the slip.
     static constexpr int customerDetails = 4;
 
     void setIniFolder(const QString& folder) { m_file.load(folder + QStringLiteral("/SlipIni.ini")); }
 
-    /// Begins a hand-over: what the slip before had of its customer is gone, so that a customer who is no
-    /// longer in the master data gets nobody else's name.
+    /// Begins a slip. The customer of the previous slip is cleared, so that a customer who is no longer in
+    /// the master data does not get another one's name.
     void setCustomerCode(const QString& code)
     {
         m_customerCode = code;
@@ -32,7 +32,7 @@ public:
     {
         m_details.at(static_cast<std::size_t>(detail)) = text;
     }
-    /// The person's name is the last step: it stores everything. False when it could not be written.
+    /// Sets the person's name as the last step and stores everything. False when it could not be written.
     bool setPersonName(const QString& name);
 
 private:

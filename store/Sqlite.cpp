@@ -14,7 +14,7 @@ namespace {
 
 constexpr int busyMilliseconds = 500; // another program's write is short; a longer one is a lock to report
 constexpr const char* nulCharacter = "the statement holds a NUL character";
-constexpr int widestTable = 32; // columns of a row that are handed over without a heap block
+constexpr int widestTable = 32; // columns of a row that are passed on without a heap block
 
 std::string_view columnText(sqlite3_stmt* statement, int column)
 {
@@ -24,7 +24,7 @@ std::string_view columnText(sqlite3_stmt* statement, int column)
     return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
 }
 
-/// Leaves a kept statement as it was found, whatever happens in between: one half done would hold a lock.
+/// Resets a kept statement at the end of its scope: one left half done would hold a lock.
 struct InUse
 {
     explicit InUse(sqlite3_stmt* kept) : statement(kept) {}
@@ -65,7 +65,7 @@ Template withoutTexts(std::string_view sql)
             text += sql[end];
         }
         if (end >= sql.size())
-            return {std::string(sql), {}}; // an open quote: the engine says what is wrong with it
+            return {std::string(sql), {}}; // an open quote, which the engine reports
         result.sql += '?';
         result.texts.push_back(std::move(text));
         at = end + 1;
@@ -73,15 +73,15 @@ Template withoutTexts(std::string_view sql)
     return result;
 }
 
-/// Statements of the connection that make it what the rules count on.
+/// Settings of a connection that the rules rely on.
 constexpr const char* setUp[] = {
     "PRAGMA synchronous=FULL",
     "PRAGMA trusted_schema=OFF",
 };
 
-// With a journal that is deleted a commit is the removal of a directory entry, and the engine does not flush
-// the folder for it: a power cut brings the journal back, and it undoes the commit. One that is cut to length
-// 0 is flushed as any file is (sqlite.org/pragma.html, journal_mode and synchronous).
+// With a journal that is deleted, a commit is the removal of a directory entry, for which the engine does not
+// flush the folder: a power cut brings the journal back, and it undoes the commit. A journal that is cut to
+// length 0 is flushed like any file (sqlite.org/pragma.html, journal_mode and synchronous).
 constexpr std::string_view ownJournal = "truncate";
 constexpr const char* noJournalFile = "PRAGMA journal_mode=DELETE";
 
@@ -115,7 +115,7 @@ int Sqlite::open(const std::string& path)
         code = registerDialect(m_db);
     if (code == SQLITE_OK) {
         sqlite3_busy_timeout(m_db, busyMilliseconds);
-        // A misspelt column must be an error, never a text; and no statement reaches another file.
+        // A misspelt column must be an error, never a text; and no statement may reach another file.
         sqlite3_db_config(m_db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
         sqlite3_db_config(m_db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
         sqlite3_db_config(m_db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
@@ -125,7 +125,7 @@ int Sqlite::open(const std::string& path)
                 code = execute(statement);
     }
     if (code != SQLITE_OK) {
-        std::string why = errorText(); // goes with the connection
+        std::string why = errorText(); // close() would lose it
         close();
         m_ownError = std::move(why);
     }
@@ -255,7 +255,7 @@ int Sqlite::executeBound(const std::string& sql, std::span<const std::string_vie
     const InUse inUse{statement};
     int parameter = 0;
     for (const std::string_view value : values) {
-        // An empty view may have no address, which would bind a Null.
+        // The pointer of an empty view may be null, which would bind a Null.
         const char* text = value.data() == nullptr ? "" : value.data();
         code = sqlite3_bind_text64(statement, ++parameter, text, value.size(), SQLITE_STATIC, SQLITE_UTF8);
         if (code != SQLITE_OK)
@@ -352,7 +352,7 @@ int Sqlite::copyTo(const std::string& path)
 {
     Sqlite target;
     int code = target.open(path);
-    // A copy that was cut short is thrown away, so nothing of it needs a journal or a flush of its own.
+    // An unfinished copy is thrown away, so it needs neither a journal nor flushing.
     for (const char* statement : {"PRAGMA journal_mode=MEMORY", "PRAGMA synchronous=OFF"})
         if (code == SQLITE_OK)
             code = target.execute(statement);
@@ -384,7 +384,7 @@ EngineError Sqlite::errorKind(int code) const
         return EngineError::Busy;
     case SQLITE_FULL:
         return EngineError::Full;
-    case SQLITE_IOERR: // a quota or a limit on the file's size shows itself as a write that failed
+    case SQLITE_IOERR: // a quota or a limit on the file's size appears as a failed write
         return code == SQLITE_IOERR_WRITE ? EngineError::Full : EngineError::Other;
     case SQLITE_READONLY:
     case SQLITE_PERM:

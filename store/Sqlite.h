@@ -1,5 +1,5 @@
-// The engine under AppDB, and the only place that speaks to SQLite. Another engine would take the place of
-// this class. Results are engine codes: 0 is success.
+// The database engine under AppDB. With Dialect and ArrivingRows it is the only code that uses SQLite, so
+// another engine would replace these three. Results are engine codes: 0 is success.
 #pragma once
 
 #include <cstdint>
@@ -41,8 +41,8 @@ public:
     /// Opens an existing file for reading and writing. Never creates one.
     [[nodiscard]] int open(const std::string& path);
     void close();
-    /// From here on a commit that has returned survives a power cut, whichever journal the file came with:
-    /// this is the one place that says how. Nonzero when another process is in the way.
+    /// From here on a commit that has returned survives a power cut, whichever journal mode the file had. The
+    /// source says how. Nonzero when another process is in the way.
     [[nodiscard]] int useOwnJournal();
     [[nodiscard]] bool isOpen() const { return m_db != nullptr; }
     [[nodiscard]] bool isReadOnly() const;
@@ -60,24 +60,24 @@ public:
     /// As selectNumber, for a kept statement with \a rowId bound.
     [[nodiscard]] int selectNumberBound(const std::string& sql, std::int64_t rowId, std::int64_t& number);
 
-    /// Runs \a insert, an "INSERT INTO table (columns)" that goes on with a SELECT of all \a rows. changes()
-    /// then says how many went in.
+    /// Runs \a insert, an "INSERT INTO table (columns)", with a SELECT of all \a rows appended. changes() is
+    /// then the number of rows added.
     [[nodiscard]] int insertArriving(std::string_view insert, ArrivingRows& rows);
 
-    /// Rows that the last executeBound changed.
+    /// Number of rows that the last INSERT, UPDATE or DELETE changed.
     [[nodiscard]] int changes() const;
     [[nodiscard]] std::int64_t lastRowId() const;
-    /// True while a transaction is open in the engine. A full disk may have ended it on its own.
+    /// True while a transaction is open in the engine, which may have ended it by itself on a full disk.
     [[nodiscard]] bool inTransaction() const;
 
-    /// Looks through all pages and rows. An engine code, or 0 with the outcome in \a sound.
+    /// Checks all pages and rows. An engine code, or 0 with the outcome in \a sound.
     [[nodiscard]] int checkPages(bool& sound);
-    /// The number that the database has in the header of its file for its application; nothing when \a path
-    /// cannot be read or is not a database. Takes no lock.
+    /// The application's number in the header of the file \a path; none when the file cannot be read or is
+    /// not a database. Takes no lock.
     [[nodiscard]] static std::optional<std::uint32_t> headerNumber(const std::string& path);
     [[nodiscard]] int setHeaderNumber(std::uint32_t number);
 
-    /// Copies the database, as this connection sees it, onto the empty file \a path. Not flushed.
+    /// Copies the database, as this connection sees it, to the empty file \a path. Does not flush it.
     [[nodiscard]] int copyTo(const std::string& path);
 
     [[nodiscard]] EngineError errorKind(int code) const;
@@ -108,13 +108,13 @@ private:
     [[nodiscard]] int prepare(std::string_view sql, unsigned flags, sqlite3_stmt** statement);
     [[nodiscard]] int kept(const std::string& sql, sqlite3_stmt** statement);
 
-    /// The one text that a pragma answers with; empty when it fails.
+    /// The text that a pragma returns; empty when it fails.
     [[nodiscard]] std::string pragmaText(std::string_view pragma);
 
     sqlite3* m_db = nullptr;
     bool m_ownJournal = false;
     std::unordered_map<std::string, Statement> m_kept;
-    std::string m_ownError; ///< set when the fault was found before the engine saw the statement
+    std::string m_ownError; ///< replaces the text of the engine when it is not empty
 };
 
 } // namespace suisui

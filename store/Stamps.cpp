@@ -6,7 +6,7 @@ namespace suisui {
 
 namespace {
 
-/// Characters \a from (counted from 1) to from + count - 1, as far as they are there.
+/// Up to \a count characters beginning with number \a from, counted from 1.
 std::string_view part(std::string_view text, std::size_t from, std::size_t count)
 {
     return from > text.size() ? std::string_view() : text.substr(from - 1, count);

@@ -1,5 +1,5 @@
 // Dates and times as texts: stored "YYYYMMDD", "HHMMSS" and the stamp "YYYYMMDDHHMMSS", on screen
-// "YYYY/MM/DD" and "HH:MM:SS". Parts are taken by position, whatever stands there.
+// "YYYY/MM/DD" and "HH:MM:SS". Parts are taken by position, whatever the characters are.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// TrnPrint.ini: where a list report lies on its paper.
+// TrnPrint.ini: where a list report is printed on its paper.
 #pragma once
 
 #include <QString>
@@ -6,8 +6,8 @@
 namespace suisui {
 
 /// Key OffSetIchran of section FileName in {base}/Ini/TrnPrint.ini, at most four characters; empty when it is
-/// not there. "ZERO" moves a list report to the corner of the paper. Read at each call, so that a change
-/// needs no restart.
+/// missing. "ZERO" moves a list report to the corner of the printable area. Read at each call, so that a
+/// change needs no restart.
 [[nodiscard]] QString OffSetIchran(const QString& baseFolder);
 
 } // namespace suisui

@@ -1,4 +1,4 @@
-// Conditions: texts in quotes, one code, and whether an order is asked for.
+// Texts of conditions: quoting, the condition for a code, and whether an order is included.
 #pragma once
 
 #include <string>
@@ -6,7 +6,7 @@
 
 namespace suisui {
 
-/// \a text in single quotes. Quotes within it are doubled, so that a condition never means anything else.
+/// \a text in single quotes, with quotes in it doubled, so that it cannot change the meaning of a condition.
 [[nodiscard]] inline std::string inQuotes(std::string_view text)
 {
     std::string result = "'";
@@ -19,14 +19,14 @@ namespace suisui {
     return result;
 }
 
-/// "WHERE Code='{code}'", for a code that stands in the database.
+/// "WHERE Code='{code}'".
 [[nodiscard]] inline std::string whereCode(std::string_view code)
 {
     return "WHERE Code=" + inQuotes(code);
 }
 
-/// Whether a scanned or typed text can be a code at all. One that holds a quote or a control character is
-/// never registered.
+/// Whether a scanned or typed text can be a code at all. No registered code has a quote or a control
+/// character.
 [[nodiscard]] inline bool canBeCode(std::string_view text)
 {
     for (const char c : text)
@@ -35,7 +35,7 @@ namespace suisui {
     return !text.empty();
 }
 
-/// Whether the text of a condition brings its order with it.
+/// Whether the text of a condition includes an order.
 [[nodiscard]] inline bool holdsOrder(std::string_view where)
 {
     std::string upper;

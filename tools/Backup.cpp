@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int patience = 20; // tries of half a second each while others write
+constexpr int patience = 20; // attempts of half a second each while others write
 
 /// A failure on its way to the operator.
 struct Refused
@@ -77,8 +77,8 @@ Figures figuresOf(AppDB& db)
     return figures;
 }
 
-/// Opens \a file and holds it still. False for a file that is no sound database; Refused while others hold
-/// it.
+/// Opens a snapshot of \a file: others can read, but their commits wait. False for a file that is not a sound
+/// database; throws Refused when others hold it for too long.
 bool openStill(AppDB& db, const std::string& file)
 {
     db.ShowErrors(false);
@@ -91,9 +91,9 @@ bool openStill(AppDB& db, const std::string& file)
     throw Refused(Fault{{phrases::othersHold, {file}}, EngineError::Busy});
 }
 
-/// Proves the copy at \a path; \a problems gets what does not hold in its books.
-CopyProof proveCopy(const std::string& path, const Figures& live, Language language,
-                    std::vector<std::string>& problems)
+/// Verifies the copy at \a path; \a problems gets what does not hold in its books.
+CopyProof verifyCopy(const std::string& path, const Figures& live, Language language,
+                     std::vector<std::string>& problems)
 {
     AppDB copy(folderOf(path));
     if (copy.Open(path) != 0)
@@ -104,18 +104,18 @@ CopyProof proveCopy(const std::string& path, const Figures& live, Language langu
     CopyProof proof;
     proof.figures = static_cast<int>(live.stock.size());
     proof.problems = static_cast<int>(problems.size());
-    proof.verdict = problems.empty() ? CopyProof::Proved : CopyProof::BooksDoNotHold;
+    proof.verdict = problems.empty() ? CopyProof::Verified : CopyProof::BooksDoNotHold;
     return proof;
 }
 
 struct Wanted
 {
     BackupFolder::Kind kind;
-    bool letGo;        ///< of the live database, as soon as it is copied
+    bool letGo;        ///< release the live database as soon as it is copied
     Language language; ///< of the problems that are found
 };
 
-/// Copies the database that \a live holds still, proves the copy and gives it its name, which it returns.
+/// Copies the snapshot that \a live holds, verifies the copy and gives it its name, which is returned.
 std::string copyLive(AppDB& live, BackupFolder& folder, const Clock& clock, const Wanted& wanted,
                      std::vector<std::string>& problems)
 {
@@ -124,10 +124,10 @@ std::string copyLive(AppDB& live, BackupFolder& folder, const Clock& clock, cons
     if (live.CopyTo(folder.aside()) != 0)
         throw Refused(Fault{causeOf(live), troubleOf(live)});
     if (wanted.letGo)
-        live.Rollback(); // the shop need not wait for the proof
+        live.Rollback(); // the shop need not wait for the verification
     Fault fault;
     try {
-        const CopyProof proof = proveCopy(folder.aside(), figures, wanted.language, problems);
+        const CopyProof proof = verifyCopy(folder.aside(), figures, wanted.language, problems);
         std::string name = folder.keep(moment, wanted.kind, proof, fault);
         if (!name.empty())
             return name;
@@ -141,16 +141,16 @@ std::string copyLive(AppDB& live, BackupFolder& folder, const Clock& clock, cons
 Message described(const CopyProof& proof)
 {
     switch (proof.verdict) {
-    case CopyProof::Proved:
-        return {phrases::proved, {std::to_string(proof.figures)}};
+    case CopyProof::Verified:
+        return {phrases::verified, {std::to_string(proof.figures)}};
     case CopyProof::BooksDoNotHold:
         return {phrases::booksDoNotHold, {std::to_string(proof.problems)}};
     case CopyProof::Changed:
         return phrases::notToBeUsed;
-    case CopyProof::Unproved:
+    case CopyProof::Unverified:
         break;
     }
-    return phrases::notProved;
+    return phrases::notVerified;
 }
 
 ToolStatus refuse(const Phrase& what, const Message& why, std::ostream& err)
@@ -159,8 +159,8 @@ ToolStatus refuse(const Phrase& what, const Message& why, std::ostream& err)
     return ToolStatus::Failed;
 }
 
-/// What a note says of a failure, short enough for a box, and what to do about it. No reason: the fault's
-/// own.
+/// What a note says about a failure, short enough for a box, and what to do about it. Without a reason here
+/// the note gives that of the fault.
 struct Remedy
 {
     EngineError trouble;
@@ -177,7 +177,7 @@ constexpr Remedy remedies[] = {
     {EngineError::NotADatabase, &phrases::isDamaged, phrases::doRestore},
 };
 
-/// Leaves the failure of a daily run for the program to show. The shop reads Japanese.
+/// Leaves the failure of a daily run for the program to show, in Japanese.
 void leaveNote(const BackupOrder& order, const Clock& clock, const Message& why, const Message& advice)
 {
     const auto japanese = [](const Message& text) {
@@ -204,7 +204,7 @@ void take(BackupFolder& folder)
         throw Refused(fault);
 }
 
-/// The path of the copy that is to come back. Refused for what is no finished copy.
+/// The path of the copy to restore. Throws Refused when it is not a finished copy.
 std::string copyToRestore(const BackupFolder& folder, const std::string& file)
 {
     std::string path = file.find('/') == std::string::npos ? folder.pathOf(file) : file;
@@ -219,9 +219,9 @@ std::string copyToRestore(const BackupFolder& folder, const std::string& file)
     return path;
 }
 
-/// The new database aside, which came from the file named \a name: opened once, so that it is of the present
-/// layout and in the journal mode of the program.
-void proveIncoming(const std::string& incoming, const std::string& name, bool evenUnsound, std::ostream& err)
+/// Checks the new database aside, which came from the file named \a name. Opening it brings it to the present
+/// layout and the program's journal mode. Throws Refused when it must not take the place of the working one.
+void verifyIncoming(const std::string& incoming, const std::string& name, bool evenUnsound, std::ostream& err)
 {
     std::vector<std::string> problems;
     {
@@ -241,7 +241,7 @@ void proveIncoming(const std::string& incoming, const std::string& name, bool ev
         throw Refused(phrases::notFlushed, {incoming});
 }
 
-/// Keeps a file that is no sound database, byte by byte.
+/// Keeps a file that is not a sound database, byte by byte.
 std::string keepUnread(const std::string& live, BackupFolder& folder, const Clock& clock)
 {
     copyFile(live, folder.aside());
@@ -249,14 +249,14 @@ std::string keepUnread(const std::string& live, BackupFolder& folder, const Cloc
     std::string name = syncToDisk(folder.aside()) ? folder.keepUnread(clock.now(), fault) : std::string();
     if (name.empty())
         throw Refused(fault);
-    // The engine has played a journal back, as far as it could, when it looked at the file. One that were
-    // left would be played into the file that takes the place.
+    // The engine rolled a journal back, as far as it could, when it opened the file. A journal left behind
+    // would be rolled into the file that is put here next.
     if (!removeFile(live + "-journal"))
         throw Refused(phrases::notRemoved, {live + "-journal"});
     return name;
 }
 
-/// Keeps what lies in the live place, if anything, and puts \a incoming there.
+/// Keeps the file at \a live among the copies, if there is one, and puts \a incoming there.
 void replaceLive(const std::string& incoming, const std::string& live, BackupFolder& folder,
                  const Clock& clock, std::ostream& out)
 {
@@ -276,7 +276,7 @@ void replaceLive(const std::string& incoming, const std::string& live, BackupFol
         throw Refused(phrases::notReplaced, {live});
 }
 
-/// A file that goes with the object, unless it has become something else by then.
+/// A file that is removed with the object, unless it has been renamed by then.
 class Aside
 {
 public:
@@ -302,7 +302,7 @@ struct Streams
     std::ostream& err;
 };
 
-/// The whole way of the copy \a source into the live place.
+/// Brings the copy \a source to the place of the working database.
 void restoreInto(const BackupOrder& order, const std::string& source, BackupFolder& folder,
                  const Clock& clock, const Streams& streams)
 {
@@ -312,7 +312,7 @@ void restoreInto(const BackupOrder& order, const std::string& source, BackupFold
     fs::create_directories(folderOf(live), code);
     const Aside aside(incoming);
     copyFile(source, incoming);
-    proveIncoming(incoming, fs::path(source).filename().string(), order.evenUnsound, streams.err);
+    verifyIncoming(incoming, fs::path(source).filename().string(), order.evenUnsound, streams.err);
     replaceLive(incoming, live, folder, clock, streams.out);
     streams.out << Message(phrases::restored, {live, source});
 }
@@ -355,7 +355,7 @@ try {
 ToolStatus listBackups(const BackupOrder& order, std::ostream& out, std::ostream& /*err*/)
 {
     const BackupFolder folder(folderFor(order));
-    int proved = 0;
+    int verified = 0;
     int changed = 0;
     for (const BackupFolder::Copy& copy : folder.copies()) {
         const std::string path = folder.pathOf(copy.name);
@@ -365,11 +365,11 @@ ToolStatus listBackups(const BackupOrder& order, std::ostream& out, std::ostream
             phrases::listedCopy,
             {copy.name, std::to_string(fs::file_size(path, code)), described(proof),
              copy.kind == BackupFolder::Kind::Replaced ? Message(phrases::keptByRestore) : Message()});
-        proved += proof.verdict == CopyProof::Proved ? 1 : 0;
+        verified += proof.verdict == CopyProof::Verified ? 1 : 0;
         changed += proof.verdict == CopyProof::Changed ? 1 : 0;
     }
-    out << Message(phrases::provedCount, {std::to_string(proved), folder.pathOf("")});
-    return proved > 0 && changed == 0 ? ToolStatus::Good : ToolStatus::Found;
+    out << Message(phrases::verifiedCount, {std::to_string(verified), folder.pathOf("")});
+    return verified > 0 && changed == 0 ? ToolStatus::Good : ToolStatus::Found;
 }
 
 ToolStatus restoreShop(const BackupOrder& order, const std::string& file, const Clock& clock,

@@ -33,7 +33,7 @@ constexpr std::string_view asideEnding = ".part";
 constexpr const char* noteEnding = ".proof";
 constexpr const char* replacedMark = "-replaced";
 
-/// The names of copies: the moment, the number among those of one second, the mark.
+/// Name of a copy: its moment, its number among those of the same second, its mark.
 const std::regex& copyName()
 {
     static const std::regex shape(R"(trnvik-(\d{8}-\d{6})(?:-(\d{1,4}))?(-replaced)?\.mdb)");
@@ -58,7 +58,7 @@ bool writeNote(const std::string& path, const std::string& print, const CopyProo
     return note.good() && syncToDisk(path);
 }
 
-/// Whether \a path is the note of a copy that never got its name, or has gone already.
+/// Whether \a path is the note of a copy that never got its name or has been removed.
 bool isLoneNote(const std::string& path)
 {
     const fs::path copy = fs::path(path).replace_extension();
@@ -74,7 +74,7 @@ BackupFolder::BackupFolder(const std::string& folder) : m_folder(fs::absolute(fo
 BackupFolder::~BackupFolder()
 {
     if (m_lock >= 0)
-        ::close(m_lock); // and with it goes the lock
+        ::close(m_lock); // which releases the lock
 }
 
 bool BackupFolder::take(Fault& fault)
@@ -124,7 +124,7 @@ std::string BackupFolder::freeName(const QDateTime& when, Kind kind) const
         name += ".mdb";
         return name;
     };
-    // Never the name of one that has gone since, or the newest of a second would pass for its oldest.
+    // Never the number of a copy that was removed: the newest of a second would pass for its oldest.
     int number = 0;
     for (const Copy& copy : copies())
         if (copy.stamp == stamp && copy.kind == kind)
@@ -196,7 +196,7 @@ CopyProof BackupFolder::proofOf(const std::string& path)
     if (entries["sha256"] != fingerprint(path))
         proof.verdict = CopyProof::Changed;
     else
-        proof.verdict = proof.problems == 0 ? CopyProof::Proved : CopyProof::BooksDoNotHold;
+        proof.verdict = proof.problems == 0 ? CopyProof::Verified : CopyProof::BooksDoNotHold;
     return proof;
 }
 
@@ -205,20 +205,20 @@ std::vector<std::string> BackupFolder::rotate(int count, const std::string& newe
     std::vector<std::string> names;
     for (const Copy& copy : copies())
         names.push_back(copy.name);
-    // Where the computer's date was set back, the newest copy is not the last by name.
+    // After the computer's date was set back, the newest copy is not the last by name.
     if (const auto own = std::ranges::find(names, newest); own != names.end())
         std::rotate(own, own + 1, names.end());
-    const auto proved = std::find_if(names.rbegin(), names.rend(), [this](const std::string& name) {
-        return proofOf(pathOf(name)).verdict == CopyProof::Proved;
+    const auto verified = std::find_if(names.rbegin(), names.rend(), [this](const std::string& name) {
+        return proofOf(pathOf(name)).verdict == CopyProof::Verified;
     });
-    const std::string lastProved = proved == names.rend() ? std::string() : *proved;
+    const std::string lastVerified = verified == names.rend() ? std::string() : *verified;
     auto tooMany = std::ssize(names) - count;
     std::vector<std::string> gone;
     for (const std::string& name : names) {
         if (tooMany <= 0 || name == newest)
             break;
-        // The copy before its note, so that none is ever without one; a note alone means nothing.
-        if (name == lastProved || !removeFile(pathOf(name)))
+        // The copy before its note, so that no copy is ever without one; a note alone means nothing.
+        if (name == lastVerified || !removeFile(pathOf(name)))
             continue;
         (void)removeFile(pathOf(name + noteEnding));
         gone.push_back(name);

@@ -1,9 +1,10 @@
-// The folder that keeps a shop's copies: their dated names, the notes that say which of them are proved, and
-// which of them have to go. One file a copy, "trnvik-20261121-094500.mdb", and beside it its note under the
-// same name with ".proof" behind it. What a restore took the place of is kept there too, marked "-replaced".
+// The folder that keeps a shop's copies: their dated names, the notes that say which of them are verified,
+// and which are removed when there are too many. Each copy is one file, "trnvik-20261121-094500.mdb", with a
+// note beside it whose name has ".proof" appended. What a restore replaced is kept there too, marked
+// "-replaced".
 //
-// A copy has its name only from the moment on that it is whole, proved and on the disk. What a run that was
-// killed leaves ends in ".part", or is a note without its copy; it is no copy and goes with the next run.
+// A copy gets its name only when it is whole, checked and on the disk. What a killed run leaves ends in
+// ".part", or is a note without its copy; the next run removes it.
 #pragma once
 
 #include <string>
@@ -16,13 +17,13 @@
 
 namespace suisui {
 
-/// What the note of a copy says, and whether the copy is still what the note was written for.
+/// What the note of a copy says, and whether the copy is unchanged since the note was written.
 struct CopyProof
 {
-    enum Verdict { Proved, BooksDoNotHold, Changed, Unproved };
-    Verdict verdict = Unproved;
+    enum Verdict { Verified, BooksDoNotHold, Changed, Unverified };
+    Verdict verdict = Unverified;
     int figures = 0;  ///< stock figures that were compared
-    int problems = 0; ///< what did not hold in the books at the time
+    int problems = 0; ///< problems of the books at that time
 };
 
 class BackupFolder
@@ -34,27 +35,27 @@ public:
     {
         std::string name; ///< of the file, without folder
         std::string stamp;
-        int number = 1; ///< counts the copies of one second
+        int number = 1; ///< among the copies of the same second
         Kind kind = Kind::Regular;
     };
 
-    /// Nothing is made or touched yet.
+    /// Touches nothing on the disk.
     explicit BackupFolder(const std::string& folder);
     ~BackupFolder();
     BackupFolder(const BackupFolder&) = delete;
     BackupFolder& operator=(const BackupFolder&) = delete;
 
-    /// Makes the folder where it is missing, keeps other runs of this tool out of it until the object goes,
-    /// and clears away what a killed run has left. False, with the reason in \a fault, when that cannot be.
+    /// Creates the folder if it is missing, keeps other runs of this tool out of it for the life of the
+    /// object, and removes what a killed run left. False, with the reason in \a fault, when that fails.
     [[nodiscard]] bool take(Fault& fault);
 
     [[nodiscard]] std::string pathOf(const std::string& name) const { return m_folder + "/" + name; }
-    /// Where the next copy is written, aside. There is no such file.
+    /// Where the next copy is written before it has a name. After take() there is no such file.
     [[nodiscard]] std::string aside() const;
-    /// Gives the file aside its name, and the note first, so that what has a name has its note. Both are on
-    /// the disk when this returns. Empty, with the reason in \a fault, when that cannot be.
+    /// Names the file aside and returns that name. The note is written first, so that no named copy lacks its
+    /// note. Both are on the disk when this returns. Empty, with the reason in \a fault, when that fails.
     [[nodiscard]] std::string keep(const QDateTime& when, Kind kind, const CopyProof& proof, Fault& fault);
-    /// As keep, for a file that could not be read as a database: without a note, hence never proved.
+    /// As keep, for a file that could not be read as a database: without a note, hence never verified.
     [[nodiscard]] std::string keepUnread(const QDateTime& when, Fault& fault);
 
     /// All copies, oldest first.
@@ -62,8 +63,8 @@ public:
     /// Reads the copy and its note; the copy is not opened as a database.
     [[nodiscard]] static CopyProof proofOf(const std::string& path);
 
-    /// Removes the oldest, of whatever sort, until \a count are left. \a newest stays whatever its date, and
-    /// so does the newest proved copy, even as one too many. Returns the names that went.
+    /// Removes the oldest copies of either kind until \a count are left. \a newest stays whatever its date,
+    /// and so does the newest verified copy, even as one too many. Returns the removed names.
     std::vector<std::string> rotate(int count, const std::string& newest);
 
 private:

@@ -43,7 +43,7 @@ EngineError troubleOf(int code)
 EngineError troubleOf(const AppDB& db)
 {
     if (db.LastErrText() == notOpened)
-        return EngineError::ReadOnly; // the engine says no more; what is there needs the permission
+        return EngineError::ReadOnly; // the engine says no more: a file that is there lacks the permission
     int code = 0;
     const std::string& number = db.LastErrNo();
     std::from_chars(number.data(), number.data() + number.size(), code);

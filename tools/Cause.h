@@ -10,7 +10,7 @@ namespace suisui {
 
 class AppDB;
 
-/// Why something was not done, and of what sort that is, which says what can be done about it.
+/// Why something was not done, and the kind of trouble, which decides what can be done about it.
 struct Fault
 {
     Message why;
@@ -21,7 +21,7 @@ struct Fault
 [[nodiscard]] EngineError troubleOf(int code);
 /// What the last failure of \a db means.
 [[nodiscard]] EngineError troubleOf(const AppDB& db);
-/// The last failure of \a db, with what can be done about a damaged file.
+/// The last failure of \a db; for a damaged file also what to do about it.
 [[nodiscard]] Message causeOf(const AppDB& db);
 /// A kind of text that a column may be asked to hold ("date", "whole number").
 [[nodiscard]] Message kindNamed(std::string_view english);

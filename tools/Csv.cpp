@@ -12,7 +12,7 @@ void CsvReader::fault(const Place& place, const Phrase& what)
 std::optional<std::string> CsvReader::quotedField()
 {
     std::string field;
-    const Place open = here(); // where to look for what is wrong, when it runs on to the end of the file
+    const Place open = here(); // the place to report when the field runs on to the end of the file
     ++m_at;
     while (m_at < m_text.size()) {
         const char c = m_text[m_at];

@@ -16,7 +16,7 @@ class CsvReader
 public:
     explicit CsvReader(std::string_view text) : m_text(text) {}
 
-    /// Next record; nothing at the end or at a fault (see error()).
+    /// The next record; none at the end or after a fault (see error()).
     [[nodiscard]] std::optional<std::vector<std::string>> next();
     /// Line, counted from 1, on which the last record began.
     [[nodiscard]] int line() const { return m_recordLine; }

@@ -20,18 +20,17 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::string_view_literals;
 
-/// What a file of a database begins with: the engine's own, those of its journals, and those of older
-/// programs.
+/// The first bytes of the files of a database: the engine's own, its journals, and those of older programs.
 constexpr std::string_view beginnings[] = {
     "SQLite format 3\0"sv, "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7"sv, "\x37\x7F\x06\x82"sv,
     "\x37\x7F\x06\x83"sv,  "\0\1\0\0Standard Jet DB"sv,          "\0\1\0\0Standard ACE DB"sv,
     "sha256 "sv, // the note of a copy
 };
-/// Names that the engine takes for a part of the database beside them, and those of databases and notes.
+/// Endings of names that the engine takes for a part of a database, and those of databases and their notes.
 constexpr std::string_view endings[] = {"-journal", "-wal", "-shm", ".mdb", ".mdb.proof"};
 constexpr const char* foldersOfShop[] = {"DB", "db", "Ini", "backup"};
 
-/// The file that \a path leads to in the end, also where a link leads to nothing yet.
+/// The file that \a path leads to in the end, even when it is a link to a file that does not exist yet.
 fs::path whereItLeads(fs::path path)
 {
     constexpr int mostLinks = 40;
@@ -70,7 +69,7 @@ Message failed(const fs::path& file, int code)
     return {phrases::cannotWrite, {file.string(), systemReason(code)}};
 }
 
-/// Straight into a device or a pipe, which has no name to give.
+/// Writes into a device or a pipe, which cannot be replaced by a renamed file.
 Message pour(const fs::path& file, const std::string& text)
 {
     std::ofstream stream(file, std::ios::binary);
@@ -78,11 +77,12 @@ Message pour(const fs::path& file, const std::string& text)
     return stream.good() ? Message() : failed(file, errno);
 }
 
-/// \a text in a new file beside \a file, flushed. Empty when that cannot be, with the reason in errno.
+/// Writes \a text to a new file beside \a file and flushes it; returns its name. Empty, with the reason in
+/// errno, when that fails.
 std::string writtenAside(const fs::path& file, const std::string& text)
 {
     std::string aside = (file.parent_path() / ("." + file.filename().string() + ".XXXXXX")).string();
-    const int handle = ::mkostemp(aside.data(), 0); // for its owner's eyes alone
+    const int handle = ::mkostemp(aside.data(), 0); // readable by its owner alone
     if (handle < 0)
         return {};
     ::close(handle);

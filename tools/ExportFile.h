@@ -1,4 +1,4 @@
-// Where the rows of a table may be written to: never in the place of a database or of what belongs to one.
+// Where an export may write the rows of a table: never over a database or what belongs to one.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace suisui {
 
-/// Puts \a text into the file of the order: written aside, flushed and renamed. Empty when it went well, else
-/// why not; what was there is then as it was. A device or a pipe is written to as it is.
+/// Writes \a text to the file of the order: aside first, then flushed and renamed. Empty on success, else the
+/// reason; a file that was there is then unchanged. A device or a pipe is written to directly.
 [[nodiscard]] Message writeExport(const std::string& base, const ExportOrder& order, const std::string& text);
 
 } // namespace suisui

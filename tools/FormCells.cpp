@@ -50,8 +50,8 @@ bool wasRounded(std::string_view code)
            && code.find_first_not_of("0123456789", e + 2) == std::string_view::npos;
 }
 
-/// Whether all of \a text can be seen: no zero-width character, no mark of a word processor, nothing that a
-/// blank of a width of its own hides.
+/// Whether all of \a text can be seen: no zero-width characters, no control marks of a word processor, no
+/// blanks but the ordinary and the full-width one.
 bool isVisible(const QString& text)
 {
     constexpr char32_t wideBlank = U'\u3000';
@@ -84,7 +84,7 @@ QString halfWidth(const std::string& text)
     return half;
 }
 
-/// Why no scan can ever bring \a code as a goods code; empty when one can. \a cell is what the form has.
+/// Why no scan can ever be taken for the goods code \a code; empty when one can. \a cell is the form's text.
 std::string unscannable(const std::string& code, const std::string& cell)
 {
     const QString text = QString::fromStdString(code);
@@ -122,7 +122,7 @@ FormCell codeCell(const std::string& text, FormKind kind)
     return {.stored = std::move(code)};
 }
 
-/// Movement numbers are whole, so a default quantity with a fraction would be booked as another one.
+/// Movement numbers are whole, so a default quantity with a fraction would be booked as another number.
 FormCell wholeCell(std::string stored, const std::string& text)
 {
     const std::size_t point = stored.find('.');
@@ -161,7 +161,7 @@ FormCell flagCell(const std::string& text)
     return {.stored = {}, .fault = "「" + text + "」は使えません。「1」を入れるか、空けておいて下さい"};
 }
 
-/// A quote in a copied name would stop the saving of history one day.
+/// A name is copied into movements; a quote in it would make saving a period fail one day.
 FormCell textCell(const std::string& text)
 {
     if (text.find('\'') != std::string::npos)

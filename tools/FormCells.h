@@ -1,4 +1,4 @@
-// What stands in the forms of a shop: which form fills which table, its headings, and what a cell may hold.
+// The forms that a shop fills in: which form fills which table, its headings, and what a cell may hold.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@ namespace suisui {
 
 enum class FormKind {
     Code,
-    GoodsCode, ///< a code that a reader is to bring as it stands
+    GoodsCode, ///< a code that a reader must be able to send
     Text,
     Number,
     Whole, ///< a number without a fraction
@@ -35,10 +35,10 @@ struct Form
     std::string_view what;
     const TableDef& table;
     std::span<const FormField> fields;
-    bool partsOfTheCode = false; ///< several rows of one code are its parts
+    bool partsOfTheCode = false; ///< a code has several rows, one for each of its parts
 };
 
-/// What is to be stored of a cell, or in Japanese, to be read behind the heading, why nothing can be.
+/// What to store for a cell, or the reason why it cannot be stored: in Japanese, to follow the heading.
 struct FormCell
 {
     std::optional<std::string> stored;
@@ -48,7 +48,7 @@ struct FormCell
 [[nodiscard]] std::span<const Form> allForms();
 [[nodiscard]] FormCell formCell(const Form& form, const FormField& field, const std::string& text);
 
-/// Without blanks around it and with full-width letters and digits made half-width, as readers and keys send
+/// \a text without blanks around it and with half-width letters and digits, as readers and keyboards send
 /// them.
 [[nodiscard]] std::string plainText(const std::string& text);
 

@@ -13,12 +13,12 @@ namespace suisui {
 namespace {
 
 constexpr int notThere = -1;
-constexpr std::size_t neededFields = 2; // the code and what it is called
+constexpr std::size_t neededFields = 2; // the code and its name
 
-/// The bytes of a form as UTF-8; nothing when they are neither that nor code page 932.
+/// The bytes of a form as UTF-8; none when they are neither UTF-8 nor code page 932.
 std::optional<std::string> decoded(std::string bytes)
 {
-    // Stateless: a file that ends inside a letter is not UTF-8 either.
+    // Stateless, so that a file that ends inside a character is not taken for UTF-8.
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = utf8(bytes);
     if (utf8.hasError() || text.contains(QChar::ReplacementCharacter)) {
@@ -31,8 +31,8 @@ std::optional<std::string> decoded(std::string bytes)
     return bytes;
 }
 
-/// For each field its place in the records; empty at a fault. A field that the form lacks stays as the
-/// database has it.
+/// For each field its place in the records; empty after a fault. Fields whose column is missing from the file
+/// stay as they are in the database.
 std::vector<int> placesOf(const std::vector<std::string>& headings, const Form& form, FormFaults& faults)
 {
     std::vector<int> places(form.fields.size(), notThere);

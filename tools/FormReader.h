@@ -1,4 +1,4 @@
-// Reading a form of the shop: its bytes, its headings, its lines.
+// Reading a form that the shop has filled in: its encoding, its headings, its lines.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ namespace suisui {
 
 inline constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF"; ///< by which spreadsheets know UTF-8
 
-/// What is wrong with a form, collected with its name and the line at hand.
+/// Collects what is wrong with a form, each fault with the name of the form and the current line.
 class FormFaults
 {
 public:
@@ -20,7 +20,7 @@ public:
     {
     }
 
-    /// The line that what follows is about; 0: the form as a whole.
+    /// The line of the faults that follow; 0: the form as a whole.
     void atLine(int line) { m_line = line; }
     [[nodiscard]] int line() const { return m_line; }
     void add(const std::string& what);
@@ -42,8 +42,7 @@ public:
     FormRows(const FormRows&) = delete;
     FormRows& operator=(const FormRows&) = delete;
 
-    /// \a cells: one for each field of the form, as they stand in the file; nothing where the form has no
-    /// such column.
+    /// \a cells: one for each field of the form, as in the file; none where the file has no such column.
     virtual void take(const std::vector<std::optional<std::string>>& cells) = 0;
     /// All lines have been taken.
     virtual void finish() {}

@@ -89,7 +89,7 @@ void CodeRows::take(const FormCells& cells)
         store(texts);
 }
 
-/// Makes the row of \a code the one of m_rows; false when the table has none.
+/// Reads the row of \a code into m_rows; false when the table has none.
 bool CodeRows::select(const std::string& code)
 {
     if (m_rows.Select(whereCode(code)) == 1)
@@ -98,7 +98,7 @@ bool CodeRows::select(const std::string& code)
     return false;
 }
 
-/// The code of a line, and its row if there is one. A code that the table has as it stands needs no look.
+/// Finds the code of a line, and its row if there is one. A code that the table already has is not checked.
 bool CodeRows::findRow(const std::string& cell, std::string& code)
 {
     code = cell;
@@ -119,7 +119,7 @@ bool CodeRows::findRow(const std::string& cell, std::string& code)
     return whole.empty();
 }
 
-/// Whether no line before has said something about this code.
+/// Whether no earlier line has this code.
 bool CodeRows::isFirstOf(const std::string& code)
 {
     const auto [line, first] = m_lines.emplace(foldedCode(code), m_faults.line());
@@ -176,7 +176,7 @@ void PartRows::take(const FormCells& cells)
         takePart(product, cells);
 }
 
-/// Whether the table says what the line says; then that row stays as it is.
+/// Whether the table already has what the line says; that row then stays unchanged.
 bool PartRows::takeStored(Product& product, const std::string& part, const std::string& count)
 {
     const auto same = std::ranges::find_if(product.stored, [&](const Part& stored) {
@@ -211,7 +211,7 @@ void PartRows::takePart(Product* product, const FormCells& cells)
              .quantity = *count.stored});
 }
 
-/// A line with a product alone: it has no parts any more.
+/// A line with a product alone: the product no longer has parts.
 void PartRows::takeNone(Product& product)
 {
     if (product.stored.empty() && !isKnown(0, product.code))
@@ -220,7 +220,7 @@ void PartRows::takeNone(Product& product)
     expectNoMix(product);
 }
 
-/// A line that says that there are no parts does not go with a line that names one.
+/// A line that says that there are no parts contradicts one that names a part.
 void PartRows::expectNoMix(const Product& product)
 {
     if (product.lines.size() < 2 || !product.lines.contains({}))
@@ -234,7 +234,7 @@ void PartRows::expectNoMix(const Product& product)
 /// The product of a line with the parts that it has; null at a fault.
 PartRows::Product* PartRows::productOf(const std::string& cell)
 {
-    // A product of the table as it stands needs no look at its code.
+    // The code of a product that the table already has is not checked.
     std::string code = cell;
     if (m_rows.Select(whereCode(cell)) <= 0) {
         FormCell checked = formCell(m_form, m_form.fields[0], cell);
@@ -257,7 +257,7 @@ PartRows::Product* PartRows::productOf(const std::string& cell)
     return &product;
 }
 
-/// Whether \a part can be one of \a product: both are goods, and not the same.
+/// Whether \a part can be a part of \a product: both are registered goods, and not the same.
 bool PartRows::isSound(const Product& product, const std::string& part)
 {
     const bool productKnown = isKnown(0, product.code);
@@ -287,7 +287,7 @@ void PartRows::finish()
             return m_faults.add(cannotWrite);
 }
 
-/// Makes the table say what the form says. A row that stays keeps what else the table holds of it.
+/// Writes what the form says to the table. A row that stays keeps its other columns.
 bool PartRows::write(Product& product)
 {
     if (!writeStored(product))
@@ -307,7 +307,7 @@ bool PartRows::write(Product& product)
     return true;
 }
 
-/// What the table has already: left alone, changed, or taken out.
+/// The rows that the table already has: left alone, changed, or removed.
 bool PartRows::writeStored(Product& product)
 {
     if (m_rows.Select(whereCode(product.code)) != static_cast<int>(product.stored.size()))
@@ -322,7 +322,7 @@ bool PartRows::writeStored(Product& product)
             return !part.settled && foldedCode(part.code) == foldedCode(stored.code);
         });
         if (wanted == product.wanted.end()) {
-            if (m_rows.DeleteRow(row) != 0) // those behind it move up
+            if (m_rows.DeleteRow(row) != 0) // the following rows move up
                 return false;
             ++m_removed;
             continue;

@@ -1,5 +1,5 @@
-// What the lines of a form do to the tables. Whatever a form says that the database says as well is never a
-// fault, however odd: a form that the program has written itself can always be taken over again.
+// What the lines of a form do to the tables. What the database already has is never a fault, however odd, so
+// a form that the program wrote itself can always be taken over again.
 #pragma once
 
 #include <map>
@@ -12,7 +12,7 @@ namespace suisui {
 
 using FormCells = std::vector<std::optional<std::string>>;
 
-/// Codes whose zeros a spreadsheet may have taken away: "1" where there is a "01".
+/// Finds codes whose leading zeros a spreadsheet may have removed: "1" where there is a "01".
 class LeadingZeros
 {
 public:
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] std::string lostBy(std::string_view code) const;
 
 private:
-    std::multimap<std::string, std::string, std::less<>> m_codes; ///< by what is left without the zeros
+    std::multimap<std::string, std::string, std::less<>> m_codes; ///< by the code without its zeros
 };
 
 /// Staff, partners, goods: one row for each code.
@@ -42,15 +42,15 @@ private:
 
     const Form& m_form;
     FormFaults& m_faults;
-    RowSet m_rows; ///< the row of the line at hand, if the table has one
+    RowSet m_rows; ///< the row of the current line, if the table has one
     LeadingZeros m_zeros;
-    std::map<std::string, int> m_lines; ///< of each code
+    std::map<std::string, int> m_lines; ///< line of each code
     int m_added = 0;
     int m_changed = 0;
 };
 
-/// What goods are made of: the lines of a product are all of its parts, a line without a part says that there
-/// are none.
+/// What goods are made of: the lines of a product name all its parts; a line without a part says that it has
+/// none.
 class PartRows : public FormRows
 {
 public:
@@ -65,14 +65,14 @@ private:
         std::string product; ///< as its line or row has it
         std::string code;
         std::string quantity;
-        bool settled = false; ///< has its counterpart on the other side
+        bool settled = false; ///< its counterpart in the form, or in the table, has been found
     };
     struct Product
     {
         std::string code;
         std::vector<Part> stored;         ///< what the table says, in its order
         std::vector<Part> wanted;         ///< what the form says
-        std::map<std::string, int> lines; ///< of each part; "" a line without a part
+        std::map<std::string, int> lines; ///< line of each part; "" for a line without a part
     };
 
     [[nodiscard]] Product* productOf(const std::string& cell);

@@ -54,7 +54,7 @@ std::string filledForm(AppDB& db, const Form& form)
     return text;
 }
 
-/// A new file, written aside, so that a form is there whole or not at all.
+/// Writes a new file, aside first, so that a form is there whole or not at all.
 bool writeNew(const std::string& path, const std::string& bytes)
 {
     const std::string aside = path + ".part";
@@ -76,7 +76,7 @@ bool openShop(AppDB& db, const std::string& base, std::ostream& err)
     return false;
 }
 
-/// Pending until the caller's Commit. Returns what it has come to.
+/// Takes over one form, pending until the caller's Commit. Returns the summary for the operator.
 std::string takeForm(AppDB& db, const Form& form, const std::optional<std::string>& bytes, FormFaults& faults)
 {
     if (!bytes) {

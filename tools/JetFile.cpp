@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char* damaged = "the file is damaged and cannot be read to its end";
 
-/// Takes the records apart; whatever is not as it should be makes the rest empty.
+/// Splits the output into records; anything unexpected makes the rest empty.
 class Records
 {
 public:
@@ -64,11 +64,11 @@ private:
     bool m_good = true;
 };
 
-/// What the reading process may use: a file that keeps it longer leads it round in circles.
+/// Limits the reading process: a file that keeps it longer leads it in circles.
 void limitReading(std::uintmax_t bytes)
 {
     constexpr rlim_t seconds = 60;
-    constexpr rlim_t bytesASecond = 200000; // a tenth of what a slow machine reads
+    constexpr rlim_t bytesASecond = 200000; // a tenth of what a slow computer reads
     const rlimit noCore{0, 0};
     const rlimit time{seconds + bytes / bytesASecond, seconds + bytes / bytesASecond};
     ::setrlimit(RLIMIT_CORE, &noCore);
@@ -89,7 +89,7 @@ std::string readAll(int from)
     }
 }
 
-/// What a process of its own reads of the file; false when it did not come to its end.
+/// Has a separate process read the file; false when that did not end well.
 bool readApart(const std::string& path, std::span<const std::string_view> tables, std::string& bytes)
 {
     std::array<int, 2> ends{};
@@ -110,7 +110,7 @@ bool readApart(const std::string& path, std::span<const std::string_view> tables
     return reader > 0 && WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
 }
 
-/// The next row of \a columns columns.
+/// Reads the next row, of \a columns columns.
 void takeRow(Records& records, std::size_t columns, JetFile::Row& row)
 {
     ++row.number;
@@ -136,7 +136,7 @@ bool JetFile::open(const std::string& path, std::span<const std::string_view> ta
     return readApart(path, tables, m_bytes) && index(why);
 }
 
-/// Where the rows of each table begin.
+/// Finds where the rows of each table begin.
 bool JetFile::index(std::string& why)
 {
     Records records(m_bytes);

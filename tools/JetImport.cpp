@@ -49,7 +49,7 @@ struct Report
     }
 };
 
-/// For each column of \a ours its place in \a theirs.
+/// For each column of \a ours its position in \a theirs.
 std::vector<int> placesOf(const TableDef& ours, const JetFile::Table& theirs, Report& report)
 {
     const auto width = static_cast<int>(theirs.columns.size());
@@ -78,7 +78,7 @@ std::vector<int> placesOf(const TableDef& ours, const JetFile::Table& theirs, Re
     return places;
 }
 
-/// Columns of \a theirs that have no place here.
+/// Columns of \a theirs that no column here takes.
 std::vector<int> leftOver(const JetFile::Table& theirs, const std::vector<int>& places)
 {
     std::vector<int> left;
@@ -88,7 +88,7 @@ std::vector<int> leftOver(const JetFile::Table& theirs, const std::vector<int>& 
     return left;
 }
 
-/// Carries one table over.
+/// Imports one table.
 class TableCarrier
 {
 public:
@@ -150,20 +150,20 @@ private:
             return false;
         };
         if (place != notThere && std::ranges::find(row.broken, place) != row.broken.end())
-            return refuse("is no text");
+            return refuse("is not text");
         if (std::ranges::any_of(text, isControl)) {
-            // Said, but no reason to leave a whole movement behind for a line break in its remark.
+            // Reported, but a line break in a remark is no reason to lose the whole movement.
             std::ranges::replace_if(text, isControl, ' ');
             (void)refuse("has control characters, here as blanks");
         }
         const auto stored = asStored(m_ours.name, name, text);
         if (!stored)
-            return refuse("is no " + std::string(meaningOf(m_ours.name, name)));
+            return refuse("is not a " + std::string(meaningOf(m_ours.name, name)));
         m_rows.set(1, static_cast<int>(column), *stored);
         return true;
     }
 
-    /// The columns of the unique key with the texts of the row at hand.
+    /// The columns of the unique key with the texts of the current row.
     [[nodiscard]] std::string keyOf() const
     {
         std::string key;
@@ -183,7 +183,7 @@ private:
     RowSet m_rows;
     std::vector<int> m_places;
     std::vector<int> m_leftOver;
-    std::vector<int> m_lost; ///< rows with a text, by column of theirs
+    std::vector<int> m_lost; ///< number of rows with a text, by column of theirs
     int m_carried = 0;
 };
 
@@ -198,7 +198,7 @@ void carryTable(const JetFile& file, AppDB& db, const TableDef& table, Report& r
     carrier.finish(file.read(theirs, [&carrier](const JetFile::Row& row) { carrier.carry(row); }));
 }
 
-/// Fills the new database \a aside. Empty when that went through, else what failed.
+/// Fills the new database \a aside. Empty on success, else what failed.
 std::string fill(const JetFile& file, const std::string& aside, Report& report)
 {
     std::string why;

@@ -21,8 +21,8 @@ namespace suisui {
 
 namespace {
 
-constexpr std::uintmax_t smallestRow = 4; // bytes on its page, with the entry that says where it is
-constexpr std::size_t widestText = 65536; // bytes of a column as UTF-8, its end included
+constexpr std::uintmax_t smallestRow = 4; // bytes on its page, with the entry that points to it
+constexpr std::size_t widestText = 65536; // bytes of a column as UTF-8, with the terminating zero
 
 struct CloseTable
 {
@@ -48,7 +48,7 @@ bool isReadable(int type)
     }
 }
 
-/// The bytes behind \a text, which the library has read one letter a byte.
+/// The original bytes of \a text, of which the library has made one character each.
 std::string bytesOf(std::string_view text)
 {
     std::string bytes;
@@ -65,15 +65,15 @@ std::string bytesOf(std::string_view text)
     return bytes;
 }
 
-/// A text of the newer format as UTF-8. The library takes a letter beyond the first plane, and half of one,
-/// for question marks, so the bytes are decoded here; what is no letter becomes U+FFFD.
+/// A text of the newer format as UTF-8. The library makes question marks of characters beyond the first plane
+/// and of lone surrogates, so the bytes are decoded here; what is not a character becomes U+FFFD.
 std::string fromUtf16(std::span<const unsigned char> bytes)
 {
     const bool packed = bytes.size() >= 2 && bytes[0] == 0xFFU && bytes[1] == 0xFEU;
     bool oneByte = packed;
     QString text;
     for (std::size_t i = packed ? 2 : 0; i < bytes.size();) {
-        if (packed && bytes[i] == 0) { // from here on in the other width
+        if (packed && bytes[i] == 0) { // switches between one and two bytes a character
             oneByte = !oneByte;
             ++i;
             continue;
@@ -112,7 +112,7 @@ const MdbColumn* columnAt(const MdbTableDef& table, unsigned int column)
     return static_cast<const MdbColumn*>(g_ptr_array_index(table.columns, column));
 }
 
-/// Room for the texts of a row, tied to the library's table.
+/// Buffers for the texts of a row, bound to the library's table.
 class Row
 {
 public:
@@ -143,7 +143,7 @@ public:
         }
     }
 
-    /// Whether the file ends before the row at hand does. The library reads on in what it takes for zeros.
+    /// Whether the file ends before the current row does. The library reads zeros beyond the end.
     [[nodiscard]] bool isCutOff() const
     {
         MdbHandle* const file = m_table.entry->mdb;
@@ -152,14 +152,14 @@ public:
         if (m_table.cur_row == 0
             || mdb_find_row(file, static_cast<int>(m_table.cur_row) - 1, &start, &length) != 0)
             return true;
-        constexpr unsigned offset = 0x1FFF; // above it stand flags
+        constexpr unsigned offset = 0x1FFF; // the bits above are flags
         const auto page = static_cast<std::uintmax_t>(m_table.cur_phys_pg)
                           * static_cast<std::uintmax_t>(file->fmt->pg_size);
         return page + (static_cast<unsigned>(start) & offset) + length > m_fileSize;
     }
 
 private:
-    /// A column of the row at hand as it lies in the file.
+    /// The bytes of a column of the current row, as in the file.
     [[nodiscard]] std::span<const unsigned char> storedBytes(const MdbColumn& column) const
     {
         const std::span<const unsigned char> page(m_table.entry->mdb->pg_buf);
@@ -219,7 +219,8 @@ private:
     std::string m_bytes;
 };
 
-/// False when there are more rows than \a fileSize bytes can hold: a page then leads back to itself.
+/// Writes all rows of \a table. False when there are more than \a fileSize bytes can hold, since a page then
+/// leads back to itself, or when they cannot be written.
 bool writeRows(Writing& out, MdbTableDef& table, std::uintmax_t fileSize)
 {
     constexpr std::size_t piece = 65536;
@@ -264,13 +265,13 @@ bool writeJetTables(int to, const std::string& path, std::span<const std::string
         out << JetMark::Refused << why;
         return out.flush();
     };
-    // The library takes a byte of the older format that it cannot read for a question mark. Read one letter a
-    // byte, the text is ours to decode, and what is no text is seen.
+    // In texts of the older format the library makes question marks of bytes that it cannot decode. As
+    // ISO-8859-1 every byte survives, so that the text is decoded here and broken bytes are noticed.
     ::setenv("MDB_JET3_CHARSET", "ISO-8859-1", 1);
     ::setenv("MDBICONV", "UTF-8", 1);
     MdbHandle* file = mdb_open(path.c_str(), MDB_NOFLAGS);
     if (file == nullptr)
-        return refuse("this is no Jet database");
+        return refuse("this is not a Jet database");
     if (file->f->jet_version != MDB_VER_JET3 && file->f->jet_version != MDB_VER_JET4)
         return refuse("this is neither a Jet 3 nor a Jet 4 database");
     if (mdb_read_catalog(file, MDB_TABLE) == nullptr)

@@ -1,6 +1,6 @@
-// The part of reading a Jet database that works with the library for it. The library trusts its files: a
-// damaged one may crash it or keep it for ever. So it runs in a process of its own, which writes down what it
-// has read and ends; see JetFile.
+// The part of reading a Jet database that uses the library for it. The library trusts its files: a damaged
+// one may crash it or keep it busy for ever. So it runs in a separate process, which writes out what it has
+// read and ends; see JetFile.
 #pragma once
 
 #include <span>
@@ -9,14 +9,15 @@
 
 namespace suisui {
 
-/// What begins each record of the writing. Numbers are 32 bits of this machine, texts their length and bytes.
+/// The first byte of each record, which says what follows. A number has 32 bits in the order of this machine,
+/// a text is its length and its bytes.
 enum class JetMark : char {
     Refused = 'W', ///< why, a text; nothing follows
-    Table = 'T',  ///< name, rows that the file speaks of, number of columns, for each its name and whether it
-                  ///< is readable
-    Row = 'R',    ///< of the table before: 1 when the file ends before the row does, otherwise 0; a text for
-                  ///< each column, number of broken columns, their places
-    CutOff = 'C', ///< so many bytes that the last page lacks; before the end
+    Table = 'T',   ///< name, number of rows that the file declares, number of columns, for each its name and
+                   ///< whether it is readable
+    Row = 'R', ///< of the preceding table: 1 when the file ends before the row does, otherwise 0; a text for
+               ///< each column, number of broken columns, their positions
+    CutOff = 'C', ///< number of bytes that the last page lacks; before End
     End = 'E',    ///< everything has been read
 };
 

@@ -21,13 +21,13 @@ std::string_view trimmed(std::string_view text)
 
 std::optional<double> number(std::string_view text)
 {
-    // Nothing but digits, a sign and a point: what else counts as a number somewhere is a guess here.
+    // Only digits, a sign and a point: reading anything else as a number would be a guess.
     if (text.find_first_not_of("0123456789.-") != std::string_view::npos)
         return std::nullopt;
     return toNumber(text);
 }
 
-/// Seven digits or more, a sign in front; whole.
+/// A whole number of seven digits or more, with a sign in front if it is negative.
 std::optional<std::string> movementNumber(std::string_view text)
 {
     const std::string_view digits = trimmed(text);
@@ -37,7 +37,7 @@ std::optional<std::string> movementNumber(std::string_view text)
     if (!value || *value != std::round(*value) || std::abs(*value) > 1e15)
         return std::nullopt;
     std::string whole = std::to_string(static_cast<long long>(std::abs(*value)));
-    // As long as it was: more zeros than usual are no reason to change a text.
+    // More zeros than usual are kept: they are no reason to change a text.
     const std::size_t length = std::max<std::size_t>(
         7, digits.find('.') == std::string_view::npos ? digits.size() - (digits.front() == '-' ? 1 : 0) : 0);
     if (whole.size() < length)
@@ -53,14 +53,14 @@ std::optional<std::string> stockNumber(std::string_view text)
     return number(digits) ? std::optional<std::string>(digits) : std::nullopt;
 }
 
-/// A number that may be missing: master data.
+/// A number that may be missing, as in master data.
 std::optional<std::string> maybeNumber(std::string_view text)
 {
     const std::string_view digits = trimmed(text);
     return digits.empty() || number(digits) ? std::optional<std::string>(digits) : std::nullopt;
 }
 
-/// The digits of \a text without what separates them; nothing when there are others than \a length.
+/// The digits of \a text without separators; none when there are not \a length of them, or other characters.
 std::optional<std::string> digitsOf(std::string_view text, std::size_t length)
 {
     std::string digits;
@@ -110,7 +110,7 @@ std::optional<std::string> timeStamp(std::string_view text)
                                                                                         : std::nullopt;
 }
 
-/// Any text but none at all: a row without a code can be neither found nor chosen.
+/// Any text but an empty one: a row without a code can be neither found nor chosen.
 std::optional<std::string> code(std::string_view text)
 {
     return trimmed(text).empty() ? std::nullopt : std::optional<std::string>(text);

@@ -1,4 +1,4 @@
-// Texts of older databases in the forms that the tables here hold.
+// Brings texts from elsewhere (older databases, CSV files) into the format that the tables hold.
 #pragma once
 
 #include <optional>
@@ -7,12 +7,12 @@
 
 namespace suisui {
 
-/// \a text as column \a column of the table named \a table holds it; nothing when it cannot be one. Columns
-/// that are plain texts take everything.
+/// \a text in the format of column \a column of the table named \a table; none when it cannot be one. Columns
+/// of plain text take anything.
 [[nodiscard]] std::optional<std::string> asStored(std::string_view table, std::string_view column,
                                                   std::string_view text);
 
-/// What the column is to hold, for a message ("date", "movement number"); empty for a plain text.
+/// What the column holds, for a message ("date", "whole number"); empty for plain text.
 [[nodiscard]] std::string_view meaningOf(std::string_view table, std::string_view column);
 
 } // namespace suisui

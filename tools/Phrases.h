@@ -1,4 +1,5 @@
-// Every text of the data tool, in both languages side by side. See Texts.h.
+// The texts of the data tool, in both languages side by side; see Texts.h. Messages about forms are not here:
+// they are always in Japanese.
 #pragma once
 
 #include "tools/Texts.h"
@@ -25,12 +26,12 @@ inline constexpr Phrase busyDatabase{"another program holds it ({1})", "ほか�
 inline constexpr Phrase readOnlyDatabase{"it cannot be written to ({1})", "書き込めません（{1}）"};
 inline constexpr Phrase fullDisk{"no space left ({1})", "ディスクの空き容量が足りません（{1}）"};
 inline constexpr Phrase engineFailed{"{1}", "データベースの処理に失敗しました（{1}）"};
-/// The store's own words, which come in English.
+/// Messages of the store, which are in English.
 inline constexpr Phrase causes[] = {
     {"it cannot be written to", "書き込めません"},
-    {"this is no whole database of the program, or one of a newer version",
+    {"this is not a whole database of the program, or is one of a newer version",
      "このプログラムの完全なデータベースではないか、新しい版のデータベースです"},
-    {"this is no whole database of the program", "このプログラムの完全なデータベースではありません"},
+    {"this is not a whole database of the program", "このプログラムの完全なデータベースではありません"},
     {"the row was changed or deleted meanwhile", "その行は、ほかで変更または削除されました"},
 };
 
@@ -46,12 +47,12 @@ inline constexpr Phrase kinds[] = {
     {"time stamp", "日時"},
 };
 
-// ---- what the reader of Jet files says: it is a process of its own and knows one language
+// ---- messages of reading and importing a Jet file, which are put together in English
 
 inline constexpr Phrase jetReasons[] = {
     {"there is no such table", "この表がありません"},
     {"there is no such file", "ファイルがありません"},
-    {"this is no Jet database", "Jet（Access）のデータベースではありません"},
+    {"this is not a Jet database", "Jet（Access）のデータベースではありません"},
     {"this is neither a Jet 3 nor a Jet 4 database",
      "Jet 3、Jet 4（Access 97～2003）のデータベースではありません"},
     {"its list of tables cannot be read", "表の一覧を読めません"},
@@ -67,8 +68,8 @@ inline constexpr Phrase jetReasons[] = {
     {"the file has {1} rows, {2} can be read", "ファイルには {1} 行ありますが、{2} 行しか読めません"},
     {"{1} \"{2}\" has control characters, here as blanks",
      "{1} の「{2}」に制御文字があります（空白にしました）"},
-    {"{1} \"{2}\" is no text", "{1} の「{2}」は文字として読めません"},
-    {"{1} \"{2}\" is no {3}", "{1} の「{2}」は{3}ではありません"},
+    {"{1} \"{2}\" is not text", "{1} の「{2}」は文字として読めません"},
+    {"{1} \"{2}\" is not a {3}", "{1} の「{2}」は{3}ではありません"},
     {"{1} cannot be flushed", "{1} をディスクに書き終えられません"},
     {"{1} cannot be written", "{1} に書けません"},
     {"{1} is there already, and an import makes a new one: move it away first",
@@ -77,7 +78,7 @@ inline constexpr Phrase jetReasons[] = {
 inline constexpr Phrase jetPlaces[] = {{"books", "帳簿"}, {"file", "ファイル"}};
 inline constexpr Phrase ofTable{"{1}: {2}\n", "{1}：{2}\n"};
 inline constexpr Phrase ofRow{"{1} row {2}: {3}\n", "{1} の {2} 行目：{3}\n"};
-inline constexpr Phrase columnByPlace{"{1}: column {2} is their {3}, by its place\n",
+inline constexpr Phrase columnByPlace{"{1}: column {2} is taken from {3}, by its position\n",
                                       "{1}：列 {2} は、位置から「{3}」とみなしました\n"};
 inline constexpr Phrase rowsCarried{"{1}: {2} of {3} rows\n", "{1}：{3} 行のうち {2} 行\n"};
 inline constexpr Phrase nothingWritten{"{1}: {2}; nothing was written", "{1}：{2}。何も作っていません"};
@@ -126,11 +127,11 @@ inline constexpr Phrase oldMacLines{
     "改行が古い Macintosh の形式（CR だけ）です。表計算ソフトで開き、「CSV UTF-8」または Windows の CSV "
     "として保存し直して下さい"};
 inline constexpr Phrase noColumn{"no column \"{1}\" in {2}", "列「{1}」は {2} にありません"};
-inline constexpr Phrase columnTwice{"column \"{1}\" stands there twice", "列「{1}」が二つあります"};
-inline constexpr Phrase notThatKind{"column {1}: \"{2}\" is no {3}", "列 {1}：「{2}」は{3}ではありません"};
-inline constexpr Phrase notUtf8{"no text in UTF-8 (a file in code page 932 needs --cp932)",
+inline constexpr Phrase columnTwice{"column \"{1}\" is there twice", "列「{1}」が二つあります"};
+inline constexpr Phrase notThatKind{"column {1}: \"{2}\" is not a {3}", "列 {1}：「{2}」は{3}ではありません"};
+inline constexpr Phrase notUtf8{"not text in UTF-8 (a file in code page 932 needs --cp932)",
                                 "UTF-8 の文字ではありません（シフト JIS のファイルには --cp932 を付けます）"};
-inline constexpr Phrase notCp932{"no text in code page 932", "シフト JIS（CP932）の文字ではありません"};
+inline constexpr Phrase notCp932{"not text in code page 932", "シフト JIS（CP932）の文字ではありません"};
 inline constexpr Phrase fileIsEmpty{"the file is empty", "ファイルに何も書かれていません"};
 inline constexpr Phrase fieldCount{"{1} fields instead of {2}", "欄が {2} 個でなく {1} 個あります"};
 inline constexpr Phrase keyThere{"this key is there already", "同じコードの行がすでにあります"};
@@ -156,8 +157,8 @@ inline constexpr Phrase fileUnreadable{"the file cannot be read: {1}", "ファ�
 inline constexpr Phrase fileDamaged{"the file is damaged: {1}", "ファイルが壊れています：{1}"};
 inline constexpr Phrase tableUnreadable{"table {1} cannot be read: {2}", "表 {1} を読めません：{2}"};
 inline constexpr Phrase cellOf{"{1} row {2} {3} \"{4}\"", "{1} の {2} 行目、{3} の「{4}」"};
-inline constexpr Phrase isNoText{"{1} is no text", "{1}は文字として読めません"};
-inline constexpr Phrase isNo{"{1} is no {2}", "{1}は{2}ではありません"};
+inline constexpr Phrase isNotText{"{1} is not text", "{1}は文字として読めません"};
+inline constexpr Phrase isNot{"{1} is not a {2}", "{1}は{2}ではありません"};
 inline constexpr Phrase stockDiffers{"stock of {1} is {2}, its movements make {3}",
                                      "{1} の在庫数は {2} ですが、入出荷の記録では {3} です"};
 inline constexpr Phrase noStockRow{"no stock row for {1}, its movements make {2}",
@@ -173,7 +174,7 @@ inline constexpr Phrase othersHold{"another program holds {1}", "{1} をほか�
 inline constexpr Phrase copyNotOpened{"the copy cannot be opened: {1}", "写しを開けません：{1}"};
 inline constexpr Phrase copyDiffers{"the copy is not what was copied",
                                     "写しが元のデータベースと同じではありません"};
-inline constexpr Phrase atWorkThere{"{1}: another backup or restore is at work there",
+inline constexpr Phrase atWorkThere{"{1}: another backup or restore is running there",
                                     "{1} で、ほかの写しの作成か復元が行われています"};
 inline constexpr Phrase leftOver{"{1} is left from a run that was cut short and cannot be removed",
                                  "{1} は途中で止まった処理の残りですが、消せません"};
@@ -181,26 +182,26 @@ inline constexpr Phrase notWritten{"{1} cannot be written", "{1} に書けませ
 inline constexpr Phrase notFlushed{"{1} cannot be flushed", "{1} をディスクに書き終えられません"};
 inline constexpr Phrase notRemoved{"{1} cannot be removed", "{1} を消せません"};
 inline constexpr Phrase notReplaced{"{1} cannot be replaced", "{1} を置き換えられません"};
-inline constexpr Phrase proved{"proved, {1} stock figures", "検証済み、在庫数 {1} 件"};
+inline constexpr Phrase verified{"verified, {1} stock figures", "検証済み、在庫数 {1} 件"};
 inline constexpr Phrase booksDoNotHold{"a true copy, but its books have {1} problems",
                                        "正しい写しですが、記録に {1} 件の問題があります"};
-inline constexpr Phrase notToBeUsed{"NOT TO BE USED: it has changed since it was proved",
+inline constexpr Phrase notToBeUsed{"NOT TO BE USED: it has changed since it was verified",
                                     "使えません：検証した後で変わっています"};
-inline constexpr Phrase notProved{"not proved", "検証されていません"};
+inline constexpr Phrase notVerified{"not verified", "検証されていません"};
 inline constexpr Phrase madeCopy{"{1}  {2}\n", "{1}  {2}\n"};
 inline constexpr Phrase removedCopy{"removed {1}\n", "{1} を消しました\n"};
 inline constexpr Phrase listedCopy{"{1}  {2} bytes  {3}{4}\n", "{1}  {2} バイト  {3}{4}\n"};
 inline constexpr Phrase keptByRestore{", kept by a restore", "、復元のときに残したもの"};
-inline constexpr Phrase provedCount{"{1} proved copies in {2}\n", "検証済みの写しは {1} 個：{2}\n"};
+inline constexpr Phrase verifiedCount{"{1} verified copies in {2}\n", "検証済みの写しは {1} 個：{2}\n"};
 inline constexpr Phrase noShopToCopy{"no database in {1}; nothing to copy\n",
                                      "{1} にデータベースがないので、写しは作りません\n"};
 
 // ---- restore
 
 inline constexpr Phrase isNotThere{"{1} is not there", "{1} はありません"};
-inline constexpr Phrase notFinished{"{1} is no finished copy: it has a {2}",
+inline constexpr Phrase notFinished{"{1} is not a finished copy: it has a {2}",
                                     "{1} は完成した写しではありません（{2} があります）"};
-inline constexpr Phrase changedSince{"{1} has changed since it was proved",
+inline constexpr Phrase changedSince{"{1} has changed since it was verified",
                                      "{1} は検証した後で変わっています"};
 inline constexpr Phrase notADatabase{"it cannot be opened as a database: {1}",
                                      "データベースとして開けません：{1}"};
@@ -252,7 +253,7 @@ inline constexpr Phrase booksOfTheCopy{"the copy was made, but {1} of its figure
 inline constexpr Phrase whatItIs{"Makes and checks the program folder of suisuitag.\n\nCommands:\n",
                                  "suisuitag のプログラムフォルダを作り、検査します。\n\nコマンド:\n"};
 inline constexpr Phrase exitStatus{
-    "Exit status: 0 good, 1 found what does not hold (check, import FILE, backup), 2 wrong use or failure.",
+    "Exit status: 0 good, 1 problems found (check, import FILE, backup), 2 wrong use or failure.",
     "終了ステータス: 0 異常なし、1 検査で問題が見つかった (check, import FILE, backup)、2 "
     "使い方の誤り、または失敗"};
 inline constexpr Phrase helpCreate{"makes the working database and the empty template",
@@ -265,13 +266,13 @@ inline constexpr Phrase helpExport{"writes a table as CSV", "表を CSV に書�
 inline constexpr Phrase helpImportTable{"adds the records of a CSV file to a table", "CSV の行を表に加える"};
 inline constexpr Phrase helpForms{"writes the forms that are missing in DIR: staff, partners, goods, parts",
                                   "担当者・取引先・商品・部品の表のうち、DIR にないものを作る"};
-inline constexpr Phrase helpImportForms{"takes the forms in DIR over, or tells what is wrong in them",
+inline constexpr Phrase helpImportForms{"takes the forms in DIR over, or reports what is wrong in them",
                                         "DIR の表を取り込む。誤りがあれば、それを示す"};
 inline constexpr Phrase helpImportJet{"makes the working database of a Jet 3 or Jet 4 file",
                                       "Jet 3、Jet 4 のファイルから作業用のデータベースを作る"};
-inline constexpr Phrase helpBackup{"adds a proved copy to the backups, also while the program runs",
+inline constexpr Phrase helpBackup{"adds a verified copy to the backups, also while the program runs",
                                    "検証した写しを加える。プログラムの使用中でもよい"};
-inline constexpr Phrase helpList{"lists the copies and which of them are proved",
+inline constexpr Phrase helpList{"lists the copies and which of them are verified",
                                  "写しと、検証済みかどうかを一覧する"};
 inline constexpr Phrase helpRestore{"puts a copy in the place of the working database, which it keeps",
                                     "写しを戻す。それまでのデータベースも残る"};
@@ -287,13 +288,13 @@ inline constexpr Phrase optionList{"backup: lists the copies instead of making o
 inline constexpr Phrase optionTo{
     "backup, restore: the folder of the copies (default: backup in the program folder).",
     "backup, restore: 写しのフォルダ (省略時: プログラムフォルダの backup)"};
-inline constexpr Phrase optionKeep{"backup: so many copies stay (default: 14).",
+inline constexpr Phrase optionKeep{"backup: how many copies to keep (default: 14).",
                                    "backup: 残す写しの数 (省略時: 14)"};
 inline constexpr Phrase optionDaily{
-    "backup: the run of every day; nothing to do without a database, and the program tells of a failure when "
-    "it starts next.",
+    "backup: the unattended daily run. It does nothing without a database; the program shows a failure at "
+    "its next start.",
     "backup: 毎日の自動実行。データベースがなければ何もせず、失敗は次の起動のときにプログラムが知らせる"};
-inline constexpr Phrase optionAnyway{"import FILE, restore: also what does not hold.",
+inline constexpr Phrase optionAnyway{"import FILE, restore: goes on in spite of problems.",
                                      "import FILE, restore: 正しくないものがあっても続ける"};
 inline constexpr Phrase argumentCommand{"What to do.", "すること"};
 inline constexpr Phrase unknownCommand{"no such command, or not these arguments: {1}",

@@ -12,7 +12,7 @@ namespace suisui {
 namespace {
 
 /// A history file is filled from the empty template: it has movements, but no stock, goods, partners or
-/// staff, without which no shop books any.
+/// staff, without which a shop cannot book a movement.
 bool isHistory(AppDB& db, const std::string& name)
 {
     static const std::regex shape(R"(RRK\d{8}-\d{8}\..+)");
@@ -23,7 +23,7 @@ bool isHistory(AppDB& db, const std::string& name)
            && db.KokyakuAll().CountRows({}) == 0 && db.TantouTbl().CountRows({}) == 0;
 }
 
-/// The statement behind each object of the kinds \a kinds in the file, by name.
+/// The statement that made each object of the kinds \a kinds in the file, by name.
 std::map<std::string, std::string> statementsOf(AppDB& db, const std::string& kinds, Message& fault)
 {
     std::map<std::string, std::string> found;
@@ -38,8 +38,8 @@ std::map<std::string, std::string> statementsOf(AppDB& db, const std::string& ki
     return found;
 }
 
-/// The unique indexes keep a movement from being stored twice, so each must be there as the program makes it,
-/// and no other may refuse what the program stores.
+/// The unique indexes keep a movement from being stored twice, so each must be there as the program makes it.
+/// A unique index of another sort could refuse what the program stores.
 Message faultOfIndexes(AppDB& db)
 {
     Message fault;

@@ -1,5 +1,6 @@
-// What a database must be before it may take the place of a shop's own, besides being whole: the shop's and
-// not the history of a period, and with no rules in the file that are not the program's.
+// What a database must be, besides undamaged, before a restore may use it: a shop's working database and not
+// the history of a period, with the program's unique indexes and no triggers, views or unique indexes beside
+// them.
 #pragma once
 
 #include <string>
@@ -10,8 +11,8 @@ namespace suisui {
 
 class AppDB;
 
-/// Why the open database, which comes from the file named \a name, cannot be the working database; empty when
-/// it can.
+/// Why the open database, which comes from the file named \a name, cannot become the working database; empty
+/// when it can.
 [[nodiscard]] Message unfitToRestore(AppDB& db, const std::string& name);
 
 } // namespace suisui

@@ -101,11 +101,11 @@ void checkEncodings(const RowSet& rows, std::span<const Encoding> encodings, Pro
         for (std::size_t column = 0; column < table.columns.size(); ++column) {
             const std::string_view text = rows.get(row, static_cast<int>(column));
             if (!isUtf8(text))
-                problems.push_back({phrases::isNoText, {place(rows, row, column)}});
+                problems.push_back({phrases::isNotText, {place(rows, row, column)}});
             for (const Encoding& encoding : encodings)
                 if (encoding.column == table.columns[column] && !encoding.holds(text))
                     problems.push_back(
-                        {phrases::isNo, {place(rows, row, column), kindNamed(encoding.meaning)}});
+                        {phrases::isNot, {place(rows, row, column), kindNamed(encoding.meaning)}});
         }
     }
 }

@@ -1,5 +1,5 @@
-// Whether a shop's books hold together: the encodings of all columns, and for every code that the stock
-// figure is what its movements make of it.
+// Checks a shop's database: that the file is undamaged, that columns hold what they should, and that every
+// stock figure is what its movements make of it.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ namespace suisui {
 
 class AppDB;
 
-/// What does not hold, a line each; empty when all is well. \a db must be open.
+/// The problems found, a line each; empty when all is well. \a db must be open.
 ///
 /// The stock figures are compared by checkBooks (booking/BooksCheck.h).
 [[nodiscard]] std::vector<std::string> checkShop(AppDB& db, Language language = Language::English);

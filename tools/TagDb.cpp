@@ -61,7 +61,8 @@ bool opened(AppDB& db, const std::string& base, std::ostream& err)
     return false;
 }
 
-/// Where each field of a record goes; nothing when a name is no column of the table.
+/// The column for each field of a record; none, with the reason in \a error, when a name is not a column of
+/// the table or occurs twice.
 std::optional<std::vector<int>> columnPlaces(const TableDef& table, const std::vector<std::string>& names,
                                              Message& error)
 {
@@ -84,8 +85,8 @@ std::optional<std::vector<int>> columnPlaces(const TableDef& table, const std::v
     return places;
 }
 
-/// Makes the record the one row of \a rows, each text in the form that its column holds; what it cannot hold
-/// is the fault that is returned.
+/// Makes the record the only row of \a rows, each text in the format of its column. Returns the fault of the
+/// first text that cannot be; empty when there is none.
 Message fillRow(RowSet& rows, const std::vector<int>& places, const std::vector<std::string>& record)
 {
     std::vector<std::string> texts(rows.table().columns.size());
@@ -104,8 +105,8 @@ Message fillRow(RowSet& rows, const std::vector<int>& places, const std::vector<
     return {};
 }
 
-/// Place of the first byte of \a text that is no text in UTF-8, or of a character that was none before it was
-/// decoded; npos when all is well.
+/// Position of the first byte of \a text that is not UTF-8 or is zero, or, when \a text has been decoded from
+/// another encoding, of the first character that could not be; npos when all is well.
 std::size_t noTextAt(std::string_view text, bool decoded)
 {
     const std::size_t broken =
@@ -120,7 +121,7 @@ std::size_t noTextAt(std::string_view text, bool decoded)
     return std::min(broken, at);
 }
 
-/// What to tell of bytes that are no text; empty when there are none.
+/// The message about bytes that are not text; empty when there are none.
 Message textFault(std::string_view text, bool cp932)
 {
     const std::size_t at = noTextAt(text, cp932);
@@ -133,7 +134,7 @@ Message textFault(std::string_view text, bool cp932)
             {std::to_string(line), std::to_string(column), cp932 ? phrases::notCp932 : phrases::notUtf8}};
 }
 
-/// Inserts the records of \a text; pending until the caller's Commit. Returns their number, -1 at a fault.
+/// Inserts the records of \a text, pending until the caller's Commit. Returns their number, -1 after a fault.
 int insertCsv(AppDB& db, const TableDef& table, std::string_view text, Message& error)
 {
     CsvReader reader(text);
@@ -165,7 +166,7 @@ int insertCsv(AppDB& db, const TableDef& table, std::string_view text, Message& 
     return error.empty() ? count : -1;
 }
 
-/// The table with the names of its columns.
+/// The table as CSV, with the names of its columns.
 std::string csvOf(const RowSet& rows)
 {
     const TableDef& table = rows.table();

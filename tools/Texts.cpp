@@ -33,7 +33,7 @@ constexpr struct
     {EISDIR, phrases::isAFolder},
 };
 
-/// The parts of \a english where it reads as \a pattern does; nothing when it does not.
+/// The parts of \a english when it matches \a pattern; none when it does not.
 std::optional<std::vector<Message>> partsOf(std::string_view pattern, std::string_view english)
 {
     constexpr std::size_t placeLength = 3; // "{1}"

@@ -1,6 +1,6 @@
-// What the data tool says, in the language of whoever reads it. A message is made of a phrase, which has both
-// languages, and of its parts; which language it gets is decided where it goes to a stream. So the code that
-// finds a fault need not know who asked.
+// What the data tool says, in the language of its reader. A message consists of a phrase, which has both
+// languages, and its parts; the stream that it is written to decides on the language. So the code that finds
+// a fault need not know who asked.
 #pragma once
 
 #include <iosfwd>
@@ -28,7 +28,7 @@ class Message
 {
 public:
     Message() = default;
-    /// A name, a number, the words of somebody else: the same in every language.
+    /// A name, a number, somebody else's words: the same in both languages.
     Message(std::string text) : m_text(std::move(text)) {}
     Message(std::string_view text) : m_text(text) {}
     Message(const char* text) : m_text(text) {}
@@ -46,7 +46,7 @@ private:
     std::vector<Message> m_parts;
 };
 
-/// Makes \a stream take its messages in \a language. A stream takes English until it is asked.
+/// Messages written to \a stream are in \a language from now on; until then they are in English.
 void speak(std::ostream& stream, Language language);
 [[nodiscard]] Language languageOf(std::ostream& stream);
 std::ostream& operator<<(std::ostream& stream, const Message& message);
@@ -54,8 +54,8 @@ std::ostream& operator<<(std::ostream& stream, const Message& message);
 /// The system's reason \a code (an errno).
 [[nodiscard]] Message systemReason(int code);
 
-/// The phrase of \a table that reads \a english, with its parts; else the words as they are. For words that
-/// come from rooms and processes that know one language.
+/// The message whose phrase in \a table reads \a english; when there is none, \a english itself. For words
+/// from rooms and processes that know one language only.
 [[nodiscard]] Message recognised(std::span<const Phrase> table, std::string_view english);
 
 } // namespace suisui

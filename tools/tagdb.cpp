@@ -1,3 +1,4 @@
+// The program tagdb: takes the command and the options of its call apart and runs the command.
 #include <iostream>
 #include <optional>
 #include <string>
@@ -27,9 +28,9 @@ namespace phrases = suisui::phrases;
 
 namespace {
 
-using Result = std::optional<ToolStatus>; ///< nothing when the options ask for something else
+using Result = std::optional<ToolStatus>; ///< none when the call is meant for another command
 
-/// What was asked for: the words behind the command, and the options.
+/// What was asked for: the words after the command, and the options.
 struct Call
 {
     std::string base;
@@ -46,7 +47,7 @@ struct Command
 {
     QLatin1StringView name;
     QLatin1StringView arguments;
-    qsizetype words; ///< behind the name
+    qsizetype words; ///< number of words after the name
     const Phrase& help;
     Result (*run)(const Call& call);
 

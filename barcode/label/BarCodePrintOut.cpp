@@ -17,7 +17,7 @@ namespace {
 
 constexpr int receiptMode = 3; ///< the modes behind the lists of master data are those of the tabs
 
-/// False, and the operator is told, when \a grid has less than \a least rows.
+/// False, after a box that says so, when \a grid has fewer than \a least rows.
 bool hasRows(const LabelDesk& desk, const vaSpread& grid, int least)
 {
     if (grid.MaxRows() >= least)

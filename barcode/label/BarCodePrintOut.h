@@ -1,5 +1,5 @@
-// The ways into the label dialog: from a list of master data, from the grids of receipts and shipments, from
-// a slip. Each takes the grid whose rows become labels, and refuses one without rows.
+// Opens the label dialog: for a list of master data, for the grids of receipts and shipments, for a slip.
+// Each routine takes the grid whose rows become labels, and shows a box instead when it has no rows.
 #pragma once
 
 #include "frame/support/DialogScan.h"
@@ -19,12 +19,12 @@ struct LabelDesk
     MsgBox& msgBox;
     BarPrt& barPrt;
     DialogScan::ReadLine readLine; ///< of the bar-code reader
-    QWidget* form = nullptr;       ///< the window that the dialog stands over
+    QWidget* form = nullptr;       ///< parent of the dialog
 };
 
 /// Labels of master data, \a mode 0, 1 or 2; the last row of such a grid is empty.
 void MstBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol);
-/// Labels of receipts (\a mode 3) or shipments (4). \a qtyCol is 0 for one label of each row.
+/// Labels of receipts (\a mode 3) or shipments (4). \a qtyCol is 0 for one label for each row.
 void MainBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol, int qtyCol);
 /// Labels of a slip.
 void RptBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol, int qtyCol);

@@ -17,7 +17,7 @@ struct ScreenBar
 constexpr ScreenBar screenBars[] = {
     {0_mm, u" 登録"}, {38_mm, u" 登録"}, {76_mm, u" 一覧"}, {105_mm, u" 一覧"}, {134_mm, u" 一覧"}};
 
-// Columns of the lists whose headings are the words for the goods, the partner and the staff.
+// Columns of the lists whose headings are the shop's words for goods, partner and staff.
 constexpr int goodsColumn = 2;
 constexpr int partnerColumn = 3;
 constexpr int staffColumn = 9;

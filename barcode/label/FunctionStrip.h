@@ -1,5 +1,5 @@
-// The function codes that a sheet carries at its foot, so that a reader drives the program: two blocks of
-// bars with the words of the shop over them.
+// The function codes at the foot of a sheet, with which a reader operates the program: two blocks of bars
+// with the words of the shop above them.
 #pragma once
 
 #include <vector>
@@ -17,12 +17,12 @@ struct StripBar
     QString code;
     Millimetres right; ///< to the right of the first bar of its block
     QString first;     ///< caption
-    QString second;    ///< second line of it, or empty
+    QString second;    ///< second line of the caption, or empty
 };
 
-/// Block of the bars that switch the screen.
+/// The bars that change tabs.
 [[nodiscard]] std::vector<StripBar> screenCodes(const AppIni& words);
-/// Block of the bars that search.
+/// The bars that search.
 [[nodiscard]] std::vector<StripBar> searchCodes(const AppIni& words);
 
 } // namespace suisui

@@ -9,7 +9,7 @@ namespace suisui {
 
 namespace {
 
-/// Pages that a print may have at most: what the fields for pages can name.
+/// The largest number that fits the page fields.
 constexpr std::int32_t mostPages = 9999;
 
 LabelRefusal inWords(const LabelFieldRow& row, const char16_t* fault, const QString& whatToDo)
@@ -28,7 +28,7 @@ LabelRefusal tooSmall(const LabelFieldRow& row)
                    u"\r\n\r\n１ 以上の数値を入力した後に、再度、印刷して下さい。　　　"_s);
 }
 
-/// A field that is grey does not count.
+/// A disabled field is not checked.
 std::optional<LabelRefusal> fieldRefusal(const LabelSetup& setup, const LabelFieldRow& row)
 {
     if (row.check == LabelCheck::none || !setup.enabled(row.field))
@@ -43,7 +43,7 @@ std::optional<LabelRefusal> fieldRefusal(const LabelSetup& setup, const LabelFie
     return {};
 }
 
-/// A range that is turned round or too long is corrected, and the operator looks at it.
+/// A reversed or too long range is corrected for the operator to confirm.
 std::optional<LabelRefusal> rangeRefusal(const LabelSetup& setup)
 {
     const QString& first = setup.text(LabelField::firstRow);
@@ -69,7 +69,7 @@ std::optional<LabelRefusal> rangeRefusal(const LabelSetup& setup)
     return {};
 }
 
-/// There is something to print, and not more than the fields for pages can name.
+/// Refuses a job without pages, or with more than the page fields can name.
 std::optional<LabelRefusal> pageRefusal(const LabelSetup& setup)
 {
     if (setup.pageTotal() < 1)

@@ -1,4 +1,4 @@
-// What keeps a job of labels from being printed, in the words of its box.
+// Checks what the operator has set before labels are printed, with the words of the box for each fault.
 #pragma once
 
 #include <optional>
@@ -11,12 +11,12 @@ namespace suisui {
 
 class LabelSetup;
 
-/// Rows that the fields get after the box, so that the operator only has to look at them.
+/// Rows that the fields get after the box, so that the operator only has to confirm them.
 struct CorrectedRows
 {
     QString first;
     QString last;
-    bool afterFocus = false; ///< the field has the focus before the texts change
+    bool afterFocus = false; ///< the field gets the focus before the texts change
 };
 
 struct LabelRefusal
@@ -27,7 +27,8 @@ struct LabelRefusal
     std::optional<CorrectedRows> rows;
 };
 
-/// The first thing that is wrong, in the order of the table of fields, then the rows, then the pages.
+/// The first fault: of the fields in the order of their table, then of the rows, then of the pages. None when
+/// the job can be printed.
 [[nodiscard]] std::optional<LabelRefusal> refusalOf(const LabelSetup& setup);
 
 } // namespace suisui

@@ -14,7 +14,7 @@ constexpr LabelTyping measure{LabelKeys::measure, 6};
 constexpr LabelTyping rowNumber{LabelKeys::digits, 4};
 constexpr LabelTyping pageNumber{LabelKeys::digits, 4};
 constexpr LabelTyping labelNumber{LabelKeys::digits, 3};
-// A paste passes no key filter, and each label of a page is an item of the list.
+// The list of first labels gets an item for each label of a page, so not even a pasted number may be larger.
 constexpr LabelTyping gridCount{LabelKeys::digits, 2, true};
 
 constexpr const char16_t* noDistance = u"0.00";
@@ -221,7 +221,7 @@ constexpr bool rowsAreInOrder()
 }
 static_assert(rowsAreInOrder());
 
-/// Each place from 1 to the number of kept fields is taken once.
+/// Each place from 1 to the number of saved fields is taken once.
 constexpr bool placesAreWhole()
 {
     const auto kept = [](const LabelFieldRow& row) { return row.saving.key != nullptr; };

@@ -1,6 +1,6 @@
-// The fields of the label dialog, one row of one table for each: the control, which keys it takes and how
-// many characters, what is checked before a print and by which name a box speaks of it, under which key it is
-// kept in the settings, and where Enter goes from it. A field is added by adding a row.
+// The fields of the label dialog, one row of a table for each: the control, the keys and number of characters
+// that it takes, the check before printing with the words of its box, the key in the settings, and where
+// Enter goes from it. A new field is a new row.
 #pragma once
 
 #include <array>
@@ -41,8 +41,8 @@ enum class LabelField : std::size_t {
     lastRow,
     firstPage,
     lastPage,
-    position, ///< the chosen round button in the picture of the sheet
-    sheet,    ///< the button of the chosen sheet
+    position, ///< the chosen radio button in the picture of the sheet
+    sheet,    ///< the radio button of the chosen sheet
     count
 };
 
@@ -52,38 +52,38 @@ enum class LabelKeys {
     measure, ///< measureKeyCheck
 };
 
-/// What a field lets through while it is typed in.
+/// What a field accepts while the operator types.
 struct LabelTyping
 {
     LabelKeys keys = LabelKeys::none;
     int length = 0;        ///< characters
-    bool pasteToo = false; ///< what is pasted keeps to the same limits
+    bool pasteToo = false; ///< the limits hold for pasted text too
 };
 
 enum class LabelCheck {
     none,
     number,
     notZero,    ///< a number other than 0
-    atLeastOne, ///< a number that is not 0 when rounded to a whole one
+    atLeastOne, ///< a number that does not round to 0
 };
 
-/// Which saved texts a field takes back.
+/// Which saved texts a field accepts.
 enum class LabelTakes {
     number,
     count, ///< 1 to 99, as a whole number
     tick,  ///< "0" or "1", while its box is enabled
-    pitch, ///< a step of the bars; any other text is the usual step
-    sheet, ///< "0" to "4"; any other text is the first sheet
+    pitch, ///< a bar pitch; any other text gives the usual one
+    sheet, ///< "0" to "4"; any other text gives the first sheet
 };
 
 struct LabelSaving
 {
-    const char16_t* key = nullptr; ///< null: the field is not kept
-    int place = 0;                 ///< among the kept fields, from 1
+    const char16_t* key = nullptr; ///< null: the field is not saved
+    int place = 0;                 ///< among the saved fields, from 1
     LabelTakes takes = LabelTakes::number;
 };
 
-/// What the boxes say of a field that is refused. Each text is whole, so that it can be searched for.
+/// Texts of the boxes that refuse a field. They are written out in full, so that they can be searched for.
 struct LabelWords
 {
     const char16_t* title = u"";
@@ -95,14 +95,14 @@ struct LabelFieldRow
 {
     LabelField field;
     const char* control;                    ///< object name; null where the control depends on the sheet
-    std::array<const char*, 2> labels{};    ///< object names of what turns grey with it
-    const char16_t* fresh = u"";            ///< what a fresh dialog holds
-    LabelField follows = LabelField::count; ///< the box without whose tick it is grey
+    std::array<const char*, 2> labels{};    ///< object names of the labels that are disabled with it
+    const char16_t* fresh = u"";            ///< its text in a new dialog
+    LabelField follows = LabelField::count; ///< the check box or radio button that enables it
     LabelTyping typing{};
     LabelCheck check = LabelCheck::none;
     LabelWords words{};
     LabelSaving saving{};
-    LabelField next; ///< where Enter goes; when that is grey, where Enter goes from there
+    LabelField next; ///< where Enter goes; if that is disabled, where Enter goes from there
 };
 
 inline constexpr std::size_t labelFieldCount = static_cast<std::size_t>(LabelField::count);
@@ -111,7 +111,7 @@ inline constexpr std::size_t labelFieldCount = static_cast<std::size_t>(LabelFie
 [[nodiscard]] const std::array<LabelFieldRow, labelFieldCount>& labelFields();
 [[nodiscard]] const LabelFieldRow& rowOf(LabelField field);
 
-/// Digits, "-" and "."; Ctrl-C, Backspace, Enter. Sets \a keyAscii to 0 when it is refused, and returns it.
+/// Accepts digits, "-" and ".", Ctrl-C, Backspace and Enter. Sets any other \a keyAscii to 0; returns it.
 int measureKeyCheck(int& keyAscii);
 
 } // namespace suisui

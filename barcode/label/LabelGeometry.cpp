@@ -7,7 +7,7 @@ namespace suisui {
 
 namespace {
 
-constexpr double roundingShare = 0.5;
+constexpr double roundingShare = 0.5;   // on top of the rounding; meant, the sheets were measured with it
 constexpr double farthestDot = 1 << 28; // beyond any paper, and sums of a few still fit 32 bits
 
 } // namespace

@@ -1,6 +1,5 @@
-// Where a label stands on its page: millimetres that the operator gives become dots of the printer at the
-// last moment, with the rounding that the sheets were measured by. Dots count from where the printer begins
-// to print.
+// Where a label is on its page. The operator's millimetres become dots of the printer at the last moment,
+// with the rounding that the sheets were measured with. Dots count from the corner of the printable area.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +10,7 @@
 
 namespace suisui {
 
-/// A place, or the way from one to another.
+/// A place, or the distance from one place to another.
 struct MillimetrePoint
 {
     Millimetres x;
@@ -27,16 +26,17 @@ struct PrinterDots
     std::int32_t offsetY = 0;
 };
 
-/// To the nearest whole number, halves to the even neighbour. What lies beyond any paper stays at a bound.
+/// \a dots rounded to the nearest whole number, halves to the even one, and kept within bounds that are far
+/// beyond any paper.
 [[nodiscard]] Dots nearestDot(double dots);
 
 /// \a length on a printer of \a perInch dots per inch.
 [[nodiscard]] Dots lengthInDots(Millimetres length, std::int32_t perInch);
 
-/// A place on the paper.
+/// \a place on the paper, in dots.
 [[nodiscard]] QPoint placeInDots(const MillimetrePoint& place, const PrinterDots& dots);
 
-/// A place \a offset away from \a corner, to the right and down; negative is to the left and up.
+/// The place that is \a offset to the right of and below \a corner; negative is to the left and above.
 [[nodiscard]] QPoint offsetFrom(QPoint corner, const MillimetrePoint& offset, const PrinterDots& dots);
 
 /// The grid of labels on a page. Positions count from 0 in reading order.
@@ -45,8 +45,8 @@ struct LabelGrid
     std::int64_t columns = 1;
     std::int64_t rows = 1;
     MillimetrePoint start; ///< of the first label
-    Millimetres width;     ///< from one label to the next
-    Millimetres height;
+    Millimetres width;     ///< from one label to the next one on its right
+    Millimetres height;    ///< from one label to the next one below
 
     [[nodiscard]] std::int64_t capacity() const { return columns * rows; }
     [[nodiscard]] MillimetrePoint placeOf(std::int64_t position) const;

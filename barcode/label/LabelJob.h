@@ -1,4 +1,4 @@
-// One job of labels, as the dialog describes it when the print begins.
+// One job of labels, as the operator has set it when printing begins.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace suisui {
 
-/// Something that is printed beside the bars, or not.
+/// A part that is printed with the bars, or not.
 struct LabelPart
 {
     bool on = false;
@@ -24,12 +24,12 @@ struct LabelJob
     Millimetres barHeight;
     LabelPart name;
     LabelPart code;
-    LabelPart screenCodes; ///< strip of the function codes that switch the screen
-    LabelPart searchCodes; ///< strip of those that search
-    QString wrap;          ///< stands before and behind the code, in bars and text
+    LabelPart screenCodes; ///< strip of the function codes that change tabs
+    LabelPart searchCodes; ///< strip of the function codes that search
+    QString wrap;          ///< put before and after the code, in bars and text
     std::int64_t startRow = 1;
     std::int64_t endRow = 0;
-    std::int64_t eachRow = 1; ///< labels of a row where no column gives a quantity
+    std::int64_t eachRow = 1; ///< labels for each row, unless a column gives the quantity
     LabelPageRange pages;
 };
 

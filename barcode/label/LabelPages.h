@@ -1,5 +1,5 @@
-// How many pages a job of labels needs, and which of them go on paper. Pure arithmetic; the walk of the
-// engine comes to the same pages, and the tests hold the two together.
+// How many pages a job of labels needs, and which of them are printed. Pure arithmetic; the engine finds its
+// pages by walking the rows, and the tests compare the two.
 #pragma once
 
 #include <cstdint>
@@ -8,28 +8,28 @@
 
 namespace suisui {
 
-/// The platform's test for a numeric text.
+/// Whether \a text is a number, as toNumber (store/Numbers.h) has it.
 [[nodiscard]] bool isNumeric(const QString& text);
-/// A text as a number; 0 for one that is none.
+/// The number in \a text; 0 when it is not a number.
 [[nodiscard]] double numberIn(const QString& text);
 
-/// Labels that a quantity asks for: whole, halves to the even neighbour. A quantity beyond all paper stands
-/// at a bound, so that sums of quantities never overflow.
+/// The number of labels for a quantity: rounded, halves to the even number, and bounded so that sums never
+/// overflow.
 [[nodiscard]] std::int64_t labelsOf(double quantity);
 
-/// Pages for \a labels on sheets of \a capacity when the first label goes to place \a start (from 1) of the
-/// first page. 0 for no labels.
+/// The number of pages for \a labels on sheets of \a capacity when the first label goes to place \a start
+/// (from 1) of the first page; 0 for no labels.
 [[nodiscard]] std::int32_t pagesNeeded(std::int64_t labels, std::int64_t capacity, std::int64_t start);
 
-/// Rows that ask for labels, as far as the count of pages knows them. Rows count from 1.
+/// What the count of pages needs to know of the rows. Rows count from 1.
 class CountedRows
 {
 public:
     virtual ~CountedRows() = default;
-    /// Rows outside the grid carry no mark.
+    /// False for rows outside the grid.
     [[nodiscard]] virtual bool marked(std::int64_t row) const = 0;
-    /// Labels that a row gets when \a eachRow is what every row gets. A quantity that is not a number counts
-    /// as nothing.
+    /// The number of labels for a row: its quantity, or \a eachRow where no column gives one. A quantity that
+    /// is not a number counts as 0.
     [[nodiscard]] virtual std::int64_t labelsCounted(std::int64_t row, std::int64_t eachRow) const = 0;
 
 protected:
@@ -40,7 +40,7 @@ protected:
     CountedRows& operator=(CountedRows&&) = default;
 };
 
-/// Labels that the rows \a first to \a last ask for, or only those of them that carry a mark.
+/// The number of labels for the rows \a first to \a last, or only for those among them that are marked.
 [[nodiscard]] std::int64_t labelsWanted(const CountedRows& rows, std::int64_t first, std::int64_t last,
                                         bool markedOnly, std::int64_t eachRow);
 
@@ -50,8 +50,8 @@ struct LabelPageRange
     std::int32_t last = 1;
 };
 
-/// The pages that two fields name, within 1 and \a total: what is no number, or lies outside, or ends before
-/// it begins, is taken as the first or the last page.
+/// The pages that two fields name. A first page that is not a number or out of range becomes 1; a last page
+/// that is not a number, out of range or before the first becomes \a total.
 [[nodiscard]] LabelPageRange labelPageRange(const QString& first, const QString& last, std::int32_t total);
 
 } // namespace suisui

@@ -12,7 +12,7 @@ namespace suisui {
 
 namespace {
 
-// Captions of the function codes stand this many millimetres over their bars.
+// Vertical places of the captions of function codes, from the top of their bars: they are above it.
 constexpr Millimetres captionAlone = -5_mm;
 constexpr Millimetres captionFirst = -7_mm;
 constexpr Millimetres captionSecond = -3.5_mm;
@@ -72,11 +72,12 @@ private:
     [[nodiscard]] bool onPaper() const { return m_page >= m_job.pages.first; }
     [[nodiscard]] bool pageFull() const { return m_position >= m_job.grid.capacity(); }
 
-    /// Row by row until the page is full or the last row is done.
+    /// Walks the rows until the page is full or the last row is done.
     void fillPage()
     {
         while (true) {
-            // Behind the last row stands one without a code; it ends the walk when the last row has no mark.
+            // The row after the last one has no code and no labels; it ends the walk when the last row has no
+            // mark.
             if (m_rows.marked(m_row) || m_row > m_rows.count()) {
                 m_quantity = m_rows.labels(m_row, m_job.eachRow);
                 printRow();
@@ -154,7 +155,7 @@ private:
 
     std::int32_t m_page = 1;
     std::int64_t m_row = 1;
-    std::int64_t m_done = 0; ///< labels of the row that are printed
+    std::int64_t m_done = 0; ///< labels of the row that have been printed
     std::int64_t m_quantity = 1;
     std::int64_t m_position = 0; ///< on the page, from 0
 };

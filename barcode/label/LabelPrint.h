@@ -1,5 +1,5 @@
-// The engine of the labels: walks the rows of a grid and puts one label after another on each page, with the
-// function codes at its foot where they are wanted.
+// The engine that prints labels: walks the rows of a grid and puts one label after another on each page, with
+// the function codes at its foot if they are wanted.
 #pragma once
 
 #include "barcode/label/LabelJob.h"
@@ -12,11 +12,11 @@ class LabelRows;
 
 /// Prints \a job on the open document of \a barPrt, whose bar pitch is set.
 ///
-/// A row that does not fit on the page goes on at the head of the next one. Pages in front of the wanted ones
-/// are walked without output, so that a partial print has its labels where the whole job has them. Marks are
-/// used up: every row that is walked ends with a clear mark, so a second copy has no labels, only function
-/// codes. Pages that are left when the labels have run out are still opened and closed. Throws RunTimeError
-/// for a quantity that is no number.
+/// A row whose labels do not fit on the page continues on the next one. Pages before the wanted ones are
+/// walked without output, so that a partial print has its labels where the whole job has them. Marks are used
+/// up: every row that was walked has lost its mark, so a second copy has no labels, only function codes. When
+/// the labels run out, the remaining pages are still opened and closed. Throws RunTimeError for a quantity
+/// that is not a number.
 void LabelPrintOut(const LabelJob& job, LabelRows& rows, const AppIni& words, BarPrt& barPrt);
 
 } // namespace suisui

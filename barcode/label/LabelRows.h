@@ -1,5 +1,5 @@
-// The rows of a grid as labels see them: code and name in the first two columns, a mark that says "print me",
-// and perhaps a quantity. Rows count from 1.
+// The rows of a grid that labels are printed for: code and name in the first two columns, a mark that says
+// that the row is wanted, and perhaps a quantity. Rows count from 1.
 #pragma once
 
 #include <cstdint>
@@ -24,20 +24,21 @@ public:
     {
     }
 
-    /// The same rows with marks of their own, so that a print can be tried without using up the grid's.
+    /// The same rows with their own copy of the marks, so that a trial print does not use up those of the
+    /// grid.
     [[nodiscard]] LabelRows trial() const;
 
     [[nodiscard]] std::int64_t count() const;
-    /// Rows outside the grid carry no mark and take none.
     [[nodiscard]] bool marked(std::int64_t row) const override;
+    /// Does nothing for rows outside the grid.
     void setMark(std::int64_t row, bool mark);
 
     [[nodiscard]] QString code(std::int64_t row) const;
     [[nodiscard]] QString name(std::int64_t row) const;
     [[nodiscard]] bool hasCode(std::int64_t row) const;
 
-    /// Labels that a row gets when \a eachRow is what every row gets. None without a code or with an empty
-    /// quantity. Throws RunTimeError for a quantity that is no number.
+    /// The number of labels for a row: its quantity, or \a eachRow where no column gives one; 0 without a
+    /// code. Throws RunTimeError for a quantity that is not a number.
     [[nodiscard]] std::int64_t labels(std::int64_t row, std::int64_t eachRow) const;
     [[nodiscard]] std::int64_t labelsCounted(std::int64_t row, std::int64_t eachRow) const override;
 
@@ -48,7 +49,7 @@ private:
     vaSpread& m_grid;
     int m_checkColumn;
     int m_quantityColumn;
-    std::optional<std::vector<bool>> m_ownMarks; ///< by row; otherwise the grid's cells
+    std::optional<std::vector<bool>> m_ownMarks; ///< by row; without it the cells of the grid count
 };
 
 } // namespace suisui

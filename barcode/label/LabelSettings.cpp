@@ -14,10 +14,10 @@ namespace suisui {
 namespace {
 
 constexpr int usualPitch = 3;
-constexpr int mostInLine = 99; ///< what the fields for columns and rows can hold
+constexpr int mostInLine = 99; ///< largest number of columns or rows
 
-/// The kept fields in the order in which they are stored; the box of a pair of fields is before them, and the
-/// columns and rows before the boxes that change them.
+/// The saved fields in the order of their places. A check box comes before the fields that it enables, and
+/// columns and rows come before the check boxes that change them.
 std::vector<LabelFieldRow> keptFields()
 {
     std::vector<LabelFieldRow> kept;
@@ -65,7 +65,7 @@ void takeBack(LabelSetup& setup, const LabelFieldRow& row, const QString& saved)
             setup.set(row.field, pitchOf(saved));
         break;
     case LabelTakes::sheet:
-        break; // it comes first, since its figures fill the other fields
+        break; // already chosen, since its figures fill the other fields
     }
 }
 

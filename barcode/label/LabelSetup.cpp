@@ -11,12 +11,12 @@ namespace suisui {
 
 namespace {
 
-constexpr int stripFrom = 10; ///< positions of the row that the strip of function codes takes
+constexpr int stripFrom = 10; ///< the strip of function codes covers the positions from this one on
 constexpr int rowsWithStrip = 5;
 constexpr int rowsWithoutStrip = 6;
 constexpr int mostInLine = 99; ///< columns or rows of a page
 
-/// Number of columns or rows that \a text gives; 0 when it gives none.
+/// The number of columns or rows in \a text; 0 when it is not a valid one.
 int countIn(const QString& text)
 {
     const double number = numberIn(text);
@@ -142,7 +142,7 @@ void LabelSetup::set(LabelField field, const QString& text)
     }
 }
 
-/// The free sheet, which has no figures, keeps what the fields hold.
+/// The free sheet has no figures, so it leaves the fields unchanged.
 void LabelSetup::sheetChosen()
 {
     m_roomForStrip = mayHoldStrip();
@@ -177,7 +177,7 @@ void LabelSetup::writeFigures(const LabelSheet& figures)
     set(LabelField::searchY, textOf(searchStrip.y));
 }
 
-/// Columns first: where they are not good, nothing follows from the rows.
+/// Columns first: while they are not valid, the rows have no effect.
 void LabelSetup::gridChanged()
 {
     std::array<int, 2> counts{};
@@ -221,7 +221,7 @@ void LabelSetup::sourceOfRowsChanged(LabelField chosen)
     countPages();
 }
 
-/// On the sheet whose last row can hold the strip, a tick takes that row from the labels.
+/// On the sheet whose last row can hold the strip, ticking it leaves one row less for labels.
 void LabelSetup::stripChanged()
 {
     if (fixedSheet() == nullptr || !fixedSheet()->functionCodes)
@@ -232,7 +232,7 @@ void LabelSetup::stripChanged()
     set(LabelField::rows, QString::number(strip ? rowsWithStrip : rowsWithoutStrip));
 }
 
-/// A field that is not good leaves the last count as it is.
+/// While a field is not valid the last count stays.
 void LabelSetup::countPages()
 {
     const int columns = countIn(text(LabelField::columns));

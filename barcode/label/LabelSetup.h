@@ -1,8 +1,8 @@
 // What the operator has set for a print of labels: the sheet, the rows, the measures, and what follows from
-// them - which fields count, where the first label may be, how many pages the job needs. The label dialog
-// shows it and hands it what is typed. It knows no widget.
+// them: which fields are enabled, where the first label may be, how many pages the job needs. The label
+// dialog shows it and passes on what is typed. It knows no widget.
 //
-// Every field holds a text, as it is typed and as it is kept in the settings; a tick is "1" or "0".
+// Every field holds a text, as it is typed and as it is saved in the settings; a tick is "1" or "0".
 #pragma once
 
 #include <array>
@@ -21,10 +21,10 @@ struct LabelSheet;
 class LabelSetup
 {
 public:
-    /// A fresh dialog over \a source, before a sheet is chosen. \a rows are those of its grid.
+    /// The state of a new dialog for \a source, before a sheet is chosen. \a rows are those of its grid.
     LabelSetup(const LabelSource& source, const CountedRows& rows);
 
-    /// Takes what is typed, ticked or chosen, with all that follows from it. The same text again changes
+    /// Sets what is typed, ticked or chosen, and updates what follows from it. The same text again changes
     /// nothing.
     void set(LabelField field, const QString& text);
     void tick(LabelField box, bool on) { set(box, on ? QStringLiteral("1") : QStringLiteral("0")); }
@@ -33,31 +33,31 @@ public:
     /// 0 for a text that is not a number.
     [[nodiscard]] double number(LabelField field) const;
     [[nodiscard]] bool ticked(LabelField box) const;
-    /// False for a field that is grey and does not count.
+    /// False for a field that is disabled on the screen and not used.
     [[nodiscard]] bool enabled(LabelField field) const;
     /// Where Enter goes from \a field.
     [[nodiscard]] LabelField next(LabelField field) const;
 
     [[nodiscard]] int sheet() const;
-    /// Figures of the chosen sheet; null for the free one.
+    /// The figures of the chosen sheet; null for the free one.
     [[nodiscard]] const LabelSheet* fixedSheet() const;
-    /// The sheet may hold the strip of function codes.
+    /// Whether the sheet can have room for the strip of function codes.
     [[nodiscard]] bool mayHoldStrip() const;
-    /// Labels of a page that the first one may be chosen of; 0 before columns and rows are known.
+    /// The number of labels on a page, any of which may be the first; 0 before columns and rows are known.
     [[nodiscard]] int capacity() const { return m_capacity; }
     /// False for a label that the strip of function codes covers. Positions count from 0.
     [[nodiscard]] bool positionOffered(int position) const;
 
-    /// Last row that may be printed.
+    /// The last row that may be printed.
     [[nodiscard]] int endRow() const { return m_source.lastRow; }
-    /// Pages that the job needs.
+    /// The number of pages that the job needs.
     [[nodiscard]] std::int32_t pageTotal() const { return m_pageTotal; }
     /// The pages to print, as the two page fields name them.
     [[nodiscard]] LabelPageRange pages() const;
-    /// What the fields say now. Without good numbers of columns and rows the sheet has no labels.
+    /// The job that the fields describe. Without valid columns and rows its sheet has no labels.
     [[nodiscard]] LabelJob job() const;
 
-    /// Text in front of the code and behind it; empty.
+    /// Text before and after the code; empty.
     QString LabelWrap;
 
 private:
@@ -77,7 +77,7 @@ private:
     LabelSource m_source;
     const CountedRows& m_rows;
     std::array<QString, labelFieldCount> m_texts;
-    std::array<bool, 2> m_pitched{true, true}; ///< more than one column, row: there is a width, a height
+    std::array<bool, 2> m_pitched{true, true}; ///< more than one column, row: width, height are used
     int m_capacity = 0;
     bool m_roomForStrip = true;
     std::int32_t m_pageTotal = 0;

@@ -1,6 +1,6 @@
-// The sheets of labels that the shop can buy: how many labels, where the first one stands, how big they are,
-// and what is printed with the bars. All measures are millimetres with two decimals, as texts of the dialog's
-// fields. The fifth sheet is free: it keeps what stands in the fields.
+// The sheets of labels that the shop can buy: how many labels, where the first one is, how large they are,
+// and what is printed with the bars. All measures are millimetres, as texts of the dialog's fields. The fifth
+// sheet is free: it leaves the fields as they are.
 #pragma once
 
 #include <array>
@@ -13,7 +13,7 @@ inline constexpr int fixedSheets = 4;
 inline constexpr int freeSheet = 4;
 inline constexpr int sheetChoices = 5;
 
-/// A text under or over the bars: whether it is printed, and how far from the corner of the bars.
+/// A text below or above the bars: whether it is printed, and its distance from the corner of the bars.
 struct SheetText
 {
     bool on;
@@ -23,8 +23,8 @@ struct SheetText
 
 struct LabelSheet
 {
-    const char16_t* paper;  ///< first line of the name
-    const char16_t* labels; ///< second line of the choice
+    const char16_t* paper;  ///< first line of the radio button
+    const char16_t* labels; ///< second line of the radio button
     const char16_t* title;  ///< name of the sheet
     const char16_t* maker;
     const char16_t* frame; ///< title of the picture
@@ -43,7 +43,7 @@ struct LabelSheet
 
 extern const std::array<LabelSheet, fixedSheets> labelSheets;
 
-// Where the strip of function codes stands on the sheet that has room for it, from the first label.
+// Where the strip of function codes is on the sheet that has room for it, from the first label.
 struct StripPlace
 {
     const char16_t* x;

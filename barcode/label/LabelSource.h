@@ -1,4 +1,4 @@
-// What labels are printed of: a grid, its columns and the rows that the dialog proposes.
+// What labels are printed for: a grid, its columns and the rows that the dialog proposes.
 #pragma once
 
 #include <QString>
@@ -18,7 +18,7 @@ struct LabelSource
     int lastRow = 0;
     bool asksForNumber = true; ///< the operator may say how many labels each row gets
     QString word;              ///< name of the source
-    QString markedCaption;     ///< in place of the designed caption of the first choice of rows, if any
+    QString markedCaption;     ///< replaces the caption of the radio button for marked rows; empty: keeps it
 };
 
 } // namespace suisui

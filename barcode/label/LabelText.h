@@ -7,7 +7,7 @@ namespace suisui {
 
 inline constexpr int labelTextLength = 15;
 
-/// The first 15 characters of \a text; a character of two units is not torn apart.
+/// The first 15 UTF-16 units of \a text; a surrogate pair is not cut in half.
 [[nodiscard]] inline QString cutForLabel(const QString& text)
 {
     QString cut = text.left(labelTextLength);

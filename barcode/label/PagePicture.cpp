@@ -17,7 +17,6 @@ namespace {
 constexpr std::int32_t dotsPerInch = 600;
 constexpr PrinterDots dots{dotsPerInch, dotsPerInch, 0, 0};
 
-// Colours of a warning.
 const QColor noQuietColor(224, 120, 0);
 const QColor tooWideColor(220, 0, 0);
 
@@ -28,7 +27,7 @@ QColor colorOf(BarFit fit)
     return fit == BarFit::NoQuietZone ? noQuietColor : tooWideColor;
 }
 
-/// Paper that is a picture.
+/// A printer whose paper is a picture.
 class PicturePaper final : public PaintedBarPrt
 {
 public:
@@ -74,7 +73,7 @@ protected:
     [[nodiscard]] QPainter* painter() override { return m_painter.isActive() ? &m_painter : nullptr; }
 
 private:
-    /// Keeps the codes that are in the worst way.
+    /// Keeps the codes that fit worst.
     void note(const QString& text, BarFit fit)
     {
         if (fit > result.worst) {
@@ -97,8 +96,8 @@ private:
         return std::max(besides, edge ? BarFit::NoQuietZone : BarFit::Good);
     }
 
-    /// A label has its own room, whether there is a neighbour on this page or not; what is not a label must
-    /// keep clear of all that is there already.
+    /// A label has its own room, whether it has a neighbour on this page or not; other bars must keep clear
+    /// of everything drawn before.
     [[nodiscard]] BarFit besideOthers(const QRect& bars, int quiet)
     {
         const bool label = isLabel();
@@ -120,7 +119,7 @@ private:
         return fit;
     }
 
-    /// The engine draws the labels first, in the order of their places; a bar elsewhere is none.
+    /// The engine draws the labels first, in the order of their positions; bars elsewhere are not labels.
     [[nodiscard]] bool isLabel()
     {
         for (std::int64_t position = m_nextPosition; position < m_job.grid.capacity(); ++position) {
@@ -133,7 +132,7 @@ private:
         return false;
     }
 
-    /// In the place of bars that cannot be.
+    /// In place of bars that cannot be encoded.
     void drawCross()
     {
         constexpr double lineWidth = 12;

@@ -1,5 +1,5 @@
-// A page of labels as a picture, drawn by the engine that prints it: what is seen before paper is spent is
-// what the paper will hold. Bars that no reader could read there are painted in a colour of warning.
+// A page of labels as a picture, drawn by the engine that prints it, so that it shows before paper is spent
+// what the paper will have. Bars that a reader could not read there have a warning colour.
 #pragma once
 
 #include <QImage>
@@ -16,7 +16,7 @@ class AppIni;
 inline constexpr Millimetres paperWidth = 210_mm; ///< A4
 inline constexpr Millimetres paperHeight = 297_mm;
 
-/// What is wrong with bars, worst last.
+/// How well bars fit their place, worst last.
 enum class BarFit {
     Good,
     NoQuietZone, ///< less than ten white modules to the next bars or to the edge of the paper
@@ -28,11 +28,12 @@ struct PagePicture
 {
     QImage image;
     BarFit worst = BarFit::Good;
-    QStringList codes;      ///< that are as bad as the worst, each once
-    bool badNumber = false; ///< a quantity is no number: the print would stop there
+    QStringList codes;      ///< those that fit worst, each once; empty when all are good
+    bool badNumber = false; ///< a quantity is not a number: printing would stop there
 };
 
-/// Page \a page of \a job, as large as fits \a size. The marks of the grid behind \a rows are left alone.
+/// Page \a page of \a job at the size \a size. \a rows must be a trial (LabelRows::trial), or the print would
+/// use up the marks of the grid.
 [[nodiscard]] PagePicture drawPage(LabelJob job, const LabelRows& rows, const AppIni& words, int barPitch,
                                    std::int32_t page, QSize size);
 

@@ -15,8 +15,8 @@ namespace suisui {
 
 namespace {
 
-constexpr Millimetres widthOfSingleColumn = 110_mm; ///< a sheet of one column gives no width
-constexpr double shareOfWidth = 0.25; ///< so far into its label that it is over the bars of that one
+constexpr Millimetres widthOfSingleColumn = 110_mm; ///< for a sheet of one column, which gives no width
+constexpr double shareOfWidth = 0.25;               ///< of the label, where the ring is over its bars
 constexpr int buttonSize = 18;
 
 Millimetres lengthIn(const char16_t* text)
@@ -24,7 +24,7 @@ Millimetres lengthIn(const char16_t* text)
     return Millimetres(numberIn(QString::fromUtf16(text)));
 }
 
-/// A ring on a label, so that the bars under it are still seen.
+/// A radio button that is a ring, so that the bars under it are still seen.
 class PositionButton final : public QRadioButton
 {
 public:
@@ -39,7 +39,7 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         constexpr qreal line = 2;
-        constexpr qreal halo = 5; // of white, or the ring would be lost between black bars
+        constexpr qreal halo = 5; // white, or the ring would be lost among black bars
         constexpr qreal inset = 3.5;
         const QRectF ring = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
         const QColor ink = isEnabled() ? QColor(0, 90, 200) : palette().color(QPalette::Mid);

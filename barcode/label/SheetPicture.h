@@ -1,5 +1,5 @@
-// The picture of a sheet: its page as it will be printed, with a ring over the bars of every label; the
-// filled ring is the first label.
+// The picture of a sheet in the label dialog: its page as it will be printed, with a ring on every label by
+// which the operator chooses the first one, whose ring is filled.
 #pragma once
 
 #include <vector>
@@ -22,13 +22,13 @@ class SheetPicture : public QWidget
 public:
     explicit SheetPicture(QWidget* parent = nullptr);
 
-    /// Makes the buttons of \a sheet, named \a name and their place from 0.
+    /// Makes the buttons of \a sheet; their object names are \a name and the position from 0.
     void setSheet(const LabelSheet& sheet, const QString& name);
     [[nodiscard]] const std::vector<QRadioButton*>& buttons() const { return m_buttons; }
 
     /// The page to show; \a corner is where the bars of the first label begin.
     void setPage(const QImage& page, const MillimetrePoint& corner);
-    /// Pixels that a page has here.
+    /// The size of the page on the screen.
     [[nodiscard]] QSize pageSize() const { return paper().size(); }
 
 Q_SIGNALS:
@@ -45,7 +45,7 @@ private:
     QImage m_page;
     MillimetrePoint m_corner;
     std::vector<QRadioButton*> m_buttons;
-    std::vector<MillimetrePoint> m_places; ///< of the middles of the buttons
+    std::vector<MillimetrePoint> m_places; ///< centres of the buttons
 };
 
 } // namespace suisui

@@ -46,12 +46,12 @@ frm_PriCheck::frm_PriCheck(const LabelSource& source, const Surroundings& around
 
 frm_PriCheck::~frm_PriCheck() = default;
 
-/// Texts of the source and of the sheets, which Designer does not know.
+/// Size, colours, and the texts that depend on source and sheets, which Designer does not know.
 void frm_PriCheck::prepareForm()
 {
     m_ui->layAll->setStretch(1, 1);
     constexpr QSize comfortable(1110, 690);
-    constexpr QSize aroundWindow(12, 40); // what the window manager adds, about
+    constexpr QSize aroundWindow(12, 40); // roughly what the window manager adds
     resize(comfortable.boundedTo(screen()->availableSize() - aroundWindow));
     QPalette warning = m_ui->lblWarning->palette();
     warning.setColor(QPalette::WindowText, QColor(200, 0, 0));
@@ -135,10 +135,10 @@ void frm_PriCheck::wireSheets()
     }
 }
 
-/// What a control now holds, whoever has changed it.
+/// Takes the new content of a control, whoever has changed it.
 void frm_PriCheck::take(LabelField field, const QString& text)
 {
-    // Meant: the whole number of the millimetres is set as dots; the print sets the dots of the printer.
+    // Meant: the rounded number of millimetres is set as dots; printing sets the dots of the printer.
     if (field == LabelField::barHeight && isNumeric(text))
         m_around.barPrt.setBarHeight(nearestDot(numberIn(text)));
     if (field == LabelField::barPitch && !text.isEmpty())
@@ -180,7 +180,7 @@ void frm_PriCheck::showField(const LabelFieldRow& row)
             label->setEnabled(m_setup.enabled(row.field));
 }
 
-/// The list of first labels holds as many as a page has.
+/// The list of first labels has an item for each label of a page.
 void frm_PriCheck::showStarts()
 {
     if (m_ui->cmbStart->count() == m_setup.capacity())
@@ -207,7 +207,7 @@ void frm_PriCheck::showSheet()
     m_frames.at(sheet)->show(); // never two at once: the dialog would grow to hold both
 }
 
-/// The picture shows the first label, and none under the strip of function codes.
+/// Chooses the button of the first label and hides those that the strip of function codes covers.
 void frm_PriCheck::showPositions()
 {
     const auto& buttons = picture()->buttons();
@@ -219,7 +219,7 @@ void frm_PriCheck::showPositions()
     }
 }
 
-/// The control of \a field; null where the sheet has none.
+/// The control of \a field; null when there is none on this sheet.
 QWidget* frm_PriCheck::controlOf(LabelField field) const
 {
     if (field == LabelField::sheet)
@@ -234,7 +234,7 @@ SheetPicture* frm_PriCheck::picture() const
     return m_pictures.at(static_cast<std::size_t>(m_setup.sheet()));
 }
 
-/// The chosen button of the sheet's picture; null where the sheet has none.
+/// The chosen button in the picture; null for the free sheet, which has none.
 QRadioButton* frm_PriCheck::positionButton() const
 {
     const auto& buttons = picture()->buttons();

@@ -1,10 +1,10 @@
-// The dialog in which the operator describes a sheet of bar-code labels and picks what goes on it: four
-// sheets that the shop can buy and a free one, shown as a picture in which the first label is picked; how
-// many pages it takes; every field checked before paper is spent. What was printed last is proposed again,
-// for each source apart.
+// The dialog in which the operator chooses a sheet of bar-code labels and what goes on it: four sheets that
+// the shop can buy and a free one, with a picture of the page in which the first label is chosen, and the
+// number of pages. Every field is checked before paper is spent. The settings of the last print are proposed
+// again, separately for each source.
 //
-// The dialog shows a LabelSetup and hands it what is typed; LabelFields is the table of its fields.
-// All measures are millimetres with two decimals.
+// The dialog shows a LabelSetup and passes on what is typed; LabelFields is the table of its fields.
+// All measures are in millimetres.
 #pragma once
 
 #include <array>
@@ -55,9 +55,9 @@ public:
     frm_PriCheck(const LabelSource& source, const Surroundings& around, QWidget* parent);
     ~frm_PriCheck() override;
 
-    /// Pages that the job needs.
+    /// The number of pages that the job needs.
     [[nodiscard]] std::int32_t PageTotal() const { return m_setup.pageTotal(); }
-    /// True when a print has been finished.
+    /// True after a print has finished.
     [[nodiscard]] bool printed() const { return m_printed; }
 
     void CmdOK_Click();
@@ -66,7 +66,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    // What is typed goes to the setup, what follows is shown (frm_PriCheck.cpp).
+    // What is typed goes to the setup, and what follows is shown (frm_PriCheck.cpp).
     void prepareForm();
     void wire();
     void wireField(LabelField field, QWidget* widget);
@@ -92,7 +92,7 @@ private:
     void refuse(const LabelRefusal& refusal);
     void print();
 
-    // The page as it will be (frm_PriCheckPicture.cpp).
+    // The picture of the page (frm_PriCheckPicture.cpp).
     void wirePicture();
     void refreshLater();
     void refreshPicture();
@@ -110,7 +110,7 @@ private:
     LabelSetup m_setup;
     QTimer m_refresh;
 
-    // The control arrays, by index.
+    // The controls: by field, then by sheet.
     std::array<QWidget*, labelFieldCount> m_controls{}; ///< null where the control depends on the sheet
     std::array<std::array<QWidget*, 2>, labelFieldCount> m_labels{};
     std::array<QRadioButton*, 5> m_optYousi{};
@@ -118,7 +118,7 @@ private:
     std::array<SheetPicture*, 5> m_pictures{};
 
     std::int32_t m_shownPage = 1;
-    bool m_showing = false; ///< the controls follow the setup, not the operator
+    bool m_showing = false; ///< the setup changes the controls, not the operator
     bool m_printing = false;
     bool m_printed = false;
 };

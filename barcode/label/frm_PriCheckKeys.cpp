@@ -1,4 +1,4 @@
-// Keys of the label dialog: what the fields let through, and where Enter goes.
+// Keys of the label dialog: what the fields accept, and where Enter goes.
 #include <algorithm>
 
 #include <QKeyEvent>
@@ -39,7 +39,7 @@ void frm_PriCheck::limitKeysOf(KeyField& control, const LabelFieldRow& row)
     control.setValidator(new QRegularExpressionValidator(digits, &control));
 }
 
-/// The field that \a widget stands for; none for the buttons under the picture.
+/// The field that \a widget belongs to; none for the buttons below the picture.
 std::optional<LabelField> frm_PriCheck::fieldOf(const QWidget* widget) const
 {
     if (std::find(m_optYousi.begin(), m_optYousi.end(), widget) != m_optYousi.end())

@@ -1,4 +1,4 @@
-// The page as it will be, on the picture of the sheet, after every change of a field.
+// Draws the page as it will be printed into the picture of the sheet, after every change of a field.
 #include <algorithm>
 
 #include <QLabel>
@@ -18,7 +18,7 @@ namespace suisui {
 
 namespace {
 
-constexpr int codesNamed = 3; ///< of those that do not fit
+constexpr int codesNamed = 3; ///< of those that do not fit, in the warning
 
 QString warningOf(const PagePicture& page)
 {
@@ -57,14 +57,14 @@ void frm_PriCheck::wirePicture()
     connect(m_ui->cmdLarge, &QToolButton::clicked, this, &frm_PriCheck::showLarge);
 }
 
-/// Several changes in a row, a new sheet for one, draw the page once.
+/// Several changes at once, as for a new sheet, draw the page once.
 void frm_PriCheck::refreshLater()
 {
     if (isVisible() && !m_printing)
         m_refresh.start(0);
 }
 
-/// The rows as the print will find them.
+/// The rows with the marks that the print will find.
 LabelRows frm_PriCheck::trialRows(const LabelJob& wanted) const
 {
     LabelRows rows = m_rows.trial();
@@ -115,7 +115,7 @@ void frm_PriCheck::showLarge()
     area->setAlignment(Qt::AlignCenter);
     layout->addWidget(area);
     large.resize(size.width() + 40, height());
-    m_scan->stop(); // its codes are meant for the form behind
+    m_scan->stop(); // scans are meant for the dialog behind this window
     showModal(large);
     m_scan->start();
 }

@@ -1,4 +1,4 @@
-// The OK button of the label dialog: what is refused, and the print.
+// The OK button of the label dialog: refuses what is wrong, then prints.
 #include <QGuiApplication>
 
 #include "barcode/label/LabelChecks.h"
@@ -42,7 +42,7 @@ void frm_PriCheck::CmdOK_Click()
     m_scan->stop();
     m_around.barPrt.setOrientation(portrait);
     const bool goOn = m_around.barPrt.choosePrinter(this) == 1;
-    if (goOn) { // while the printer is chosen the operator is asked, not kept waiting
+    if (goOn) { // no hourglass before: the operator was choosing the printer
         QGuiApplication::setOverrideCursor(hourglass());
         print();
         QGuiApplication::restoreOverrideCursor();
@@ -60,7 +60,7 @@ void frm_PriCheck::CmdOK_Click()
 void frm_PriCheck::print()
 {
     LabelJob wanted = m_setup.job();
-    m_source.grid->setReDraw(false); // every row that is walked loses its mark
+    m_source.grid->setReDraw(false); // printing clears the marks row by row
     if (m_setup.ticked(LabelField::rowRange))
         for (std::int64_t row = wanted.startRow; row <= wanted.endRow; ++row)
             m_rows.setMark(row, true);

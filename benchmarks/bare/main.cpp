@@ -1,5 +1,5 @@
-// A Qt window with nothing in it, the baseline of the program's start; with the argument "field" one whose
-// only control is a field with its blinking cursor, the baseline of a program that nobody uses.
+// An empty Qt window, the baseline of the program's start; with the argument "field" a window with a single
+// field and its blinking cursor, the baseline of the idle program.
 #include <QApplication>
 #include <QLineEdit>
 #include <QWidget>

@@ -1,5 +1,5 @@
-// The least that takes a frame from a reader to a row: a serial port, the line in it, and the statements of a
-// scan on bare SQLite. The baseline of a scan's road through the program. Arguments: device, database.
+// The least code from a frame of the reader to its row: a serial port, its lines, and the statements of a
+// scan on bare SQLite. The baseline of a scan's way through the program. Arguments: device, database.
 #include <QCoreApplication>
 #include <QSerialPort>
 

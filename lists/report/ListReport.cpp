@@ -9,7 +9,7 @@ namespace suisui {
 
 namespace {
 
-/// The page that \a text means; 0 when it is no number, or none that any report has.
+/// The page number in \a text; 0 when it is not a number or too large for one.
 int pageNumber(const QString& text)
 {
     try {

@@ -1,6 +1,6 @@
-// The engine of the three list reports: fills a template page by page with the texts of a grid and puts it on
-// paper. It reads the grid as it stands and nothing else, so what is on the screen is what is printed,
-// subtotal rows and the order of a heading sort included.
+// The engine of the three list reports: fills a template page by page with the texts of a grid and prints it.
+// It reads nothing but the grid, so the paper shows what the screen shows, subtotal rows and the order of a
+// heading sort included.
 #pragma once
 
 #include <functional>
@@ -25,11 +25,11 @@ struct PageRange
     bool operator==(const PageRange&) const = default;
 };
 
-/// What two page fields mean when the report has \a pages pages. What is no number, or lies outside, is
-/// mended without a word: the first page becomes 1, the last one the number of pages.
+/// What the two page fields mean when the report has \a pages pages. A first page that is not a number or out
+/// of range becomes 1; a last page that is not a number, out of range or before the first becomes \a pages.
 [[nodiscard]] PageRange pageRange(const QString& first, const QString& last, int pages);
 
-/// What a tab tells its report at print time.
+/// What a tab gives its report at print time.
 struct ReportHead
 {
     std::map<std::u16string_view, QString> texts; ///< by the name of the label
@@ -39,19 +39,19 @@ struct ReportHead
 enum class ReportStatus {
     Printed,
     DrawingFailed, ///< a page could not be put on paper
-    Failed,        ///< the document did not arrive
+    Failed,        ///< the printer did not take the document
 };
 
 class ListReport
 {
 public:
-    /// Runs after each page, with the pages done and the pages to do.
+    /// Runs after each page, with the number of pages done and of all pages.
     using PageDone = std::function<void(int done, int all)>;
 
     ListReport(const ReportTemplate& report, const vaSpread& grid) : m_report(report), m_grid(grid) {}
 
-    /// Prints \a range of a report that has \a pages pages, as often as the chosen printer was asked for
-    /// copies, as one document. Whatever goes wrong, the document is closed.
+    /// Prints \a range of a report that has \a pages pages as one document, once for each copy that the
+    /// operator asked for. The document is closed even when something fails.
     [[nodiscard]] ReportStatus print(const Printer_Properties& paper, const ReportHead& head, PageRange range,
                                      int pages, const PageDone& pageDone = {}) const;
 

@@ -13,11 +13,11 @@ namespace {
 constexpr double pointsPerInch = 72;
 constexpr double lineStepsPerInch = 254;
 
-// A label that tells its text apart by its first character: these are the codes of half-width ones.
+// A text is half-width when its first character has one of these codes.
 constexpr char16_t firstHalfWidth = 32;
 constexpr char16_t lastHalfWidth = 122;
 
-/// Thickness of a line in dots, and never nothing.
+/// Thickness of a line in dots, at least one.
 double thickness(int borderWidth, double dpi)
 {
     return std::max(1.0, (2 * borderWidth - 1) * dpi / lineStepsPerInch);
@@ -131,8 +131,8 @@ void Printer_Properties::PrintLabel(const FormLabel& label, bool transparent) co
         text.drawSpaced(painter, place.x, place.y, place.cell, label.caption);
         return;
     }
-    // A text that is too long is drawn narrower. A centred one is then placed by its box and not by counting:
-    // it fills it.
+    // A text that is too long is drawn narrower. A centred one then fills its box, so it is placed by the box
+    // and not by counting characters.
     const double drawn = text.width(label.caption);
     const double stretch = drawn > room && room > 0 ? room / drawn : 1;
     const double x = place.spaced ? dotX(label.left) + (room - drawn * stretch) / 2 : place.x;

@@ -1,10 +1,9 @@
 // Choosing the printer, and putting a form that is laid out in inches on its paper: lines, coloured boxes and
-// texts, each at whole dots. Figures are in columns with any font, because a right-aligned or centred
-// text is placed by counting its characters and not by measuring them.
+// texts, each at whole dots. Figures line up with any font, because a right-aligned or centred text is placed
+// by counting its characters and not by measuring them.
 //
-// A place on the form, in inches, times the dots per inch, less the print offset, is a place in dots. At
-// first the offset is the margin that the printer cannot print; moveToCorner() pulls a form to where the
-// printer begins.
+// A place in dots is the place on the form, in inches, times the dots per inch, less the print offset. The
+// offset is at first the margin that the printer cannot print; moveToCorner() changes it.
 #pragma once
 
 #include <map>
@@ -30,7 +29,7 @@ struct FormLine
     double y1 = 0;
     double x2 = 0;
     double y2 = 0;
-    int borderWidth = 1; ///< 1 is a 254th of an inch thick, each step more adds two
+    int borderWidth = 1; ///< 1 is 1/254 inch thick, each step adds 2/254
     bool visible = true;
 };
 
@@ -68,8 +67,8 @@ struct TextPlace
 {
     double x = 0;        ///< of the first character
     double y = 0;        ///< of the top
-    double cell = 0;     ///< width that is counted for a character
-    bool spaced = false; ///< each character is put into its own cell
+    double cell = 0;     ///< width allowed for one character
+    bool spaced = false; ///< each character has its own cell
     double width(qsizetype characters) const { return cell * static_cast<double>(characters); }
 };
 
@@ -82,8 +81,8 @@ public:
     Printer_Properties(const Printer_Properties&) = delete;
     Printer_Properties& operator=(const Printer_Properties&) = delete;
 
-    /// Lets the operator choose; the caller has set the orientation. True when cancelled, and then printer
-    /// and values are as they were.
+    /// Lets the operator choose the printer; the caller has set the orientation. True when cancelled; nothing
+    /// changes then.
     [[nodiscard]] bool PrinterSelect(QWidget* form);
 
     // Set by PrinterSelect.
@@ -92,24 +91,25 @@ public:
     [[nodiscard]] double PrtDpiX() const { return m_dpiX; }
     [[nodiscard]] double PrtDpiY() const { return m_dpiY; }
 
-    /// Makes the offsets such that a line that begins at (\a x1, \a y1) inches is where the printer
-    /// begins: the line's own place when that is at least the margin, otherwise the place less the margin.
+    /// Moves the form so that a line at (\a x1, \a y1) inches is printed where the printable area begins: the
+    /// offset becomes the line's place in dots. Where that is less than the margin, the offset becomes the
+    /// place less the margin; that is meant.
     void moveToCorner(double x1, double y1);
 
-    // The geometry, for a printer of these values.
+    // Where things are drawn, in dots.
     [[nodiscard]] QRect lineBox(const FormLine& line) const;
     [[nodiscard]] QRect backBox(const FormLabel& label) const;
     [[nodiscard]] TextPlace textPlace(const FormLabel& label) const;
 
-    /// Draw on the page that the printer has open. What is hidden draws nothing, nor does an empty text.
+    /// Draw on the page that the printer has open. Hidden elements and empty texts draw nothing.
     void PrintLine(const FormLine& line) const;
     /// The box of the label in its back colour.
     void PrintBack(const FormLabel& label) const;
-    /// The text of the label. Not \a transparent: with the back colour behind the characters. A left-aligned
-    /// text that is wider than its box is drawn narrower, so that it stays in it.
+    /// The text of the label, with the back colour behind it unless \a transparent. A left-aligned or centred
+    /// text that is wider than its box is drawn narrower, so that it stays in the box.
     void PrintLabel(const FormLabel& label, bool transparent) const;
 
-    /// A text for half-width cells throughout: its first character has a code from 32 to 122.
+    /// Whether all characters of \a text get half-width cells: its first one has a code from 32 to 122.
     [[nodiscard]] static bool isHalfWidth(const QString& text);
 
     [[nodiscard]] Printer& printer() const { return m_printer; }

@@ -14,7 +14,7 @@ constexpr double inches(int twips)
     return static_cast<double>(twips) / twipsPerInch;
 }
 
-// Light enough for black texts on a printer without colours.
+// Light enough for black text on a monochrome printer.
 constexpr QRgb bandColour = qRgb(255, 248, 190);
 constexpr QRgb titleColour = qRgb(226, 230, 238);
 
@@ -65,7 +65,7 @@ void ReportForm::addTexts(std::span<const FixedText> texts)
     }
 }
 
-/// \a box as far as the frame reaches, so that a text that fills it ends inside.
+/// \a box, cut at the right side of the frame so that no text crosses it.
 TwipBox ReportForm::insideFrame(TwipBox box) const
 {
     constexpr int gap = 45; // twips
@@ -77,7 +77,7 @@ TwipBox ReportForm::insideFrame(TwipBox box) const
 void ReportForm::addRow(int n)
 {
     const int down = n * m_report.pitch;
-    Row row{labelOf(m_report.LbYerrow, down), {}, lineOf(m_report.LnIn, down)};
+    Row row{labelOf(m_report.rowBand, down), {}, lineOf(m_report.rowLine, down)};
     row.band.backColor = QColor::fromRgb(bandColour);
     for (const RowElement& element : m_report.cells) {
         row.cells.push_back(labelOf(insideFrame(element.box), down));

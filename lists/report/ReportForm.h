@@ -1,5 +1,5 @@
-// One page of a list report while it is filled: the template's lines and labels, with the texts and the
-// visibility that they have now.
+// One page of a list report while it is filled: the lines and labels of the template with their current texts
+// and visibility.
 #pragma once
 
 #include <vector>
@@ -17,18 +17,18 @@ class ReportForm
 public:
     explicit ReportForm(const ReportTemplate& report);
 
-    /// Writes the fixed texts of that name.
+    /// Sets the fixed texts named \a name to \a text.
     void setText(std::u16string_view name, const QString& text);
     /// Shows or hides the titles of the columns that not every view fills.
     void showOptionalTitles(bool shown);
 
-    /// Row \a n of the form takes \a gridRow of \a grid; without such a row it is hidden.
+    /// Row \a n of the form takes \a gridRow of \a grid; when there is no such row it is hidden.
     void fillRow(int n, const vaSpread& grid, int gridRow);
     /// Empties all rows and shows their lines and bands again.
     void clearRows();
 
-    /// Draws the page: head, titles, frame, then the rows: bands, and on them texts and lines. The bands come
-    /// before all lines because each reaches up to the line of the row above.
+    /// Draws the page: head, titles, frame, then the bands of all rows, then their texts and lines. Each band
+    /// reaches up to the line of the row above, which it would cover.
     void draw(const Printer_Properties& paper) const;
 
 private:

@@ -1,8 +1,8 @@
-// The three forms that the list reports fill: where each text, line and shaded band stands on a sheet of A4
-// laid crosswise. Data only, in twips (1440 to the inch), to be held beside the printed form.
+// The three forms that the list reports fill: the place of each text, line and shaded band on a landscape A4
+// sheet. Data only, in twips (1440 to the inch), to be compared with the printed form.
 //
-// A form has head, column titles and frame once, and its rows many times: what is told for a row is the place
-// in the first one, and row n stands n times the pitch lower. A row of the form takes one row of the grid.
+// A page has head, column titles and frame once, and many rows. Places within a row are those of the first
+// one, number 0; row n is n times the pitch lower. A row of the form takes one row of the grid.
 #pragma once
 
 #include <array>
@@ -33,7 +33,7 @@ struct RowElement
     FormAlign alignment = FormAlign::Left;
 };
 
-/// A text that stands once on a page. Without a text of its own it is written by the engine.
+/// A text that is on each page once. An empty one is filled in by the engine.
 struct FixedText
 {
     std::u16string_view name;
@@ -52,7 +52,7 @@ struct FixedLine
     int x2;
     int y2;
     int borderWidth = 1;
-    bool optional = false; ///< stands between optional titles
+    bool optional = false; ///< between optional titles
 };
 
 struct ReportTemplate
@@ -62,12 +62,12 @@ struct ReportTemplate
     std::u16string_view listName; ///< as the dialog names it
     Tab tab;
     int termIndex;
-    std::u16string_view drawingError; ///< told when a page cannot be drawn
+    std::u16string_view drawingError; ///< shown when a page cannot be drawn
     int rowsPerPage;
     int pitch;
     std::span<const RowElement> cells;
-    FixedLine LnIn;                   ///< under the row
-    TwipBox LbYerrow;                 ///< shaded band behind the row
+    FixedLine rowLine;                ///< LnIn, under the row
+    TwipBox rowBand;                  ///< LbYerrow, the shaded band behind the row
     int rowsPerBand;                  ///< 2: behind every other row
     TwipBox titleBand;                ///< behind the column titles
     std::span<const FixedLine> lines; ///< frame; the first is the left reference line, the second the top one

@@ -1,5 +1,5 @@
-// The receipt list and the shipment list: ten movements on a page, three print lines each. The two are one
-// form; a side brings its words and its columns.
+// The receipt list and the shipment list: ten movements on a page, three print lines each. Both are the same
+// form with the words and columns of their side.
 #include "lists/report/ReportTemplate.h"
 
 namespace suisui {
@@ -10,7 +10,7 @@ using enum FormAlign;
 
 constexpr int textHeight = 255;
 
-/// A print line of a movement: where its titles stand, and its texts in the first row.
+/// A print line of a movement: the place of its titles, and of its texts in the first row.
 struct PrintLine
 {
     int titleTop;
@@ -31,7 +31,7 @@ struct Column
     int width;
     FormAlign alignment = Left;
     bool optional = false;
-    int titleWidth = 0; ///< where it is not that of the texts
+    int titleWidth = 0; ///< 0: that of the texts
 };
 
 constexpr std::array receiptColumns{
@@ -117,7 +117,7 @@ constexpr FixedText head[] = {
     {u"Label3", u"ページ", {15450, 1020, 540, 255}},
 };
 
-// The frame stands outside the bands, which reach from 1110 to 15990.
+// The frame is outside the bands, which reach from 1110 to 15990.
 constexpr FixedLine lines[] = {
     {1093, 1560, 1093, 11117, 2}, {1093, 420, 16007, 420, 3},   {15990, 1560, 15990, 11117, 2},
     {1093, 1543, 16007, 1543, 2}, {1110, 2383, 15990, 2383, 2}, {1093, 11100, 16007, 11100, 2},
@@ -146,8 +146,8 @@ constexpr ReportTemplate formOf(const FormSide& side)
             .rowsPerPage = 10,
             .pitch = 870,
             .cells = side.cells,
-            .LnIn = {1110, 3270, 15990, 3270},
-            .LbYerrow = {1110, 2400, 14880, 300},
+            .rowLine = {1110, 3270, 15990, 3270},
+            .rowBand = {1110, 2400, 14880, 300},
             .rowsPerBand = 1,
             .titleBand = {1110, 1560, 14880, 823},
             .lines = lines,

@@ -41,8 +41,8 @@ constexpr FixedText titles[] = {
     {u"lbltltsub", u"（合計）", {14287, 1770, 1808, 255}, Centre, 9, true, true},
 };
 
-// The frame stands outside the bands, which reach from 300 to 16095. Upright lines part the titles only: the
-// figures below stand in columns without them.
+// The frame is outside the bands, which reach from 300 to 16095. Vertical lines separate the titles only; the
+// figures below line up without them.
 constexpr FixedLine lines[] = {
     {283, 1680, 283, 11057, 2},     {283, 480, 16112, 480, 3},
     {16095, 1680, 16095, 11057, 2}, {283, 1663, 16112, 1663, 2},
@@ -65,8 +65,8 @@ constinit const ReportTemplate rptList_Stock{
     .rowsPerPage = 25,
     .pitch = 360,
     .cells = cells,
-    .LnIn = {300, 2400, 16095, 2400},
-    .LbYerrow = {300, 2040, 15795, 345},
+    .rowLine = {300, 2400, 16095, 2400},
+    .rowBand = {300, 2040, 15795, 345},
     .rowsPerBand = 2,
     .titleBand = {300, 1680, 15795, 343},
     .lines = lines,

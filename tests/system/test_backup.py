@@ -34,7 +34,7 @@ class Backup(ShopTest):
         listed = self.shop.tagdb("backup", "--list")
         self.assertEqual(0, listed.returncode, listed.stdout)
         for name in self.copies():
-            self.assertRegex(listed.stdout, rf"{name}  \d+ bytes  proved, \d+ stock figures")
+            self.assertRegex(listed.stdout, rf"{name}  \d+ bytes  verified, \d+ stock figures")
 
     def test_copies_during_receipts_are_verified_and_no_scan_is_lost(self):
         program = self.open()

@@ -201,7 +201,7 @@ class DailyBackup(Packaged):
             self.assertEqual(1, len(copies), home)
             listed = self.tagdb(home, "backup", "--list")
             self.assertEqual(0, listed.returncode, listed.stdout)
-            self.assertRegex(listed.stdout, rf"{copies[0].name}  \d+ bytes  proved")
+            self.assertRegex(listed.stdout, rf"{copies[0].name}  \d+ bytes  verified")
 
     def test_a_user_without_a_shop_gets_no_folder_and_no_failure(self):
         home = self.home("guest")

@@ -16,7 +16,7 @@ TEST_F(BackupTest, copyHasTheDateInItsName_allRows_andIsVerified)
     for (const char* sql : {"SELECT * FROM InpTB", "SELECT * FROM ZaikoTB"})
         EXPECT_EQ(queryFile(folder() + first, sql), shop.query(sql));
     EXPECT_NE(listed().find(std::string(first) + "  "), std::string::npos);
-    EXPECT_NE(listed().find("proved, 1 stock figures\n"), std::string::npos) << listed();
+    EXPECT_NE(listed().find("verified, 1 stock figures\n"), std::string::npos) << listed();
     EXPECT_EQ(status, ToolStatus::Good);
 }
 
@@ -82,7 +82,7 @@ TEST_F(BackupTest, booksThatDoNotHold_areKept_andPushNoVerifiedCopyOut)
         EXPECT_EQ(backup(), ToolStatus::Found);
     }
     EXPECT_NE(out.str().find("stock of A1 is 16, its movements make 15"), std::string::npos);
-    EXPECT_EQ(BackupFolder(folder()).copies().size(), 2U); // the proved one and the newest of the others
+    EXPECT_EQ(BackupFolder(folder()).copies().size(), 2U); // the verified one and the newest of the others
     EXPECT_NE(listed().find("its books have 1 problems"), std::string::npos);
     EXPECT_TRUE(fs::exists(folder() + first));
     EXPECT_EQ(status, ToolStatus::Good);
@@ -109,16 +109,16 @@ TEST_F(BackupTest, aCopyThatChangesLater_isReported_andIsNotRestored)
     EXPECT_NE(listed().find("NOT TO BE USED"), std::string::npos);
     EXPECT_EQ(status, ToolStatus::Found);
     EXPECT_EQ(restore(first), ToolStatus::Failed);
-    EXPECT_NE(err.str().find("has changed since it was proved"), std::string::npos);
+    EXPECT_NE(err.str().find("has changed since it was verified"), std::string::npos);
 }
 
 TEST_F(BackupTest, aCopyWithoutItsNote_isNotCalledVerified)
 {
-    EXPECT_NE(listed().find("0 proved copies"), std::string::npos);
+    EXPECT_NE(listed().find("0 verified copies"), std::string::npos);
     EXPECT_EQ(status, ToolStatus::Found);
     ASSERT_EQ(backup(), ToolStatus::Good);
     fs::remove(folder() + first + ".proof");
-    EXPECT_NE(listed().find("not proved"), std::string::npos);
+    EXPECT_NE(listed().find("not verified"), std::string::npos);
     EXPECT_EQ(status, ToolStatus::Found);
 }
 
@@ -167,7 +167,7 @@ TEST_F(BackupTest, soManyCopiesStay_ofAllSorts_withTheLastVerifiedOne)
     }
     const auto copies = BackupFolder(folder()).copies();
     ASSERT_EQ(copies.size(), 3U);
-    EXPECT_EQ(copies[0].name, "trnvik-20260401-090100-replaced.mdb") << "proved, when it was replaced";
+    EXPECT_EQ(copies[0].name, "trnvik-20260401-090100-replaced.mdb") << "verified when it was replaced";
     EXPECT_EQ(copies[1].stamp, "20260401-090600");
     EXPECT_EQ(copies[2].stamp, "20260401-090700");
 }

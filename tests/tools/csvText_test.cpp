@@ -40,11 +40,11 @@ TEST_F(CsvText, bytesThatAreNotText_areNamedByPlace_andNothingIsStored)
         bool cp932;
         const char* words;
     } files[] = {
-        {"Code,Name\r\n01,a\r\n02,\x8E\x52\x93\x63\r\n", false, "line 3, column 4: no text in UTF-8"},
-        {"Code,Name\r\n01,山\xE7", false, "line 2, column 7: no text in UTF-8"},
-        {std::string("Code,Name\n01,a\0b\n", 17), false, "line 2, column 5: no text in UTF-8"},
-        {"Code,Name\n01,\x8E\x52\n02,\x81", true, "line 3, column 4: no text in code page 932"},
-        {"\xFF", false, "line 1, column 1: no text in UTF-8"},
+        {"Code,Name\r\n01,a\r\n02,\x8E\x52\x93\x63\r\n", false, "line 3, column 4: not text in UTF-8"},
+        {"Code,Name\r\n01,山\xE7", false, "line 2, column 7: not text in UTF-8"},
+        {std::string("Code,Name\n01,a\0b\n", 17), false, "line 2, column 5: not text in UTF-8"},
+        {"Code,Name\n01,\x8E\x52\n02,\x81", true, "line 3, column 4: not text in code page 932"},
+        {"\xFF", false, "line 1, column 1: not text in UTF-8"},
     };
     for (const auto& one : files) {
         EXPECT_EQ(import(one.bytes, one.cp932), ToolStatus::Failed);
@@ -62,7 +62,7 @@ TEST_F(CsvText, bytesThatAreNotText_areNamedByPlace_andNothingIsStored)
 TEST_F(CsvText, aColumnNamedTwice_isRefused)
 {
     EXPECT_EQ(import("Code,Name,name\n01,a,b\n", false), ToolStatus::Failed);
-    EXPECT_NE(err.str().find("line 1: column \"name\" stands there twice"), std::string::npos) << err.str();
+    EXPECT_NE(err.str().find("line 1: column \"name\" is there twice"), std::string::npos) << err.str();
     EXPECT_EQ(stored(), "0");
 }
 
@@ -80,7 +80,7 @@ TEST_F(CsvText, bytesThatAreNotText_inAnyTable_areFoundByTheCheck)
         EXPECT_EQ(checkBooks(base, found, err), ToolStatus::Found) << name;
         EXPECT_NE(found.str().find(name + " row 1 " + std::string(table->columns[1])), std::string::npos)
             << found.str();
-        EXPECT_NE(found.str().find("is no text"), std::string::npos) << found.str();
+        EXPECT_NE(found.str().find("is not text"), std::string::npos) << found.str();
         db.Execute("DELETE FROM " + name);
         db.Commit();
     }

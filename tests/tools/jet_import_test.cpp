@@ -173,7 +173,7 @@ TEST_P(JetImportTest, columnsWithNamesOfTheirOwn_areTakenByTheirPlace)
     ASSERT_EQ(import(), ToolStatus::Good) << out.str() << err.str();
     EXPECT_EQ(query("SELECT Name, HSeihinCD, Suuryou, HSeihinName FROM HSeihinTB"),
               Texts{"詰合せ|A1|2|りんご"});
-    EXPECT_NE(out.str().find("HSeihinTB: column HSeihinName is their BuhinMei, by its place"),
+    EXPECT_NE(out.str().find("HSeihinTB: column HSeihinName is taken from BuhinMei, by its position"),
               std::string::npos)
         << out.str();
 }
@@ -182,7 +182,7 @@ TEST_P(JetImportTest, aNumberWithAFraction_isNamed_andStopsTheImport)
 {
     add("OutTB", {"B1", "", "", "1.5", "", "", "", "20240402", "090000",         "",
                   "",   "", "", "",    "", "", "", "",         "20240402090001", "20240402090001"});
-    expectRefused("OutTB row 2: SyuSuu \"1.5\" is no whole number\n");
+    expectRefused("OutTB row 2: SyuSuu \"1.5\" is not a whole number\n");
     EXPECT_EQ(import(true), ToolStatus::Found);
     EXPECT_EQ(query("SELECT Code FROM OutTB"), Texts{"A1"});
 }
@@ -191,7 +191,7 @@ TEST_P(JetImportTest, aDateThatDoesNotExist_isNamed)
 {
     table("InpTB").rows[0][7].bytes = jetText(GetParam(), "きのう");
     table("ZaikoTB").rows[0][1].bytes = jetText(GetParam(), "7"); // so that the books hold without the row
-    expectRefused("InpTB row 1: NyuDate \"きのう\" is no date\n");
+    expectRefused("InpTB row 1: NyuDate \"きのう\" is not a date\n");
 }
 
 TEST_P(JetImportTest, twoRowsOfOneKey_areNamed)
@@ -283,20 +283,20 @@ TEST_P(JetImportTest, aFileCutInsideItsLastPage_isNamedWithTheRowsThatItLost)
 TEST_P(JetImportTest, aRowWithoutACode_isNamed)
 {
     add("TantouTB", {"", "山田"});
-    expectRefused("TantouTB row 1: Code \"\" is no code\n");
+    expectRefused("TantouTB row 1: Code \"\" is not a code\n");
     table("TantouTB").rows.clear();
     add("HSeihinTB", {"A1", "", " ", "2"});
-    expectRefused("HSeihinTB row 1: HSeihinCD \" \" is no code\n");
+    expectRefused("HSeihinTB row 1: HSeihinCD \" \" is not a code\n");
 }
 
 TEST_P(JetImportTest, aDayOrATimeThatNoCalendarHas_isNamed)
 {
     table("ZaikoTB").rows[0][1].bytes = jetText(GetParam(), "7"); // so that the books hold without the row
     table("InpTB").rows[0][7].bytes = jetText(GetParam(), "20010230");
-    expectRefused("InpTB row 1: NyuDate \"20010230\" is no date\n");
+    expectRefused("InpTB row 1: NyuDate \"20010230\" is not a date\n");
     table("InpTB").rows[0][7].bytes = jetText(GetParam(), "20010228");
     table("InpTB").rows[0][8].bytes = jetText(GetParam(), "256199");
-    expectRefused("InpTB row 1: NyuTime \"256199\" is no time\n");
+    expectRefused("InpTB row 1: NyuTime \"256199\" is not a time\n");
 }
 
 TEST_P(JetImportTest, controlCharacters_areNamed_andBecomeBlanksOnDemand)
@@ -347,7 +347,7 @@ class Jet3Test : public JetImportTest
 TEST_P(Jet3Test, bytesThatAreNotText_areNamed_notCarriedAsQuestionMarks)
 {
     table("Master").rows[0][1].bytes = "ab\x81";
-    expectRefused("Master row 1: Name \"ab\uFFFD\" is no text\n");
+    expectRefused("Master row 1: Name \"ab\uFFFD\" is not text\n");
     table("Master").rows[0][1].bytes = "ab?";
     write();
     EXPECT_EQ(import(), ToolStatus::Good) << out.str();
@@ -394,7 +394,7 @@ TEST_P(Jet4Test, namesWithRareLetters_comeAlong)
 TEST_P(Jet4Test, halfALetter_isNamed_notCarriedAsAQuestionMark)
 {
     table("Master").rows[0][1].bytes = jetText(Jet::Four, "𠮷").substr(0, 2) + jetText(Jet::Four, "野");
-    expectRefused("Master row 1: Name \"\uFFFD野\" is no text\n");
+    expectRefused("Master row 1: Name \"\uFFFD野\" is not text\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, Jet4Test, ::testing::Values(Jet::Four), [](const auto&) { return "jet4"; });

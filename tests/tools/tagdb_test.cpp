@@ -170,8 +170,8 @@ TEST_F(TagDbTest, check_findsWrongStock_andWrongEncodings)
     out.str({});
     EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Found);
     EXPECT_NE(out.str().find("stock of P is 9, its movements make 8"), std::string::npos) << out.str();
-    EXPECT_NE(out.str().find("NyuDate \"2026/4/1\" is no date"), std::string::npos);
-    EXPECT_NE(out.str().find("NyuPrice \"50\" is no movement number"), std::string::npos);
+    EXPECT_NE(out.str().find("NyuDate \"2026/4/1\" is not a date"), std::string::npos);
+    EXPECT_NE(out.str().find("NyuPrice \"50\" is not a movement number"), std::string::npos);
 }
 
 TEST_F(TagDbTest, tablesComeBackFromCsv_asTheyWent)
@@ -216,12 +216,13 @@ TEST_F(TagDbTest, whatAColumnCannotHold_isNamed_andNothingIsStored)
         bool cp932;
         const char* words;
     } files[] = {
-        {"Master", "Code,NyuPrice\nA,1\nB,cheap\n", false, "line 3: column NyuPrice: \"cheap\" is no number"},
-        {"InpTB", "Code,NyuSuu\nA,1\n", false, "line 2: column NyuDate: \"\" is no date"},
-        {"HSeihinTB", "Code,HSeihinCD,Suuryou\nA,B,two\n", false, "column Suuryou: \"two\" is no number"},
+        {"Master", "Code,NyuPrice\nA,1\nB,cheap\n", false,
+         "line 3: column NyuPrice: \"cheap\" is not a number"},
+        {"InpTB", "Code,NyuSuu\nA,1\n", false, "line 2: column NyuDate: \"\" is not a date"},
+        {"HSeihinTB", "Code,HSeihinCD,Suuryou\nA,B,two\n", false, "column Suuryou: \"two\" is not a number"},
         {"Master", "Code,Name\nA,a\nB,\x83\x8A\n", false,
-         "line 3, column 3: no text in UTF-8 (a file in code page 932 needs --cp932)"},
-        {"Master", "Code,Name\nA,\x83\n", true, "line 2, column 3: no text in code page 932"},
+         "line 3, column 3: not text in UTF-8 (a file in code page 932 needs --cp932)"},
+        {"Master", "Code,Name\nA,\x83\n", true, "line 2, column 3: not text in code page 932"},
     };
     for (const auto& file : files) {
         write("bad.csv", file.bytes);
@@ -402,8 +403,8 @@ TEST(Texts, wordsOfOneLanguageAreRecognised_withTheirParts)
     EXPECT_EQ(said("there is no such table"), "この表がありません");
     EXPECT_EQ(said("the file has 12 rows, 9 can be read"),
               "ファイルには 12 行ありますが、9 行しか読めません");
-    EXPECT_EQ(said("NyuDate \"20010230\" is no date"), "NyuDate の「20010230」は日付ではありません");
-    EXPECT_EQ(said("Name \"a\" b\" is no text"), "Name の「a\" b」は文字として読めません");
+    EXPECT_EQ(said("NyuDate \"20010230\" is not a date"), "NyuDate の「20010230」は日付ではありません");
+    EXPECT_EQ(said("Name \"a\" b\" is not text"), "Name の「a\" b」は文字として読めません");
     EXPECT_EQ(said("something that nobody has put down"), "something that nobody has put down");
     for (const Phrase& phrase : phrases::jetReasons)
         EXPECT_EQ(recognised(phrases::jetReasons, phrase.english).in(Language::English), phrase.english);
