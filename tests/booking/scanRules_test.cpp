@@ -30,6 +30,23 @@ protected:
     BookingDesk desk;
 };
 
+/// Goods mixed of parts of which half a piece can be taken: what a scan rounds, and what it does not.
+class ComponentFractions : public ::testing::Test
+{
+protected:
+    /// Books \a mixed pieces that take \a perUnit parts each, of which a hundred are in stock.
+    void receive(const char* mixed, const char* perUnit)
+    {
+        desk.goods("MIX", mixed, "1");
+        desk.goods("PART", "1", "1");
+        desk.component("MIX", "PART", perUnit);
+        desk.stock("PART", "100");
+        ASSERT_EQ(desk.receipts.book("MIX"), BookResult::Stored);
+    }
+
+    BookingDesk desk;
+};
+
 } // namespace
 
 TEST_F(ScanRules, goodsWithoutComponents_moveOnlyThemselves)
@@ -119,6 +136,24 @@ TEST_F(ScanRules, lowStock_isReported)
          .text =
              u"「 鉛筆 」　（ コード ： P1 ） の　　　\r\n在庫数が 最低在庫数 未満になります。　　　\r\n\r\n　　在庫数 = 9  <  最低在庫数 = 10　"_s,
          .icon = BoxIcon::Exclamation});
+}
+
+TEST_F(ComponentFractions, aScanAndItsDelete_needNotCancel)
+{
+    receive("3", "1.5");
+    EXPECT_EQ(desk.stockOf("PART"), "94") << "2 times 3: the quantity in one unit is rounded at the scan";
+    ASSERT_EQ(desk.receipts.erase(1), EditResult::Done);
+    EXPECT_EQ(desk.stockOf("MIX"), "0");
+    EXPECT_EQ(desk.stockOf("PART"), "98.5") << "1.5 times 3 come back";
+}
+
+TEST_F(ComponentFractions, anUpdate_computesExactly)
+{
+    receive("2", "0.25");
+    EXPECT_EQ(desk.stockOf("PART"), "100") << "a quarter is none at the scan";
+    desk.receipts.type(1, 5, 0);
+    ASSERT_EQ(desk.receipts.edit.update(), EditResult::Done);
+    EXPECT_EQ(desk.stockOf("PART"), "99.25");
 }
 
 } // namespace suisui::test
