@@ -52,6 +52,15 @@ protected:
         desk.shop.execute("CREATE TRIGGER broken BEFORE UPDATE ON " + table()
                           + " WHEN OLD.InpDate='20260401090000' BEGIN SELECT RAISE(ABORT,'broken'); END");
     }
+    /// Rows 1 and 3 are corrected; the update has posted row 1 when row 3 fails, and undoes all.
+    void updateIsTakenBack()
+    {
+        tab.type(1, 8, 0);
+        tab.type(3, 9, 0);
+        failWritesOfTheOldest();
+        EXPECT_EQ(tab.edit.update(), EditResult::Failed);
+    }
+    void writesWorkAgain() const { desk.shop.execute("DROP TRIGGER broken"); }
     void failAllWrites() const
     {
         desk.shop.execute("CREATE TRIGGER broken BEFORE UPDATE ON " + table()
@@ -109,7 +118,7 @@ TEST_P(CorrectionTest, writeThatFailsTwice_hasShownItsCauseOnce_andLeavesNothing
     EXPECT_EQ(quantities(), (Texts{"0000005", "0000005", "0000005"}));
     EXPECT_EQ(desk.stockOf("A"), stockAfter(15));
     EXPECT_FALSE(desk.db.inUnit());
-    desk.shop.execute("DROP TRIGGER broken");
+    writesWorkAgain();
     EXPECT_EQ(tab.edit.update(), EditResult::Done);
     EXPECT_EQ(desk.stockOf("A"), stockAfter(18));
 }
@@ -132,11 +141,8 @@ TEST_P(CorrectionTest, rowThatAnotherProgramHasChanged_undoesTheWholeUpdate)
 
 TEST_P(CorrectionTest, figuresOfAnUpdateThatWasTakenBack_arePutBackBeforeTheNext)
 {
-    tab.type(1, 8, 0);
-    tab.type(3, 9, 0);
-    failWritesOfTheOldest();
-    EXPECT_EQ(tab.edit.update(), EditResult::Failed);
-    desk.shop.execute("DROP TRIGGER broken");
+    updateIsTakenBack();
+    writesWorkAgain();
     // A new row pushes all others down, and the old figures with them.
     EXPECT_EQ(tab.book("A"), BookResult::Stored);
     EXPECT_EQ(tab.view.posted(2).quantity, 5);
@@ -147,11 +153,8 @@ TEST_P(CorrectionTest, figuresOfAnUpdateThatWasTakenBack_arePutBackBeforeTheNext
 
 TEST_P(CorrectionTest, updateThatWasTakenBack_postsTheSameAtTheNextTry)
 {
-    tab.type(1, 8, 0);
-    tab.type(3, 9, 0);
-    failWritesOfTheOldest();
-    EXPECT_EQ(tab.edit.update(), EditResult::Failed);
-    desk.shop.execute("DROP TRIGGER broken");
+    updateIsTakenBack();
+    writesWorkAgain();
     EXPECT_EQ(tab.edit.update(), EditResult::Done);
     EXPECT_EQ(quantities(), (Texts{"0000009", "0000005", "0000008"}));
     EXPECT_EQ(desk.stockOf("A"), stockAfter(22));
@@ -159,11 +162,8 @@ TEST_P(CorrectionTest, updateThatWasTakenBack_postsTheSameAtTheNextTry)
 
 TEST_P(CorrectionTest, searchForgetsWhatWasTakenBack)
 {
-    tab.type(1, 8, 0);
-    tab.type(3, 9, 0);
-    failWritesOfTheOldest();
-    EXPECT_EQ(tab.edit.update(), EditResult::Failed);
-    desk.shop.execute("DROP TRIGGER broken");
+    updateIsTakenBack();
+    writesWorkAgain();
     desk.shop.execute("UPDATE " + table() + (isReceipt() ? " SET NyuSuu" : " SET SyuSuu")
                       + "='0000007' WHERE InpDate='20260401090002'"); // row 1
     tab.search();
@@ -174,10 +174,7 @@ TEST_P(CorrectionTest, searchForgetsWhatWasTakenBack)
 
 TEST_P(CorrectionTest, deleteAfterAnUpdateThatWasTakenBack_undoesWhatWasPosted)
 {
-    tab.type(1, 8, 0);
-    tab.type(3, 9, 0);
-    failWritesOfTheOldest();
-    EXPECT_EQ(tab.edit.update(), EditResult::Failed);
+    updateIsTakenBack();
     EXPECT_EQ(tab.erase(1), EditResult::Done);
     EXPECT_EQ(desk.stockOf("A"), stockAfter(10));
 }

@@ -17,6 +17,8 @@ namespace suisui::test {
 
 namespace {
 
+enum Purpose { ToLoad, ToSave };
+
 struct FileDesk : DialogDesk
 {
     FileDesk()
@@ -27,13 +29,13 @@ struct FileDesk : DialogDesk
         QDir(shop->base()).mkpath(u"empty"_s);
         ini.setLastHistoryFolder(folder());
     }
-    void open(bool saveMode)
+    void open(Purpose purpose)
     {
         PlaceQuestion question;
-        question.saveMode = saveMode;
+        question.saveMode = purpose == ToSave;
         question.caption = u"場所"_s;
         question.pattern = historyFilePattern(u"hst"_s);
-        question.fileName = saveMode ? u"RRK20260401-20260430.hst"_s : QString();
+        question.fileName = question.saveMode ? u"RRK20260401-20260430.hst"_s : QString();
         dialog = std::make_unique<frm_DirFile>(question, ini, env, box, readLine, nullptr);
         show(*dialog);
     }
@@ -80,7 +82,7 @@ const QString confirmation = u"「決定」 します。　よろしいですか
 TEST(FileDialog, offersTheFilesOfTheExtensionAlone_inTheFolderOfLastTime)
 {
     FileDesk desk;
-    desk.open(false);
+    desk.open(ToLoad);
     EXPECT_EQ(control<QLabel>(*desk.dialog, u"lblCaption"_s).text(), u"場所"_s);
     EXPECT_EQ(control<QLabel>(*desk.dialog, u"lblFolder"_s).text(), desk.folder());
     ASSERT_EQ(desk.files().count(), 2);
@@ -96,7 +98,7 @@ TEST(FileDialog, offersTheFilesOfTheExtensionAlone_inTheFolderOfLastTime)
 TEST(FileDialog, toSave_offersTheFolderAlone)
 {
     FileDesk desk;
-    desk.open(true);
+    desk.open(ToSave);
     EXPECT_EQ(desk.name().text(), u"RRK20260401-20260430.hst"_s);
     EXPECT_FALSE(desk.name().isEnabled());
     EXPECT_FALSE(desk.files().isEnabled());
@@ -120,7 +122,7 @@ TEST(FileDialog, toSave_offersTheFolderAlone)
 TEST(FileDialog, clickOnAFile_choosesIt_andDoubleClickDecides)
 {
     FileDesk desk;
-    desk.open(false);
+    desk.open(ToLoad);
     const QPoint place = desk.files().visualItemRect(desk.files().item(1)).center();
     QTest::mouseClick(desk.files().viewport(), Qt::LeftButton, {}, place);
     EXPECT_EQ(desk.name().text(), u"RRK20260201-20260228"_s);
@@ -134,7 +136,7 @@ TEST(FileDialog, clickOnAFile_choosesIt_andDoubleClickDecides)
 TEST(FileDialog, canBeUsedByKeys)
 {
     FileDesk desk;
-    desk.open(false);
+    desk.open(ToLoad);
     ASSERT_TRUE(desk.files().hasFocus());
     QTest::keyClick(&desk.files(), Qt::Key_Down);
     EXPECT_EQ(desk.name().text(), u"RRK20260101-20260131"_s);
@@ -150,7 +152,7 @@ TEST(FileDialog, canBeUsedByKeys)
 TEST(FileDialog, theFramedFileIsTheChosenOne_andAtFirstNoneIs)
 {
     FileDesk desk;
-    desk.open(false);
+    desk.open(ToLoad);
     ASSERT_TRUE(desk.files().hasFocus());
     const auto expectFramedIsChosen = [&desk] {
         const QListWidgetItem* framed = desk.files().currentItem();
@@ -178,7 +180,7 @@ TEST(FileDialog, theFramedFileIsTheChosenOne_andAtFirstNoneIs)
 TEST(FileDialog, homeChoosesTheFirstFile)
 {
     FileDesk desk;
-    desk.open(false);
+    desk.open(ToLoad);
     QTest::keyClick(&desk.files(), Qt::Key_Home);
     EXPECT_EQ(desk.name().text(), u"RRK20260101-20260131"_s);
     desk.box.answers = {BoxAnswer::Yes};
@@ -189,7 +191,7 @@ TEST(FileDialog, homeChoosesTheFirstFile)
 TEST(FileDialog, enterInTheList_isTheButton_alsoWhenNothingIsChosen)
 {
     FileDesk desk;
-    desk.open(false);
+    desk.open(ToLoad);
     QTest::keyClick(&desk.files(), Qt::Key_Return);
     EXPECT_EQ(desk.said().title, u"ファイル名 未指定エラー"_s);
     EXPECT_TRUE(desk.dialog->isVisible());
@@ -204,7 +206,7 @@ TEST(FileDialog, enterInTheList_isTheButton_alsoWhenNothingIsChosen)
 TEST(FileDialog, withoutAFile_isReported)
 {
     FileDesk desk;
-    desk.open(false);
+    desk.open(ToLoad);
     press(*desk.dialog, u"CmdOK"_s);
     expectBox(
         desk.said(),
@@ -220,7 +222,7 @@ TEST(FileDialog, nameWithAForbiddenCharacter_isReported)
 {
     FileDesk desk;
     QFile(desk.folder() + u"/RRK20260501-20260531;.hst"_s).open(QIODevice::WriteOnly);
-    desk.open(false);
+    desk.open(ToLoad);
     desk.files().setCurrentRow(2);
     press(*desk.dialog, u"CmdOK"_s);
     expectBox(
@@ -234,7 +236,7 @@ TEST(FileDialog, nameThatIsThereAlready_isRefusedBeforeAnythingIsDone)
 {
     FileDesk desk;
     QFile(desk.folder() + u"/RRK20260401-20260430.hst"_s).open(QIODevice::WriteOnly);
-    desk.open(true);
+    desk.open(ToSave);
     press(*desk.dialog, u"CmdOK"_s);
     expectBox(
         desk.said(),
@@ -251,7 +253,7 @@ TEST(FileDialog, nameThatIsThereAlready_isRefusedBeforeAnythingIsDone)
 TEST(FileDialog, noAtTheConfirmation_goesOn)
 {
     FileDesk desk;
-    desk.open(true);
+    desk.open(ToSave);
     press(*desk.dialog, u"CmdOK"_s);
     EXPECT_EQ(desk.said().title, u"決定の確認"_s);
     EXPECT_TRUE(desk.dialog->isVisible());
@@ -265,7 +267,7 @@ TEST(FileDialog, noAtTheConfirmation_goesOn)
 TEST(FileDialog, emptyFolder_forgetsTheFileChosenBefore)
 {
     FileDesk desk;
-    desk.open(false);
+    desk.open(ToLoad);
     desk.files().setCurrentRow(0);
     ASSERT_TRUE(desk.dialog->goTo(desk.shop->base() + u"/empty"_s));
     EXPECT_EQ(desk.files().count(), 0);
@@ -278,7 +280,7 @@ TEST(FileDialog, folderOfLastTimeThatIsGone_isPassedOver)
 {
     FileDesk desk;
     desk.ini.setLastHistoryFolder(desk.shop->base() + u"/gone"_s);
-    desk.open(true);
+    desk.open(ToSave);
     EXPECT_TRUE(desk.box.shown.empty());
     EXPECT_EQ(control<QLabel>(*desk.dialog, u"lblFolder"_s).text(), QDir::currentPath());
 }
@@ -286,7 +288,7 @@ TEST(FileDialog, folderOfLastTimeThatIsGone_isPassedOver)
 TEST(FileDialog, folderThatCannotBeReached_isReported_andTheOneBeforeStays)
 {
     FileDesk desk;
-    desk.open(false);
+    desk.open(ToLoad);
     auto& tree = control<QTreeView>(*desk.dialog, u"DirList"_s);
     const QModelIndex above = tree.currentIndex().parent();
     const auto folderNamed = [&](const QString& name) {
@@ -309,7 +311,7 @@ TEST(FileDialog, folderThatCannotBeReached_isReported_andTheOneBeforeStays)
 TEST(FileDialog, folderThatIsGoneAtTheDecision_isReported)
 {
     FileDesk desk;
-    desk.open(true);
+    desk.open(ToSave);
     ASSERT_TRUE(QDir(desk.folder()).removeRecursively());
     press(*desk.dialog, u"CmdOK"_s);
     EXPECT_EQ(desk.said().title, u"フォルダの準備エラー"_s);
@@ -319,11 +321,11 @@ TEST(FileDialog, folderThatIsGoneAtTheDecision_isReported)
 
 TEST(FileDialog, folderThatGoesUnderTheConfirmation_isReported_notReplaced)
 {
-    for (const bool save : {true, false}) {
+    for (const Purpose purpose : {ToSave, ToLoad}) {
         FileDesk desk;
-        desk.open(save);
+        desk.open(purpose);
         const QString chosen = desk.folder();
-        if (!save)
+        if (purpose == ToLoad)
             desk.files().setCurrentRow(0);
         auto& shown = control<QLabel>(*desk.dialog, u"lblFolder"_s);
         desk.box.onShow = [&](const Box& box) {
@@ -351,7 +353,7 @@ TEST(FileDialog, showsTheUsersFolders_whereTheyAre)
     const QString folder = desk.shop->base() + u"/Desktop"_s;
     ASSERT_TRUE(QDir().mkpath(folder));
     const HomeFolder home(desk.shop->base());
-    desk.open(true);
+    desk.open(ToSave);
     EXPECT_FALSE(control<QPushButton>(*desk.dialog, u"cmdMyDoc"_s).isVisible()) << "there is none";
     auto& place = control<QPushButton>(*desk.dialog, u"cmdDeskTop"_s);
     ASSERT_TRUE(place.isVisible());
@@ -362,7 +364,7 @@ TEST(FileDialog, showsTheUsersFolders_whereTheyAre)
 TEST(FileDialog, cancel_handsBackNothing)
 {
     FileDesk desk;
-    desk.open(false);
+    desk.open(ToLoad);
     desk.files().setCurrentRow(0);
     press(*desk.dialog, u"CmdEnd"_s);
     EXPECT_FALSE(desk.dialog->isVisible());

@@ -76,6 +76,24 @@ public:
     std::function<void()> event;
 };
 
+/// January is to be saved, and at step \a at of its progress \a event comes in between.
+struct DisturbedSave
+{
+    DisturbedSave(StickDesk& desk, int at, std::function<void()> event)
+        : history(Services{desk.db, desk.ini, desk.clock, desk.box, frame}, desk.prompts,
+                  desk.emptyDatabase())
+    {
+        frame.at = at;
+        frame.event = std::move(event);
+        history.setHistoryExt(QStringLiteral("hst"));
+        desk.prompts.periods = {january};
+        desk.prompts.places = {{desk.folder(), {}, file}};
+    }
+
+    EventfulFrame frame;
+    RirekiDB history;
+};
+
 } // namespace
 
 TEST(UnfinishedSave, fileThatIsListed_getsItsNameAtTheNextStart)
@@ -173,14 +191,8 @@ TEST(Save, toAStickPulledOutAfterTheCommit_isComplete_andSaysWhatToDo)
 {
     StickDesk desk;
     const Lines movements = desk.movements();
-    EventfulFrame frame;
-    frame.at = commitReturned;
-    frame.event = [&desk] { desk.pullOut(); };
-    RirekiDB history(Services{desk.db, desk.ini, desk.clock, desk.box, frame}, desk.prompts,
-                     desk.emptyDatabase());
-    history.setHistoryExt(QStringLiteral("hst"));
-    desk.prompts.periods = {january};
-    desk.prompts.places = {{desk.folder(), {}, file}};
+    DisturbedSave disturbed(desk, commitReturned, [&desk] { desk.pullOut(); });
+    RirekiDB& history = disturbed.history;
     EXPECT_EQ(history.save(), RirekiDB::Done);
     ASSERT_EQ(desk.box.shown.size(), 1U);
     EXPECT_EQ(desk.box.shown[0].title, QStringLiteral(" 履歴ファイルの確認"));
@@ -197,14 +209,8 @@ TEST(Save, toAStickPulledOutAfterTheCommit_isComplete_andSaysWhatToDo)
 TEST(Save, toAStickPulledOutBeforeTheCommit_fails_andLeavesNothing)
 {
     StickDesk desk;
-    EventfulFrame frame;
-    frame.at = carried;
-    frame.event = [&desk] { desk.pullOut(); };
-    RirekiDB history(Services{desk.db, desk.ini, desk.clock, desk.box, frame}, desk.prompts,
-                     desk.emptyDatabase());
-    history.setHistoryExt(QStringLiteral("hst"));
-    desk.prompts.periods = {january};
-    desk.prompts.places = {{desk.folder(), {}, file}};
+    DisturbedSave disturbed(desk, carried, [&desk] { desk.pullOut(); });
+    RirekiDB& history = disturbed.history;
     const Lines before = desk.books();
     EXPECT_EQ(history.save(), RirekiDB::Failed);
     EXPECT_EQ(desk.books(), before);
@@ -217,14 +223,9 @@ TEST(Save, toAStickPulledOutBeforeTheCommit_fails_andLeavesNothing)
 TEST(Save, nameThatIsTakenInTheLastMoment_givesWay)
 {
     StickDesk desk;
-    EventfulFrame frame;
-    frame.at = commitReturned;
-    frame.event = [&desk] { write(desk.fileOf(january), "somebody else's"); };
-    RirekiDB history(Services{desk.db, desk.ini, desk.clock, desk.box, frame}, desk.prompts,
-                     desk.emptyDatabase());
-    history.setHistoryExt(QStringLiteral("hst"));
-    desk.prompts.periods = {january};
-    desk.prompts.places = {{desk.folder(), {}, file}};
+    DisturbedSave disturbed(desk, commitReturned,
+                            [&desk] { write(desk.fileOf(january), "somebody else's"); });
+    RirekiDB& history = disturbed.history;
     EXPECT_EQ(history.save(), RirekiDB::Done);
     EXPECT_EQ(bytesOf(desk.fileOf(january)), "somebody else's");
     const QString other = desk.folder() + QStringLiteral("/RRK20260101-20260131(2).hst");

@@ -16,6 +16,9 @@ namespace suisui::test {
 
 namespace {
 
+/// The figures that a sum is made of: after a search those of the table, after a sort those of the cells.
+enum class AddedUp { AsStored, AsDisplayed };
+
 /// A movement as numbers.
 struct Figures
 {
@@ -129,8 +132,7 @@ protected:
 
     /// Walks the list: every movement once and in order, a subtotal wherever the text of \a groupCol changes
     /// and nowhere else, the sums as they must be.
-    void checkDetail(int groupCol, const std::vector<int>& keys, bool displayedFigures,
-                     std::size_t expectedRows)
+    void checkDetail(int groupCol, const std::vector<int>& keys, AddedUp added, std::size_t expectedRows)
     {
         const int rows = desk.grid().MaxRows();
         std::set<std::string> seen;
@@ -158,7 +160,7 @@ protected:
                 expectOrder(keys, row - 1, row);
             }
             group.add(
-                displayedFigures
+                added == AddedUp::AsDisplayed
                     ? Sums{shown(f.quantity), shown(f.discount), shown(f.amount(desk.side)),
                            shown(f.returned1), shown(f.returned2)}
                     : Sums{f.quantity, f.discount, shown(f.amount(desk.side)), f.returned1, f.returned2});
@@ -200,7 +202,7 @@ TEST_P(RandomLists, subtotalsAndTotals_areRight_afterSearchAndEverySort)
     makeMovements(400);
     desk.search();
     const ListCells& cells = desk.cells;
-    checkDetail(cells.date, byDay(), false, 400);
+    checkDetail(cells.date, byDay(), AddedUp::AsStored, 400);
     const std::vector<std::pair<int, std::vector<int>>> sorts{
         {cells.date, byDay()},
         {cells.name, {cells.name, cells.code, cells.date}},
@@ -211,10 +213,10 @@ TEST_P(RandomLists, subtotalsAndTotals_areRight_afterSearchAndEverySort)
         const auto& [col, keys] = sorts[static_cast<std::size_t>(below(5))];
         SCOPED_TRACE("turn " + std::to_string(turn) + ", column " + std::to_string(col));
         desk.clickHeading(col);
-        checkDetail(col, keys, true, 400);
+        checkDetail(col, keys, AddedUp::AsDisplayed, 400);
         if (turn % 7 == 6) {
             desk.search();
-            checkDetail(desk.cells.date, byDay(), false, 400);
+            checkDetail(desk.cells.date, byDay(), AddedUp::AsStored, 400);
         }
     }
 }
@@ -251,7 +253,7 @@ TEST_P(RandomLists, everySearch_agreesWithAPlainSelection)
             EXPECT_EQ(desk.grid().MaxRows(), 0);
             continue;
         }
-        checkDetail(desk.cells.date, byDay(), false, expected);
+        checkDetail(desk.cells.date, byDay(), AddedUp::AsStored, expected);
         EXPECT_EQ(cellNumber(desk, desk.cells.amount, desk.grid().MaxRows()), amount);
         ++found;
     }

@@ -43,18 +43,22 @@ struct MainWindowDesk : private Run
     {
         shop.add(kokyakuTable, {code, name, "", "", "", "", "", "", "", "", "", "", "", nyu, syu});
     }
-    frmMain& open(bool shown = true)
+    /// The window as it is before it is first shown.
+    frmMain& load()
     {
         window = std::make_unique<frmMain>(Surroundings{db, env, ini, slipIni, clock, box, shortWait, wait,
                                                         printer, paper, *this, QStringLiteral("20260401")});
         window->load();
-        if (shown) {
-            window->show();
-            window->showTab(Tab::Receipt);
-            window->activateWindow();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-            field(Tab::Receipt).setFocus();
-        }
+        return *window;
+    }
+    frmMain& open()
+    {
+        load();
+        window->show();
+        window->showTab(Tab::Receipt);
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        field(Tab::Receipt).setFocus();
         return *window;
     }
     QLineEdit& field(Tab tab) const { return *window->page(tab).barCodeField(); }

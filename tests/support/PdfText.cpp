@@ -49,13 +49,13 @@ std::vector<PdfWord> pdfWords(const QString& file)
     return words;
 }
 
-QImage pdfPicture(const QString& file, int page, int dpi, bool exact)
+QImage pdfPicture(const QString& file, int page, int dpi, Edges edges)
 {
     const QTemporaryDir folder;
     const QString number = QString::number(page);
     QStringList arguments{u"-r"_s, QString::number(dpi), u"-f"_s,   number, u"-l"_s,
                           number,  u"-singlefile"_s,     u"-gray"_s};
-    if (exact)
+    if (edges == Edges::Exact)
         arguments << u"-aa"_s << u"no"_s << u"-aaVector"_s << u"no"_s;
     arguments << file << folder.filePath(u"page"_s);
     outputOf(u"pdftoppm"_s, arguments);

@@ -23,8 +23,10 @@ struct PdfWord
 /// All words of \a file, page after page.
 [[nodiscard]] std::vector<PdfWord> pdfWords(const QString& file);
 
-/// A page as a grey picture of \a dpi dots per inch, one bit without smoothing when \a exact.
-[[nodiscard]] QImage pdfPicture(const QString& file, int page, int dpi, bool exact = false);
+enum class Edges { Smoothed, Exact };
+
+/// A page as a grey picture of \a dpi dots per inch; with exact edges every dot is black or white.
+[[nodiscard]] QImage pdfPicture(const QString& file, int page, int dpi, Edges edges = Edges::Smoothed);
 
 /// Those of \a words that are on \a page and touch \a box (points), left to right, joined by nothing.
 [[nodiscard]] QString textIn(const std::vector<PdfWord>& words, int page, const QRectF& box);

@@ -18,7 +18,8 @@ class Names(unittest.TestCase):
 
     def test_a_name_that_is_too_long_is_found_with_its_line(self):
         for name, text in [("A_test.cpp", "\nTEST(A, {})\n"), ("test_a.py", "\n    def {}(self):\n"),
-                           ("CMakeLists.txt", "\nsuisui_test({} SOURCES a.cpp)\n"), ("CMakeLists.txt", "\nadd_test(NAME {} A)\n")]:
+                           ("CMakeLists.txt", "\nsuisui_test({} SOURCES a.cpp)\n"),
+                           ("CMakeLists.txt", "\nadd_test(NAME {} A)\n")]:
             with self.subTest(name=name, text=text):
                 test = "test" + "_abcd" * 11 + "_"
                 self.assertEqual([], [each for each in faults(name, text.format(test + "abc"[:60 - len(test)]))

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/barcode/label/RefusalWords.h"
 #include "tests/barcode/label/SetupDesk.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -11,69 +12,23 @@ namespace suisui::test {
 
 namespace {
 
-const QString noNumber = u"\r\n\r\n数値入力した後に、再度、印刷して下さい。"_s;
-const QString tooSmall = u"\r\n\r\n１ 以上の数値を入力した後に、再度、印刷して下さい。　　　"_s;
-
-struct Words
-{
-    LabelField field;
-    const char16_t* title;
-    const char16_t* noNumber;
-    const char16_t* zero = nullptr;
-};
-
-// In the order of the checks.
-constexpr Words words[] = {
-    {LabelField::startY, u"印刷開始位置 ： 縦 エラー",
-     u"「印刷開始位置 ： 縦」 が 数値入力されていません。　　　"},
-    {LabelField::startX, u"印刷開始位置 ： 横 エラー",
-     u"「印刷開始位置 ： 横」 が 数値入力されていません。　　　"},
-    {LabelField::columns, u"１ページ内の列数 エラー",
-     u"「１ページ内の列数」 が 数値入力されていません。　　　",
-     u"「１ページ内の列数」 に ０ は入力できません。"},
-    {LabelField::barHeight, u"線高 エラー", u"「線高」 が 数値入力されていません。　　　",
-     u"「線高」 に １ より小さい数値は入力できません。"},
-    {LabelField::height, u"ラベル高 エラー", u"「ラベル高」 が 数値入力されていません。　　　"},
-    {LabelField::rows, u"１ページ内の行数 エラー", u"「１ページ内の行数」 が 数値入力されていません。　　　",
-     u"「１ページ内の行数」 に ０ は入力できません。"},
-    {LabelField::width, u"ラベル幅 エラー", u"「ラベル幅」 が 数値入力されていません。　　　"},
-    {LabelField::nameX, u"名称印刷 ： 横 エラー", u"「名称印刷 ： 横」 が 数値入力されていません。　　　"},
-    {LabelField::nameY, u"名称印刷 ： 縦 エラー", u"「名称印刷 ： 縦」 が 数値入力されていません。　　　"},
-    {LabelField::codeX, u"コード印刷 ： 横 エラー",
-     u"「コード印刷 ： 横」 が 数値入力されていません。　　　"},
-    {LabelField::codeY, u"コード印刷 ： 縦 エラー",
-     u"「コード印刷 ： 縦」 が 数値入力されていません。　　　"},
-    {LabelField::screenX, u"画面切替 印刷 ： 横 エラー",
-     u"「画面切替 印刷 ： 横」 が 数値入力されていません。　　　"},
-    {LabelField::screenY, u"画面切替 印刷 ： 縦 エラー",
-     u"「画面切替 印刷 ： 縦」 が 数値入力されていません。　　　"},
-    {LabelField::searchX, u"検索機能 印刷 ： 横 エラー",
-     u"「検索機能 印刷 ： 横」 が 数値入力されていません。　　　"},
-    {LabelField::searchY, u"検索機能 印刷 ： 縦 エラー",
-     u"「検索機能 印刷 ： 縦」 が 数値入力されていません。　　　"},
-    {LabelField::eachRow, u"ラベル印刷枚数 エラー", u"「ラベル印刷枚数」 が 数値入力されていません。　　　"},
-    {LabelField::firstRow, u"印刷開始行 エラー", u"「印刷開始行」 が 数値入力されていません。　　　",
-     u"「印刷開始行」 に ０ は入力できません。"},
-    {LabelField::lastRow, u"印刷最終行 エラー", u"「印刷最終行」 が 数値入力されていません。　　　",
-     u"「印刷最終行」 に ０ は入力できません。"},
-};
+/// What a text amounts to.
+enum class Amount { NotANumber, Nothing, LessThanOne, AtLeastOne };
 
 struct Limit
 {
     const char16_t* text;
-    bool number;
-    bool notZero;
-    bool atLeastOne;
+    Amount amount;
 };
 constexpr Limit limits[] = {
-    {u"", false, false, false},   {u"-", false, false, false},     {u".", false, false, false},
-    {u"x", false, false, false},  {u"1.2.3", false, false, false}, {u"0", true, false, false},
-    {u"00", true, false, false},  {u"0.00", true, false, false},   {u"0.4", true, true, false},
-    {u"0.5", true, true, false},  {u"0.51", true, true, true},     {u"0.6", true, true, true},
-    {u"-0.5", true, true, false}, {u"1", true, true, true},        {u"1,000", true, true, true},
+    {u"", Amount::NotANumber},      {u"-", Amount::NotANumber},     {u".", Amount::NotANumber},
+    {u"x", Amount::NotANumber},     {u"1.2.3", Amount::NotANumber}, {u"0", Amount::Nothing},
+    {u"00", Amount::Nothing},       {u"0.00", Amount::Nothing},     {u"0.4", Amount::LessThanOne},
+    {u"0.5", Amount::LessThanOne},  {u"0.51", Amount::AtLeastOne},  {u"0.6", Amount::AtLeastOne},
+    {u"-0.5", Amount::LessThanOne}, {u"1", Amount::AtLeastOne},     {u"1,000", Amount::AtLeastOne},
 };
 
-void expectRefused(const SetupDesk& desk, const Words& row, const QString& text)
+void expectRefused(const SetupDesk& desk, const RefusalWords& row, const QString& text)
 {
     const auto refusal = refusalOf(desk.setup);
     ASSERT_TRUE(refusal) << rowOf(row.field).control;
@@ -81,6 +36,20 @@ void expectRefused(const SetupDesk& desk, const Words& row, const QString& text)
     EXPECT_EQ(refusal->text, text);
     EXPECT_EQ(refusal->field, row.field);
     EXPECT_FALSE(refusal->rows);
+}
+
+/// A range of rows that cannot be is refused in these words, and others are put in its place.
+void expectRange(const SetupDesk& desk, const QString& title, const QString& text, LabelField focus,
+                 const CorrectedRows& wanted)
+{
+    const auto refusal = refusalOf(desk.setup);
+    ASSERT_TRUE(refusal && refusal->rows);
+    EXPECT_EQ(refusal->title, title);
+    EXPECT_EQ(refusal->text, text);
+    EXPECT_EQ(refusal->field, focus);
+    EXPECT_EQ(refusal->rows->first, wanted.first);
+    EXPECT_EQ(refusal->rows->last, wanted.last);
+    EXPECT_EQ(refusal->rows->afterFocus, wanted.afterFocus);
 }
 
 /// The title of what is refused; empty when nothing is.
@@ -94,18 +63,20 @@ QString titleOf(const SetupDesk& desk)
 
 TEST(LabelChecks, everyField_isRefusedInItsWords_atItsLimits)
 {
-    for (const Words& row : words)
+    for (const RefusalWords& row : refusalWords)
         for (const Limit& limit : limits) {
             SetupDesk desk;
             desk.useEverything();
             desk.set(row.field, limit.text);
             SCOPED_TRACE(rowOf(row.field).control);
             SCOPED_TRACE(desk.text(row.field));
-            const bool bar = row.field == LabelField::barHeight;
-            if (!limit.number)
-                expectRefused(desk, row, QString::fromUtf16(row.noNumber) + noNumber);
-            else if (row.zero != nullptr && !(bar ? limit.atLeastOne : limit.notZero))
-                expectRefused(desk, row, QString::fromUtf16(row.zero) + tooSmall);
+            // The height of the bars is rounded, half to even, the other fields are not.
+            const Amount least =
+                row.field == LabelField::barHeight ? Amount::AtLeastOne : Amount::LessThanOne;
+            if (limit.amount == Amount::NotANumber)
+                expectRefused(desk, row, row.textOfNoNumber());
+            else if (row.zero != nullptr && limit.amount < least)
+                expectRefused(desk, row, row.textOfZero());
             else
                 EXPECT_NE(titleOf(desk), QString::fromUtf16(row.title));
         }
@@ -113,14 +84,14 @@ TEST(LabelChecks, everyField_isRefusedInItsWords_atItsLimits)
 
 TEST(LabelChecks, theFirstBadField_isTheOneThatIsNamed)
 {
-    for (std::size_t bad = 0; bad < std::size(words); ++bad) {
+    for (std::size_t bad = 0; bad < std::size(refusalWords); ++bad) {
         SetupDesk desk;
         desk.useEverything();
-        for (std::size_t i = bad; i < std::size(words); ++i)
-            if (words[i].field != LabelField::columns && words[i].field != LabelField::rows)
-                desk.set(words[i].field, u"x");
-        if (words[bad].field != LabelField::columns && words[bad].field != LabelField::rows) {
-            EXPECT_EQ(titleOf(desk), QString::fromUtf16(words[bad].title));
+        for (std::size_t i = bad; i < std::size(refusalWords); ++i)
+            if (refusalWords[i].field != LabelField::columns && refusalWords[i].field != LabelField::rows)
+                desk.set(refusalWords[i].field, u"x");
+        if (refusalWords[bad].field != LabelField::columns && refusalWords[bad].field != LabelField::rows) {
+            EXPECT_EQ(titleOf(desk), QString::fromUtf16(refusalWords[bad].title));
         }
     }
 }
@@ -146,16 +117,10 @@ TEST(LabelChecks, aRangeTurnedRound_isSwapped)
     desk.set(LabelField::firstRow, u"3");
     EXPECT_FALSE(refusalOf(desk.setup)) << "one row";
     desk.set(LabelField::lastRow, u"2");
-    const auto refusal = refusalOf(desk.setup);
-    ASSERT_TRUE(refusal && refusal->rows);
-    EXPECT_EQ(refusal->title, u"印刷開始行 > 印刷最終行 エラー"_s);
-    EXPECT_EQ(
-        refusal->text,
-        u"「印刷最終行」 が 「印刷開始行」 よりも小さいです。　　　\r\n\r\n　　印刷開始行 ： 3　　印刷最終行 ： 2\r\n\r\n「印刷最終行」 と 「印刷開始行」 を入れ替えます。\r\n\r\n　　確認した後に、再度、印刷して下さい。"_s);
-    EXPECT_EQ(refusal->field, LabelField::firstRow);
-    EXPECT_EQ(refusal->rows->first, u"2"_s);
-    EXPECT_EQ(refusal->rows->last, u"3"_s);
-    EXPECT_TRUE(refusal->rows->afterFocus);
+    expectRange(
+        desk, u"印刷開始行 > 印刷最終行 エラー"_s,
+        u"「印刷最終行」 が 「印刷開始行」 よりも小さいです。　　　\r\n\r\n　　印刷開始行 ： 3　　印刷最終行 ： 2\r\n\r\n「印刷最終行」 と 「印刷開始行」 を入れ替えます。\r\n\r\n　　確認した後に、再度、印刷して下さい。"_s,
+        LabelField::firstRow, {.first = u"2"_s, .last = u"3"_s, .afterFocus = true});
 }
 
 TEST(LabelChecks, aRangeBeyondTheGrid_becomesAllRows)
@@ -166,16 +131,10 @@ TEST(LabelChecks, aRangeBeyondTheGrid_becomesAllRows)
     desk.set(LabelField::lastRow, u"3");
     EXPECT_FALSE(refusalOf(desk.setup)) << "the last row";
     desk.set(LabelField::lastRow, u"4");
-    const auto refusal = refusalOf(desk.setup);
-    ASSERT_TRUE(refusal && refusal->rows);
-    EXPECT_EQ(refusal->title, u"印刷可能範囲 < 印刷最終行 エラー"_s);
-    EXPECT_EQ(
-        refusal->text,
-        u"「印刷最終行」 が 印刷可能な範囲を超えています。　　　\r\n\r\n　　印刷可能範囲 ： 1 ～ 3 行\r\n\r\n　　「印刷開始行」 と 「印刷最終行」 に\r\n　　　印刷可能な範囲を設定します。\r\n\r\n　　確認した後に、再度、印刷して下さい。"_s);
-    EXPECT_EQ(refusal->field, LabelField::lastRow);
-    EXPECT_EQ(refusal->rows->first, u"1"_s);
-    EXPECT_EQ(refusal->rows->last, u"3"_s);
-    EXPECT_FALSE(refusal->rows->afterFocus);
+    expectRange(
+        desk, u"印刷可能範囲 < 印刷最終行 エラー"_s,
+        u"「印刷最終行」 が 印刷可能な範囲を超えています。　　　\r\n\r\n　　印刷可能範囲 ： 1 ～ 3 行\r\n\r\n　　「印刷開始行」 と 「印刷最終行」 に\r\n　　　印刷可能な範囲を設定します。\r\n\r\n　　確認した後に、再度、印刷して下さい。"_s,
+        LabelField::lastRow, {.first = u"1"_s, .last = u"3"_s, .afterFocus = false});
 }
 
 TEST(LabelChecks, nothingToPrint_isSaid_withTheFocusLeftAlone)

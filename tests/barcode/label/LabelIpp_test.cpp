@@ -64,7 +64,7 @@ TEST_P(LabelIpp, everyLabel_arrivesAtItsMillimetres_andReadsBackToItsCode)
     const QString file = print(rows, 0);
     ASSERT_FALSE(file.isEmpty());
     ASSERT_EQ(pdfPages(file), 1);
-    const QImage page = pdfPicture(file, 1, IppPrinter::dpi, true);
+    const QImage page = pdfPicture(file, 1, IppPrinter::dpi, Edges::Exact);
     const QSize paper = QPageSize(GetParam()).sizePixels(IppPrinter::dpi);
     EXPECT_NEAR(page.width(), paper.width(), 2);
     EXPECT_NEAR(page.height(), paper.height(), 2);
@@ -83,8 +83,9 @@ TEST_P(LabelIpp, aSecondCopy_isFunctionCodesAlone_andThePrinterMakesNone)
     ASSERT_FALSE(file.isEmpty());
     ASSERT_EQ(pdfPages(file), 2);
     const std::string functions = "[0] [1] [2] [3] [4] [A] [B] [C] [D] [E]";
-    EXPECT_EQ(readBarCodes(pdfPicture(file, 1, IppPrinter::dpi, true)), joined(rows) + " " + functions);
-    EXPECT_EQ(readBarCodes(pdfPicture(file, 2, IppPrinter::dpi, true)), functions);
+    EXPECT_EQ(readBarCodes(pdfPicture(file, 1, IppPrinter::dpi, Edges::Exact)),
+              joined(rows) + " " + functions);
+    EXPECT_EQ(readBarCodes(pdfPicture(file, 2, IppPrinter::dpi, Edges::Exact)), functions);
     const QString asked = office->asked(jobs, u"IPP_COPIES"_s);
     EXPECT_TRUE(asked.isEmpty() || asked == u"1"_s) << asked.toStdString();
 }

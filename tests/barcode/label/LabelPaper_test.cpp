@@ -154,7 +154,7 @@ protected:
         setup->dpi = dotsFor(step);
         fill(codes);
         print(job, step);
-        EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, setup->dpi, true)), joined(codes))
+        EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, setup->dpi, Edges::Exact)), joined(codes))
             << "step " << step << " on " << QString::fromUtf16(sheet.title).toStdString();
     }
 
@@ -169,7 +169,8 @@ protected:
             wanted += u'[' + QString(function) + u']';
         fill(wanted.first(10));
         print(job, step);
-        EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 600, true)), joined(wanted)) << "step " << step;
+        EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 600, Edges::Exact)), joined(wanted))
+            << "step " << step;
     }
 
     inline static const QString pattern = u"4901234567%1"_s;
@@ -198,7 +199,7 @@ TEST_F(LabelPaper, onEverySheet_everyLabelReadsBack_withItsBarsOnTheirDots)
         const int step = QString::fromUtf16(sheet.barPitch).toInt();
         print(job, step);
         ASSERT_EQ(pdfPages(setup->file), 1);
-        const QImage page = pdfPicture(setup->file, 1, 600, true);
+        const QImage page = pdfPicture(setup->file, 1, 600, Edges::Exact);
         ASSERT_NEAR(page.width(), 4960, 3); // A4
         ASSERT_NEAR(page.height(), 7016, 3);
         EXPECT_EQ(readBarCodes(page), joined(codes));
@@ -252,7 +253,7 @@ TEST_F(LabelPaper, aCodeOfSixteenCharactersOfEveryKind_readsBack)
     codes.sort();
     fill(codes);
     print(job, 3);
-    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, true)), joined(codes));
+    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, Edges::Exact)), joined(codes));
 }
 
 TEST_F(LabelPaper, onAPrinterWithAMargin_theBarsAreAtTheSameMillimetres)
@@ -263,7 +264,7 @@ TEST_F(LabelPaper, onAPrinterWithAMargin_theBarsAreAtTheSameMillimetres)
     fill(codes);
     job.eachRow = 2; // two pages, the second of rows 7 to 12
     print(job, 3);
-    const QImage page = pdfPicture(setup->file, 2, 600, true);
+    const QImage page = pdfPicture(setup->file, 2, 600, Edges::Exact);
     for (int i = 0; i < job.grid.capacity(); ++i) {
         const QPoint corner = placeInDots(job.grid.placeOf(i), {600, 600, 150, 200}) + QPoint(150, 200);
         EXPECT_TRUE(barsStandAt(page, corner + QPoint(0, 20), codes.at(6 + i / 2), 6));
@@ -276,7 +277,7 @@ TEST_F(LabelPaper, aMarginWiderThanTheStart_leavesTheBarsAtTheirMillimetres)
     const LabelJob job = jobOf(labelSheets[3]);
     fill({u"A1"_s});
     print(job, 3);
-    const QImage page = pdfPicture(setup->file, 1, 600, true);
+    const QImage page = pdfPicture(setup->file, 1, 600, Edges::Exact);
     const QPoint corner = placeInDots(job.grid.placeOf(0), {600, 600, 600, 600}) + QPoint(600, 600);
     EXPECT_TRUE(barsStandAt(page, corner + QPoint(0, 20), u"A1"_s, 6));
     EXPECT_EQ(failures, 0);
@@ -287,7 +288,8 @@ TEST_F(LabelPaper, aCodeThatTheSymbologyCannotCarry_hasNoBars_theOthersDo)
     setup->dpi = 300;
     fill({u"鉛筆01"_s, u"A1"_s, u"ﾊﾞｰ"_s, QString(200, u'X'), u"A2"_s});
     print(jobOf(labelSheets[0]), 3);
-    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, true)), joined((QStringList{u"A1"_s, u"A2"_s})));
+    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, Edges::Exact)),
+              joined((QStringList{u"A1"_s, u"A2"_s})));
     EXPECT_EQ(failures, 0);
 }
 
@@ -299,11 +301,11 @@ TEST_F(LabelPaper, labelsBeyondThePaper_andBarsWithoutHeight_areNotThere)
     job.grid.height = 999999_mm;
     fill({u"A1"_s, u"A2"_s, u"A3"_s});
     print(job, 3);
-    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, true)), joined((QStringList{u"A1"_s})));
+    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, Edges::Exact)), joined((QStringList{u"A1"_s})));
     job.barHeight = -12_mm;
     fill({u"A1"_s});
     print(job, 3);
-    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, true)), joined(QStringList()));
+    EXPECT_EQ(readBarCodes(pdfPicture(setup->file, 1, 300, Edges::Exact)), joined(QStringList()));
     EXPECT_EQ(failures, 0);
 }
 

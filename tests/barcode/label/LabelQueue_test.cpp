@@ -71,7 +71,7 @@ TEST_F(LabelQueue, everySheet_arrivesAsOneJob_andEveryLabelReadsBackToItsCode)
         EXPECT_TRUE(queue->jobTicket(jobs).contains(u" バーコード 1 "_s))
             << queue->jobTicket(jobs).toStdString();
         ASSERT_EQ(pdfPages(file), 1);
-        const QImage page = pdfPicture(file, 1, 300, true);
+        const QImage page = pdfPicture(file, 1, 300, Edges::Exact);
         EXPECT_EQ(readBarCodes(page), joined(rows)) << "sheet " << sheet;
         for (const int position : {0, figures.columns * figures.rows - 1})
             expectBarsAt(page, queueDots, figures, position, rows[static_cast<std::size_t>(position)].code);
@@ -92,8 +92,8 @@ TEST_F(LabelQueue, aSecondCopy_bringsTheFunctionCodesAlone)
     ASSERT_EQ(pdfPages(file), 2); // and the printer is told one copy
     EXPECT_TRUE(queue->jobTicket(jobs).contains(u" バーコード 1 "_s)) << queue->jobTicket(jobs).toStdString();
     const std::string functions = "[0] [1] [2] [3] [4] [A] [B] [C] [D] [E]";
-    EXPECT_EQ(readBarCodes(pdfPicture(file, 1, 300, true)), joined(rows) + " " + functions);
-    EXPECT_EQ(readBarCodes(pdfPicture(file, 2, 300, true)), functions);
+    EXPECT_EQ(readBarCodes(pdfPicture(file, 1, 300, Edges::Exact)), joined(rows) + " " + functions);
+    EXPECT_EQ(readBarCodes(pdfPicture(file, 2, 300, Edges::Exact)), functions);
     EXPECT_EQ(failures, 0);
 }
 
@@ -108,7 +108,7 @@ TEST_F(LabelQueue, aPrinterThatGoesAway_isReportedOnce_andTheNextPrintWorks)
     open(rows, 0);
     desk.dialog->CmdOK_Click();
     EXPECT_EQ(failures, 1);
-    EXPECT_EQ(readBarCodes(pdfPicture(queue->job(++jobs), 1, 300, true)), joined(rows));
+    EXPECT_EQ(readBarCodes(pdfPicture(queue->job(++jobs), 1, 300, Edges::Exact)), joined(rows));
 }
 
 } // namespace suisui::test

@@ -90,7 +90,7 @@ TEST(LabelSetup, pages_followQuantityAndFirstLabel)
 
 TEST(LabelSetup, aBadCount_leavesTheLastPages_zeroLabelsEmptyThem)
 {
-    SetupDesk desk({1, 1, 1}, false);
+    SetupDesk desk({1, 1, 1}, {.byQuantity = false});
     desk.set(LabelField::eachRow, u"5");
     EXPECT_EQ(desk.pages(), "1-2");
     for (const char16_t* bad : {u"", u"x", u"-"}) {
@@ -201,7 +201,7 @@ TEST(LabelSetup, enter_walksTheWholeChain_whenNothingIsGrey)
 
 TEST(LabelSetup, enter_passesByWhatIsGreyOrHidden)
 {
-    SetupDesk desk({1}, true, false);
+    SetupDesk desk({1}, {.asksForNumber = false});
     desk.sheet(2);
     desk.setup.tick(LabelField::name, false);
     using enum LabelField;

@@ -1,8 +1,11 @@
 // What the label dialog refuses when OK is pressed, in its order and to the letter; its keys; the ways into
 // it.
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "tests/barcode/label/LabelDesk.h"
+#include "tests/barcode/label/RefusalWords.h"
 #include "tests/support/ExpectBox.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -13,74 +16,51 @@ namespace {
 
 using Desk = LabelDialogDesk;
 
-const QString noNumber = u"\r\n\r\n数値入力した後に、再度、印刷して下さい。"_s;
-const QString tooSmall = u"\r\n\r\n１ 以上の数値を入力した後に、再度、印刷して下さい。　　　"_s;
-
+/// What is typed into a field, so that it is refused.
 struct Refusal
 {
-    const char* field;
+    LabelField field;
     const char16_t* typed;
-    const char16_t* title;
-    const char16_t* firstLine;
-    bool zero = false;
+    bool zero = false; ///< it is a number, and too small
+
+    [[nodiscard]] const char* control() const { return rowOf(field).control; }
+    [[nodiscard]] const RefusalWords& words() const
+    {
+        return *std::find_if(std::begin(refusalWords), std::end(refusalWords),
+                             [this](const RefusalWords& each) { return each.field == field; });
+    }
 };
 
 // In the order of the checks.
 constexpr Refusal fieldRefusals[] = {
-    {"txtXYpoint_1", u"-", u"印刷開始位置 ： 縦 エラー",
-     u"「印刷開始位置 ： 縦」 が 数値入力されていません。　　　"},
-    {"txtXYpoint_0", u"", u"印刷開始位置 ： 横 エラー",
-     u"「印刷開始位置 ： 横」 が 数値入力されていません。　　　"},
-    {"txtOnePageNum_0", u"x", u"１ページ内の列数 エラー",
-     u"「１ページ内の列数」 が 数値入力されていません。　　　"},
-    {"txtOnePageNum_0", u"0", u"１ページ内の列数 エラー", u"「１ページ内の列数」 に ０ は入力できません。",
-     true},
-    {"txtBarHeight", u".", u"線高 エラー", u"「線高」 が 数値入力されていません。　　　"},
-    {"txtBarHeight", u"0.5", u"線高 エラー", u"「線高」 に １ より小さい数値は入力できません。", true},
-    {"txtWHPich_1", u"1.2.3", u"ラベル高 エラー", u"「ラベル高」 が 数値入力されていません。　　　"},
-    {"txtOnePageNum_1", u"", u"１ページ内の行数 エラー",
-     u"「１ページ内の行数」 が 数値入力されていません。　　　"},
-    {"txtOnePageNum_1", u"00", u"１ページ内の行数 エラー", u"「１ページ内の行数」 に ０ は入力できません。",
-     true},
-    {"txtWHPich_0", u"--5", u"ラベル幅 エラー", u"「ラベル幅」 が 数値入力されていません。　　　"},
-    {"txtNameXYpoint_0", u"", u"名称印刷 ： 横 エラー",
-     u"「名称印刷 ： 横」 が 数値入力されていません。　　　"},
-    {"txtNameXYpoint_1", u"", u"名称印刷 ： 縦 エラー",
-     u"「名称印刷 ： 縦」 が 数値入力されていません。　　　"},
-    {"txtCodeXYpoint_0", u"", u"コード印刷 ： 横 エラー",
-     u"「コード印刷 ： 横」 が 数値入力されていません。　　　"},
-    {"txtCodeXYpoint_1", u"", u"コード印刷 ： 縦 エラー",
-     u"「コード印刷 ： 縦」 が 数値入力されていません。　　　"},
-    {"txtKinouXYpoint_0", u"", u"画面切替 印刷 ： 横 エラー",
-     u"「画面切替 印刷 ： 横」 が 数値入力されていません。　　　"},
-    {"txtKinouXYpoint_1", u"", u"画面切替 印刷 ： 縦 エラー",
-     u"「画面切替 印刷 ： 縦」 が 数値入力されていません。　　　"},
-    {"txtKinouXYpoint_2", u"", u"検索機能 印刷 ： 横 エラー",
-     u"「検索機能 印刷 ： 横」 が 数値入力されていません。　　　"},
-    {"txtKinouXYpoint_3", u"", u"検索機能 印刷 ： 縦 エラー",
-     u"「検索機能 印刷 ： 縦」 が 数値入力されていません。　　　"},
-    {"txtPrtNum", u"", u"ラベル印刷枚数 エラー", u"「ラベル印刷枚数」 が 数値入力されていません。　　　"},
+    {LabelField::startY, u"-"},        {LabelField::startX, u""},     {LabelField::columns, u"x"},
+    {LabelField::columns, u"0", true}, {LabelField::barHeight, u"."}, {LabelField::barHeight, u"0.5", true},
+    {LabelField::height, u"1.2.3"},    {LabelField::rows, u""},       {LabelField::rows, u"00", true},
+    {LabelField::width, u"--5"},       {LabelField::nameX, u""},      {LabelField::nameY, u""},
+    {LabelField::codeX, u""},          {LabelField::codeY, u""},      {LabelField::screenX, u""},
+    {LabelField::screenY, u""},        {LabelField::searchX, u""},    {LabelField::searchY, u""},
+    {LabelField::eachRow, u""},
 };
 
 constexpr Refusal rowRefusals[] = {
-    {"txtLine_0", u"", u"印刷開始行 エラー", u"「印刷開始行」 が 数値入力されていません。　　　"},
-    {"txtLine_0", u"0", u"印刷開始行 エラー", u"「印刷開始行」 に ０ は入力できません。", true},
-    {"txtLine_1", u"x", u"印刷最終行 エラー", u"「印刷最終行」 が 数値入力されていません。　　　"},
-    {"txtLine_1", u"0", u"印刷最終行 エラー", u"「印刷最終行」 に ０ は入力できません。", true},
+    {LabelField::firstRow, u""},
+    {LabelField::firstRow, u"0", true},
+    {LabelField::lastRow, u"x"},
+    {LabelField::lastRow, u"0", true},
 };
 
 void expectRefused(Desk& desk, const Refusal& refusal)
 {
-    SCOPED_TRACE(refusal.field);
+    SCOPED_TRACE(refusal.control());
     desk.box.shown.clear();
     desk.dialog->CmdOK_Click();
     expectOneBox(desk.box,
-                 {.title = QString::fromUtf16(refusal.title),
-                  .text = QString::fromUtf16(refusal.firstLine) + (refusal.zero ? tooSmall : noNumber),
+                 {.title = QString::fromUtf16(refusal.words().title),
+                  .text = refusal.zero ? refusal.words().textOfZero() : refusal.words().textOfNoNumber(),
                   .icon = BoxIcon::Stop});
-    EXPECT_EQ(desk.dialog->focusWidget(), desk.field(refusal.field)) << refusal.field;
+    EXPECT_EQ(desk.dialog->focusWidget(), desk.field(refusal.control()));
     EXPECT_TRUE(desk.paper.calls.empty());
-    EXPECT_EQ(desk.text(refusal.field), QString::fromUtf16(refusal.typed).toStdString());
+    EXPECT_EQ(desk.text(refusal.control()), QString::fromUtf16(refusal.typed).toStdString());
 }
 
 /// Asks for the labels of these rows and presses OK.
@@ -100,14 +80,14 @@ TEST(PriCheckChecks, everyField_isRefusedInItsWords_andGetsTheFocus)
     for (const Refusal& refusal : fieldRefusals) {
         Desk desk;
         desk.openWithEverything();
-        desk.type(refusal.field, refusal.typed);
+        desk.type(refusal.control(), refusal.typed);
         expectRefused(desk, refusal);
     }
     for (const Refusal& refusal : rowRefusals) {
         Desk desk;
         desk.openWithEverything();
         desk.button("optPrint_1")->setChecked(true);
-        desk.type(refusal.field, refusal.typed);
+        desk.type(refusal.control(), refusal.typed);
         expectRefused(desk, refusal);
     }
 }
@@ -118,14 +98,14 @@ TEST(PriCheckChecks, theFirstOfTwoBadFields_isTheOneOfTheEarlierCheck)
     all.insert(all.end(), std::begin(rowRefusals), std::end(rowRefusals));
     int compared = 0;
     for (std::size_t i = 0; i + 1 < all.size(); ++i) {
-        if (std::string(all[i].field) == all[i + 1].field)
+        if (all[i].field == all[i + 1].field)
             continue;
         Desk desk;
         desk.openWithEverything();
         desk.button("optPrint_1")->setChecked(true);
-        desk.type(all[i + 1].field, all[i + 1].typed);
-        desk.type(all[i].field, all[i].typed);
-        if (!desk.field(all[i].field)->isEnabled())
+        desk.type(all[i + 1].control(), all[i + 1].typed);
+        desk.type(all[i].control(), all[i].typed);
+        if (!desk.field(all[i].control())->isEnabled())
             continue;
         expectRefused(desk, all[i]);
         ++compared;

@@ -8,12 +8,19 @@
 
 namespace suisui::test {
 
+/// How the number of labels for a row comes about.
+struct LabelNumber
+{
+    bool byQuantity = true;    ///< from the row; otherwise it is the same for each
+    bool asksForNumber = true; ///< the operator may set it
+};
+
 /// Rows that ask for so many labels each; a negative number is a row without a mark.
 class RowsOfLabels final : public CountedRows
 {
 public:
-    explicit RowsOfLabels(std::vector<std::int64_t> labels, bool byQuantity)
-        : m_labels(std::move(labels)), m_byQuantity(byQuantity)
+    RowsOfLabels(std::vector<std::int64_t> labels, const LabelNumber& number)
+        : m_labels(std::move(labels)), m_byQuantity(number.byQuantity)
     {
     }
     [[nodiscard]] int count() const { return static_cast<int>(m_labels.size()); }
@@ -35,18 +42,18 @@ private:
 
 struct SetupDesk
 {
-    explicit SetupDesk(std::vector<std::int64_t> labels = {1, 1, 1}, bool byQuantity = true, bool asks = true)
-        : rows(std::move(labels), byQuantity), setup(source(rows.count(), asks), rows)
+    explicit SetupDesk(std::vector<std::int64_t> labels = {1, 1, 1}, const LabelNumber& number = {})
+        : rows(std::move(labels), number), setup(source(rows.count(), number), rows)
     {
         sheet(0);
     }
 
-    static LabelSource source(int lastRow, bool asks)
+    static LabelSource source(int lastRow, const LabelNumber& number)
     {
         LabelSource of;
         of.mode = 3;
         of.lastRow = lastRow;
-        of.asksForNumber = asks;
+        of.asksForNumber = number.asksForNumber;
         return of;
     }
 

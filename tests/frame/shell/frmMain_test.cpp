@@ -36,7 +36,7 @@ class MainWindowTest : public ::testing::Test, protected MainWindowDesk
 TEST_F(MainWindowTest, withoutReceiptPartner_handsOver_andNothingAsksAboutTheEnd)
 {
     partner("201", "南商店", "", "1");
-    frmMain& main = open(false);
+    frmMain& main = load();
     expectOneBox(
         box,
         {.title = u"入荷先の未登録エラー"_s,
@@ -53,10 +53,10 @@ TEST_F(MainWindowTest, withoutReceiptPartner_handsOver_andNothingAsksAboutTheEnd
 TEST_F(MainWindowTest, withoutShipmentPartnerOrStaff_handsOver)
 {
     partner("101", "東商店", "1", "");
-    EXPECT_TRUE(open(false).MasterMissing());
+    EXPECT_TRUE(load().MasterMissing());
     EXPECT_EQ(box.shown.back().title, u"出荷先の未登録エラー"_s);
     partner("201", "南商店", "", "1");
-    EXPECT_TRUE(open(false).MasterMissing());
+    EXPECT_TRUE(load().MasterMissing());
     EXPECT_EQ(box.shown.back().title, u"担当者の未登録エラー"_s);
 }
 
@@ -65,11 +65,11 @@ TEST_F(MainWindowTest, withoutGoods_theOperatorDecides)
     partner("101", "東商店", "1", "1");
     shop.add(tantouTable, {"01", "山田"});
     box.answers = {BoxAnswer::Yes};
-    EXPECT_TRUE(open(false).MasterMissing());
+    EXPECT_TRUE(load().MasterMissing());
     EXPECT_EQ(box.shown.back().title, u"商品の未登録"_s);
     EXPECT_EQ(box.shown.back().icon, BoxIcon::Exclamation);
     box.answers = {BoxAnswer::No};
-    EXPECT_FALSE(open(false).MasterMissing());
+    EXPECT_FALSE(load().MasterMissing());
     EXPECT_TRUE(shortWait.isVisible());
     shortWait.unload();
 }

@@ -42,10 +42,13 @@ protected:
         master.setPermissions(master.permissions() | QFileDevice::ExeOwner);
     }
 
-    void furnish(bool withReceiptPartner = true)
+    void furnish()
     {
-        if (withReceiptPartner)
-            shop.add(kokyakuTable, {"101", "東商店", "", "", "", "", "", "", "", "", "", "", "", "1", ""});
+        shop.add(kokyakuTable, {"101", "東商店", "", "", "", "", "", "", "", "", "", "", "", "1", ""});
+        furnishWithoutReceiptPartner();
+    }
+    void furnishWithoutReceiptPartner()
+    {
         shop.add(kokyakuTable, {"201", "南商店", "", "", "", "", "", "", "", "", "", "", "", "", "1"});
         shop.add(tantouTable, {"01", "山田"});
         shop.add(masterTable, {"4901001000017", "鉛筆", "", "12", "50", "1", "80", "本", "0"});
@@ -199,7 +202,7 @@ TEST_F(WholeRun, theQuestionsOfTheFirstSearches_haveNoWaitWindowInFrontOfThem)
 
 TEST_F(WholeRun, withoutAReceiptPartner_theMasterProgramIsStarted_unasked)
 {
-    furnish(false);
+    furnishWithoutReceiptPartner();
     EXPECT_EQ(run([](frmMain&) { ADD_FAILURE() << "the window was shown"; }), 0);
     EXPECT_EQ(titles, QStringList{u"入荷先の未登録エラー"_s});
     EXPECT_TRUE(masterStarted());

@@ -40,7 +40,7 @@ struct PrinterTest : ::testing::Test
         EXPECT_EQ(printer.StartPage(), 0);
         draw();
         EXPECT_EQ(printer.EndDoc(), 0);
-        return pdfPicture(setup->file, 1, setup->dpi, true);
+        return pdfPicture(setup->file, 1, setup->dpi, Edges::Exact);
     }
 };
 

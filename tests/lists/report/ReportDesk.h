@@ -39,7 +39,7 @@ inline QStringList stockTexts(int row)
 }
 
 /// The same of a movement list; a shipment has two columns of returns.
-inline QStringList movementTexts(int row, bool shipment)
+inline QStringList movementTexts(int row, Side side)
 {
     const QLocale grouped(QLocale::English);
     const QStringList partners{u"株式会社 山田商店"_s, u"佐藤文具"_s, u"（有）北海物産 札幌営業所"_s};
@@ -53,14 +53,16 @@ inline QStringList movementTexts(int row, bool shipment)
                       stockTexts(row).at(0),
                       row % 2 == 0 ? u"山田　太郎"_s : u"鈴木 花子"_s,
                       grouped.toString(row % 7)};
-    if (shipment)
+    if (side == Side::Shipment)
         texts << grouped.toString(row % 5);
     return texts << stockTexts(row).at(7) << u"備考%1"_s.arg(row) << QString::number(row);
 }
 
 inline QStringList rowTexts(const ReportTemplate& report, int row)
 {
-    return report.tab == Tab::Stock ? stockTexts(row) : movementTexts(row, report.tab == Tab::ShipmentList);
+    return report.tab == Tab::Stock
+               ? stockTexts(row)
+               : movementTexts(row, report.tab == Tab::ShipmentList ? Side::Shipment : Side::Receipt);
 }
 
 inline const ReportTemplate* const reports[] = {&rptList_Stock, &rptList_In, &rptList_Out};

@@ -79,7 +79,7 @@ struct IppPrinterTest : ::testing::TestWithParam<QPageSize::PageSizeId>
     /// A page as it is read. The filters have turned it onto the sheet to the right.
     [[nodiscard]] static QImage upright(const QString& file, int page)
     {
-        return pdfPicture(file, page, IppPrinter::dpi, true).transformed(QTransform().rotate(-90));
+        return pdfPicture(file, page, IppPrinter::dpi, Edges::Exact).transformed(QTransform().rotate(-90));
     }
 };
 

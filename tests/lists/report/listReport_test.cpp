@@ -259,7 +259,7 @@ TEST_F(ListReportTest, rowsThatAreNotThere_haveNeitherLineNorBand)
     desk.setup->dpi = 300;
     const auto grid = filledGrid(rptList_Stock, 4);
     ASSERT_EQ(desk.print(rptList_Stock, *grid), ReportStatus::Printed);
-    const QImage page = pdfPicture(desk.setup->file, 1, 300, true);
+    const QImage page = pdfPicture(desk.setup->file, 1, 300, Edges::Exact);
     const auto shade = [&page](int twipX, int twipY) {
         return qGray(page.pixel(twipX * 300 / 1440, twipY * 300 / 1440 + 1));
     };
@@ -281,7 +281,7 @@ TEST_F(ListReportTest, theCornerOfThePaperTakesTheFrame)
     EXPECT_NEAR(desk.paper.PrtOffsetY(), 420 / 2.4, 1e-9);
     const auto grid = filledGrid(rptList_In, 10);
     ASSERT_EQ(ListReport(rptList_In, *grid).print(desk.paper, {}, {1, 1}, 1), ReportStatus::Printed);
-    const QImage page = pdfPicture(desk.setup->file, 1, 600, true);
+    const QImage page = pdfPicture(desk.setup->file, 1, 600, Edges::Exact);
     EXPECT_EQ(qGray(page.pixel(101, 110)), 0); // the line at the top begins at the margin
     EXPECT_EQ(qGray(page.pixel(97, 110)), 255);
     EXPECT_EQ(qGray(page.pixel(101, 96)), 255);

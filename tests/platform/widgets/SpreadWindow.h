@@ -25,6 +25,19 @@ inline constexpr SpreadColumn columns[] = {
     {.heading = "", .type = CellType::Number, .hidden = true},
 };
 
+/// Columns of that grid, from 1.
+struct Cell
+{
+    static constexpr int code = 1;
+    static constexpr int name = 2;
+    static constexpr int quantity = 3;
+    static constexpr int date = 4;
+    static constexpr int time = 5;
+    static constexpr int mark = 6;
+    static constexpr int total = 7;
+    static constexpr int posted = 8; ///< hidden
+};
+
 class SpreadWindow : public ::testing::Test
 {
 protected:

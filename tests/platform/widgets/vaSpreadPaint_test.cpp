@@ -15,7 +15,7 @@ TEST_F(SpreadPaint, rowColour_isPaintedAcrossTheRow)
 {
     addRow("A", "1");
     grid.setRowBackColor(1, QColor(0, 255, 255));
-    const QRect cell = grid.visualRect(grid.model()->index(0, 1));
+    const QRect cell = grid.visualRect(grid.model()->index(0, Cell::name - 1));
     const QImage picture = grid.viewport()->grab().toImage();
     EXPECT_EQ(picture.pixelColor(cell.right() - 6, cell.center().y()), QColor(0, 255, 255));
     grid.setRowBackColor(1, QColor());
@@ -26,22 +26,22 @@ TEST_F(SpreadPaint, rowColour_isPaintedAcrossTheRow)
 TEST_F(SpreadPaint, whileRedrawIsOff_theDataMovesOn_andTheViewComesBackWhole)
 {
     addRow("A", "1");
-    grid.SetActiveCell(3, 1);
+    grid.SetActiveCell(Cell::quantity, 1);
     grid.setReDraw(false);
     addRow("B", "2");
     grid.setMaxRows(1);
     QCoreApplication::processEvents();
     (void)grid.grab();
     EXPECT_EQ(grid.MaxRows(), 1);
-    EXPECT_EQ(grid.text(1, 1), "B");
+    EXPECT_EQ(grid.text(Cell::code, 1), "B");
     EXPECT_EQ(grid.model()->rowCount(), 1);
     grid.setMaxRows(5);
     (void)grid.grab();
     EXPECT_EQ(grid.model()->rowCount(), 1); // the view's rows stand still
-    grid.SetActiveCell(2, 4);
+    grid.SetActiveCell(Cell::name, 4);
     grid.setReDraw(true);
     EXPECT_EQ(grid.model()->rowCount(), 5);
-    EXPECT_EQ(grid.currentIndex(), grid.model()->index(3, 1));
+    EXPECT_EQ(grid.currentIndex(), grid.model()->index(3, Cell::name - 1));
     (void)grid.grab();
 }
 
@@ -61,8 +61,8 @@ TEST_F(SpreadPaint, rowsAreMadeOfTheirSource_onceAndWhenLookedAt)
         grid.setRowSource(row, source, row);
     }
     EXPECT_EQ(made, 0);
-    EXPECT_EQ(grid.text(1, 500), "c500");
-    EXPECT_EQ(grid.text(3, 500), "500");
+    EXPECT_EQ(grid.text(Cell::code, 500), "c500");
+    EXPECT_EQ(grid.text(Cell::quantity, 500), "500");
     EXPECT_EQ(made, 1);
     grid.setReDraw(true);
     (void)grid.grab();
@@ -86,12 +86,12 @@ int countOf(const QColor& color, const QImage& picture, const QRect& part)
 TEST_F(SpreadPaint, checkBox_isDrawnInTheMiddleOfItsCell_andShowsItsMark)
 {
     addRow("A", "1");
-    const QRect cell = grid.visualRect(grid.model()->index(0, 5));
+    const QRect cell = grid.visualRect(grid.model()->index(0, Cell::mark - 1));
     const auto drawn = [&] { return grid.viewport()->grab().toImage().copy(cell); };
     const QImage marked = drawn();
-    grid.SetText(6, 1, std::string_view("0"));
+    grid.SetText(Cell::mark, 1, std::string_view("0"));
     const QImage plain = drawn();
-    grid.SetText(6, 1, std::string_view(""));
+    grid.SetText(Cell::mark, 1, std::string_view(""));
     EXPECT_EQ(drawn(), plain);
     EXPECT_NE(marked, plain);
     // The text of the cell is not written beside the box: nothing but the middle differs or is inked.
@@ -106,14 +106,14 @@ TEST_F(SpreadPaint, checkBox_isDrawnInTheMiddleOfItsCell_andShowsItsMark)
 TEST_F(SpreadPaint, figuresAreOnTheRight_inTheirColour)
 {
     addRow("A", "1");
-    grid.SetActiveCell(1, 1);
-    const QRect cell = grid.visualRect(grid.model()->index(0, 6));
+    grid.SetActiveCell(Cell::code, 1);
+    const QRect cell = grid.visualRect(grid.model()->index(0, Cell::total - 1));
     const QRect left(cell.left() + 2, cell.top() + 2, cell.width() / 3, cell.height() - 6);
     QImage picture = grid.viewport()->grab().toImage();
     EXPECT_EQ(countOf(Qt::white, picture, left), left.width() * left.height());
-    grid.SetText(7, 1, std::string_view("-1,200"));
-    grid.setCellForeColor(7, 1, QColor(255, 0, 0));
-    grid.setCellBold(7, 1, true);
+    grid.SetText(Cell::total, 1, std::string_view("-1,200"));
+    grid.setCellForeColor(Cell::total, 1, QColor(255, 0, 0));
+    grid.setCellBold(Cell::total, 1, true);
     picture = grid.viewport()->grab().toImage();
     EXPECT_GT(countOf(QColor(255, 0, 0), picture, cell), 10);
     EXPECT_EQ(countOf(Qt::white, picture, left), left.width() * left.height());
@@ -124,13 +124,14 @@ TEST_F(SpreadPaint, selectedCells_areTintedOverTheColourOfTheirRow)
     addRow("B", "1");
     addRow("A", "1");
     grid.setRowBackColor(2, QColor(0, 255, 255));
-    grid.SetActiveCell(2, 1);
+    grid.SetActiveCell(Cell::name, 1);
     grid.setFocus();
-    const QRect cell = grid.visualRect(grid.model()->index(1, 1));
+    const QRect cell = grid.visualRect(grid.model()->index(1, Cell::name - 1));
     const QPoint inside(cell.right() - 8, cell.center().y());
     EXPECT_EQ(grid.viewport()->grab().toImage().pixelColor(inside), QColor(0, 255, 255));
     QTest::keyClick(&grid, Qt::Key_Down, Qt::ShiftModifier);
-    grid.selectionModel()->setCurrentIndex(grid.model()->index(0, 1), QItemSelectionModel::NoUpdate);
+    grid.selectionModel()->setCurrentIndex(grid.model()->index(0, Cell::name - 1),
+                                           QItemSelectionModel::NoUpdate);
     const QColor tint = grid.viewport()->grab().toImage().pixelColor(inside);
     EXPECT_NE(tint, QColor(0, 255, 255));
     EXPECT_GT(tint.blue(), 200); // still the bar's colour, a shade darker
@@ -141,8 +142,8 @@ TEST_F(SpreadPaint, cursorIsAFrame_andHidesNoColour)
 {
     addRow("A", "1");
     grid.setRowBackColor(1, QColor(0, 255, 255));
-    grid.SetActiveCell(3, 1);
-    const QRect cell = grid.visualRect(grid.model()->index(0, 2));
+    grid.SetActiveCell(Cell::quantity, 1);
+    const QRect cell = grid.visualRect(grid.model()->index(0, Cell::quantity - 1));
     const QImage picture = grid.viewport()->grab().toImage();
     EXPECT_EQ(picture.pixelColor(cell.left() + 8, cell.center().y()), QColor(0, 255, 255));
     EXPECT_NE(picture.pixelColor(cell.left() + 1, cell.center().y()), QColor(0, 255, 255));
@@ -155,7 +156,7 @@ TEST_F(SpreadPaint, whileRedrawIsOff_thePictureDoesNotChange)
     grid.setReDraw(false);
     grid.setRowBackColor(1, QColor(255, 0, 0));
     grid.InsertRows(1, 30);
-    grid.SetActiveCell(1, 30);
+    grid.SetActiveCell(Cell::code, 30);
     QCoreApplication::processEvents();
     EXPECT_FALSE(grid.updatesEnabled());
     grid.setReDraw(true);
@@ -189,18 +190,18 @@ TEST_F(SpreadPaint, redrawOnAgain_keepsTheScrollPosition_unlessTheCursorWasMoved
 {
     for (int i = 0; i < 200; ++i)
         addRow("A", "1");
-    grid.SetActiveCell(3, 5);
+    grid.SetActiveCell(Cell::quantity, 5);
     grid.setFocus();
     grid.verticalScrollBar()->setValue(120);
     grid.setReDraw(false);
-    grid.SetText(2, 1, std::string_view("x"));
+    grid.SetText(Cell::name, 1, std::string_view("x"));
     grid.setReDraw(true);
     QCoreApplication::processEvents();
     EXPECT_EQ(grid.verticalScrollBar()->value(), 120);
-    EXPECT_EQ(grid.currentIndex(), grid.model()->index(4, 2));
+    EXPECT_EQ(grid.currentIndex(), grid.model()->index(4, Cell::quantity - 1));
     grid.setReDraw(false);
     grid.InsertRows(1);
-    grid.SetActiveCell(3, 1);
+    grid.SetActiveCell(Cell::quantity, 1);
     grid.setReDraw(true);
     QCoreApplication::processEvents();
     EXPECT_EQ(grid.verticalScrollBar()->value(), 0);

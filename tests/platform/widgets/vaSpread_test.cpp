@@ -20,21 +20,21 @@ using SpreadData = SpreadWindow;
 TEST_F(SpreadData, numberCells_dropLeadingZeros_andOtherTextsStayAsTheyAre)
 {
     addRow("A", "0000012");
-    EXPECT_EQ(grid.text(3, 1), "12");
-    EXPECT_EQ(grid.text(8, 1), "5");
-    grid.SetText(3, 1, std::string_view("-0000003"));
-    EXPECT_EQ(grid.text(3, 1), "-3");
-    grid.SetText(3, 1, std::string_view("-0000000"));
-    EXPECT_EQ(grid.text(3, 1), "0");
-    grid.SetText(3, 1, std::string_view("1.5"));
-    EXPECT_EQ(grid.text(3, 1), "1.5");
-    grid.SetText(1, 1, std::string_view("0000012"));
-    EXPECT_EQ(grid.text(1, 1), "0000012");
-    grid.SetText(3, 1, std::string_view("1234567"));
-    EXPECT_EQ(grid.model()->index(0, 2).data().toString(), u"1,234,567"_s);
+    EXPECT_EQ(grid.text(Cell::quantity, 1), "12");
+    EXPECT_EQ(grid.text(Cell::posted, 1), "5");
+    grid.SetText(Cell::quantity, 1, std::string_view("-0000003"));
+    EXPECT_EQ(grid.text(Cell::quantity, 1), "-3");
+    grid.SetText(Cell::quantity, 1, std::string_view("-0000000"));
+    EXPECT_EQ(grid.text(Cell::quantity, 1), "0");
+    grid.SetText(Cell::quantity, 1, std::string_view("1.5"));
+    EXPECT_EQ(grid.text(Cell::quantity, 1), "1.5");
+    grid.SetText(Cell::code, 1, std::string_view("0000012"));
+    EXPECT_EQ(grid.text(Cell::code, 1), "0000012");
+    grid.SetText(Cell::quantity, 1, std::string_view("1234567"));
+    EXPECT_EQ(grid.model()->index(0, Cell::quantity - 1).data().toString(), u"1,234,567"_s);
     EXPECT_EQ(grid.text(9, 1), "");
-    EXPECT_EQ(grid.text(1, 2), "");
-    EXPECT_EQ(grid.text(1, 0), "コード");
+    EXPECT_EQ(grid.text(Cell::code, 2), "");
+    EXPECT_EQ(grid.text(Cell::code, 0), "コード");
 }
 
 TEST_F(SpreadData, sortByKeys_isStable_readsFigures_andTakesTheColoursAlong)
@@ -45,7 +45,8 @@ TEST_F(SpreadData, sortByKeys_isStable_readsFigures_andTakesTheColoursAlong)
     grid.setRowBackColor(2, QColor(255, 255, 0)); // A
     const vaSpread::SortKey keys[] = {{3, false}, {1, true}};
     grid.Sort(keys);
-    EXPECT_EQ(std::string(grid.text(1, 1)) + std::string(grid.text(1, 2)) + std::string(grid.text(1, 3)),
+    EXPECT_EQ(std::string(grid.text(Cell::code, 1)) + std::string(grid.text(Cell::code, 2))
+                  + std::string(grid.text(Cell::code, 3)),
               "Abc");
     EXPECT_EQ(grid.rowBackColor(1), QColor(255, 255, 0));
 }
@@ -54,21 +55,21 @@ TEST_F(SpreadData, emptyGrid_hasNoCursor_andTakesEveryCall)
 {
     EXPECT_EQ(grid.MaxRows(), 0);
     EXPECT_EQ(grid.MaxCols(), 8);
-    grid.SetActiveCell(1, 1);
+    grid.SetActiveCell(Cell::code, 1);
     EXPECT_EQ(grid.ActiveRow(), 0);
     EXPECT_EQ(grid.ActiveCol(), 0);
     grid.DeleteRows(1);
     grid.InsertRows(2);
     grid.setMaxRows(-1);
-    grid.SetText(1, 1, std::string_view("x"));
+    grid.SetText(Cell::code, 1, std::string_view("x"));
     grid.setRowTexts(1, {});
     grid.setRowBackColor(1, Qt::red);
     grid.Sort({});
     EXPECT_EQ(grid.MaxRows(), 0);
-    EXPECT_EQ(grid.text(1, 1), "");
+    EXPECT_EQ(grid.text(Cell::code, 1), "");
     EXPECT_FALSE(grid.rowBackColor(1).isValid());
     addRow("A", "1");
-    grid.SetActiveCell(3, 1);
+    grid.SetActiveCell(Cell::quantity, 1);
     grid.setMaxRows(0);
     EXPECT_EQ(grid.ActiveRow(), 0);
     EXPECT_EQ(grid.ActiveCol(), 0);
@@ -103,20 +104,20 @@ TEST_F(SpreadData, cursorStaysWithItsRow_whenRowsComeAndGo)
         grid.setReDraw(redraw);
         for (const char* code : {"C", "B", "A"})
             addRow(code, "1");
-        grid.SetActiveCell(3, 2);
+        grid.SetActiveCell(Cell::quantity, 2);
         QSignalSpy leaves(&grid, &vaSpread::LeaveCell);
         grid.InsertRows(1, 2);
         EXPECT_EQ(grid.ActiveRow(), 4) << redraw;
-        EXPECT_EQ(grid.text(1, grid.ActiveRow()), "B") << redraw;
+        EXPECT_EQ(grid.text(Cell::code, grid.ActiveRow()), "B") << redraw;
         grid.DeleteRows(1, 2);
         EXPECT_EQ(grid.ActiveRow(), 2) << redraw;
         grid.DeleteRows(2); // its own row: the one that moves up takes the cursor
         EXPECT_EQ(grid.ActiveRow(), 2) << redraw;
-        EXPECT_EQ(grid.text(1, 2), "C") << redraw;
+        EXPECT_EQ(grid.text(Cell::code, 2), "C") << redraw;
         grid.DeleteRows(2, 5);
         EXPECT_EQ(grid.ActiveRow(), 1) << redraw;
         grid.setReDraw(true);
-        EXPECT_EQ(grid.currentIndex(), grid.model()->index(0, 2)) << redraw;
+        EXPECT_EQ(grid.currentIndex(), grid.model()->index(0, Cell::quantity - 1)) << redraw;
         EXPECT_EQ(leaves.size(), 0) << redraw;
     }
 }
@@ -125,12 +126,12 @@ TEST_F(SpreadData, figuresSortAsNumbers_andTextsWithoutRegardToCase)
 {
     for (const char* total : {"1,000", "900", "-5", "", "12,000"}) {
         addRow(total, "1");
-        grid.SetText(7, 1, std::string_view(total));
+        grid.SetText(Cell::total, 1, std::string_view(total));
     }
     const auto codes = [this] {
         std::string all;
         for (int row = 1; row <= grid.MaxRows(); ++row)
-            all.append(grid.text(7, row)).append("|");
+            all.append(grid.text(Cell::total, row)).append("|");
         return all;
     };
     const vaSpread::SortKey falling[] = {{7, false}};
@@ -143,7 +144,8 @@ TEST_F(SpreadData, figuresSortAsNumbers_andTextsWithoutRegardToCase)
     for (const char* code : {"b", "C", "a", "B"})
         addRow(code, "1");
     grid.Sort(byText);
-    EXPECT_EQ(std::string(grid.text(1, 1)) + std::string(grid.text(1, 2)) + std::string(grid.text(1, 3)),
+    EXPECT_EQ(std::string(grid.text(Cell::code, 1)) + std::string(grid.text(Cell::code, 2))
+                  + std::string(grid.text(Cell::code, 3)),
               "aBb"); // equal but for the case: the order they came in
 }
 
@@ -185,7 +187,7 @@ TEST_F(SpreadData, randomRowsComingAndGoing_matchAPlainList)
         case 1: {
             const std::string code = std::to_string(random() % 1000);
             grid.InsertRows(row, static_cast<int>(some));
-            grid.SetText(1, row, std::string_view(code));
+            grid.SetText(Cell::code, row, std::string_view(code));
             plain.insert(at, some);
             plain.rows[at].code = code;
             break;
@@ -199,8 +201,8 @@ TEST_F(SpreadData, randomRowsComingAndGoing_matchAPlainList)
             plain.rows[at].coloured = true;
             break;
         case 4:
-            grid.setCellBold(7, row, true);
-            grid.setCellForeColor(7, row, Qt::red);
+            grid.setCellBold(Cell::total, row, true);
+            grid.setCellForeColor(Cell::total, row, Qt::red);
             plain.rows[at].bold = true;
             break;
         case 5:
@@ -218,10 +220,10 @@ TEST_F(SpreadData, randomRowsComingAndGoing_matchAPlainList)
         ASSERT_EQ(grid.MaxRows(), static_cast<int>(plain.rows.size()));
         for (int each = 1; each <= grid.MaxRows(); ++each) {
             const PlainRow& wanted = plain.rows[static_cast<std::size_t>(each - 1)];
-            ASSERT_EQ(grid.text(1, each), wanted.code);
+            ASSERT_EQ(grid.text(Cell::code, each), wanted.code);
             ASSERT_EQ(grid.rowBackColor(each).isValid(), wanted.coloured);
-            ASSERT_EQ(grid.cellBold(7, each), wanted.bold);
-            ASSERT_EQ(grid.cellForeColor(7, each).isValid(), wanted.bold);
+            ASSERT_EQ(grid.cellBold(Cell::total, each), wanted.bold);
+            ASSERT_EQ(grid.cellForeColor(Cell::total, each).isValid(), wanted.bold);
         }
     }
 }
