@@ -21,7 +21,7 @@ class ProgramScan
 public:
     explicit ProgramScan(const test::TempShop& shop) : m_db(shop.databaseFolder())
     {
-        if (m_db.Open("trnvik.mdb") != 0)
+        if (m_db.Open("trnvik.mdb") != DbStatus::Good)
             std::abort();
     }
 
@@ -43,7 +43,7 @@ public:
             rows.RowSet::set(row, static_cast<int>(i) + 1, restOfRow[i]);
         rows.set(row, InpCol::InpDate, stamp);
         rows.set(row, InpCol::UpdDate, stamp);
-        if (rows.InsertRow(row) != 0)
+        if (rows.InsertRow(row) != DbStatus::Good)
             std::abort();
         m_db.Commit();
     }

@@ -6,7 +6,7 @@
 
 namespace suisui {
 
-int carryForward(AppDB& db, const std::string& stamp, const std::function<void()>& stepDone)
+DbStatus carryForward(AppDB& db, const std::string& stamp, const std::function<void()>& stepDone)
 {
     const std::string now = inQuotes(stamp);
     const std::vector<std::string> sums = movedByStockRow(Returns::LeftOut);
@@ -20,13 +20,13 @@ int carryForward(AppDB& db, const std::string& stamp, const std::function<void()
     }
     statement += ") GROUP BY Item) AS Movements WHERE Movements.Item = ZaikoTB.rowid";
     db.Execute(statement);
-    if (db.LastStatus() != 0)
+    if (db.LastStatus() != DbStatus::Good)
         return db.LastStatus();
     for (std::size_t i = 0; i < sums.size(); ++i)
         stepDone();
     db.Execute("UPDATE ZaikoTB SET KuriSuu = CStr(CDbl(ZaikoSuu)), UpdDate = " + now + " WHERE UpdDate <> "
                + now);
-    if (db.LastStatus() == 0)
+    if (db.LastStatus() == DbStatus::Good)
         stepDone();
     return db.LastStatus();
 }

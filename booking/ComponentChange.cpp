@@ -97,14 +97,14 @@ private:
             return true;
         m_stock.set(1, ZaikoCol::KuriSuu, CStr(left));
         m_stock.set(1, ZaikoCol::UpdDate, m_stamp);
-        return m_stock.UpdateRow(1) == 0;
+        return m_stock.UpdateRow(1) == DbStatus::Good;
     }
 
     /// What the movements add to the stock of \a part; nothing when that cannot be read.
     [[nodiscard]] std::optional<double> movedBy(const std::string& part)
     {
         std::optional<double> moved;
-        if (m_db.OpenRecordset(movedOfCode(part, m_returns)) == 0 && !m_db.recordset().atEof())
+        if (m_db.OpenRecordset(movedOfCode(part, m_returns)) == DbStatus::Good && !m_db.recordset().atEof())
             moved = numberOf(m_db.recordset().Fields("Moved"));
         m_db.CloseRecordset();
         return moved;
@@ -124,7 +124,7 @@ private:
         m_stock.set(1, ZaikoCol::KuriSuu, carried);
         m_stock.set(1, ZaikoCol::InpDate, m_stamp);
         m_stock.set(1, ZaikoCol::UpdDate, m_stamp);
-        return m_stock.InsertRow(1) == 0;
+        return m_stock.InsertRow(1) == DbStatus::Good;
     }
 
     AppDB& m_db;

@@ -89,7 +89,7 @@ EditResult Correction::update()
             return result;
     }
     m_books.db.Commit();
-    if (m_books.db.LastStatus() != 0)
+    if (m_books.db.LastStatus() != DbStatus::Good)
         return notWritten();
     m_takenBack.clear();
     return EditResult::Done;
@@ -120,9 +120,9 @@ EditResult Correction::updateRow(int row, const std::string& stamp)
 bool Correction::writeRow(int index)
 {
     m_books.db.ShowErrors(false);
-    const int first = m_rows.UpdateRow(index);
+    const DbStatus first = m_rows.UpdateRow(index);
     m_books.db.ShowErrors(true);
-    return first == 0 || m_rows.UpdateRow(index) == 0;
+    return first == DbStatus::Good || m_rows.UpdateRow(index) == DbStatus::Good;
 }
 
 bool Correction::postUpdate(int row, int index, const Figures& posted, const Figures& now,
@@ -170,7 +170,8 @@ void Correction::putBackPosted()
 EditResult Correction::notWritten()
 {
     m_books.db.Rollback();
-    return m_books.db.LastErrNo().empty() ? EditResult::ConcurrentChange : EditResult::Failed;
+    return m_books.db.LastStatus() == DbStatus::RowChanged ? EditResult::ConcurrentChange
+                                                           : EditResult::Failed;
 }
 
 // ---- delete

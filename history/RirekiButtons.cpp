@@ -81,7 +81,7 @@ bool RirekiButtons::sentinelIsThere()
     const QString extension = m_prompts.askExtension();
     if (extension.isEmpty())
         return false;
-    const bool added = addSentinel(m_services.db, extension.toStdString()) == 0;
+    const bool added = addSentinel(m_services.db, extension.toStdString()) == DbStatus::Good;
     if (!added)
         m_services.db.Rollback(); // a unit that was opened for the row would hold the file
     return added;

@@ -87,8 +87,9 @@ void RirekiDB::report(const Job& job, int number)
 RirekiDB::Result RirekiDB::openHistory(const std::string& path, bool toFill)
 {
     m_history = std::make_unique<AppDB>(folderOf(path));
-    const int status = away([&] { return toFill ? m_history->OpenForFilling(path) : m_history->Open(path); });
-    return status == 0 ? Done : Failed;
+    const DbStatus status =
+        away([&] { return toFill ? m_history->OpenForFilling(path) : m_history->Open(path); });
+    return status == DbStatus::Good ? Done : Failed;
 }
 
 void RirekiDB::rollBack()
@@ -125,7 +126,8 @@ RirekiDB::Result RirekiDB::carry()
 {
     const std::string stamp = freshStamp();
     const auto stepDone = [this] { inLoop([this] { advance(); }); };
-    return away([&] { return carryForward(m_services.db, stamp, stepDone); }) == 0 ? Done : Failed;
+    return away([&] { return carryForward(m_services.db, stamp, stepDone); }) == DbStatus::Good ? Done
+                                                                                                : Failed;
 }
 
 /// Now, or the next second when a stock row carries this one: it would be taken for a row that the
@@ -145,7 +147,7 @@ std::string RirekiDB::freshStamp()
 RirekiDB::Result RirekiDB::commit(AppDB& db)
 {
     awayFromLoop([&db] { db.Commit(); });
-    return db.LastStatus() == 0 ? Done : Failed;
+    return db.LastStatus() == DbStatus::Good ? Done : Failed;
 }
 
 void RirekiDB::advance()

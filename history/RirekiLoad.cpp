@@ -110,11 +110,12 @@ RirekiDB::Result RirekiDB::bringBack()
 RirekiDB::Result RirekiDB::bringBack(Side side)
 {
     const MovementTable& table = movementTable(side);
-    if (away([&] { return m_history->OpenRecordset("SELECT * From " + std::string(table.table.name)); }) != 0)
+    if (away([&] { return m_history->OpenRecordset("SELECT * From " + std::string(table.table.name)); })
+        != DbStatus::Good)
         return Failed;
     advance();
     std::int64_t copied = 0;
-    if (away([&] { return m_services.db.copyRows(*m_history, table.table, copied); }) != 0)
+    if (away([&] { return m_services.db.copyRows(*m_history, table.table, copied); }) != DbStatus::Good)
         return Failed;
     clearRows();
     advance();
@@ -126,7 +127,7 @@ RirekiDB::Result RirekiDB::strikePeriod()
 {
     RirekiRec& rows = m_services.db.RirekiTbl();
     rows.PrepareDelete(1);
-    return away([&rows] { return rows.DeleteRow(1); }) == 0 ? Done : Failed;
+    return away([&rows] { return rows.DeleteRow(1); }) == DbStatus::Good ? Done : Failed;
 }
 
 } // namespace suisui

@@ -136,11 +136,11 @@ RirekiDB::Result RirekiDB::moveOut(Side side)
     const std::string name(table.table.name);
     const std::string where = inPeriod(table, m_period);
     AppDB& db = m_services.db;
-    if (away([&] { return db.OpenRecordset("SELECT * From " + name + where); }) != 0)
+    if (away([&] { return db.OpenRecordset("SELECT * From " + name + where); }) != DbStatus::Good)
         return Failed;
     advance();
     std::int64_t copied = 0;
-    if (away([&] { return m_history->copyRows(db, table.table, copied); }) != 0)
+    if (away([&] { return m_history->copyRows(db, table.table, copied); }) != DbStatus::Good)
         return Failed;
     clearRows();
     if (commit(*m_history) != Done)
@@ -148,7 +148,7 @@ RirekiDB::Result RirekiDB::moveOut(Side side)
     advance();
     awayFromLoop([&] { db.Execute("DELETE From " + name + where); });
     // A row that left the table without being in the file would be lost.
-    if (db.LastStatus() != 0 || db.RowsChanged() != copied)
+    if (db.LastStatus() != DbStatus::Good || db.RowsChanged() != copied)
         return Failed;
     if (side == Side::Receipt)
         advance();
@@ -161,10 +161,10 @@ RirekiDB::Result RirekiDB::finish(const FileInTheMaking& file)
     advance();
     m_stamp = stampOf(m_services.clock.now());
     const bool stored = away([&] {
-        const bool filled = m_history->FinishFilling(historyMark(m_stamp)) == 0;
+        const bool filled = m_history->FinishFilling(historyMark(m_stamp)) == DbStatus::Good;
         m_history->Rollback();
         m_history->CloseFile();
-        return filled && m_history->CloseAfterSave() == 0 && file.isStored();
+        return filled && m_history->CloseAfterSave() == DbStatus::Good && file.isStored();
     });
     closeHistory();
     return stored ? Done : Failed;
@@ -180,7 +180,7 @@ RirekiDB::Result RirekiDB::listPeriod(const std::string& file)
     const std::string extension = m_historyExt.toStdString();
     const SentinelRow sentinel = findSentinel(m_services.db);
     if (sentinel == SentinelRow::Unreadable
-        || (sentinel == SentinelRow::Missing && addSentinel(m_services.db, extension) != 0))
+        || (sentinel == SentinelRow::Missing && addSentinel(m_services.db, extension) != DbStatus::Good))
         return Failed;
     RirekiRec& rows = m_services.db.RirekiTbl();
     rows.Clear();
@@ -190,7 +190,7 @@ RirekiDB::Result RirekiDB::listPeriod(const std::string& file)
     rows.set(1, RirekiCol::KakuTyo, extension);
     rows.set(1, RirekiCol::FileSize, std::to_string(size));
     rows.set(1, RirekiCol::FileUpdate, m_stamp);
-    return away([&rows] { return rows.InsertRow(1); }) == 0 ? Done : Failed;
+    return away([&rows] { return rows.InsertRow(1); }) == DbStatus::Good ? Done : Failed;
 }
 
 } // namespace suisui

@@ -31,7 +31,7 @@ int makeSheet(const QString& base, const QString& file)
         return refuse(u"%1 は既にあります。別の名前を指定してください。"_s.arg(file));
     suisui::AppDB db((base + u"/DB"_s).toStdString());
     const QString shop = QString::fromStdString(suisui::workingPath(base.toStdString()));
-    if (db.Open(suisui::workingFile) != 0)
+    if (db.Open(suisui::workingFile) != suisui::DbStatus::Good)
         return refuse(u"%1 を開けません。"_s.arg(shop));
     const auto groups = suisui::shopCodes(db);
     if (!groups)

@@ -6,7 +6,7 @@
 // A row remembers the table row that it was read from and how that read. UpdateRow and DeleteRow refuse
 // a row that somebody else has changed or deleted since.
 //
-// A status is 0 for success. A count is negative when the selection failed.
+// A count is negative when the selection failed.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +15,7 @@
 #include <string_view>
 #include <vector>
 
+#include "store/DbStatus.h"
 #include "store/PackedRow.h"
 #include "store/Schema.h"
 
@@ -53,15 +54,15 @@ public:
     /// Rows of the table that match; the buffer is not touched.
     [[nodiscard]] int CountRows(std::string_view where);
     /// Adds \a n empty rows at the end.
-    int NewRows(int n);
-    [[nodiscard]] int InsertRow(int row);
-    /// On success the row leaves the buffer and those behind it move up by one.
-    [[nodiscard]] int DeleteRow(int row);
-    [[nodiscard]] int UpdateRow(int row);
+    DbStatus NewRows(int n);
+    [[nodiscard]] DbStatus InsertRow(int row);
+    /// On success the row leaves the buffer and those after it move up by one.
+    [[nodiscard]] DbStatus DeleteRow(int row);
+    [[nodiscard]] DbStatus UpdateRow(int row);
     /// Updates the changed rows that came from the table and inserts the new ones.
-    [[nodiscard]] int WriteRows();
+    [[nodiscard]] DbStatus WriteRows();
     /// Called right before DeleteRow; nothing needs preparing here.
-    int PrepareDelete(int row);
+    DbStatus PrepareDelete(int row);
     void Clear();
 
 private:
@@ -81,7 +82,7 @@ private:
     Row& rowAt(int row);
     [[nodiscard]] const Row& rowAt(int row) const;
     void remember(int row);
-    int refuseRow(Row& row);
+    DbStatus refuseRow(Row& row);
 
     AppDB& m_db;
     const TableDef& m_table;

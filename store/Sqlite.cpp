@@ -372,31 +372,31 @@ int Sqlite::copyTo(const std::string& path)
     return code;
 }
 
-EngineError Sqlite::errorKind(int code) const
+DbStatus Sqlite::statusOf(int code)
 {
     if (code == SQLITE_OK)
-        return EngineError::None;
+        return DbStatus::Good;
     if (code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY)
-        return EngineError::DuplicateKey;
+        return DbStatus::DuplicateKey;
     switch (code & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return EngineError::Busy;
+        return DbStatus::Busy;
     case SQLITE_FULL:
-        return EngineError::Full;
+        return DbStatus::Full;
     case SQLITE_IOERR: // a quota or a limit on the file's size shows itself as a write that failed
-        return code == SQLITE_IOERR_WRITE ? EngineError::Full : EngineError::Other;
+        return code == SQLITE_IOERR_WRITE ? DbStatus::Full : DbStatus::Failed;
     case SQLITE_READONLY:
     case SQLITE_PERM:
-        return EngineError::ReadOnly;
+        return DbStatus::ReadOnly;
     case SQLITE_CORRUPT:
-        return EngineError::Damaged;
+        return DbStatus::Damaged;
     case SQLITE_NOTADB:
-        return EngineError::NotADatabase;
+        return DbStatus::NotADatabase;
     case SQLITE_CANTOPEN:
-        return EngineError::NoDatabase;
+        return DbStatus::NoDatabase;
     default:
-        return EngineError::Other;
+        return DbStatus::Failed;
     }
 }
 

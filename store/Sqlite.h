@@ -11,15 +11,14 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "store/DbStatus.h"
+
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace suisui {
 
 class ArrivingRows;
-
-/// What a failure means to the layer above.
-enum class EngineError { None, DuplicateKey, Busy, Full, ReadOnly, Damaged, NoDatabase, NotADatabase, Other };
 
 class Sqlite
 {
@@ -80,7 +79,8 @@ public:
     /// Copies the database, as this connection sees it, onto the empty file \a path. Not flushed.
     [[nodiscard]] int copyTo(const std::string& path);
 
-    [[nodiscard]] EngineError errorKind(int code) const;
+    /// What an engine code means to the layer above.
+    [[nodiscard]] static DbStatus statusOf(int code);
     [[nodiscard]] std::string errorText() const;
 
     /// A forward cursor over a SELECT.

@@ -148,7 +148,7 @@ bool Main_Module::openDatabase()
     };
     m_appDB = std::make_unique<AppDB>((m_base + u"/DB"_s).toStdString(), showError);
     m_appDB->ShowErrors(false);
-    if (m_appDB->Open(workingFile) == 0) {
+    if (m_appDB->Open(workingFile) == DbStatus::Good) {
         m_appDB->ShowErrors(true);
         return true;
     }

@@ -222,7 +222,7 @@ protected:
 
     void run(int movements, bool whole)
     {
-        ASSERT_EQ(watcher.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(watcher.Open("trnvik.mdb"), DbStatus::Good);
         for (int i = 1; i <= movements && !HasFailure(); ++i) {
             SCOPED_TRACE(i);
             step(whole);

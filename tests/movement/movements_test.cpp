@@ -87,7 +87,7 @@ protected:
     {
         receipt = &desk.open(Side::Receipt);
         shipment = &desk.open(Side::Shipment);
-        ASSERT_EQ(watcher.emplace(desk.shop.databaseFolder()).Open("trnvik.mdb"), 0);
+        ASSERT_EQ(watcher.emplace(desk.shop.databaseFolder()).Open("trnvik.mdb"), DbStatus::Good);
     }
 
     void scanReceipt(const std::string& code)
