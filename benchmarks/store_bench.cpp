@@ -28,7 +28,7 @@ public:
     void run(int number)
     {
         const std::string stamp = stampOfScan(number);
-        const std::string where = whereCode(code);
+        const SqlText where = whereCode(code);
         if (m_db.MasterTbl().Select(where) != 1 || m_db.HSeihinTbl().Select(where) != 0)
             std::abort();
         std::string name(m_db.MasterTbl().get(1, MasterCol::Name));

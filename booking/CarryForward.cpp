@@ -2,18 +2,18 @@
 
 #include "booking/StockEffect.h"
 #include "store/AppDB.h"
-#include "store/Where.h"
+#include "store/SqlText.h"
 
 namespace suisui {
 
 DbStatus carryForward(AppDB& db, const std::string& stamp, const std::function<void()>& stepDone)
 {
-    const std::string now = inQuotes(stamp);
+    const SqlText now = bound(stamp);
     const std::vector<std::string> sums = movedByStockRow(Returns::LeftOut);
     // One write for each stock row, however many kinds of movements it has.
-    std::string statement = "UPDATE ZaikoTB SET KuriSuu = CStr(Plus(iif(UpdDate = " + now
-                            + ", KuriSuu, ZaikoSuu), -Movements.Moved)), UpdDate = " + now
-                            + " FROM (SELECT Item, SumOf(Moved) AS Moved FROM (";
+    SqlText statement = "UPDATE ZaikoTB SET KuriSuu = CStr(Plus(iif(UpdDate = " + now
+                        + ", KuriSuu, ZaikoSuu), -Movements.Moved)), UpdDate = " + now
+                        + " FROM (SELECT Item, SumOf(Moved) AS Moved FROM (";
     for (std::size_t i = 0; i < sums.size(); ++i) {
         statement += i > 0 ? " UNION ALL " : "";
         statement += sums[i];

@@ -13,7 +13,7 @@
 #include "store/AppIni.h"
 #include "booking/CarryForward.h"
 #include "store/Stamps.h"
-#include "store/Where.h"
+#include "store/SqlText.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -136,7 +136,7 @@ std::string RirekiDB::freshStamp()
 {
     std::string stamp = stampOf(m_services.clock.now());
     for (int look = 0; look < looksForASecond; ++look) {
-        if (m_services.db.ZaikoTbl().CountRows("Where UpdDate = " + inQuotes(stamp)) <= 0)
+        if (m_services.db.ZaikoTbl().CountRows("Where UpdDate = " + bound(stamp)) <= 0)
             break;
         m_services.clock.letPass(std::chrono::milliseconds(1000 / looksForASecond));
         stamp = stampOf(m_services.clock.now());

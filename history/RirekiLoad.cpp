@@ -5,7 +5,7 @@
 #include "platform/core/FillIn.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
-#include "store/Where.h"
+#include "store/SqlText.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -58,8 +58,8 @@ bool RirekiDB::isManaged(const Place& place)
 {
     const Period period = periodOf(place.fileName);
     const int count = m_services.db.RirekiTbl().Select(
-        "Where DateFrom = " + inQuotes(period.from) + "  And DateTo = " + inQuotes(period.to)
-        + "  And KakuTyo = " + inQuotes(m_historyExt.toStdString()));
+        "Where DateFrom = " + bound(period.from) + "  And DateTo = " + bound(period.to)
+        + "  And KakuTyo = " + bound(m_historyExt.toStdString()));
     const RirekiRec& rows = m_services.db.RirekiTbl();
     if (count >= 1 && away([&] { return fitOf(rows, 1, place.fullPath.toStdString()); }) != FileFit::Differs)
         return true;

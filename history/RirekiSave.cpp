@@ -8,21 +8,14 @@
 #include "platform/core/Clock.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
+#include "store/Side.h"
 #include "store/Stamps.h"
-#include "store/Where.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
 namespace {
-
-/// "Where NyuDate >= '20260101'  AND NyuDate <= '20260131'".
-std::string inPeriod(const MovementTable& table, const Period& period)
-{
-    const std::string date(table.table.columns[static_cast<std::size_t>(table.columns.date)]);
-    return " Where " + date + " >= " + inQuotes(period.from) + "  AND " + date + " <= " + inQuotes(period.to);
-}
 
 std::string pathIn(const QString& folder, const QString& name)
 {
@@ -134,7 +127,7 @@ RirekiDB::Result RirekiDB::moveOut(Side side)
 {
     const MovementTable& table = movementTable(side);
     const std::string name(table.table.name);
-    const std::string where = inPeriod(table, m_period);
+    const SqlText where = " " + whereDated(table, m_period.from, m_period.to);
     AppDB& db = m_services.db;
     if (away([&] { return db.OpenRecordset("SELECT * From " + name + where); }) != DbStatus::Good)
         return Failed;

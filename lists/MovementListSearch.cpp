@@ -78,7 +78,7 @@ void MovementListPage::listLoad()
     const ListView view = m_ui->chkXLSum->isChecked() ? ListView::Summed : ListView::Detail;
     const ListBuffer& buffer = view == ListView::Summed ? m_side.summed : m_side.detail;
     const ListFilter conditions = filter();
-    const int count = buffer.select(db, whereText(m_side, conditions), std::string(buffer.order));
+    const int count = buffer.select(db, whereText(m_side, conditions), buffer.order);
     if (count <= 0) {
         emptyGrid();
         return;

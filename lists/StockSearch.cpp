@@ -42,9 +42,9 @@ void StockPage::search(const QString& text)
 }
 
 /// The condition of a search, with what the check boxes let through.
-std::string StockPage::selection(const std::string& code) const
+SqlText StockPage::selection(const std::string& code) const
 {
-    std::string where = "Where ZaikoTB.Code Like '" + code + "' ";
+    SqlText where = "Where ZaikoTB.Code Like " + bound(code) + " ";
     if (!m_ui->chkStock_Zero->isChecked())
         where += " And ZaikoSuu <> '0' ";
     if (m_ui->chkStock_Low->isChecked())

@@ -32,12 +32,9 @@ void MovementPage::cmdKensaku_Click()
             frame.BusyOff();
             return;
         }
-        std::string where(m_side.whereFrom);
-        where += m_period.from.stored().toStdString();
-        where += m_side.whereTo;
-        where += m_period.to.stored().toStdString();
-        where += m_side.orderBy;
-        const int count = m_rows.Select(where);
+        const int count = m_rows.Select(
+            whereDated(m_table, m_period.from.stored().toStdString(), m_period.to.stored().toStdString())
+            + m_side.orderBy);
         m_edit->searched(true);
         if (count <= 0) {
             grid()->setMaxRows(0);

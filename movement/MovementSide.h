@@ -51,10 +51,7 @@ struct MovementSide
     std::span<const SpreadColumn> columns;
     MovementCells cells;
 
-    // Texts of the search, around the two dates.
-    std::string_view whereFrom;
-    std::string_view whereTo;
-    std::string_view orderBy;
+    std::string_view orderBy; ///< of the search
 
     // Designed texts of the page.
     const char16_t* gridName;

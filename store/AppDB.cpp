@@ -133,7 +133,7 @@ bool AppDB::isOurs()
     for (const TableDef* table : allTables()) {
         std::string columns;
         const int code =
-            m_engine.select("SELECT cid, name FROM pragma_table_info('" + std::string(table->name) + "')",
+            m_engine.select("SELECT cid, name FROM pragma_table_info(" + bound(table->name) + ")",
                             [&columns](std::int64_t, std::span<const std::string_view> texts) {
                                 columns += texts[0];
                                 columns += ',';
@@ -307,7 +307,7 @@ void AppDB::CloseFile()
     m_engine.close();
 }
 
-DbStatus AppDB::OpenRecordset(std::string_view sql)
+DbStatus AppDB::OpenRecordset(const SqlText& sql)
 {
     CloseRecordset();
     Sqlite::Cursor cursor;
@@ -328,7 +328,7 @@ void AppDB::CloseRecordset()
     m_recordset.close();
 }
 
-void AppDB::Execute(std::string_view sql)
+void AppDB::Execute(const SqlText& sql)
 {
     if (beginWrite() != DbStatus::Good)
         return;

@@ -96,7 +96,7 @@ public:
     /// Flushes the file that was closed last.
     [[nodiscard]] DbStatus CloseAfterSave();
     void CloseFile();
-    [[nodiscard]] DbStatus OpenRecordset(std::string_view sql);
+    [[nodiscard]] DbStatus OpenRecordset(const SqlText& sql);
     void CloseRecordset();
     /// Adds the rows from the cursor of \a source's Recordset on, which must have all columns of \a table in
     /// their order. A row whose key is there already is skipped. Not Good when a row could not be read or
@@ -104,7 +104,7 @@ public:
     /// is closed. \a added counts the rows that were not there already.
     [[nodiscard]] DbStatus copyRows(AppDB& source, const TableDef& table, std::int64_t& added);
     /// One INSERT, UPDATE or DELETE; the outcome is in LastStatus and LastErrNo.
-    void Execute(std::string_view sql);
+    void Execute(const SqlText& sql);
     /// Rows that the last Execute added, changed or deleted.
     [[nodiscard]] std::int64_t RowsChanged() const { return m_engine.changes(); }
     void Release();

@@ -127,15 +127,15 @@ std::string_view RowSet::RowState(int row) const
     return state == ' ' ? std::string_view() : std::string_view(&state, 1);
 }
 
-int RowSet::Select(std::string_view where, std::string_view mode)
+int RowSet::Select(const SqlText& where, std::string_view mode)
 {
     const bool add = mode == "1" && (!m_table.keepRowsFlag || m_keepRows);
     if (!add)
         Clear();
     const std::size_t before = m_rows.size();
-    std::string sql = statementsOf(m_table).select;
+    SqlText sql(statementsOf(m_table).select);
     sql += where;
-    if (!holdsOrder(where))
+    if (!holdsOrder(where.text()))
         sql += " ORDER BY rowid"; // the order of the table
     const int code =
         m_db.m_engine.select(sql, [this](std::int64_t rowId, std::span<const std::string_view> texts) {
@@ -152,10 +152,10 @@ int RowSet::Select(std::string_view where, std::string_view mode)
     return Count();
 }
 
-int RowSet::CountRows(std::string_view where)
+int RowSet::CountRows(const SqlText& where)
 {
     std::int64_t count = 0;
-    const int code = m_db.m_engine.selectNumber(statementsOf(m_table).count + std::string(where), count);
+    const int code = m_db.m_engine.selectNumber(statementsOf(m_table).count + where, count);
     if (code != 0) {
         m_db.failRead(code);
         return -1;

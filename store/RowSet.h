@@ -18,6 +18,7 @@
 #include "store/DbStatus.h"
 #include "store/PackedRow.h"
 #include "store/Schema.h"
+#include "store/SqlText.h"
 
 namespace suisui {
 
@@ -50,9 +51,9 @@ public:
     /// Fills the buffer with the rows that match \a where ("WHERE ... ORDER BY ...", or empty). Mode "1"
     /// adds to the rows, "" replaces them. Returns Count, or a negative number when the selection failed;
     /// the buffer is then empty (mode "1": as it was).
-    int Select(std::string_view where, std::string_view mode = {});
+    int Select(const SqlText& where, std::string_view mode = {});
     /// Rows of the table that match; the buffer is not touched.
-    [[nodiscard]] int CountRows(std::string_view where);
+    [[nodiscard]] int CountRows(const SqlText& where);
     /// Adds \a n empty rows at the end.
     DbStatus NewRows(int n);
     [[nodiscard]] DbStatus InsertRow(int row);

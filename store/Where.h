@@ -1,28 +1,17 @@
-// Conditions: texts in quotes, one code, and whether an order is asked for.
+// Conditions: one code, and whether an order is asked for.
 #pragma once
 
 #include <string>
 #include <string_view>
 
+#include "store/SqlText.h"
+
 namespace suisui {
 
-/// \a text in single quotes. Quotes within it are doubled, so that a condition never means anything else.
-[[nodiscard]] inline std::string inQuotes(std::string_view text)
+/// The rows of one code.
+[[nodiscard]] inline SqlText whereCode(std::string_view code)
 {
-    std::string result = "'";
-    for (const char c : text) {
-        result += c;
-        if (c == '\'')
-            result += c;
-    }
-    result += '\'';
-    return result;
-}
-
-/// "WHERE Code='{code}'", for a code that stands in the database.
-[[nodiscard]] inline std::string whereCode(std::string_view code)
-{
-    return "WHERE Code=" + inQuotes(code);
+    return "WHERE Code=" + bound(code);
 }
 
 /// Whether a scanned or typed text can be a code at all. One that holds a quote or a control character is

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/core/RunTimeError.h"
+#include "store/Where.h"
 #include "tests/support/TempShop.h"
 
 namespace suisui::test {
@@ -185,6 +186,30 @@ TEST_F(StoreTest, statementsOfMoreThanOne_orWithANul_areErrors_thatAreSaid)
     said.clear();
     EXPECT_LT(db.MasterTbl().CountRows("WHERE nonsense"), 0);
     EXPECT_TRUE(said.empty());
+}
+
+TEST_F(StoreTest, boundText_meansOnlyItself_whateverItHolds)
+{
+    const std::string sly = "x' OR '1'='1";
+    db.Execute("INSERT INTO Master (Code, Name) VALUES (" + bound(sly) + ", " + bound("?") + ")");
+    ASSERT_EQ(db.LastStatus(), DbStatus::Good);
+    ASSERT_EQ(db.MasterTbl().Select(whereCode(sly)), 1);
+    EXPECT_EQ(db.MasterTbl().get(1, MasterCol::Code), sly);
+    EXPECT_EQ(db.MasterTbl().CountRows("WHERE Name=" + bound("?") + " AND Code=" + bound(sly)), 1);
+    EXPECT_EQ(db.MasterTbl().CountRows(whereCode("'")), 0);
+    ASSERT_EQ(db.OpenRecordset("SELECT Name FROM Master " + whereCode(sly)), DbStatus::Good);
+    EXPECT_EQ(db.recordset().Fields("Name"), "?");
+    db.CloseRecordset();
+    db.Rollback();
+    EXPECT_TRUE(said.empty());
+}
+
+TEST_F(StoreTest, boundTextWithANul_orMissing_isAnError_thatIsSaid)
+{
+    EXPECT_LT(db.MasterTbl().Select(whereCode(std::string_view("A1\0", 3))), 0);
+    EXPECT_LT(db.MasterTbl().Select("WHERE Code=?"), 0);
+    EXPECT_EQ(said.size(), 2U);
+    EXPECT_EQ(db.MasterTbl().Select(whereCode("A1")), 1) << "a kept statement is as good as new";
 }
 
 TEST_F(StoreTest, rowsOutsideTheBuffer_areARunTimeError)
