@@ -79,7 +79,7 @@ void frmPriCheck_List::CmdOK_Click()
     m_busy = true;
     m_scan->stop();
     const PageRange range = mendedPages();
-    if (!choosePrinter()) {
+    if (choosePrinter() == PrinterChoice::Cancelled) {
         m_busy = false;
         m_scan->start();
         activateWindow();
@@ -105,12 +105,12 @@ PageRange frmPriCheck_List::mendedPages()
     return range;
 }
 
-bool frmPriCheck_List::choosePrinter()
+PrinterChoice frmPriCheck_List::choosePrinter()
 {
     Printer& printer = m_printing.printer;
     printer.setOrientation(PaperOrientation::Landscape);
     printer.setDocumentName(textOf(m_report.title) + m_printing.clock.now().toString(u" yyyy-MM-dd"_s));
-    return !m_paper.PrinterSelect(this);
+    return m_paper.PrinterSelect(this);
 }
 
 void frmPriCheck_List::printPages(PageRange range)

@@ -37,7 +37,7 @@ private:
     void wirePages();
     void wireButtons();
     [[nodiscard]] PageRange mendedPages();
-    [[nodiscard]] bool choosePrinter();
+    [[nodiscard]] PrinterChoice choosePrinter();
     void printPages(PageRange range);
     [[nodiscard]] ReportHead headNow() const;
     void letEventsRun();

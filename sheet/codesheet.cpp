@@ -40,7 +40,8 @@ int makeSheet(const QString& base, const QString& file)
     const suisui::SheetOutcome made = suisui::writeCodeSheet(*groups, aside);
     if (made.codes + made.bare == 0)
         return refuse(u"担当者も取引先も商品も登録されていません。"_s);
-    if (made.status != 0 || !suisui::renameToNew(aside.toStdString(), file.toStdString())) {
+    if (made.status != suisui::PrintStatus::Good
+        || !suisui::renameToNew(aside.toStdString(), file.toStdString())) {
         suisui::removeFile(aside.toStdString());
         return refuse(u"%1 に書けません。書き込めるフォルダを指定してください。"_s.arg(file));
     }

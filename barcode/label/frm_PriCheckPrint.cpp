@@ -40,8 +40,8 @@ void frm_PriCheck::CmdOK_Click()
     m_printing = true;
     m_gate.setEnabled(false);
     m_scan->stop();
-    m_around.barPrt.setOrientation(portrait);
-    const bool goOn = m_around.barPrt.choosePrinter(this) == 1;
+    m_around.barPrt.setOrientation(PaperOrientation::Portrait);
+    const bool goOn = m_around.barPrt.choosePrinter(this) == PrinterChoice::GoOn;
     if (goOn) { // while the printer is chosen the operator is asked, not kept waiting
         QGuiApplication::setOverrideCursor(hourglass());
         print();

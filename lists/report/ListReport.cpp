@@ -48,7 +48,7 @@ ReportStatus ListReport::printPages(const Printer_Properties& paper, ReportForm&
     for (int copy = 1; copy <= copies; ++copy)
         for (int page = range.first; page <= range.last; ++page) {
             fillPage(form, page);
-            if (printer.StartPage() != 0)
+            if (printer.StartPage() != PrintStatus::Good)
                 return ReportStatus::DrawingFailed;
             form.draw(paper);
             form.clearRows();
@@ -71,7 +71,7 @@ ReportStatus ListReport::print(const Printer_Properties& paper, const ReportHead
     try {
         const ReportStatus status = printPages(paper, form, range, pageDone);
         if (status == ReportStatus::Printed)
-            return printer.EndDoc() == 0 ? ReportStatus::Printed : ReportStatus::Failed;
+            return printer.EndDoc() == PrintStatus::Good ? ReportStatus::Printed : ReportStatus::Failed;
         printer.Abort();
         return status;
     } catch (const RunTimeError&) {

@@ -82,9 +82,9 @@ public:
     Printer_Properties(const Printer_Properties&) = delete;
     Printer_Properties& operator=(const Printer_Properties&) = delete;
 
-    /// Lets the operator choose; the caller has set the orientation. True when cancelled, and then printer
-    /// and values are as they were.
-    [[nodiscard]] bool PrinterSelect(QWidget* form);
+    /// Lets the operator choose; the caller has set the orientation. Cancelled leaves printer and values
+    /// as they were.
+    [[nodiscard]] PrinterChoice PrinterSelect(QWidget* form);
 
     // Set by PrinterSelect.
     [[nodiscard]] double PrtOffsetX() const { return m_offsetX; }

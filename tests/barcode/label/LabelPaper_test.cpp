@@ -82,7 +82,7 @@ protected:
     void print(LabelJob job, int step)
     {
         BarPrt& paper = barPrt;
-        ASSERT_EQ(paper.choosePrinter(nullptr), 1);
+        ASSERT_EQ(paper.choosePrinter(nullptr), PrinterChoice::GoOn);
         paper.setBarPitch(step);
         LabelRows rows(grid, markColumn, 0);
         job.startRow = 1;

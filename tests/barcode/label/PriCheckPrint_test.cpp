@@ -105,7 +105,7 @@ TEST(PriCheckPrint, aCancelledPrint_writesNothing_andKeepsTheDialog)
     Desk desk;
     desk.open();
     desk.type("txtBarHeight", u"9");
-    desk.paper.chosen = 0;
+    desk.paper.chosen = PrinterChoice::Cancelled;
     desk.dialog->CmdOK_Click();
     EXPECT_EQ(desk.paper.calls, (std::vector<std::string>{"orientation", "choose"}));
     EXPECT_FALSE(desk.dialog->printed());

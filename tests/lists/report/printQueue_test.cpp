@@ -33,7 +33,7 @@ struct PrintQueueTest : ::testing::Test
     {
         printer.setOrientation(PaperOrientation::Landscape);
         printer.setDocumentName(u"在庫商品 一覧"_s);
-        return !paper.PrinterSelect(nullptr);
+        return paper.PrinterSelect(nullptr) == PrinterChoice::GoOn;
     }
 };
 
@@ -66,9 +66,9 @@ TEST_F(PrintQueueTest, thePrinterStaysChosen)
 {
     ASSERT_TRUE(select());
     Printer next([](QPrinter& chosen, QWidget*) { return chosen.isValid(); });
-    EXPECT_TRUE(next.choose(nullptr));
+    EXPECT_EQ(next.choose(nullptr), PrinterChoice::GoOn);
     EXPECT_EQ(next.deviceName(), QString::fromUtf8(CupsQueue::name)); // the only one there is
-    EXPECT_TRUE(next.choose(nullptr));
+    EXPECT_EQ(next.choose(nullptr), PrinterChoice::GoOn);
     EXPECT_EQ(next.deviceName(), QString::fromUtf8(CupsQueue::name));
 }
 
