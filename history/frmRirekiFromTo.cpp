@@ -1,7 +1,5 @@
 #include "history/frmRirekiFromTo.h"
 
-#include <QGuiApplication>
-
 #include "platform/core/Clock.h"
 #include "platform/core/FillIn.h"
 #include "platform/widgets/Hourglass.h"
@@ -18,16 +16,6 @@ namespace suisui {
 namespace {
 
 const QString databaseError = u"データーベース エラー"_s;
-
-/// The pointer is the hourglass while it lives.
-class Hourglass
-{
-public:
-    Hourglass() { QGuiApplication::setOverrideCursor(hourglass()); }
-    ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-};
 
 std::string stored(const QDate& date)
 {
@@ -100,7 +88,7 @@ void frmRirekiFromTo::CmdOK_Click()
         restartTimer();
         return;
     }
-    const Hourglass hourglass;
+    const PointerShape waiting(hourglass());
     const Period period{m_boxes.from.stored().toStdString(), m_boxes.to.stored().toStdString()};
     if (!hasMovements(period) || !isNew(period) || !overlapIsMeant(period))
         return;

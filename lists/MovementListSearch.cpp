@@ -5,6 +5,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include "frame/support/Busy.h"
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
 #include "frame/support/Questions.h"
@@ -47,13 +48,11 @@ void MovementListPage::cmdKensaku_Click()
         return;
     const QScopedValueRollback<bool> searching(m_searching, true);
     Frame& frame = m_services.frame;
-    frame.BusyOn();
-    if (!PeriodCheck(m_period, frame, m_services.msgBox)) {
-        frame.BusyOff();
+    Busy busy(frame);
+    if (!PeriodCheck(m_period, frame, m_services.msgBox))
         return;
-    }
     listLoad();
-    frame.BusyOff();
+    busy.end();
     if (grid()->MaxRows() == 0) {
         writePlainHeadings(m_side, m_services.ini, *grid());
         m_ui->txtXLBarCode->setFocus();

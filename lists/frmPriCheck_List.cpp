@@ -118,11 +118,8 @@ void frmPriCheck_List::printPages(PageRange range)
     ReportStatus status = ReportStatus::Failed;
     {
         m_gate.setEnabled(false);
-        QGuiApplication::setOverrideCursor(hourglass());
-        const auto restore = qScopeGuard([this] {
-            QGuiApplication::restoreOverrideCursor();
-            m_gate.setEnabled(true);
-        });
+        const auto enable = qScopeGuard([this] { m_gate.setEnabled(true); });
+        const PointerShape working(hourglass());
         if (OffSetIchran(m_printing.baseFolder) == u"ZERO")
             m_paper.moveToCorner(static_cast<double>(m_report.lines[0].x1) / twipsPerInch,
                                  static_cast<double>(m_report.lines[1].y1) / twipsPerInch);

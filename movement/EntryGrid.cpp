@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/widgets/ReDrawOff.h"
 #include "store/Numbers.h"
 #include "store/RowSet.h"
 #include "store/Stamps.h"
@@ -139,8 +140,8 @@ void EntryGrid::makeRow(const PackedRow& stored, int index, std::span<std::strin
 void EntryGrid::load(const RowSet& rows, const std::function<void(int row)>& shown)
 {
     const int count = rows.Count();
-    m_sheet.setReDraw(false);
-    m_sheet.setMaxRows(0); // rows of the last search keep no colours
+    const ReDrawOff noRedraw(m_sheet, ReDrawOff::ThenOn); // a booking that failed has left it off
+    m_sheet.setMaxRows(0);                                // rows of the last search keep no colours
     m_sheet.setMaxRows(count);
     int row = 0;
     for (int i = count; i >= 1; --i) {
@@ -150,7 +151,6 @@ void EntryGrid::load(const RowSet& rows, const std::function<void(int row)>& sho
         shown(row);
     }
     m_sheet.setMaxRows(row);
-    m_sheet.setReDraw(true);
 }
 
 void EntryGrid::insertTop(const MovementTexts& movement, const std::string& total, int index)
@@ -189,7 +189,7 @@ MovementTexts EntryGrid::top() const
 
 void EntryGrid::takeOut(int row, int index, const Correction& edit)
 {
-    m_sheet.setReDraw(false);
+    const ReDrawOff noRedraw(m_sheet);
     m_sheet.DeleteRows(row);
     for (int r = 1; edit.inStep(r) && r <= m_sheet.MaxRows(); ++r) {
         const int other = bufferIndex(r);
@@ -204,7 +204,6 @@ void EntryGrid::takeOut(int row, int index, const Correction& edit)
     if (next > 0)
         m_sheet.SetActiveCell(m_side.cells.quantity, next);
     m_bar->move(0, next);
-    m_sheet.setReDraw(true);
 }
 
 void EntryGrid::cursorToQuantity()

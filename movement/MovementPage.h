@@ -66,7 +66,7 @@ private:
     void wire();
 
     // Booking a code (MovementScan.cpp).
-    void book(const QString& code);
+    [[nodiscard]] bool book(const QString& code);
     void unregistered(const QString& code);
     void putOnTop(const Booking& booking);
     void notStored();

@@ -4,11 +4,13 @@
 #include <QComboBox>
 
 #include "booking/Booking.h"
+#include "frame/support/Busy.h"
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
 #include "movement/EntryGrid.h"
 #include "platform/core/FillIn.h"
 #include "platform/widgets/KeyCodes.h"
+#include "platform/widgets/ReDrawOff.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
 #include "ui_MovementPage.h"
@@ -19,44 +21,43 @@ namespace suisui {
 
 void MovementPage::barCode_KeyPress(int& keyAscii)
 {
-    m_services.frame.BusyOn();
+    Busy busy(m_services.frame);
     CodeKeyCheck(keyAscii);
     limitLength(*m_ui->txtXBarCode, goodsCodeLength, true, keyAscii);
     const QString text = m_ui->txtXBarCode->text();
-    if (keyAscii != KeyCode::enter || text.isEmpty()) {
-        m_services.frame.BusyOff();
+    if (keyAscii != KeyCode::enter || text.isEmpty() || book(text))
         return;
-    }
-    book(text);
+    busy.end();
+    m_ui->txtXBarCode->setFocus();
 }
 
-void MovementPage::book(const QString& code)
+/// False when there are no goods of that code.
+bool MovementPage::book(const QString& code)
 {
     grid()->endEdit(); // a scan by the serial reader may find the operator in a cell
     Booking booking(m_side.side, books());
     if (!booking.lookUp(code.toStdString())) {
         unregistered(code);
-        return;
+        return false;
     }
-    if (!booking.post()) {
-        m_services.frame.BusyOff();
-        return;
-    }
+    if (!booking.post())
+        return true;
     m_edit->beforeNewRow();
     const int barRow = grid()->ActiveRow();
-    grid()->setReDraw(false);
+    ReDrawOff noRedraw(*grid(), ReDrawOff::ThenOn); // a booking that failed has left it off
     putOnTop(booking);
     if (rowAdd(booking)) {
         m_entry->moveBar(barRow > 0 ? barRow + 1 : 0, 1); // the new row has pushed the barred one down
         m_entry->cursorToQuantity();
-        grid()->setReDraw(true);
+        noRedraw.end();
     } else {
         notStored();
+        noRedraw.stay();
     }
     booking.waitForNextSecond();
     m_services.frame.setFormEnabled(true);
     grid()->setFocus();
-    m_services.frame.BusyOff();
+    return true;
 }
 
 void MovementPage::unregistered(const QString& code)
@@ -68,8 +69,6 @@ void MovementPage::unregistered(const QString& code)
                 u"登録】 で\r\n「{goods}」 に登録した後に、再度、入力して下さい。　　",
                 {{u"goods", goods}, {u"text", code}}),
          BoxIcon::Stop});
-    m_services.frame.BusyOff();
-    m_ui->txtXBarCode->setFocus();
 }
 
 void MovementPage::putOnTop(const Booking& booking)

@@ -1,6 +1,7 @@
 // Stored movements in the grid: loading a period, and taking corrections into the buffer.
 #include "movement/MovementPage.h"
 
+#include "frame/support/Busy.h"
 #include "frame/support/Questions.h"
 #include "movement/EntryGrid.h"
 #include "platform/core/FillIn.h"
@@ -26,34 +27,35 @@ void MovementPage::cmdKensaku_Click()
 {
     grid()->endEdit(); // a button pressed by the reader takes no focus from the cell
     Frame& frame = m_services.frame;
-    if (frame.EditGuard(frame.currentTab()) != BoxAnswer::Cancel) {
-        frame.BusyOn();
-        if (!PeriodCheck(m_period, frame, m_services.msgBox)) {
-            frame.BusyOff();
-            return;
-        }
-        const int count = m_rows.Select(
-            whereDated(m_table, m_period.from.stored().toStdString(), m_period.to.stored().toStdString())
-            + m_side.orderBy);
-        m_edit->searched(true);
-        if (count <= 0) {
-            grid()->setMaxRows(0);
-            grid()->setReDraw(true);
-            frame.setTabLoaded(m_side.tab, count == 0);
-            frame.BusyOff();
-            m_period.from.year->setFocus();
-            return;
-        }
-        if (agreesToShow(count)) {
-            gridLoad();
-            frame.setTabLoaded(m_side.tab, true); // else a tab change would search, and ask, once more
-            m_entry->moveBar(0, 1);
-            m_entry->cursorToQuantity();
-        } else {
-            m_edit->searched(false); // the old rows stay in view, the row set has the new ones
-        }
+    if (frame.EditGuard(frame.currentTab()) == BoxAnswer::Cancel) {
+        frame.BusyOff(); // ends as any search does
+        grid()->setFocus();
+        return;
     }
-    frame.BusyOff();
+    Busy busy(frame);
+    if (!PeriodCheck(m_period, frame, m_services.msgBox))
+        return;
+    const int count = m_rows.Select(
+        whereDated(m_table, m_period.from.stored().toStdString(), m_period.to.stored().toStdString())
+        + m_side.orderBy);
+    m_edit->searched(true);
+    if (count <= 0) {
+        grid()->setMaxRows(0);
+        grid()->setReDraw(true);
+        frame.setTabLoaded(m_side.tab, count == 0);
+        busy.end();
+        m_period.from.year->setFocus();
+        return;
+    }
+    if (agreesToShow(count)) {
+        gridLoad();
+        frame.setTabLoaded(m_side.tab, true); // else a tab change would search, and ask, once more
+        m_entry->moveBar(0, 1);
+        m_entry->cursorToQuantity();
+    } else {
+        m_edit->searched(false); // the old rows stay in view, the row set has the new ones
+    }
+    busy.end();
     grid()->setFocus();
 }
 
@@ -81,7 +83,7 @@ void MovementPage::gridLoad()
 
 void MovementPage::cellChange(int column, int row)
 {
-    m_services.frame.BusyOn();
+    const Busy busy(m_services.frame);
     if (m_edit->inStep(row)) {
         const int index = m_entry->bufferIndex(row);
         const bool code = column == m_side.cells.quantity && wasCode(row, index);
@@ -90,7 +92,6 @@ void MovementPage::cellChange(int column, int row)
     } else {
         concurrentChange(false); // the box says what to do: search again
     }
-    m_services.frame.BusyOff();
 }
 
 /// Takes a cell into the row set; false when it says nothing new.

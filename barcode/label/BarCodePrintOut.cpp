@@ -1,6 +1,6 @@
 #include "barcode/label/BarCodePrintOut.h"
 
-#include <QGuiApplication>
+#include <optional>
 
 #include "barcode/label/frm_PriCheck.h"
 #include "frame/support/ShowModal.h"
@@ -31,9 +31,9 @@ bool hasRows(const LabelDesk& desk, const vaSpread& grid, int least)
 
 void showDialog(const LabelDesk& desk, const LabelSource& source)
 {
-    QGuiApplication::setOverrideCursor(hourglass());
+    std::optional<PointerShape> making(hourglass());
     frm_PriCheck dialog(source, {desk.ini, desk.msgBox, desk.barPrt, desk.readLine}, desk.form);
-    QGuiApplication::restoreOverrideCursor();
+    making.reset();
     showModal(dialog);
 }
 
