@@ -84,7 +84,7 @@ const std::array sides{
                        .amount = 7,
                        .code = 8,
                        .staff = 9,
-                       .returned = {10, noListCell},
+                       .returned = {10, noCell},
                        .unit = 11,
                        .remark = 12,
                        .index = 13},

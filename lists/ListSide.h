@@ -19,9 +19,7 @@ namespace suisui {
 
 class AppIni;
 
-/// Columns of a list's grid; noListCell where a side has none.
-inline constexpr int noListCell = 0;
-
+/// Columns of a list's grid; noCell where a side has none.
 struct ListCells
 {
     int date;

@@ -10,13 +10,10 @@
 
 #include "frame/support/Frame.h"
 #include "platform/widgets/vaSpread.h"
+#include "store/AppIni.h"
 #include "store/Side.h"
 
 namespace suisui {
-
-class AppIni;
-
-inline constexpr int noCell = 0;
 
 /// Columns of the entry grid, from 1.
 struct MovementCells
@@ -47,6 +44,7 @@ struct MovementSide
     Tab tab;
     Tab listTab;   ///< made stale by a movement, beside the stock tab
     int termIndex; ///< Term of the settings
+    LabelMode labelMode;
     QString (AppIni::*heading)(int) const;
     std::span<const SpreadColumn> columns;
     MovementCells cells;

@@ -75,7 +75,7 @@ std::int64_t LabelRows::labels(std::int64_t row, std::int64_t eachRow) const
 {
     if (!hasCode(row))
         return 0;
-    return m_quantityColumn == 0 ? eachRow : labelsOf(numberOf(quantity(row)));
+    return m_quantityColumn == noCell ? eachRow : labelsOf(numberOf(quantity(row)));
 }
 
 std::int64_t LabelRows::labelsCounted(std::int64_t row, std::int64_t eachRow) const

@@ -71,7 +71,7 @@ void takeBack(LabelSetup& setup, const LabelFieldRow& row, const QString& saved)
 
 } // namespace
 
-void restoreLabelSettings(LabelSetup& setup, const AppIni& ini, int mode)
+void restoreLabelSettings(LabelSetup& setup, const AppIni& ini, LabelMode mode)
 {
     const auto saved = [&](const LabelFieldRow& row) {
         return ini.labelSetting(mode, QString::fromUtf16(row.saving.key));
@@ -81,7 +81,7 @@ void restoreLabelSettings(LabelSetup& setup, const AppIni& ini, int mode)
         takeBack(setup, row, saved(row));
 }
 
-void storeLabelSettings(const LabelSetup& setup, AppIni& ini, int mode)
+void storeLabelSettings(const LabelSetup& setup, AppIni& ini, LabelMode mode)
 {
     std::vector<std::pair<QString, QString>> settings;
     for (const LabelFieldRow& row : keptFields())

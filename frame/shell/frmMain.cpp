@@ -39,7 +39,6 @@ namespace {
 // What a window manager puts around the window, about.
 constexpr int frameWidth = 6;
 constexpr int titleHeight = 28;
-constexpr int firstLabelMode = 3; ///< receipts; shipments are the next
 
 QColor baseColor(const QWidget& form)
 {
@@ -142,8 +141,7 @@ void frmMain::cmdPrint_Click(Side side, int printColumn, int quantityColumn)
     m_focusPaint->setNormal(m_entry[at]->printButton());
     const FormDisabled disabled(*this);
     MainBarCodePrintOut({m_around.ini, m_around.msgBox, m_around.barPrt, m_nextLine, this},
-                        firstLabelMode + static_cast<int>(side), *m_entry[at]->grid(), printColumn,
-                        quantityColumn);
+                        movementSide(side).labelMode, *m_entry[at]->grid(), printColumn, quantityColumn);
 }
 
 void frmMain::recogniseTypedScans()

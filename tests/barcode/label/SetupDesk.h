@@ -44,7 +44,7 @@ struct SetupDesk
     static LabelSource source(int lastRow, bool asks)
     {
         LabelSource of;
-        of.mode = 3;
+        of.mode = LabelMode::Receipts;
         of.lastRow = lastRow;
         of.asksForNumber = asks;
         return of;

@@ -46,7 +46,7 @@ void compareGrid(BooksDesk& desk, std::size_t side)
         ASSERT_EQ(text(cells.unit), words.unit);
         ASSERT_EQ(text(cells.remark), words.remark);
         ASSERT_EQ(text(cells.postedQuantity), std::to_string(each.stored.quantity));
-        if (cells.postedReturned != 0) {
+        if (cells.postedReturned != noCell) {
             ASSERT_EQ(text(cells.postedReturned), std::to_string(each.stored.returned[0]));
         }
         const int index = std::stoi(text(cells.index));
