@@ -3,15 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include <QString>
 
 namespace suisui {
 
-/// The platform's test for a numeric text.
-[[nodiscard]] bool isNumeric(const QString& text);
-/// A text as a number; 0 for one that is none.
-[[nodiscard]] double numberIn(const QString& text);
+/// A text as a number; nothing for one that is not numeric.
+[[nodiscard]] std::optional<double> numberIn(const QString& text);
 
 /// Labels that a quantity asks for: whole, halves to the even neighbour. A quantity beyond all paper stands
 /// at a bound, so that sums of quantities never overflow.

@@ -40,21 +40,21 @@ QString sheetOf(const QString& saved)
 
 QString pitchOf(const QString& saved)
 {
-    const double step = numberIn(saved);
+    const double step = numberIn(saved).value_or(0);
     return QString::number(step >= 1 && step <= barPitchSteps ? static_cast<int>(step) : usualPitch);
 }
 
 void takeBack(LabelSetup& setup, const LabelFieldRow& row, const QString& saved)
 {
-    const double number = numberIn(saved);
+    const std::optional<double> number = numberIn(saved);
     switch (row.saving.takes) {
     case LabelTakes::number:
-        if (isNumeric(saved))
+        if (number)
             setup.set(row.field, saved);
         break;
     case LabelTakes::count:
-        if (number >= 1 && number <= mostInLine)
-            setup.set(row.field, QString::number(static_cast<int>(number)));
+        if (number && *number >= 1 && *number <= mostInLine)
+            setup.set(row.field, QString::number(static_cast<int>(*number)));
         break;
     case LabelTakes::tick:
         if (setup.enabled(row.field) && isTick(saved))

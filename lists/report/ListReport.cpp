@@ -1,5 +1,8 @@
 #include "lists/report/ListReport.h"
 
+#include <cmath>
+#include <optional>
+
 #include "lists/report/ReportForm.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/vaSpread.h"
@@ -9,14 +12,12 @@ namespace suisui {
 
 namespace {
 
-/// The page that \a text means; 0 when it is no number, or none that any report has.
+/// The page that \a text means; 0 when it is not a number, or not one that any report has.
 int pageNumber(const QString& text)
 {
-    try {
-        return CLng(CDbl(text.toStdString()));
-    } catch (const RunTimeError&) {
-        return 0;
-    }
+    constexpr double farthestPage = 1e9;
+    const std::optional<double> number = toNumber(text.toStdString());
+    return number && std::abs(*number) < farthestPage ? CLng(*number) : 0;
 }
 
 } // namespace

@@ -26,7 +26,7 @@ constexpr int markColumn = 3;
 
 Millimetres lengthIn(const char16_t* text)
 {
-    return Millimetres(numberIn(QString::fromUtf16(text)));
+    return Millimetres(numberIn(QString::fromUtf16(text)).value_or(0));
 }
 
 LabelJob jobOf(const LabelSheet& sheet)
