@@ -121,8 +121,7 @@ void frmPriCheck_List::printPages(PageRange range)
         const auto enable = qScopeGuard([this] { m_gate.setEnabled(true); });
         const PointerShape working(hourglass());
         if (OffSetIchran(m_printing.baseFolder) == u"ZERO")
-            m_paper.moveToCorner(static_cast<double>(m_report.lines[0].x1) / twipsPerInch,
-                                 static_cast<double>(m_report.lines[1].y1) / twipsPerInch);
+            m_paper.moveToCorner(inches(m_report.lines[0].at.x1), inches(m_report.lines[1].at.y1));
         m_sinceEvents.start();
         status = ListReport(m_report, m_grid).print(m_paper, headNow(), range, m_pages, [this](int, int) {
             letEventsRun();

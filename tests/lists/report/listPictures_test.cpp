@@ -64,7 +64,7 @@ TEST_F(ListPicturesTest, pagesLookLikeTheStoredPictures)
 TEST_F(ListPicturesTest, aPictureWithOneColumnMovedIsNotTakenForTheStoredOne)
 {
     std::vector<RowElement> cells(rptList_Stock.cells.begin(), rptList_Stock.cells.end());
-    cells[3].box.left -= 120; // the stock figures, two millimetres
+    cells[3].box.left = cells[3].box.left - 120_tw; // the stock figures, two millimetres
     ReportTemplate moved = rptList_Stock;
     moved.cells = cells;
     const auto grid = filledGrid(moved, 47);

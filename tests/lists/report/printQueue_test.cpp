@@ -57,7 +57,8 @@ TEST_F(PrintQueueTest, aListArrivesAtThePrinterAsOneJob)
         << queue->jobTicket(jobs).toStdString();
     const auto words = pdfWords(file);
     const TwipBox& code = rptList_Stock.cells[0].box;
-    const QRectF box(code.left / 20.0, (code.top + 4 * 360) / 20.0, code.width / 20.0, code.height / 20.0);
+    const QRectF box(code.left.value() / 20.0, (code.top + 360_tw * 4).value() / 20.0,
+                     code.width.value() / 20.0, code.height.value() / 20.0);
     EXPECT_EQ(textIn(words, 1, box.translated(0, 0)), grid->qtext(1, 5));
     EXPECT_EQ(textIn(words, 4, box), grid->qtext(1, 30));
 }
