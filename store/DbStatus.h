@@ -18,4 +18,7 @@ enum class DbStatus {
     DuplicateKey = 3022, ///< a row with the key is there already; AppDB::LastErrNo gives the number as a text
 };
 
+/// In place of a count of rows.
+inline constexpr int selectionFailed = -1;
+
 } // namespace suisui

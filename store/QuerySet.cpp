@@ -74,7 +74,7 @@ int QuerySet::Select(const SqlText& where, std::string_view order, std::string_v
     if (code != 0) {
         m_rows.resize(before);
         m_db.failRead(code);
-        return -1;
+        return selectionFailed;
     }
     return Count();
 }

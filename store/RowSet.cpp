@@ -147,7 +147,7 @@ int RowSet::Select(const SqlText& where, std::string_view mode)
     if (code != 0) {
         m_rows.resize(before);
         m_db.failRead(code);
-        return -1;
+        return selectionFailed;
     }
     return Count();
 }
@@ -158,7 +158,7 @@ int RowSet::CountRows(const SqlText& where)
     const int code = m_db.m_engine.selectNumber(statementsOf(m_table).count + where, count);
     if (code != 0) {
         m_db.failRead(code);
-        return -1;
+        return selectionFailed;
     }
     return static_cast<int>(count);
 }
