@@ -8,6 +8,7 @@
 #include "store/AppDB.h"
 #include "store/Numbers.h"
 #include "store/Stamps.h"
+#include "store/Where.h"
 
 namespace suisui {
 
@@ -35,6 +36,18 @@ Correction::Correction(Side side, const Books& books, EntryRows& view)
 {
 }
 
+int Correction::search(std::string_view from, std::string_view to)
+{
+    const auto column = [this](int index) {
+        return std::string(m_table.table.columns[static_cast<std::size_t>(index)]);
+    };
+    const MovementColumns& columns = m_table.columns;
+    const int count = m_rows.Select(whereDated(m_table, from, to) + " ORDER BY " + column(columns.date) + ", "
+                                    + column(columns.time));
+    searched(true);
+    return count;
+}
+
 void Correction::searched(bool shown)
 {
     m_takenBack.clear();
@@ -53,6 +66,14 @@ bool Correction::inStep(int row) const
 }
 
 // ---- corrections
+
+bool Correction::isCode(const QString& typed) const
+{
+    constexpr qsizetype shortestAskedCode = 6;
+    const std::string code = typed.toStdString();
+    return typed.size() >= shortestAskedCode && canBeCode(code)
+           && m_table.master(m_books.db).CountRows(whereCode(code)) > 0;
+}
 
 bool Correction::take(int index, int column, CellForm form, std::string_view text)
 {

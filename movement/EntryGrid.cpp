@@ -103,10 +103,20 @@ void EntryGrid::putBack(int row, const Figures& posted, const std::string& total
     m_sheet.setFocus();
 }
 
-const EditedCell* EntryGrid::edited(int column) const
+bool EntryGrid::take(int column, int row, Correction& edit)
 {
-    const auto found = std::ranges::find(m_edited, column, &EditedCell::cell);
-    return found == m_edited.end() ? nullptr : &*found;
+    const auto cell = std::ranges::find(m_edited, column, &EditedCell::cell);
+    if (cell == m_edited.end())
+        return false;
+    const bool number = cell->form == CellForm::Number;
+    if (number && m_sheet.text(column, row).empty())
+        m_sheet.SetText(column, row, std::string_view("0"));
+    const int index = bufferIndex(row);
+    if (!edit.take(index, cell->column, cell->form, m_sheet.text(column, row)))
+        return false;
+    if (number)
+        m_sheet.SetText(m_side.cells.total, row, edit.total(index));
+    return true;
 }
 
 /// The cells of a stored row. The label mark is not stored and stays empty.

@@ -8,14 +8,12 @@
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
 #include "movement/EntryGrid.h"
-#include "platform/core/FillIn.h"
+#include "movement/MovementBoxes.h"
 #include "platform/widgets/KeyCodes.h"
 #include "platform/widgets/ReDrawOff.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
 #include "ui_MovementPage.h"
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
@@ -37,7 +35,7 @@ bool MovementPage::book(const QString& code)
     grid()->endEdit(); // a scan by the serial reader may find the operator in a cell
     Booking booking(m_side.side, books());
     if (!booking.lookUp(code.toStdString())) {
-        unregistered(code);
+        m_services.msgBox.show(unregisteredBox(m_services.ini.MasterTerm(0), code));
         return false;
     }
     if (!booking.post())
@@ -58,17 +56,6 @@ bool MovementPage::book(const QString& code)
     m_services.frame.setFormEnabled(true);
     grid()->setFocus();
     return true;
-}
-
-void MovementPage::unregistered(const QString& code)
-{
-    const QString goods = m_services.ini.MasterTerm(0);
-    m_services.msgBox.show(
-        {fillIn(u"{goods} 未登録エラー", {{u"goods", goods}}),
-         fillIn(u"入力された コード 「 {text} 」 は\r\n「{goods}」 に登録されていません。\r\n\r\n【基本情報 "
-                u"登録】 で\r\n「{goods}」 に登録した後に、再度、入力して下さい。　　",
-                {{u"goods", goods}, {u"text", code}}),
-         BoxIcon::Stop});
 }
 
 void MovementPage::putOnTop(const Booking& booking)
@@ -94,8 +81,7 @@ bool MovementPage::rowAdd(Booking& booking)
 /// The row that was not stored stays in view until the next search; the count is what it was.
 void MovementPage::notStored()
 {
-    m_services.msgBox.show(
-        {u"データベースエラー"_s, QString::fromUtf16(m_side.insertErrorText), BoxIcon::Stop});
+    m_services.msgBox.show(notStoredBox(m_side));
     grid()->setMaxRows(grid()->MaxRows() - 1);
     m_edit->bottomRowGone();
 }

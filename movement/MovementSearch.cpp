@@ -4,20 +4,16 @@
 #include "frame/support/Busy.h"
 #include "frame/support/Questions.h"
 #include "movement/EntryGrid.h"
-#include "platform/core/FillIn.h"
+#include "movement/MovementBoxes.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
-#include "store/Where.h"
 #include "ui_MovementPage.h"
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
 namespace {
 
 constexpr int rowsWithoutAsking = 1000;
-constexpr qsizetype shortestAskedCode = 6; ///< nobody ships a hundred thousand pieces unasked
 
 } // namespace
 
@@ -35,10 +31,8 @@ void MovementPage::cmdKensaku_Click()
     Busy busy(frame);
     if (!PeriodCheck(m_period, frame, m_services.msgBox))
         return;
-    const int count = m_rows.Select(
-        whereDated(m_table, m_period.from.stored().toStdString(), m_period.to.stored().toStdString())
-        + m_side.orderBy);
-    m_edit->searched(true);
+    const int count =
+        m_edit->search(m_period.from.stored().toStdString(), m_period.to.stored().toStdString());
     if (count <= 0) {
         grid()->setMaxRows(0);
         grid()->setReDraw(true);
@@ -87,27 +81,11 @@ void MovementPage::cellChange(int column, int row)
     if (m_edit->inStep(row)) {
         const int index = m_entry->bufferIndex(row);
         const bool code = column == m_side.cells.quantity && wasCode(row, index);
-        if (!code && takeCell(column, row, index))
+        if (!code && m_entry->take(column, row, *m_edit))
             m_services.frame.setDirty(m_side.side, true);
     } else {
         concurrentChange(false); // the box says what to do: search again
     }
-}
-
-/// Takes a cell into the row set; false when it says nothing new.
-bool MovementPage::takeCell(int column, int row, int rowIndex)
-{
-    const EditedCell* const cell = m_entry->edited(column);
-    if (cell == nullptr)
-        return false;
-    const bool number = cell->form == CellForm::Number;
-    if (number && grid()->text(column, row).empty())
-        grid()->SetText(column, row, std::string_view("0"));
-    if (!m_edit->take(rowIndex, cell->column, cell->form, grid()->text(column, row)))
-        return false;
-    if (number)
-        grid()->SetText(m_side.cells.total, row, m_edit->total(rowIndex));
-    return true;
 }
 
 /// A reader too slow to be told from a person types its code into the quantity. When the operator says so,
@@ -116,30 +94,15 @@ bool MovementPage::takeCell(int column, int row, int rowIndex)
 bool MovementPage::wasCode(int row, int rowIndex)
 {
     const QString typed = grid()->typedText();
-    const std::string code = typed.toStdString();
-    if (typed.size() < shortestAskedCode || !canBeCode(code)
-        || m_table.master(m_services.db).CountRows(whereCode(code)) <= 0 || agreesToQuantity(typed, row))
+    if (!m_edit->isCode(typed)
+        || agrees(
+            quantityQuestion(typed, m_services.ini.MasterTerm(0), grid()->qtext(m_side.cells.quantity, row))))
         return false;
     grid()->SetText(m_side.cells.quantity, row, m_rows.get(rowIndex, m_table.columns.quantity));
     m_ui->txtXBarCode->setText(typed);
     m_ui->txtXBarCode->setFocus();
     m_ui->txtXBarCode->selectAll();
     return true;
-}
-
-bool MovementPage::agreesToQuantity(const QString& typed, int row)
-{
-    const Box box{
-        u"数量の確認"_s,
-        fillIn(
-            u"入力された 「 {typed} 」 は\r\n登録されている {goods} の コード です。\r\n\r\n数量を 「 "
-            u"{quantity} 」 に変更しますか？　　　\r\n\r\n　　はい　　： 数量を変更します\r\n　　いいえ　： "
-            u"数量は変更せず、コードを入力欄に移します　　　\r\n　　　　　　　（Enter を押すと 登録します）",
-            {{u"typed", typed},
-             {u"goods", m_services.ini.MasterTerm(0)},
-             {u"quantity", grid()->qtext(m_side.cells.quantity, row)}}),
-        BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::No};
-    return m_services.msgBox.show(box) == BoxAnswer::Yes;
 }
 
 } // namespace suisui

@@ -49,8 +49,6 @@ struct MovementSide
     std::span<const SpreadColumn> columns;
     MovementCells cells;
 
-    std::string_view orderBy; ///< of the search
-
     // Designed texts of the page.
     const char16_t* gridName;
     const char16_t* dataFrameName;
