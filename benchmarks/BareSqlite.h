@@ -18,11 +18,11 @@ namespace suisui::bench {
 inline std::vector<std::string> asDurable(const std::string& file)
 {
     AppDB db(file.substr(0, file.rfind('/')));
-    if (db.Open(file) != 0)
+    if (db.Open(file) != DbStatus::Good)
         std::abort();
     std::vector<std::string> statements;
     for (const std::string name : {"journal_mode", "synchronous"}) {
-        if (db.OpenRecordset("SELECT * FROM pragma_" + name) != 0 || db.recordset().atEof())
+        if (db.OpenRecordset("SELECT * FROM pragma_" + name) != DbStatus::Good || db.recordset().atEof())
             std::abort();
         statements.push_back("PRAGMA " + name + "=" + std::string(db.recordset().text(0)));
         db.CloseRecordset();

@@ -16,7 +16,7 @@ inline void fill(const test::TempShop& shop, int rows)
              {code, "見本の商品 5kg", "ミホンノショウヒン", "1", "1850", "1", "2480", "袋", "10"});
     shop.add(zaikoTable, {code, "0", "0", "20000101000000", "20000101000000"});
     AppDB db(shop.databaseFolder());
-    if (db.Open("trnvik.mdb") != 0)
+    if (db.Open("trnvik.mdb") != DbStatus::Good)
         std::abort();
     db.Execute(
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<" + std::to_string(rows)
@@ -25,7 +25,7 @@ inline void fill(const test::TempShop& shop, int rows)
           "strftime('%Y%m%d',julianday('2000-01-01')+i/10),printf('%06d',i%86400),'袋','0000000','0000000',"
           "'01','山田　太郎','備考の欄です',printf('%014d',i),printf('%014d',i) FROM n WHERE i<="
         + std::to_string(rows));
-    if (db.LastStatus() != 0)
+    if (db.LastStatus() != DbStatus::Good)
         std::abort();
     db.Commit();
 }

@@ -42,7 +42,7 @@ struct Desk
     Desk(const test::TempShop& shop, Frame& frame)
         : db(shop.databaseFolder()), page(Side::Receipt, {db, ini, clock, box, frame})
     {
-        if (db.Open("trnvik.mdb") != 0)
+        if (db.Open("trnvik.mdb") != DbStatus::Good)
             std::abort();
         box.answers = {BoxAnswer::Yes};
         page.setDefaultDates(QStringLiteral("20000101"), QStringLiteral("99991231"));

@@ -63,7 +63,7 @@ void fill(AppDB& db, int rows)
             + " FROM n WHERE i%2=1"};
     for (const std::string& statement : statements) {
         db.Execute(statement);
-        if (db.LastStatus() != 0)
+        if (db.LastStatus() != DbStatus::Good)
             std::abort();
     }
     db.Commit();
@@ -219,7 +219,7 @@ void CarryForward(benchmark::State& state)
     Samples baseline;
     for ([[maybe_unused]] auto turn : state) {
         program.add(timed([&] {
-            require(carryForward(shop.desk.db, stamp, [] {}) == 0);
+            require(carryForward(shop.desk.db, stamp, [] {}) == DbStatus::Good);
             shop.desk.db.Commit();
         }));
         shop.desk.db.Execute("UPDATE ZaikoTB SET UpdDate=''");

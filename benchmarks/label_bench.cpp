@@ -63,7 +63,7 @@ struct LabelShop
         LabelRows rows(grid, markColumn, 0);
         PrinterBarPrt barPrt(printer, [] { std::abort(); });
         BarPrt& paper = barPrt;
-        if (paper.choosePrinter(nullptr) != 1)
+        if (paper.choosePrinter(nullptr) != PrinterChoice::GoOn)
             std::abort();
         paper.setBarPitch(step);
         paper.startDocument();
@@ -74,18 +74,18 @@ struct LabelShop
     /// The same bars by nothing but the library and a painter.
     void printBare()
     {
-        if (!printer.choose(nullptr))
+        if (printer.choose(nullptr) == PrinterChoice::Cancelled)
             std::abort();
         const LabelJob job = sheetsOf44();
         printer.StartDoc();
         for (int row = 1; row <= labels; ++row) {
             const int position = (row - 1) % 44;
-            if (position == 0 && printer.StartPage() != 0)
+            if (position == 0 && printer.StartPage() != PrintStatus::Good)
                 std::abort();
             bareBars(printer.painter(), grid.text(1, row),
                      placeInDots(job.grid.placeOf(position), {600, 600, 0, 0}));
         }
-        if (printer.EndDoc() != 0)
+        if (printer.EndDoc() != PrintStatus::Good)
             std::abort();
     }
 

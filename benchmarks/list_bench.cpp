@@ -27,7 +27,7 @@ namespace {
 void fillShipments(const test::TempShop& shop, int rows)
 {
     AppDB db(shop.databaseFolder());
-    if (db.Open("trnvik.mdb") != 0)
+    if (db.Open("trnvik.mdb") != DbStatus::Good)
         std::abort();
     db.Execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<" + std::to_string(rows)
                + ") INSERT INTO OutTB SELECT printf('49%011d',i*7919%2000),'見本の商品 '||(i*7919%2000),'',"
@@ -36,7 +36,7 @@ void fillShipments(const test::TempShop& shop, int rows)
                  "printf('%06d',i%86400),'袋','0000000','0000000','0000000','0'||(i%5),'担当 '||(i%5),"
                  "'備考の欄です','','',printf('%014d',i),printf('%014d',i) FROM n WHERE i<="
                + std::to_string(rows));
-    if (db.LastStatus() != 0)
+    if (db.LastStatus() != DbStatus::Good)
         std::abort();
     db.Commit();
 }
@@ -67,7 +67,7 @@ struct List
 {
     explicit List(const test::TempShop& shop) : db(shop.databaseFolder())
     {
-        if (db.Open("trnvik.mdb") != 0)
+        if (db.Open("trnvik.mdb") != DbStatus::Good)
             std::abort();
         box.answers = {BoxAnswer::Yes};
         page.setPartners({{"000", QStringLiteral("得意先")}});

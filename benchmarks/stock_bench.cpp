@@ -25,7 +25,7 @@ namespace {
 void fillStock(const test::TempShop& shop, int goods, int movements)
 {
     AppDB db(shop.databaseFolder());
-    if (db.Open("trnvik.mdb") != 0)
+    if (db.Open("trnvik.mdb") != DbStatus::Good)
         std::abort();
     const auto numbers = [](int count) {
         return "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<" + std::to_string(count)
@@ -47,7 +47,7 @@ void fillStock(const test::TempShop& shop, int goods, int movements)
             + ",'品','',printf('%07d',i%40),printf('%07d',200+i%3),'101','東西食品','20260401','100000',"
               "'袋','0000000','0000001','0000000','01','山田','','','',printf('%014d',i),'' FROM n");
     }
-    if (db.LastStatus() != 0)
+    if (db.LastStatus() != DbStatus::Good)
         std::abort();
     db.Commit();
 }
@@ -56,7 +56,7 @@ struct Desk
 {
     explicit Desk(const test::TempShop& shop) : db(shop.databaseFolder())
     {
-        if (db.Open("trnvik.mdb") != 0)
+        if (db.Open("trnvik.mdb") != DbStatus::Good)
             std::abort();
         frame.tab = Tab::Stock;
         page.setCaptions(ini);

@@ -21,14 +21,14 @@ class ProgramScan
 public:
     explicit ProgramScan(const test::TempShop& shop) : m_db(shop.databaseFolder())
     {
-        if (m_db.Open("trnvik.mdb") != 0)
+        if (m_db.Open("trnvik.mdb") != DbStatus::Good)
             std::abort();
     }
 
     void run(int number)
     {
         const std::string stamp = stampOfScan(number);
-        const std::string where = whereCode(code);
+        const SqlText where = whereCode(code);
         if (m_db.MasterTbl().Select(where) != 1 || m_db.HSeihinTbl().Select(where) != 0)
             std::abort();
         std::string name(m_db.MasterTbl().get(1, MasterCol::Name));
@@ -43,7 +43,7 @@ public:
             rows.RowSet::set(row, static_cast<int>(i) + 1, restOfRow[i]);
         rows.set(row, InpCol::InpDate, stamp);
         rows.set(row, InpCol::UpdDate, stamp);
-        if (rows.InsertRow(row) != 0)
+        if (rows.InsertRow(row) != DbStatus::Good)
             std::abort();
         m_db.Commit();
     }

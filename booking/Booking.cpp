@@ -21,17 +21,6 @@ constexpr auto longestNap = 50ms; // a clock that steps back is noticed this soo
 
 } // namespace
 
-bool commitWhen(AppDB& db, int status)
-{
-    if (status == 0) {
-        db.Commit();
-        status = db.LastStatus();
-    }
-    if (status != 0)
-        db.Rollback();
-    return status == 0;
-}
-
 Booking::Booking(Side side, const Books& books)
     : m_table(movementTable(side)), m_books(books), m_moment(books.clock.now()), m_stamp(stampOf(m_moment))
 {

@@ -1,5 +1,7 @@
-// What the rules of booking need of the run: the books, somebody to tell, and the time.
+// What the rules of booking need of the run: the books, somebody to show messages to, and the time.
 #pragma once
+
+#include "store/DbStatus.h"
 
 namespace suisui {
 
@@ -14,8 +16,8 @@ struct Books
     Clock& clock;
 };
 
-/// Makes the unit of work permanent when its last write has gone well (\a status 0); otherwise nothing of it
-/// stays.
-[[nodiscard]] bool commitWhen(AppDB& db, int status);
+/// Makes the unit of work permanent when its last write has gone well, as \a status says; otherwise nothing
+/// of it stays.
+[[nodiscard]] bool commitWhen(AppDB& db, DbStatus status);
 
 } // namespace suisui

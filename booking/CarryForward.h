@@ -6,6 +6,8 @@
 #include <functional>
 #include <string>
 
+#include "store/DbStatus.h"
+
 namespace suisui {
 
 class AppDB;
@@ -17,8 +19,9 @@ class AppDB;
 /// over the movements in the tables, returned quantities left out; and UpdDate = \a stamp. A row that a
 /// posting of the same second has stamped already goes on from its KuriSuu instead of its ZaikoSuu.
 ///
-/// 0 when done. Otherwise nothing may be committed: a number could not be read, or the store has failed.
+/// Good when done. Otherwise nothing may be committed: a number could not be read, or the store has failed.
 /// \a stepDone is called after each of the four steps.
-[[nodiscard]] int carryForward(AppDB& db, const std::string& stamp, const std::function<void()>& stepDone);
+[[nodiscard]] DbStatus carryForward(AppDB& db, const std::string& stamp,
+                                    const std::function<void()>& stepDone);
 
 } // namespace suisui

@@ -1,6 +1,7 @@
 #include "booking/ComponentChange.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <optional>
 #include <set>
@@ -9,7 +10,6 @@
 #include <vector>
 
 #include "booking/StockEffect.h"
-#include "platform/core/RunTimeError.h"
 #include "store/AppDB.h"
 #include "store/FoldedCode.h"
 #include "store/Numbers.h"
@@ -77,35 +77,32 @@ public:
     /// False when a table cannot be read or written, or holds a quantity that is not a number.
     [[nodiscard]] bool carry(const std::string& part)
     {
-        try {
-            return carryOne(part);
-        } catch (const RunTimeError&) {
-            return false;
-        }
-    }
-
-private:
-    [[nodiscard]] bool carryOne(const std::string& part)
-    {
         const std::optional<double> moved = movedBy(part);
         if (!moved || m_stock.Select(whereCode(part)) < 0)
             return false;
         if (m_stock.Count() == 0)
             return *moved == 0 || !m_makesRows || addRow(part, CStr(-*moved));
-        const double left = plus(numberOf(m_stock.get(1, ZaikoCol::ZaikoSuu)), -*moved);
-        if (left == numberOf(m_stock.get(1, ZaikoCol::KuriSuu)))
+        const std::optional<double> stock = toFigure(m_stock.get(1, ZaikoCol::ZaikoSuu));
+        const std::optional<double> carried = toFigure(m_stock.get(1, ZaikoCol::KuriSuu));
+        if (!stock || !carried)
+            return false;
+        const double left = plus(*stock, -*moved);
+        if (left == *carried)
             return true;
+        if (!std::isfinite(left)) // too large for any text
+            return false;
         m_stock.set(1, ZaikoCol::KuriSuu, CStr(left));
         m_stock.set(1, ZaikoCol::UpdDate, m_stamp);
-        return m_stock.UpdateRow(1) == 0;
+        return m_stock.UpdateRow(1) == DbStatus::Good;
     }
 
+private:
     /// What the movements add to the stock of \a part; nothing when that cannot be read.
     [[nodiscard]] std::optional<double> movedBy(const std::string& part)
     {
         std::optional<double> moved;
-        if (m_db.OpenRecordset(movedOfCode(part, m_returns)) == 0 && !m_db.recordset().atEof())
-            moved = numberOf(m_db.recordset().Fields("Moved"));
+        if (m_db.OpenRecordset(movedOfCode(part, m_returns)) == DbStatus::Good && !m_db.recordset().atEof())
+            moved = toFigure(m_db.recordset().Fields("Moved"));
         m_db.CloseRecordset();
         return moved;
     }
@@ -124,7 +121,7 @@ private:
         m_stock.set(1, ZaikoCol::KuriSuu, carried);
         m_stock.set(1, ZaikoCol::InpDate, m_stamp);
         m_stock.set(1, ZaikoCol::UpdDate, m_stamp);
-        return m_stock.InsertRow(1) == 0;
+        return m_stock.InsertRow(1) == DbStatus::Good;
     }
 
     AppDB& m_db;

@@ -8,6 +8,7 @@
 #include "store/AppDB.h"
 #include "store/Numbers.h"
 #include "store/Stamps.h"
+#include "store/Where.h"
 
 namespace suisui {
 
@@ -35,6 +36,18 @@ Correction::Correction(Side side, const Books& books, EntryRows& view)
 {
 }
 
+int Correction::search(std::string_view from, std::string_view to)
+{
+    const auto column = [this](int index) {
+        return std::string(m_table.table.columns[static_cast<std::size_t>(index)]);
+    };
+    const MovementColumns& columns = m_table.columns;
+    const int count = m_rows.Select(whereDated(m_table, from, to) + " ORDER BY " + column(columns.date) + ", "
+                                    + column(columns.time));
+    searched(true);
+    return count;
+}
+
 void Correction::searched(bool shown)
 {
     m_takenBack.clear();
@@ -53,6 +66,14 @@ bool Correction::inStep(int row) const
 }
 
 // ---- corrections
+
+bool Correction::isCode(const QString& typed) const
+{
+    constexpr qsizetype shortestAskedCode = 6;
+    const std::string code = typed.toStdString();
+    return typed.size() >= shortestAskedCode && canBeCode(code)
+           && m_table.master(m_books.db).CountRows(whereCode(code)) > 0;
+}
 
 bool Correction::take(int index, int column, CellForm form, std::string_view text)
 {
@@ -89,7 +110,7 @@ EditResult Correction::update()
             return result;
     }
     m_books.db.Commit();
-    if (m_books.db.LastStatus() != 0)
+    if (m_books.db.LastStatus() != DbStatus::Good)
         return notWritten();
     m_takenBack.clear();
     return EditResult::Done;
@@ -120,9 +141,9 @@ EditResult Correction::updateRow(int row, const std::string& stamp)
 bool Correction::writeRow(int index)
 {
     m_books.db.ShowErrors(false);
-    const int first = m_rows.UpdateRow(index);
+    const DbStatus first = m_rows.UpdateRow(index);
     m_books.db.ShowErrors(true);
-    return first == 0 || m_rows.UpdateRow(index) == 0;
+    return first == DbStatus::Good || m_rows.UpdateRow(index) == DbStatus::Good;
 }
 
 bool Correction::postUpdate(int row, int index, const Figures& posted, const Figures& now,
@@ -170,7 +191,8 @@ void Correction::putBackPosted()
 EditResult Correction::notWritten()
 {
     m_books.db.Rollback();
-    return m_books.db.LastErrNo().empty() ? EditResult::ConcurrentChange : EditResult::Failed;
+    return m_books.db.LastStatus() == DbStatus::RowChanged ? EditResult::ConcurrentChange
+                                                           : EditResult::Failed;
 }
 
 // ---- delete

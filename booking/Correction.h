@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include <QString>
+
 #include "booking/Books.h"
 #include "booking/Deltas.h"
 #include "store/Side.h"
@@ -53,6 +55,9 @@ class Correction
 public:
     Correction(Side side, const Books& books, EntryRows& view);
 
+    /// Selects the movements of the days \a from to \a to (YYYYMMDD) into the row set of the tab, in the
+    /// order in which they were made. Their number; negative when the selection failed.
+    [[nodiscard]] int search(std::string_view from, std::string_view to);
     /// The tab has searched anew. Without \a shown the grid keeps the old rows, which the row set has left.
     void searched(bool shown);
     /// A new movement is about to push all rows down. The figures that were put aside by row are put back.
@@ -62,6 +67,9 @@ public:
     /// Whether \a row still shows what the row set holds for it.
     [[nodiscard]] bool inStep(int row) const;
 
+    /// Whether what was typed as a quantity is the code of goods. Nobody ships a hundred thousand pieces
+    /// unasked, so a short text is always a quantity.
+    [[nodiscard]] bool isCode(const QString& typed) const;
     /// Takes a corrected cell into row \a index of the row set; false when it says nothing new. A figure is
     /// compared as a text: "12" is news where "0000012" is stored.
     [[nodiscard]] bool take(int index, int column, CellForm form, std::string_view text);

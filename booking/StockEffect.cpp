@@ -2,7 +2,6 @@
 
 #include "store/AppDB.h"
 #include "store/Numbers.h"
-#include "store/Where.h"
 
 namespace suisui {
 
@@ -108,23 +107,22 @@ std::vector<std::string> movedByStockRow(Returns returns)
     return goods;
 }
 
-std::string movedOfCode(std::string_view code, Returns returns)
+SqlText movedOfCode(std::string_view code, Returns returns)
 {
-    const std::string quoted = inQuotes(code);
-    std::string sum;
-    const auto add = [&sum](const std::string& moved) {
-        sum = sum.empty() ? "(SELECT " + moved + ')' : "Plus(" + sum + ", (SELECT " + moved + "))";
+    SqlText sum;
+    const auto add = [&sum](const SqlText& moved) {
+        sum = sum.text().empty() ? "(SELECT " + moved + ")" : "Plus(" + sum + ", (SELECT " + moved + "))";
     };
     for (const Side side : bothSides) {
         const MovementTable& table = movementTable(side);
         add(StockEffect(side, returns).movedSql() + " FROM " + std::string(table.table.name) + " WHERE "
-            + codeOf(table) + " = " + quoted);
+            + codeOf(table) + " = " + bound(code));
     }
     for (const Side side : bothSides) {
         const MovementTable& table = movementTable(side);
         if (table.movesComponents)
             add(StockEffect(side, returns).movedOfComponentSql() + fromComponents(table)
-                + " WHERE HSeihinTB.HSeihinCD = " + quoted);
+                + " WHERE HSeihinTB.HSeihinCD = " + bound(code));
     }
     return "SELECT CStr(" + sum + ") AS Moved";
 }

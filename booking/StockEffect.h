@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "store/Side.h"
+#include "store/SqlText.h"
 
 namespace suisui {
 
@@ -61,6 +62,6 @@ private:
 [[nodiscard]] std::vector<std::string> movedByStockRow(Returns returns);
 
 /// One SELECT of Moved: what all movements add to the stock of \a code, as a text.
-[[nodiscard]] std::string movedOfCode(std::string_view code, Returns returns);
+[[nodiscard]] SqlText movedOfCode(std::string_view code, Returns returns);
 
 } // namespace suisui

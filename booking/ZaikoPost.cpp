@@ -83,7 +83,7 @@ bool overflows(MsgBox& msgBox, double stock)
 
 PostResult writeStock(AppDB& db)
 {
-    if (db.ZaikoTbl().WriteRows() != 0 || db.LastStatus() != 0) {
+    if (db.ZaikoTbl().WriteRows() != DbStatus::Good || db.LastStatus() != DbStatus::Good) {
         db.Rollback();
         return PostResult::DatabaseFailure;
     }

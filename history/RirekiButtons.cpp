@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "frame/support/Busy.h"
 #include "history/Sentinel.h"
 #include "platform/core/FillIn.h"
 #include "store/AppDB.h"
@@ -28,15 +29,15 @@ void RirekiButtons::cmdRirekiOut_Click()
     static const Words words{
         u"保存の完了"_s, u"保存の失敗"_s,
         u"「 履歴の保存 」 に 失敗しました。　　　　　\r\n\r\n　　　再度、実行して下さい。"_s};
-    m_services.frame.BusyOn();
+    Busy busy(m_services.frame);
     if (!editsAreSettled() || !sentinelIsThere()) {
-        m_services.frame.BusyOff();
+        busy.end();
         m_controls.cmdRirekiOut.setFocus();
         return;
     }
     takeExtension();
     const RirekiDB::Result result = m_history.save();
-    m_services.frame.BusyOff();
+    busy.end();
     report(result, words,
            fillIn(u"「 履歴の保存 」 が 完了しました。\r\n\r\n　（ 履歴ファイル ： \r\n　　 RRK "
                   u"{DateFrom}-{DateTo} . {KakuTyo} ）　　　",
@@ -51,15 +52,15 @@ void RirekiButtons::cmdRirekiIn_Click()
     static const Words words{
         u"読込の完了"_s, u"読込の失敗"_s,
         u"「 履歴の読込 」 に 失敗しました。　　　　　\r\n\r\n　　　再度、実行して下さい。"_s};
-    m_services.frame.BusyOn();
+    Busy busy(m_services.frame);
     if (!editsAreSettled() || !somethingIsSaved()) {
-        m_services.frame.BusyOff();
+        busy.end();
         m_controls.cmdRirekiIn.setFocus();
         return;
     }
     takeExtension();
     const RirekiDB::Result result = m_history.load();
-    m_services.frame.BusyOff();
+    busy.end();
     report(result, words, u"「 履歴の読込 」 が 完了しました。　　　"_s);
     m_controls.cmdRirekiIn.setFocus();
 }
@@ -81,7 +82,7 @@ bool RirekiButtons::sentinelIsThere()
     const QString extension = m_prompts.askExtension();
     if (extension.isEmpty())
         return false;
-    const bool added = addSentinel(m_services.db, extension.toStdString()) == 0;
+    const bool added = addSentinel(m_services.db, extension.toStdString()) == DbStatus::Good;
     if (!added)
         m_services.db.Rollback(); // a unit that was opened for the row would hold the file
     return added;

@@ -13,7 +13,7 @@
 #include "store/AppIni.h"
 #include "booking/CarryForward.h"
 #include "store/Stamps.h"
-#include "store/Where.h"
+#include "store/SqlText.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -87,8 +87,9 @@ void RirekiDB::report(const Job& job, int number)
 RirekiDB::Result RirekiDB::openHistory(const std::string& path, bool toFill)
 {
     m_history = std::make_unique<AppDB>(folderOf(path));
-    const int status = away([&] { return toFill ? m_history->OpenForFilling(path) : m_history->Open(path); });
-    return status == 0 ? Done : Failed;
+    const DbStatus status =
+        away([&] { return toFill ? m_history->OpenForFilling(path) : m_history->Open(path); });
+    return status == DbStatus::Good ? Done : Failed;
 }
 
 void RirekiDB::rollBack()
@@ -125,7 +126,8 @@ RirekiDB::Result RirekiDB::carry()
 {
     const std::string stamp = freshStamp();
     const auto stepDone = [this] { inLoop([this] { advance(); }); };
-    return away([&] { return carryForward(m_services.db, stamp, stepDone); }) == 0 ? Done : Failed;
+    return away([&] { return carryForward(m_services.db, stamp, stepDone); }) == DbStatus::Good ? Done
+                                                                                                : Failed;
 }
 
 /// Now, or the next second when a stock row carries this one: it would be taken for a row that the
@@ -134,7 +136,7 @@ std::string RirekiDB::freshStamp()
 {
     std::string stamp = stampOf(m_services.clock.now());
     for (int look = 0; look < looksForASecond; ++look) {
-        if (m_services.db.ZaikoTbl().CountRows("Where UpdDate = " + inQuotes(stamp)) <= 0)
+        if (m_services.db.ZaikoTbl().CountRows("Where UpdDate = " + bound(stamp)) <= 0)
             break;
         m_services.clock.letPass(std::chrono::milliseconds(1000 / looksForASecond));
         stamp = stampOf(m_services.clock.now());
@@ -145,7 +147,7 @@ std::string RirekiDB::freshStamp()
 RirekiDB::Result RirekiDB::commit(AppDB& db)
 {
     awayFromLoop([&db] { db.Commit(); });
-    return db.LastStatus() == 0 ? Done : Failed;
+    return db.LastStatus() == DbStatus::Good ? Done : Failed;
 }
 
 void RirekiDB::advance()

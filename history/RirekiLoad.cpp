@@ -5,7 +5,7 @@
 #include "platform/core/FillIn.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
-#include "store/Where.h"
+#include "store/SqlText.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -58,8 +58,8 @@ bool RirekiDB::isManaged(const Place& place)
 {
     const Period period = periodOf(place.fileName);
     const int count = m_services.db.RirekiTbl().Select(
-        "Where DateFrom = " + inQuotes(period.from) + "  And DateTo = " + inQuotes(period.to)
-        + "  And KakuTyo = " + inQuotes(m_historyExt.toStdString()));
+        "Where DateFrom = " + bound(period.from) + "  And DateTo = " + bound(period.to)
+        + "  And KakuTyo = " + bound(m_historyExt.toStdString()));
     const RirekiRec& rows = m_services.db.RirekiTbl();
     if (count >= 1 && away([&] { return fitOf(rows, 1, place.fullPath.toStdString()); }) != FileFit::Differs)
         return true;
@@ -110,11 +110,12 @@ RirekiDB::Result RirekiDB::bringBack()
 RirekiDB::Result RirekiDB::bringBack(Side side)
 {
     const MovementTable& table = movementTable(side);
-    if (away([&] { return m_history->OpenRecordset("SELECT * From " + std::string(table.table.name)); }) != 0)
+    if (away([&] { return m_history->OpenRecordset("SELECT * From " + std::string(table.table.name)); })
+        != DbStatus::Good)
         return Failed;
     advance();
     std::int64_t copied = 0;
-    if (away([&] { return m_services.db.copyRows(*m_history, table.table, copied); }) != 0)
+    if (away([&] { return m_services.db.copyRows(*m_history, table.table, copied); }) != DbStatus::Good)
         return Failed;
     clearRows();
     advance();
@@ -126,7 +127,7 @@ RirekiDB::Result RirekiDB::strikePeriod()
 {
     RirekiRec& rows = m_services.db.RirekiTbl();
     rows.PrepareDelete(1);
-    return away([&rows] { return rows.DeleteRow(1); }) == 0 ? Done : Failed;
+    return away([&rows] { return rows.DeleteRow(1); }) == DbStatus::Good ? Done : Failed;
 }
 
 } // namespace suisui

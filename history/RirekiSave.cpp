@@ -8,21 +8,14 @@
 #include "platform/core/Clock.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
+#include "store/Side.h"
 #include "store/Stamps.h"
-#include "store/Where.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
 namespace {
-
-/// "Where NyuDate >= '20260101'  AND NyuDate <= '20260131'".
-std::string inPeriod(const MovementTable& table, const Period& period)
-{
-    const std::string date(table.table.columns[static_cast<std::size_t>(table.columns.date)]);
-    return " Where " + date + " >= " + inQuotes(period.from) + "  AND " + date + " <= " + inQuotes(period.to);
-}
 
 std::string pathIn(const QString& folder, const QString& name)
 {
@@ -134,13 +127,13 @@ RirekiDB::Result RirekiDB::moveOut(Side side)
 {
     const MovementTable& table = movementTable(side);
     const std::string name(table.table.name);
-    const std::string where = inPeriod(table, m_period);
+    const SqlText where = " " + whereDated(table, m_period.from, m_period.to);
     AppDB& db = m_services.db;
-    if (away([&] { return db.OpenRecordset("SELECT * From " + name + where); }) != 0)
+    if (away([&] { return db.OpenRecordset("SELECT * From " + name + where); }) != DbStatus::Good)
         return Failed;
     advance();
     std::int64_t copied = 0;
-    if (away([&] { return m_history->copyRows(db, table.table, copied); }) != 0)
+    if (away([&] { return m_history->copyRows(db, table.table, copied); }) != DbStatus::Good)
         return Failed;
     clearRows();
     if (commit(*m_history) != Done)
@@ -148,7 +141,7 @@ RirekiDB::Result RirekiDB::moveOut(Side side)
     advance();
     awayFromLoop([&] { db.Execute("DELETE From " + name + where); });
     // A row that left the table without being in the file would be lost.
-    if (db.LastStatus() != 0 || db.RowsChanged() != copied)
+    if (db.LastStatus() != DbStatus::Good || db.RowsChanged() != copied)
         return Failed;
     if (side == Side::Receipt)
         advance();
@@ -161,10 +154,10 @@ RirekiDB::Result RirekiDB::finish(const FileInTheMaking& file)
     advance();
     m_stamp = stampOf(m_services.clock.now());
     const bool stored = away([&] {
-        const bool filled = m_history->FinishFilling(historyMark(m_stamp)) == 0;
+        const bool filled = m_history->FinishFilling(historyMark(m_stamp)) == DbStatus::Good;
         m_history->Rollback();
         m_history->CloseFile();
-        return filled && m_history->CloseAfterSave() == 0 && file.isStored();
+        return filled && m_history->CloseAfterSave() == DbStatus::Good && file.isStored();
     });
     closeHistory();
     return stored ? Done : Failed;
@@ -180,7 +173,7 @@ RirekiDB::Result RirekiDB::listPeriod(const std::string& file)
     const std::string extension = m_historyExt.toStdString();
     const SentinelRow sentinel = findSentinel(m_services.db);
     if (sentinel == SentinelRow::Unreadable
-        || (sentinel == SentinelRow::Missing && addSentinel(m_services.db, extension) != 0))
+        || (sentinel == SentinelRow::Missing && addSentinel(m_services.db, extension) != DbStatus::Good))
         return Failed;
     RirekiRec& rows = m_services.db.RirekiTbl();
     rows.Clear();
@@ -190,7 +183,7 @@ RirekiDB::Result RirekiDB::listPeriod(const std::string& file)
     rows.set(1, RirekiCol::KakuTyo, extension);
     rows.set(1, RirekiCol::FileSize, std::to_string(size));
     rows.set(1, RirekiCol::FileUpdate, m_stamp);
-    return away([&rows] { return rows.InsertRow(1); }) == 0 ? Done : Failed;
+    return away([&rows] { return rows.InsertRow(1); }) == DbStatus::Good ? Done : Failed;
 }
 
 } // namespace suisui

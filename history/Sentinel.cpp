@@ -14,7 +14,7 @@ SentinelRow findSentinel(AppDB& db)
     return count == 0 ? SentinelRow::Missing : SentinelRow::Found;
 }
 
-int addSentinel(AppDB& db, const std::string& extension)
+DbStatus addSentinel(AppDB& db, const std::string& extension)
 {
     RirekiRec& rows = db.RirekiTbl();
     rows.Clear();

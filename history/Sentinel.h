@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "store/DbStatus.h"
+
 namespace suisui {
 
 class AppDB;
@@ -15,7 +17,7 @@ enum class SentinelRow { Found, Missing, Unreadable };
 
 /// Adds the row and leaves it in RirekiTbl. It is stored with the next commit and goes with the next
 /// rollback.
-[[nodiscard]] int addSentinel(AppDB& db, const std::string& extension);
+[[nodiscard]] DbStatus addSentinel(AppDB& db, const std::string& extension);
 
 /// Extension in the row that findSentinel or addSentinel has left in RirekiTbl.
 [[nodiscard]] std::string sentinelExtension(AppDB& db);

@@ -10,7 +10,7 @@
 #include "store/AppDB.h"
 #include "store/AppIni.h"
 #include "store/Schema.h"
-#include "store/Where.h"
+#include "store/SqlText.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -79,8 +79,8 @@ Listing listingOf(AppDB& db, const std::string& aside, const std::string& path)
     const Period period = periodOf(name);
     RirekiRec rows(db, rirekiTable); // RirekiTbl holds what its callers have selected
     const int count =
-        rows.Select("Where DateFrom = " + inQuotes(period.from) + "  And DateTo = " + inQuotes(period.to)
-                    + "  And KakuTyo = " + inQuotes(name.mid(extensionAt).toStdString()));
+        rows.Select("Where DateFrom = " + bound(period.from) + "  And DateTo = " + bound(period.to)
+                    + "  And KakuTyo = " + bound(name.mid(extensionAt).toStdString()));
     if (count < 0)
         return Listing::Unknown;
     const std::uint32_t mark = AppDB::MarkOf(aside).value_or(0);

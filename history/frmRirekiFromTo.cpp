@@ -1,14 +1,12 @@
 #include "history/frmRirekiFromTo.h"
 
-#include <QGuiApplication>
-
 #include "platform/core/Clock.h"
 #include "platform/core/FillIn.h"
 #include "platform/widgets/Hourglass.h"
 #include "platform/core/MsgBox.h"
 #include "store/AppDB.h"
 #include "store/Stamps.h"
-#include "store/Where.h"
+#include "store/Side.h"
 #include "ui_frmRirekiFromTo.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -18,16 +16,6 @@ namespace suisui {
 namespace {
 
 const QString databaseError = u"データーベース エラー"_s;
-
-/// The pointer is the hourglass while it lives.
-class Hourglass
-{
-public:
-    Hourglass() { QGuiApplication::setOverrideCursor(hourglass()); }
-    ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-};
 
 std::string stored(const QDate& date)
 {
@@ -39,10 +27,9 @@ QString withSlashes(const std::string& date)
     return QString::fromStdString(screenDate(date));
 }
 
-std::string within(const char* column, const Period& period)
+SqlText within(Side side, const Period& period)
 {
-    return std::string("Where ") + column + " >= " + inQuotes(period.from) + " AND " + column
-           + " <= " + inQuotes(period.to);
+    return whereDated(movementTable(side), period.from, period.to);
 }
 
 } // namespace
@@ -101,7 +88,7 @@ void frmRirekiFromTo::CmdOK_Click()
         restartTimer();
         return;
     }
-    const Hourglass hourglass;
+    const PointerShape waiting(hourglass());
     const Period period{m_boxes.from.stored().toStdString(), m_boxes.to.stored().toStdString()};
     if (!hasMovements(period) || !isNew(period) || !overlapIsMeant(period))
         return;
@@ -129,13 +116,13 @@ bool frmRirekiFromTo::datesAreGood()
 
 bool frmRirekiFromTo::hasMovements(const Period& period)
 {
-    const int receipts = m_db.InpList().CountRows(within("NyuDate", period));
+    const int receipts = m_db.InpList().CountRows(within(Side::Receipt, period));
     m_db.InpList().Clear();
     if (receipts < 0)
         return countFailed(u"入荷情報の検索に失敗しました。　　　　　\r\n\r\n　　　再度、決定して下さい。"_s);
     if (receipts > 0)
         return true;
-    const int shipments = m_db.OutList().CountRows(within("SyuDate", period));
+    const int shipments = m_db.OutList().CountRows(within(Side::Shipment, period));
     m_db.OutList().Clear();
     if (shipments < 0)
         return countFailed(u"出荷情報の検索に失敗しました。　　　　　\r\n\r\n　　　再度、決定して下さい。"_s);
@@ -154,8 +141,8 @@ bool frmRirekiFromTo::hasMovements(const Period& period)
 
 bool frmRirekiFromTo::isNew(const Period& period)
 {
-    const int saved = m_db.RirekiTbl().CountRows("Where DateFrom = " + inQuotes(period.from)
-                                                 + " And DateTo = " + inQuotes(period.to));
+    const int saved = m_db.RirekiTbl().CountRows("Where DateFrom = " + bound(period.from)
+                                                 + " And DateTo = " + bound(period.to));
     if (saved < 0)
         return countFailed(u"履歴管理情報の検索に失敗しました。　　　\r\n\r\n　　　再度、決定して下さい。"_s);
     if (saved == 0)
@@ -175,8 +162,8 @@ bool frmRirekiFromTo::isNew(const Period& period)
 /// file.
 bool frmRirekiFromTo::overlapIsMeant(const Period& period)
 {
-    const std::string first = inQuotes(period.from);
-    const std::string last = inQuotes(period.to);
+    const SqlText first = bound(period.from);
+    const SqlText last = bound(period.to);
     const int saved = m_db.RirekiTbl().CountRows(
         "Where (DateFrom >= " + first + " And DateFrom <= " + last + ")   Or (DateTo   >= " + first
         + " And DateTo   <= " + last + ")    Or (DateFrom <= " + first + " And DateTo   >= " + last + ")");

@@ -1,33 +1,31 @@
 #include "lists/ListFilter.h"
 
 #include "frame/support/PageTools.h"
-#include "store/Where.h"
+#include "store/Side.h"
 
 namespace suisui {
 
 namespace {
 
-std::string goodsCondition(const ListFilter& filter)
+SqlText goodsCondition(const ListFilter& filter)
 {
     if (filter.goodsCaption.contains(u'*') || filter.goodsCaption.contains(u'?'))
-        return " AND Code Like " + inQuotes(filter.chosenCode);
+        return " AND Code Like " + bound(filter.chosenCode);
     if (filter.goodsCaption == allChoices)
         return " AND Code Like '*'";
-    return " AND Code = " + inQuotes(filter.chosenCode);
+    return " AND Code = " + bound(filter.chosenCode);
 }
 
 } // namespace
 
-std::string whereText(const ListSide& side, const ListFilter& filter)
+SqlText whereText(const ListSide& side, const ListFilter& filter)
 {
-    const std::string date(side.dateColumn);
-    std::string where = "WHERE " + date + " >= " + inQuotes(filter.from);
-    where += "  AND " + date + " <= " + inQuotes(filter.to);
+    SqlText where = whereDated(movementTable(side.side), filter.from, filter.to);
     where += goodsCondition(filter);
     if (filter.partner)
-        where += " AND " + std::string(side.partnerColumn) + " = " + inQuotes(*filter.partner);
+        where += " AND " + std::string(side.partnerColumn) + " = " + bound(*filter.partner);
     if (filter.staff)
-        where += " AND TanCD = " + inQuotes(*filter.staff);
+        where += " AND TanCD = " + bound(*filter.staff);
     return where;
 }
 

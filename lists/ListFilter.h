@@ -7,6 +7,7 @@
 #include <QString>
 
 #include "lists/ListSide.h"
+#include "store/SqlText.h"
 
 namespace suisui {
 
@@ -22,7 +23,7 @@ struct ListFilter
     std::optional<std::string> staff;
 };
 
-/// "WHERE ..." without an ORDER BY.
-[[nodiscard]] std::string whereText(const ListSide& side, const ListFilter& filter);
+/// The condition, without an order.
+[[nodiscard]] SqlText whereText(const ListSide& side, const ListFilter& filter);
 
 } // namespace suisui

@@ -22,7 +22,7 @@ public:
 
     void word(int col, std::string_view mark = {})
     {
-        if (col != noListCell)
+        if (col != noCell)
             m_grid.SetText(col, 0, heading(m_side, m_ini, col) + std::string(mark));
     }
     void nothing(int col) { m_grid.SetText(col, 0, nothingHere); }

@@ -14,7 +14,7 @@ constexpr double surelyExact = 1e15;       // whole numbers below this are shown
 
 void put(std::span<std::string> texts, int cell, std::string_view text)
 {
-    if (cell != noListCell)
+    if (cell != noCell)
         texts[static_cast<std::size_t>(cell - 1)] = text;
 }
 

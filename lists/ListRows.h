@@ -16,7 +16,7 @@ enum class ListFigure { Quantity, Discount, Amount, Returned1, Returned2, Count 
 inline constexpr std::size_t listFigures = static_cast<std::size_t>(ListFigure::Count);
 using ListFigures = std::array<double, listFigures>;
 
-/// The column of each figure; noListCell where the side has none.
+/// Cells of the figures, noCell where the side has none.
 [[nodiscard]] std::array<int, listFigures> figureCells(const ListCells& cells);
 
 /// \a number as a cell shows it: rounded to a whole number.

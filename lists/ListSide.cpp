@@ -48,8 +48,8 @@ template <typename Column> constexpr int at(Column column)
 
 template <auto Rows> constexpr ListBuffer movements(const char16_t* waitTag, std::string_view order)
 {
-    return {.select = [](AppDB& db, const std::string& where,
-                         const std::string& by) { return (db.*Rows)().Select(where + by, {}); },
+    return {.select = [](AppDB& db, const SqlText& where,
+                         std::string_view by) { return (db.*Rows)().Select(where + by, {}); },
             .row = [](AppDB& db, int row) -> const PackedRow& { return (db.*Rows)().packed(row); },
             .gone = [](AppDB& db, int row) { return (db.*Rows)().RowState(row) == "D"; },
             .clear = [](AppDB& db) { (db.*Rows)().Clear(); },
@@ -59,8 +59,8 @@ template <auto Rows> constexpr ListBuffer movements(const char16_t* waitTag, std
 
 template <auto Rows> constexpr ListBuffer sums(const char16_t* waitTag)
 {
-    return {.select = [](AppDB& db, const std::string& where,
-                         const std::string& by) { return (db.*Rows)().Select(where, by, {}); },
+    return {.select = [](AppDB& db, const SqlText& where,
+                         std::string_view by) { return (db.*Rows)().Select(where, by, {}); },
             .row = [](AppDB& db, int row) -> const PackedRow& { return (db.*Rows)().packed(row); },
             .gone = [](AppDB&, int) { return false; },
             .clear = [](AppDB& db) { (db.*Rows)().Clear(); },
@@ -84,7 +84,7 @@ const std::array sides{
                        .amount = 7,
                        .code = 8,
                        .staff = 9,
-                       .returned = {10, noListCell},
+                       .returned = {10, noCell},
                        .unit = 11,
                        .remark = 12,
                        .index = 13},
@@ -98,7 +98,6 @@ const std::array sides{
                             .returned = {at(NyuSumCol::Henkyaku), noColumn}},
              .detail = movements<&AppDB::InpList>(u"入荷一覧明細", " ORDER BY NyuDate, Name, Code"),
              .summed = sums<&AppDB::NyuSumTbl>(u"入荷一覧集計"),
-             .dateColumn = "NyuDate",
              .partnerColumn = "Nyusakicd",
              .printsSlips = false,
              .gridName = u"Sprd_InHyou",
@@ -134,7 +133,6 @@ const std::array sides{
                             .returned = {at(SyuSumCol::RHenkyaku), at(SyuSumCol::FHenkyaku)}},
              .detail = movements<&AppDB::OutList>(u"出荷一覧明細", " ORDER BY SyuDate, Name, Code"),
              .summed = sums<&AppDB::SyuSumTbl>(u"出荷一覧集計"),
-             .dateColumn = "SyuDate",
              .partnerColumn = "Syusakicd",
              .printsSlips = true,
              .gridName = u"Sprd_OutHyou",

@@ -11,6 +11,7 @@
 
 #include "frame/support/Frame.h"
 #include "store/PackedRow.h"
+#include "store/SqlText.h"
 #include "platform/widgets/vaSpread.h"
 #include "store/Side.h"
 
@@ -18,9 +19,7 @@ namespace suisui {
 
 class AppIni;
 
-/// Columns of a list's grid; noListCell where a side has none.
-inline constexpr int noListCell = 0;
-
+/// Columns of a list's grid; noCell where a side has none.
 struct ListCells
 {
     int date;
@@ -55,7 +54,7 @@ struct SumColumns
 struct ListBuffer
 {
     /// Number of rows, or a negative number when the selection failed.
-    int (*select)(AppDB& db, const std::string& where, const std::string& order);
+    int (*select)(AppDB& db, const SqlText& where, std::string_view order);
     const PackedRow& (*row)(AppDB& db, int row);
     /// The row has left its table since it was read.
     bool (*gone)(AppDB& db, int row);
@@ -76,7 +75,6 @@ struct ListSide
     SumColumns sumColumns;
     ListBuffer detail;
     ListBuffer summed;
-    std::string_view dateColumn;
     std::string_view partnerColumn;
     bool printsSlips;
     const char16_t* gridName;

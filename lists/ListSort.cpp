@@ -39,7 +39,7 @@ Keys keysOfSums(const ListCells& cells, int col)
 {
     const std::array sorted{cells.name,   cells.code,        cells.quantity,
                             cells.amount, cells.returned[0], cells.returned[1]};
-    if (col == noListCell || std::find(sorted.begin(), sorted.end(), col) == sorted.end())
+    if (col == noCell || std::find(sorted.begin(), sorted.end(), col) == sorted.end())
         return {};
     const bool rising = col == cells.name || col == cells.code;
     return {{col, rising}, {cells.name, true}, {cells.code, true}};

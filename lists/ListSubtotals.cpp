@@ -24,7 +24,7 @@ ListFigures shownFigures(const vaSpread& grid, const std::array<int, listFigures
 {
     ListFigures figures{};
     for (std::size_t i = 0; i < listFigures; ++i)
-        if (cells[i] != noListCell)
+        if (cells[i] != noCell)
             figures[i] = numberOf(grid.text(cells[i], row));
     return figures;
 }
@@ -79,7 +79,7 @@ void writeSumRow(vaSpread& grid, const ListCells& cells, int row, SumRow kind, s
 {
     std::vector<std::string> texts(static_cast<std::size_t>(grid.MaxCols()));
     const auto put = [&texts](int cell, std::string text) {
-        if (cell != noListCell)
+        if (cell != noCell)
             texts[static_cast<std::size_t>(cell - 1)] = std::move(text);
     };
     const bool subtotal = kind == SumRow::Subtotal;

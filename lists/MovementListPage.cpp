@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "frame/support/Busy.h"
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
 #include "frame/support/Questions.h"
@@ -154,9 +155,9 @@ void MovementListPage::barCode_KeyPress(int& keyAscii)
     }
     if (text.size() > goodsCodeLength)
         return;
-    m_services.frame.BusyOn();
+    Busy busy(m_services.frame);
     const bool taken = takeCode(text);
-    m_services.frame.BusyOff();
+    busy.end();
     if (taken)
         m_ui->cmdXLKensaku->setFocus();
     else
@@ -207,11 +208,10 @@ void MovementListPage::headingClick(int col)
 {
     if (grid()->MaxRows() < 2)
         return;
-    m_services.frame.BusyOn();
+    const Busy busy(m_services.frame);
     const ListView view = shownView(*grid(), m_side.cells);
     if (sortsBy(m_side, view, col))
         sort(view, col);
-    m_services.frame.BusyOff();
 }
 
 /// The bar follows its movement.

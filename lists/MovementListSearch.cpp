@@ -6,6 +6,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include "frame/support/Busy.h"
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
 #include "frame/support/Questions.h"
@@ -49,13 +50,11 @@ void MovementListPage::cmdKensaku_Click()
         return;
     const QScopedValueRollback<bool> searching(m_searching, true);
     Frame& frame = m_services.frame;
-    frame.BusyOn();
-    if (!PeriodCheck(m_period, frame, m_services.msgBox)) {
-        frame.BusyOff();
+    Busy busy(frame);
+    if (!PeriodCheck(m_period, frame, m_services.msgBox))
         return;
-    }
     listLoad();
-    frame.BusyOff();
+    busy.end();
     if (grid()->MaxRows() == 0) {
         writePlainHeadings(m_side, m_services.ini, *grid());
         m_ui->txtXLBarCode->setFocus();
@@ -80,7 +79,7 @@ void MovementListPage::listLoad()
     const ListView view = m_ui->chkXLSum->isChecked() ? ListView::Summed : ListView::Detail;
     const ListBuffer& buffer = view == ListView::Summed ? m_side.summed : m_side.detail;
     const ListFilter conditions = filter();
-    const int count = buffer.select(db, whereText(m_side, conditions), std::string(buffer.order));
+    const int count = buffer.select(db, whereText(m_side, conditions), buffer.order);
     if (count <= 0) {
         emptyGrid();
         return;

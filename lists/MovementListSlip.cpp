@@ -8,6 +8,7 @@
 #include "platform/core/RunTimeError.h"
 #include "platform/core/Shell.h"
 #include "platform/widgets/EnterButton.h"
+#include "frame/support/Busy.h"
 #include "frame/support/KeyField.h"
 #include "store/AppDB.h"
 #include "store/SlipIni.h"
@@ -55,9 +56,8 @@ void MovementListPage::cmdPrintRptExe_Click()
         m_ui->cmbXLSaki->setFocus();
         return;
     }
-    m_services.frame.BusyOn();
+    const Busy busy(m_services.frame);
     printSlip();
-    m_services.frame.BusyOff();
 }
 
 /// A slip that could not be handed over whole is not printed: the program would print parts of an older one.

@@ -1,8 +1,10 @@
 #include "lists/StockPage.h"
 
 #include <QFocusEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include "frame/support/Busy.h"
 #include "frame/support/Check_Csv.h"
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
@@ -156,17 +158,19 @@ void StockPage::barCode_KeyPress(int& keyAscii)
     limitLength(*m_ui->txtZBarCode, goodsCodeLength, true, keyAscii);
     if (keyAscii != KeyCode::enter)
         return;
-    m_keyBusy = true;
-    m_services.frame.BusyOn();
+    const QScopedValueRollback<bool> keyBusy(m_keyBusy, true);
+    Busy busy(m_services.frame);
     const QString text = m_ui->txtZBarCode->text();
+    QWidget* next = nullptr;
     if (text.isEmpty()) {
         resetGrid();
         m_services.frame.setTabLoaded(Tab::Stock, true);
-        m_services.frame.BusyOff();
     } else {
-        search(text);
+        next = search(text);
     }
-    m_keyBusy = false;
+    busy.end();
+    if (next != nullptr)
+        next->setFocus();
 }
 
 // ---- check boxes
@@ -204,9 +208,9 @@ void StockPage::viewChosen()
     const int count = goods.Count();
     if (count == 0)
         return;
-    m_services.frame.BusyOn();
+    Busy busy(m_services.frame);
     if (detailView() && !agreesToShow(count)) {
-        m_services.frame.BusyOff();
+        busy.end();
         m_ui->optZDetail->repaint();
         m_ui->optZNormal->setChecked(true);
         return;
@@ -215,7 +219,7 @@ void StockPage::viewChosen()
     waitIfLong(count);
     stockListLoad();
     showFromTheTop();
-    m_services.frame.BusyOff();
+    busy.end();
     grid()->setFocus();
 }
 
@@ -251,29 +255,26 @@ void StockPage::headingClick(int col)
     vaSpread& sheet = *grid();
     if (sheet.MaxRows() < rowsForASort || detailView() || isEmptyColumn(col))
         return;
-    m_services.frame.BusyOn();
-    // Until the cursor has moved since the headings were written, there is no code to return to. The bar then
-    // stays with its goods, found by the hidden index, and the cursor goes there.
+    const Busy busy(m_services.frame);
+    // While nothing has moved the cursor since the headings were written, there is no code to go back to. The
+    // bar then stays with its goods, and the cursor goes there.
     const int sought = m_rowPointer > 0 ? StockCells::code : StockCells::index;
     const QString kept = sheet.qtext(sought, m_rowPointer > 0 ? m_rowPointer : sheet.ActiveRow());
     const bool ascending = isWords(col) || col == StockCells::unit;
     const vaSpread::SortKey keys[] = {{col, ascending}, {StockCells::code, true}, {StockCells::name, true}};
-    {
-        const ReDrawOff noRedraw(sheet);
-        const int activeCol = sheet.ActiveCol();
-        const int activeRow = sheet.ActiveRow();
-        sheet.Sort(keys);
-        writeHeadings(col);
-        for (int row = 1; !kept.isEmpty() && row <= sheet.MaxRows(); ++row) {
-            if (sheet.qtext(sought, row) != kept)
-                continue;
-            m_bar->move(row == activeRow ? 0 : activeRow, row);
-            sheet.SetActiveCell(activeCol, row);
-            m_rowPointer = sought == StockCells::code ? row : 0;
-            break;
-        }
+    const ReDrawOff noRedraw(sheet);
+    const int activeCol = sheet.ActiveCol();
+    const int activeRow = sheet.ActiveRow();
+    sheet.Sort(keys);
+    writeHeadings(col);
+    for (int row = 1; !kept.isEmpty() && row <= sheet.MaxRows(); ++row) {
+        if (sheet.qtext(sought, row) != kept)
+            continue;
+        m_bar->move(row == activeRow ? 0 : activeRow, row);
+        sheet.SetActiveCell(activeCol, row);
+        m_rowPointer = sought == StockCells::code ? row : 0;
+        break;
     }
-    m_services.frame.BusyOff();
 }
 
 /// Empties the grid and writes plain headings.

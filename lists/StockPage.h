@@ -12,6 +12,7 @@
 #include "frame/support/Page.h"
 #include "lists/ListPrinting.h"
 #include "lists/StockRows.h"
+#include "store/SqlText.h"
 
 class QCheckBox;
 class QRadioButton;
@@ -66,12 +67,13 @@ private:
     void writeHeadings(int sortedCol);
 
     // StockSearch.cpp
-    void search(const QString& text);
-    [[nodiscard]] bool patternSearch(const std::string& pattern);
-    [[nodiscard]] bool singleSearch(const std::string& code);
-    [[nodiscard]] std::string selection(const std::string& code) const;
+    [[nodiscard]] QWidget* search(const QString& text);
+    [[nodiscard]] QWidget* patternSearch(const std::string& pattern);
+    [[nodiscard]] QWidget* singleSearch(const std::string& code);
+    [[nodiscard]] QWidget* unregistered(const std::string& code);
+    [[nodiscard]] SqlText selection(const std::string& code) const;
     [[nodiscard]] int shownRowOf(const QString& code) const;
-    void notUnderConditions(const std::string& code);
+    [[nodiscard]] QWidget* notUnderConditions(const std::string& code);
     /// StockRowInsert: the newest row of the row set on top of the grid.
     void stockRowInsert();
     [[nodiscard]] bool agreesToShow(int count);

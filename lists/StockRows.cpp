@@ -3,9 +3,9 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <optional>
 
 #include "frame/support/GridColumns.h"
-#include "platform/core/RunTimeError.h"
 #include "store/AppIni.h"
 #include "store/Numbers.h"
 
@@ -62,24 +62,20 @@ constexpr int lineOfBlock = -1; // row number of the lines of a block, which hav
 /// The figure in its mask. A damaged table may hold text that is not a number; that is shown as it is.
 std::string shown(std::string_view text, std::string_view mask)
 {
-    try {
-        return Format(numberOf(text), mask);
-    } catch (const RunTimeError&) {
-        return std::string(text);
-    }
+    const std::optional<double> figure = toFigure(text);
+    return figure ? Format(*figure, mask) : std::string(text);
 }
 
 /// The colour of a stock figure that is too low; an invalid colour otherwise.
 QColor warning(std::string_view stockText, std::string_view lowestText)
 {
-    try {
-        const double stock = numberOf(stockText);
-        if (stock >= numberOf(lowestText))
-            return {};
-        return stock < 1 ? red : purple;
-    } catch (const RunTimeError&) {
+    const std::optional<double> stock = toFigure(stockText);
+    const std::optional<double> lowest = toFigure(lowestText);
+    if (!stock || !lowest)
         return red;
-    }
+    if (*stock >= *lowest)
+        return {};
+    return *stock < 1 ? red : purple;
 }
 
 void makeGoods(const PackedRow& source, int index, std::span<std::string> texts)

@@ -24,27 +24,29 @@ constexpr int detailedRowsWithoutWaitWindow = 30;
 
 } // namespace
 
-void StockPage::search(const QString& text)
+/// Gives back where the operator goes on; null where the focus stays.
+QWidget* StockPage::search(const QString& text)
 {
     const bool pattern = text.contains(u'*') || text.contains(u'?');
     const std::string code = text.toStdString();
-    if (!canBeCode(code)) {
-        sayUnregistered(m_services.msgBox, m_services.ini, code);
-        m_services.frame.BusyOff();
-        m_ui->txtZBarCode->setFocus();
-        return;
-    }
-    if (!(pattern ? patternSearch(code) : singleSearch(code)))
-        return; // the search has ended the busy state itself
-    m_services.frame.setTabLoaded(Tab::Stock, true);
-    m_services.frame.BusyOff();
-    grid()->setFocus();
+    if (!canBeCode(code))
+        return unregistered(code);
+    QWidget* const next = pattern ? patternSearch(code) : singleSearch(code);
+    if (next == grid())
+        m_services.frame.setTabLoaded(Tab::Stock, true);
+    return next;
 }
 
-/// The condition of a search, with those of the check boxes.
-std::string StockPage::selection(const std::string& code) const
+QWidget* StockPage::unregistered(const std::string& code)
 {
-    std::string where = "Where ZaikoTB.Code Like '" + code + "' ";
+    sayUnregistered(m_services.msgBox, m_services.ini, code);
+    return m_ui->txtZBarCode;
+}
+
+/// The condition of a search, with what the check boxes let through.
+SqlText StockPage::selection(const std::string& code) const
+{
+    SqlText where = "Where ZaikoTB.Code Like " + bound(code) + " ";
     if (!m_ui->chkStock_Zero->isChecked())
         where += " And ZaikoSuu <> '0' ";
     if (m_ui->chkStock_Low->isChecked())
@@ -66,21 +68,20 @@ void StockPage::waitIfLong(int count)
         m_services.frame.showWait(u"在庫検索"_s, count);
 }
 
-bool StockPage::patternSearch(const std::string& pattern)
+QWidget* StockPage::patternSearch(const std::string& pattern)
 {
     ZaikoViewRec& goods = m_services.db.ZaikoViewTbl();
     const int count = goods.Select(selection(pattern), {});
     if (!agreesToShow(count)) {
         goods.Clear();
-        m_services.frame.BusyOff();
-        return false;
+        return nullptr;
     }
     waitIfLong(count);
     goods.setKeepRows(false);
     stockListLoad();
     if (count > 0)
         showFromTheTop();
-    return true;
+    return grid();
 }
 
 /// Moves the bar to the first row, scrolls to the first columns, and writes the headings of a fresh search.
@@ -124,38 +125,31 @@ void StockPage::stockListLoad()
     }
 }
 
-bool StockPage::singleSearch(const std::string& code)
+QWidget* StockPage::singleSearch(const std::string& code)
 {
-    Frame& frame = m_services.frame;
     if (const int row = shownRowOf(QString::fromStdString(code)); row > 0) {
         m_bar->move(grid()->ActiveRow(), row);
         grid()->SetActiveCell(StockCells::receiptPrice, row);
         grid()->SetActiveCell(StockCells::quantity, row);
         m_rowPointer = row;
-        return true;
+        return grid();
     }
     MasterRec& master = m_services.db.MasterSyu();
     const bool registered = master.Select(whereCode(code)) > 0;
     master.Clear();
-    if (!registered) {
-        sayUnregistered(m_services.msgBox, m_services.ini, code);
-        frame.BusyOff();
-        m_ui->txtZBarCode->setFocus();
-        return false;
-    }
+    if (!registered)
+        return unregistered(code);
     ZaikoViewRec& goods = m_services.db.ZaikoViewTbl();
     goods.setKeepRows(true);
     const int before = goods.Count();
-    if (goods.Select(selection(code), "1") <= before) {
-        notUnderConditions(code);
-        return false;
-    }
+    if (goods.Select(selection(code), "1") <= before)
+        return notUnderConditions(code);
     goods.setKeepRows(false);
     stockRowInsert();
     grid()->SetActiveCell(StockCells::receiptPrice, 1);
     grid()->SetActiveCell(StockCells::quantity, 1);
     writeHeadings(StockCells::code);
-    return true;
+    return grid();
 }
 
 /// Grid row that shows \a code, 0 when none does.
@@ -171,7 +165,7 @@ int StockPage::shownRowOf(const QString& code) const
 
 /// The goods are known, but the check boxes hide them. The row set is emptied although the grid keeps its
 /// rows.
-void StockPage::notUnderConditions(const std::string& code)
+QWidget* StockPage::notUnderConditions(const std::string& code)
 {
     m_services.msgBox.show(
         {u" 在庫数 非該当"_s,
@@ -181,8 +175,7 @@ void StockPage::notUnderConditions(const std::string& code)
                 {{u"text", QString::fromStdString(code)}}),
          BoxIcon::Exclamation});
     m_services.db.ZaikoViewTbl().Clear();
-    m_services.frame.BusyOff();
-    m_ui->chkStock_Low->setFocus();
+    return m_ui->chkStock_Low;
 }
 
 void StockPage::stockRowInsert()

@@ -78,8 +78,8 @@ void frmPriCheck_List::CmdOK_Click()
         return;
     m_busy = true;
     m_scan->stop();
-    const PageRange range = correctedPages();
-    if (!choosePrinter()) {
+    const PageRange range = mendedPages();
+    if (choosePrinter() == PrinterChoice::Cancelled) {
         m_busy = false;
         m_scan->start();
         activateWindow();
@@ -105,12 +105,12 @@ PageRange frmPriCheck_List::correctedPages()
     return range;
 }
 
-bool frmPriCheck_List::choosePrinter()
+PrinterChoice frmPriCheck_List::choosePrinter()
 {
     Printer& printer = m_printing.printer;
     printer.setOrientation(PaperOrientation::Landscape);
     printer.setDocumentName(textOf(m_report.title) + m_printing.clock.now().toString(u" yyyy-MM-dd"_s));
-    return !m_paper.PrinterSelect(this);
+    return m_paper.PrinterSelect(this);
 }
 
 void frmPriCheck_List::printPages(PageRange range)
@@ -118,14 +118,10 @@ void frmPriCheck_List::printPages(PageRange range)
     ReportStatus status = ReportStatus::Failed;
     {
         m_gate.setEnabled(false);
-        QGuiApplication::setOverrideCursor(hourglass());
-        const auto restore = qScopeGuard([this] {
-            QGuiApplication::restoreOverrideCursor();
-            m_gate.setEnabled(true);
-        });
+        const auto enable = qScopeGuard([this] { m_gate.setEnabled(true); });
+        const PointerShape working(hourglass());
         if (OffSetIchran(m_printing.baseFolder) == u"ZERO")
-            m_paper.moveToCorner(static_cast<double>(m_report.lines[0].x1) / twipsPerInch,
-                                 static_cast<double>(m_report.lines[1].y1) / twipsPerInch);
+            m_paper.moveToCorner(inches(m_report.lines[0].at.x1), inches(m_report.lines[1].at.y1));
         m_sinceEvents.start();
         status = ListReport(m_report, m_grid).print(m_paper, headNow(), range, m_pages, [this](int, int) {
             letEventsRun();

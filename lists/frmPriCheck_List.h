@@ -36,8 +36,8 @@ public:
 private:
     void wirePages();
     void wireButtons();
-    [[nodiscard]] PageRange correctedPages();
-    [[nodiscard]] bool choosePrinter();
+    [[nodiscard]] PageRange mendedPages();
+    [[nodiscard]] PrinterChoice choosePrinter();
     void printPages(PageRange range);
     [[nodiscard]] ReportHead headNow() const;
     void letEventsRun();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/widgets/ReDrawOff.h"
 #include "store/Numbers.h"
 #include "store/RowSet.h"
 #include "store/Stamps.h"
@@ -102,10 +103,20 @@ void EntryGrid::putBack(int row, const Figures& posted, const std::string& total
     m_sheet.setFocus();
 }
 
-const EditedCell* EntryGrid::edited(int column) const
+bool EntryGrid::take(int column, int row, Correction& edit)
 {
-    const auto found = std::ranges::find(m_edited, column, &EditedCell::cell);
-    return found == m_edited.end() ? nullptr : &*found;
+    const auto cell = std::ranges::find(m_edited, column, &EditedCell::cell);
+    if (cell == m_edited.end())
+        return false;
+    const bool number = cell->form == CellForm::Number;
+    if (number && m_sheet.text(column, row).empty())
+        m_sheet.SetText(column, row, std::string_view("0"));
+    const int index = bufferIndex(row);
+    if (!edit.take(index, cell->column, cell->form, m_sheet.text(column, row)))
+        return false;
+    if (number)
+        m_sheet.SetText(m_side.cells.total, row, edit.total(index));
+    return true;
 }
 
 /// The cells of a stored row. The label mark is not stored and stays empty.
@@ -139,8 +150,8 @@ void EntryGrid::makeRow(const PackedRow& stored, int index, std::span<std::strin
 void EntryGrid::load(const RowSet& rows, const std::function<void(int row)>& shown)
 {
     const int count = rows.Count();
-    m_sheet.setReDraw(false);
-    m_sheet.setMaxRows(0); // rows of the last search keep no colours
+    const ReDrawOff noRedraw(m_sheet, ReDrawOff::ThenOn); // a booking that failed has left it off
+    m_sheet.setMaxRows(0);                                // rows of the last search keep no colours
     m_sheet.setMaxRows(count);
     int row = 0;
     for (int i = count; i >= 1; --i) {
@@ -150,7 +161,6 @@ void EntryGrid::load(const RowSet& rows, const std::function<void(int row)>& sho
         shown(row);
     }
     m_sheet.setMaxRows(row);
-    m_sheet.setReDraw(true);
 }
 
 void EntryGrid::insertTop(const MovementTexts& movement, const std::string& total, int index)
@@ -189,7 +199,7 @@ MovementTexts EntryGrid::top() const
 
 void EntryGrid::takeOut(int row, int index, const Correction& edit)
 {
-    m_sheet.setReDraw(false);
+    const ReDrawOff noRedraw(m_sheet);
     m_sheet.DeleteRows(row);
     for (int r = 1; edit.inStep(r) && r <= m_sheet.MaxRows(); ++r) {
         const int other = bufferIndex(r);
@@ -204,7 +214,6 @@ void EntryGrid::takeOut(int row, int index, const Correction& edit)
     if (next > 0)
         m_sheet.SetActiveCell(m_side.cells.quantity, next);
     m_bar->move(0, next);
-    m_sheet.setReDraw(true);
 }
 
 void EntryGrid::cursorToQuantity()

@@ -35,8 +35,9 @@ public:
     void setPosted(int row, const Figures& figures) override;
     void putBack(int row, const Figures& posted, const std::string& total) override;
 
-    /// The cell in \a column; null where a correction is not stored.
-    [[nodiscard]] const EditedCell* edited(int column) const;
+    /// Takes the cell in \a column of \a row into the corrections; an empty figure becomes 0. False when it
+    /// says nothing new or is not stored.
+    [[nodiscard]] bool take(int column, int row, Correction& edit);
 
     /// Shows all rows of \a rows that are in the table, the newest first. Calls \a shown after each.
     void load(const RowSet& rows, const std::function<void(int row)>& shown);

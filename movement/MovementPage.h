@@ -66,8 +66,7 @@ private:
     void wire();
 
     // Booking a code (MovementScan.cpp).
-    void book(const QString& code);
-    void unregistered(const QString& code);
+    [[nodiscard]] bool book(const QString& code);
     void putOnTop(const Booking& booking);
     void notStored();
     [[nodiscard]] bool rowAdd(Booking& booking);
@@ -77,11 +76,9 @@ private:
     /// InpGridLoad, OutGridLoad: fills the grid from the row set, newest row first.
     void gridLoad();
     [[nodiscard]] bool wasCode(int row, int rowIndex);
-    [[nodiscard]] bool agreesToQuantity(const QString& typed, int row);
-    [[nodiscard]] bool takeCell(int column, int row, int rowIndex);
 
     // Writing corrections, and deleting (MovementEdit.cpp).
-    [[nodiscard]] bool agrees(const QString& title, const char16_t* question);
+    [[nodiscard]] bool agrees(const Box& question);
     void notWritten(EditResult result, bool deleting);
     void concurrentChange(bool deleting);
 

@@ -4,72 +4,58 @@
 #include <QComboBox>
 
 #include "booking/Booking.h"
+#include "frame/support/Busy.h"
 #include "frame/support/KeyField.h"
 #include "frame/support/PageTools.h"
 #include "movement/EntryGrid.h"
-#include "platform/core/FillIn.h"
+#include "movement/MovementBoxes.h"
 #include "platform/widgets/KeyCodes.h"
+#include "platform/widgets/ReDrawOff.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
 #include "ui_MovementPage.h"
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
 void MovementPage::barCode_KeyPress(int& keyAscii)
 {
-    m_services.frame.BusyOn();
+    Busy busy(m_services.frame);
     CodeKeyCheck(keyAscii);
     limitLength(*m_ui->txtXBarCode, goodsCodeLength, true, keyAscii);
     const QString text = m_ui->txtXBarCode->text();
-    if (keyAscii != KeyCode::enter || text.isEmpty()) {
-        m_services.frame.BusyOff();
+    if (keyAscii != KeyCode::enter || text.isEmpty() || book(text))
         return;
-    }
-    book(text);
+    busy.end();
+    m_ui->txtXBarCode->setFocus();
 }
 
-void MovementPage::book(const QString& code)
+/// False when there are no goods of that code.
+bool MovementPage::book(const QString& code)
 {
     grid()->endEdit(); // a scan by the serial reader may find the operator in a cell
     Booking booking(m_side.side, books());
     if (!booking.lookUp(code.toStdString())) {
-        unregistered(code);
-        return;
+        m_services.msgBox.show(unregisteredBox(m_services.ini.MasterTerm(0), code));
+        return false;
     }
-    if (!booking.post()) {
-        m_services.frame.BusyOff();
-        return;
-    }
+    if (!booking.post())
+        return true;
     m_edit->beforeNewRow();
     const int barRow = grid()->ActiveRow();
-    grid()->setReDraw(false);
+    ReDrawOff noRedraw(*grid(), ReDrawOff::ThenOn); // a booking that failed has left it off
     putOnTop(booking);
     if (rowAdd(booking)) {
         m_entry->moveBar(barRow > 0 ? barRow + 1 : 0, 1); // the new row has moved the bar's row down
         m_entry->cursorToQuantity();
-        grid()->setReDraw(true);
+        noRedraw.end();
     } else {
         notStored();
+        noRedraw.stay();
     }
     booking.waitForNextSecond();
     m_services.frame.setFormEnabled(true);
     grid()->setFocus();
-    m_services.frame.BusyOff();
-}
-
-void MovementPage::unregistered(const QString& code)
-{
-    const QString goods = m_services.ini.MasterTerm(0);
-    m_services.msgBox.show(
-        {fillIn(u"{goods} 未登録エラー", {{u"goods", goods}}),
-         fillIn(u"入力された コード 「 {text} 」 は\r\n「{goods}」 に登録されていません。\r\n\r\n【基本情報 "
-                u"登録】 で\r\n「{goods}」 に登録した後に、再度、入力して下さい。　　",
-                {{u"goods", goods}, {u"text", code}}),
-         BoxIcon::Stop});
-    m_services.frame.BusyOff();
-    m_ui->txtXBarCode->setFocus();
+    return true;
 }
 
 void MovementPage::putOnTop(const Booking& booking)
@@ -97,8 +83,7 @@ bool MovementPage::rowAdd(Booking& booking)
 /// number of rows is what it was.
 void MovementPage::notStored()
 {
-    m_services.msgBox.show(
-        {u"データベースエラー"_s, QString::fromUtf16(m_side.insertErrorText), BoxIcon::Stop});
+    m_services.msgBox.show(notStoredBox(m_side));
     grid()->setMaxRows(grid()->MaxRows() - 1);
     m_edit->bottomRowGone();
 }

@@ -1,22 +1,19 @@
 // Stored movements in the grid: loading a period, and taking corrections into the row set.
 #include "movement/MovementPage.h"
 
+#include "frame/support/Busy.h"
 #include "frame/support/Questions.h"
 #include "movement/EntryGrid.h"
-#include "platform/core/FillIn.h"
+#include "movement/MovementBoxes.h"
 #include "store/AppDB.h"
 #include "store/AppIni.h"
-#include "store/Where.h"
 #include "ui_MovementPage.h"
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace suisui {
 
 namespace {
 
 constexpr int rowsWithoutAsking = 1000;
-constexpr qsizetype shortestAskedCode = 6; ///< digits; a shorter number is a quantity without asking
 
 } // namespace
 
@@ -26,37 +23,33 @@ void MovementPage::cmdKensaku_Click()
 {
     grid()->endEdit(); // a button pressed by the reader takes no focus from the cell
     Frame& frame = m_services.frame;
-    if (frame.EditGuard(frame.currentTab()) != BoxAnswer::Cancel) {
-        frame.BusyOn();
-        if (!PeriodCheck(m_period, frame, m_services.msgBox)) {
-            frame.BusyOff();
-            return;
-        }
-        std::string where(m_side.whereFrom);
-        where += m_period.from.stored().toStdString();
-        where += m_side.whereTo;
-        where += m_period.to.stored().toStdString();
-        where += m_side.orderBy;
-        const int count = m_rows.Select(where);
-        m_edit->searched(true);
-        if (count <= 0) {
-            grid()->setMaxRows(0);
-            grid()->setReDraw(true);
-            frame.setTabLoaded(m_side.tab, count == 0);
-            frame.BusyOff();
-            m_period.from.year->setFocus();
-            return;
-        }
-        if (agreesToShow(count)) {
-            gridLoad();
-            frame.setTabLoaded(m_side.tab, true); // or a tab change would search, and ask, again
-            m_entry->moveBar(0, 1);
-            m_entry->cursorToQuantity();
-        } else {
-            m_edit->searched(false); // the old rows stay in view, the row set has the new ones
-        }
+    if (frame.EditGuard(frame.currentTab()) == BoxAnswer::Cancel) {
+        frame.BusyOff(); // ends as any search does
+        grid()->setFocus();
+        return;
     }
-    frame.BusyOff();
+    Busy busy(frame);
+    if (!PeriodCheck(m_period, frame, m_services.msgBox))
+        return;
+    const int count =
+        m_edit->search(m_period.from.stored().toStdString(), m_period.to.stored().toStdString());
+    if (count <= 0) {
+        grid()->setMaxRows(0);
+        grid()->setReDraw(true);
+        frame.setTabLoaded(m_side.tab, count == 0);
+        busy.end();
+        m_period.from.year->setFocus();
+        return;
+    }
+    if (agreesToShow(count)) {
+        gridLoad();
+        frame.setTabLoaded(m_side.tab, true); // else a tab change would search, and ask, once more
+        m_entry->moveBar(0, 1);
+        m_entry->cursorToQuantity();
+    } else {
+        m_edit->searched(false); // the old rows stay in view, the row set has the new ones
+    }
+    busy.end();
     grid()->setFocus();
 }
 
@@ -84,32 +77,15 @@ void MovementPage::gridLoad()
 
 void MovementPage::cellChange(int column, int row)
 {
-    m_services.frame.BusyOn();
+    const Busy busy(m_services.frame);
     if (m_edit->inStep(row)) {
         const int index = m_entry->bufferIndex(row);
         const bool code = column == m_side.cells.quantity && wasCode(row, index);
-        if (!code && takeCell(column, row, index))
+        if (!code && m_entry->take(column, row, *m_edit))
             m_services.frame.setDirty(m_side.side, true);
     } else {
         concurrentChange(false); // the box says what to do: search again
     }
-    m_services.frame.BusyOff();
-}
-
-/// Takes a cell into the row set; false when nothing has changed.
-bool MovementPage::takeCell(int column, int row, int rowIndex)
-{
-    const EditedCell* const cell = m_entry->edited(column);
-    if (cell == nullptr)
-        return false;
-    const bool number = cell->form == CellForm::Number;
-    if (number && grid()->text(column, row).empty())
-        grid()->SetText(column, row, std::string_view("0"));
-    if (!m_edit->take(rowIndex, cell->column, cell->form, grid()->text(column, row)))
-        return false;
-    if (number)
-        grid()->SetText(m_side.cells.total, row, m_edit->total(rowIndex));
-    return true;
 }
 
 /// A reader that types as slowly as a person puts its code into the quantity. When the operator confirms
@@ -118,30 +94,15 @@ bool MovementPage::takeCell(int column, int row, int rowIndex)
 bool MovementPage::wasCode(int row, int rowIndex)
 {
     const QString typed = grid()->typedText();
-    const std::string code = typed.toStdString();
-    if (typed.size() < shortestAskedCode || !canBeCode(code)
-        || m_table.master(m_services.db).CountRows(whereCode(code)) <= 0 || agreesToQuantity(typed, row))
+    if (!m_edit->isCode(typed)
+        || agrees(
+            quantityQuestion(typed, m_services.ini.MasterTerm(0), grid()->qtext(m_side.cells.quantity, row))))
         return false;
     grid()->SetText(m_side.cells.quantity, row, m_rows.get(rowIndex, m_table.columns.quantity));
     m_ui->txtXBarCode->setText(typed);
     m_ui->txtXBarCode->setFocus();
     m_ui->txtXBarCode->selectAll();
     return true;
-}
-
-bool MovementPage::agreesToQuantity(const QString& typed, int row)
-{
-    const Box box{
-        u"数量の確認"_s,
-        fillIn(
-            u"入力された 「 {typed} 」 は\r\n登録されている {goods} の コード です。\r\n\r\n数量を 「 "
-            u"{quantity} 」 に変更しますか？　　　\r\n\r\n　　はい　　： 数量を変更します\r\n　　いいえ　： "
-            u"数量は変更せず、コードを入力欄に移します　　　\r\n　　　　　　　（Enter を押すと 登録します）",
-            {{u"typed", typed},
-             {u"goods", m_services.ini.MasterTerm(0)},
-             {u"quantity", grid()->qtext(m_side.cells.quantity, row)}}),
-        BoxIcon::Question, BoxButtons::YesNo, BoxAnswer::No};
-    return m_services.msgBox.show(box) == BoxAnswer::Yes;
 }
 
 } // namespace suisui

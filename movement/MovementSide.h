@@ -10,13 +10,10 @@
 
 #include "frame/support/Frame.h"
 #include "platform/widgets/vaSpread.h"
+#include "store/AppIni.h"
 #include "store/Side.h"
 
 namespace suisui {
-
-class AppIni;
-
-inline constexpr int noCell = 0;
 
 /// Columns of the entry grid, from 1.
 struct MovementCells
@@ -47,16 +44,12 @@ struct MovementSide
     Tab tab;
     Tab listTab;   ///< stale after a movement, as is the stock tab
     int termIndex; ///< Term of the settings
+    LabelMode labelMode;
     QString (AppIni::*heading)(int) const;
     std::span<const SpreadColumn> columns;
     MovementCells cells;
 
-    // Texts of the search, around the two dates.
-    std::string_view whereFrom;
-    std::string_view whereTo;
-    std::string_view orderBy;
-
-    // Names and texts of the page.
+    // Designed texts of the page.
     const char16_t* gridName;
     const char16_t* dataFrameName;
     const char16_t* dataFrameCaption;

@@ -78,7 +78,7 @@ public:
     [[nodiscard]] SheetOutcome end()
     {
         m_bars.endDocument();
-        m_outcome.status = m_failed || m_outcome.pages == 0 ? -1 : 0;
+        m_outcome.status = m_failed || m_outcome.pages == 0 ? PrintStatus::Failed : PrintStatus::Good;
         return m_outcome;
     }
 
@@ -153,8 +153,8 @@ SheetOutcome writeCodeSheet(const std::vector<CodeGroup>& groups, const QString&
         return true;
     });
     printer.setDocumentName(u"読み取り用コード表"_s);
-    if (!printer.choose(nullptr))
-        return {.status = -1};
+    if (printer.choose(nullptr) == PrinterChoice::Cancelled)
+        return {.status = PrintStatus::Failed};
     SheetPen pen(printer);
     for (const CodeGroup& group : groups) {
         if (group.codes.empty())

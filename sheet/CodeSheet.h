@@ -7,15 +7,17 @@
 
 #include <QString>
 
+#include "platform/widgets/PrintStatus.h"
+
 namespace suisui {
 
 struct CodeGroup;
 
 struct SheetOutcome
 {
-    int status = 0; ///< nonzero when the file could not be written whole
-    int codes = 0;  ///< with bars
-    int bare = 0;   ///< that bars cannot carry
+    PrintStatus status = PrintStatus::Good; ///< of the file as a whole
+    int codes = 0;                          ///< with bars
+    int bare = 0;                           ///< that bars cannot carry
     int pages = 0;
 };
 

@@ -27,7 +27,7 @@ std::optional<std::vector<CodeGroup>> shopCodes(AppDB& db)
 {
     std::vector<CodeGroup> groups;
     for (const CodeSource& source : sources) {
-        if (db.OpenRecordset(source.select) != 0)
+        if (db.OpenRecordset(source.select) != DbStatus::Good)
             return std::nullopt;
         CodeGroup group{.heading = QString::fromUtf16(source.heading), .codes = {}};
         const QString around = QString::fromUtf16(source.around);
@@ -35,7 +35,7 @@ std::optional<std::vector<CodeGroup>> shopCodes(AppDB& db)
         for (; !rows.atEof(); rows.MoveNext())
             group.codes.push_back({.scan = around + QString::fromStdString(rows.Fields("Code")) + around,
                                    .name = QString::fromStdString(rows.Fields("Name"))});
-        const bool whole = rows.status() == 0;
+        const bool whole = rows.status() == DbStatus::Good;
         db.CloseRecordset();
         if (!whole)
             return std::nullopt;

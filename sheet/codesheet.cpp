@@ -31,7 +31,7 @@ int makeSheet(const QString& base, const QString& file)
         return refuse(u"%1 は既にあります。別の名前を指定してください。"_s.arg(file));
     suisui::AppDB db((base + u"/DB"_s).toStdString());
     const QString shop = QString::fromStdString(suisui::workingPath(base.toStdString()));
-    if (db.Open(suisui::workingFile) != 0)
+    if (db.Open(suisui::workingFile) != suisui::DbStatus::Good)
         return refuse(u"%1 を開けません。"_s.arg(shop));
     const auto groups = suisui::shopCodes(db);
     if (!groups)
@@ -40,7 +40,8 @@ int makeSheet(const QString& base, const QString& file)
     const suisui::SheetOutcome made = suisui::writeCodeSheet(*groups, aside);
     if (made.codes + made.bare == 0)
         return refuse(u"担当者も取引先も商品も登録されていません。"_s);
-    if (made.status != 0 || !suisui::renameToNew(aside.toStdString(), file.toStdString())) {
+    if (made.status != suisui::PrintStatus::Good
+        || !suisui::renameToNew(aside.toStdString(), file.toStdString())) {
         suisui::removeFile(aside.toStdString());
         return refuse(u"%1 に書けません。書き込めるフォルダを指定してください。"_s.arg(file));
     }

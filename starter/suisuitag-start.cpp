@@ -184,7 +184,8 @@ QString lackingIn(const QString& folder)
 {
     suisui::AppDB db((folder + u"/DB"_s).toStdString());
     db.ShowErrors(false);
-    if (QFile::exists(folder + u"/exe/Master.exe"_s) || db.Open(suisui::workingFile) != 0)
+    if (QFile::exists(folder + u"/exe/Master.exe"_s)
+        || db.Open(suisui::workingFile) != suisui::DbStatus::Good)
         return {};
     QStringList lacking;
     for (const std::string& one : suisui::missingForStart(db))

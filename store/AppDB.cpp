@@ -1,7 +1,6 @@
 #include "store/AppDB.h"
 
 #include <array>
-#include <charconv>
 #include <filesystem>
 
 #include "platform/core/Files.h"
@@ -10,16 +9,16 @@ namespace suisui {
 
 namespace {
 
+// Codes of the engine.
 constexpr int noError = 0;
-constexpr int failure = 1;
-constexpr std::string_view duplicateKey = "3022";
+constexpr int ownFailure = 1; // found by this layer and not by the engine
 
 /// Statements that upgrade a file of an older layout by one version; step i upgrades version i + 1.
 constexpr std::array<std::span<const std::string_view>, schemaVersion - 1> upgradeSteps{};
 
 struct Advice
 {
-    EngineError kind;
+    DbStatus failure;
     const char* text;
 };
 
@@ -27,16 +26,16 @@ constexpr const char* cannotBeOpened =
     "データベースを開けません。　　　\r\n\r\nデータファイルを確認して下さい。";
 
 constexpr Advice advices[] = {
-    {EngineError::Busy,
+    {DbStatus::Busy,
      "他のプログラムが "
      "データベースを使用中です。　　　\r\n\r\n他のプログラムを終了してから、再度、操作して下さい。"},
-    {EngineError::Full,
+    {DbStatus::Full,
      "ディスクの空き容量が足りません。　　　\r\n\r\n不要なファイルを削除してから、再度、操作して下さい。"},
-    {EngineError::ReadOnly,
+    {DbStatus::ReadOnly,
      "データベースに書き込めません。　　　\r\n\r\nファイルとフォルダの 書き込み許可を確認して下さい。"},
-    {EngineError::Damaged, "データベースが壊れています。　　　\r\n\r\nバックアップから 復元して下さい。"},
-    {EngineError::NoDatabase, cannotBeOpened},
-    {EngineError::NotADatabase, cannotBeOpened},
+    {DbStatus::Damaged, "データベースが壊れています。　　　\r\n\r\nバックアップから 復元して下さい。"},
+    {DbStatus::NoDatabase, cannotBeOpened},
+    {DbStatus::NotADatabase, cannotBeOpened},
 };
 
 /// Makes all tables in the empty file \a path. Empty on success, else what the engine says.
@@ -76,7 +75,7 @@ AppDB::~AppDB()
     CloseFile();
 }
 
-int AppDB::Open(std::string_view file)
+DbStatus AppDB::Open(std::string_view file)
 {
     CloseFile();
     const std::string path = file.find('/') == std::string_view::npos
@@ -89,7 +88,7 @@ int AppDB::Open(std::string_view file)
     // A file that cannot be written is of no use to a shop: better to report it at the start than at the
     // first scan.
     if (code == noError && m_engine.isReadOnly()) {
-        code = failure;
+        code = ownFailure;
         own = "it cannot be written to";
     }
     if (code == noError) {
@@ -101,22 +100,22 @@ int AppDB::Open(std::string_view file)
         code = m_engine.execute(ours ? "COMMIT" : "ROLLBACK");
         if (!ours) {
             m_unfit = true;
-            code = failure;
-            own = "this is not a whole database of the program, or is one of a newer version";
+            code = ownFailure;
+            own = "this is no whole database of the program, or one of a newer version";
         }
     }
     if (code == noError)
         code = m_engine.useOwnJournal();
     if (code != noError) {
-        m_lastErrNo = std::to_string(code);
-        m_lastErrText = own.empty() ? m_engine.errorText() : own;
-        report(code);
+        rememberFailure(code);
+        if (!own.empty())
+            m_lastErrText = own;
+        report(m_lastFailure);
         m_engine.close();
-        m_lastStatus = failure;
-        return failure;
+        m_lastStatus = m_lastFailure;
+        return m_lastStatus;
     }
-    m_lastStatus = noError;
-    return noError;
+    return succeed();
 }
 
 /// Whether the open file is a database of this program. Upgrades an older layout. Runs inside a transaction.
@@ -133,7 +132,7 @@ bool AppDB::isOurs()
     for (const TableDef* table : allTables()) {
         std::string columns;
         const int code =
-            m_engine.select("SELECT cid, name FROM pragma_table_info('" + std::string(table->name) + "')",
+            m_engine.select("SELECT cid, name FROM pragma_table_info(" + bound(table->name) + ")",
                             [&columns](std::int64_t, std::span<const std::string_view> texts) {
                                 columns += texts[0];
                                 columns += ',';
@@ -162,10 +161,10 @@ bool AppDB::isWhole(const std::string& path)
            && length >= static_cast<std::uintmax_t>(pages * pageSize);
 }
 
-bool AppDB::isDamage(int engineCode) const
+bool AppDB::isDamage(int engineCode)
 {
-    const EngineError kind = m_engine.errorKind(engineCode);
-    return kind == EngineError::Damaged || kind == EngineError::NotADatabase;
+    const DbStatus kind = Sqlite::statusOf(engineCode);
+    return kind == DbStatus::Damaged || kind == DbStatus::NotADatabase;
 }
 
 bool AppDB::IsSound()
@@ -183,77 +182,83 @@ std::optional<std::uint32_t> AppDB::MarkOf(const std::string& path)
     return Sqlite::headerNumber(path);
 }
 
-int AppDB::beginWrite()
+DbStatus AppDB::beginWrite()
 {
     if (m_inUnit) {
         if (m_engine.inTransaction())
-            return noError;
-        // The engine has ended the unit by itself, as it does on a full disk. What was written before is
-        // gone, so what follows must not be stored alone. Each further attempt reports the cause again.
-        m_lastStatus = failure;
-        int code = failure;
-        std::from_chars(m_lastErrNo.data(), m_lastErrNo.data() + m_lastErrNo.size(), code);
-        report(code);
-        return failure;
+            return DbStatus::Good;
+        // The engine has given up the unit by itself, as it does on a full disk. What came before is gone, so
+        // what comes after must not be stored alone. Whoever tries again hears the cause again.
+        m_lastStatus = DbStatus::Failed;
+        report(m_lastFailure);
+        return m_lastStatus;
     }
     const int code = m_engine.execute("BEGIN IMMEDIATE");
     if (code != noError)
         return fail(code);
     m_inUnit = true;
-    return noError;
+    return DbStatus::Good;
 }
 
-int AppDB::fail(int engineCode)
+/// What LastFailure, LastErrNo and LastErrText say from here on.
+void AppDB::rememberFailure(int engineCode)
 {
-    m_lastErrNo = m_engine.errorKind(engineCode) == EngineError::DuplicateKey ? std::string(duplicateKey)
-                                                                              : std::to_string(engineCode);
+    m_lastFailure = Sqlite::statusOf(engineCode);
+    m_lastErrNo = std::to_string(m_lastFailure == DbStatus::DuplicateKey ? static_cast<int>(m_lastFailure)
+                                                                         : engineCode);
     m_lastErrText = m_engine.errorText();
-    m_lastStatus = failure;
-    report(engineCode);
-    return failure;
 }
 
-int AppDB::succeed()
+DbStatus AppDB::fail(int engineCode)
 {
-    m_lastStatus = noError;
-    return noError;
+    rememberFailure(engineCode);
+    m_lastStatus = m_lastFailure;
+    report(m_lastFailure);
+    return m_lastStatus;
 }
 
-int AppDB::refuse()
+DbStatus AppDB::succeed()
 {
+    m_lastStatus = DbStatus::Good;
+    return m_lastStatus;
+}
+
+DbStatus AppDB::refuse()
+{
+    m_lastFailure = DbStatus::RowChanged;
     m_lastErrNo.clear();
     m_lastErrText = "the row was changed or deleted meanwhile";
-    m_lastStatus = failure;
-    return failure;
+    m_lastStatus = m_lastFailure;
+    return m_lastStatus;
 }
 
-void AppDB::failRead(int engineCode)
+DbStatus AppDB::failRead(int engineCode)
 {
-    m_lastErrNo = std::to_string(engineCode);
-    m_lastErrText = m_engine.errorText();
-    report(engineCode);
+    rememberFailure(engineCode);
+    report(m_lastFailure);
+    return m_lastFailure;
 }
 
-int AppDB::failOwn(std::string why)
+DbStatus AppDB::failOwn(std::string why)
 {
-    m_lastErrNo = std::to_string(failure);
+    m_lastFailure = DbStatus::Failed;
+    m_lastErrNo = std::to_string(ownFailure);
     m_lastErrText = std::move(why);
-    m_lastStatus = failure;
-    return failure;
+    m_lastStatus = m_lastFailure;
+    return m_lastStatus;
 }
 
-/// Shows a failure to the operator; only a duplicate key is left to the caller.
-void AppDB::report(int engineCode)
+/// A duplicate key is the caller's to speak of; everything else the operator learns from here.
+void AppDB::report(DbStatus failure)
 {
-    if (m_showErrors && m_showError && m_engine.errorKind(engineCode) != EngineError::DuplicateKey)
-        m_showError(adviceFor(engineCode));
+    if (m_showErrors && m_showError && failure != DbStatus::DuplicateKey)
+        m_showError(adviceFor(failure));
 }
 
-std::string AppDB::adviceFor(int engineCode) const
+std::string AppDB::adviceFor(DbStatus failure) const
 {
-    const EngineError kind = m_engine.errorKind(engineCode);
     for (const Advice& advice : advices)
-        if (advice.kind == kind)
+        if (advice.failure == failure)
             return advice.text;
     return "データベースの処理に失敗しました。　　　\r\n\r\n　（ " + m_lastErrNo + " : " + m_lastErrText
            + " ）";
@@ -261,12 +266,12 @@ std::string AppDB::adviceFor(int engineCode) const
 
 void AppDB::Commit()
 {
-    m_lastStatus = noError;
+    m_lastStatus = DbStatus::Good;
     if (!m_inUnit)
         return;
     if (!m_engine.inTransaction()) {
-        m_lastStatus = failure;
-        return; // ended by the engine; the caller rolls back
+        m_lastStatus = DbStatus::Failed;
+        return; // given up by the engine; the caller rolls back
     }
     const int code = m_engine.execute("COMMIT");
     if (code != noError) {
@@ -289,9 +294,9 @@ void AppDB::Rollback()
         rows->unitRolledBack();
 }
 
-int AppDB::CloseAfterSave()
+DbStatus AppDB::CloseAfterSave()
 {
-    return syncToDisk(m_path) ? noError : failure;
+    return syncToDisk(m_path) ? DbStatus::Good : DbStatus::Failed;
 }
 
 void AppDB::CloseFile()
@@ -301,22 +306,20 @@ void AppDB::CloseFile()
     m_engine.close();
 }
 
-int AppDB::OpenRecordset(std::string_view sql)
+DbStatus AppDB::OpenRecordset(const SqlText& sql)
 {
     CloseRecordset();
     Sqlite::Cursor cursor;
     const int code = m_engine.openCursor(sql, cursor);
-    if (code != noError) {
-        failRead(code);
-        return failure;
-    }
+    if (code != noError)
+        return failRead(code);
     const int first = m_recordset.start(std::move(cursor));
     if (first != noError) {
-        failRead(first);
+        const DbStatus status = failRead(first);
         m_recordset.close();
-        return failure;
+        return status;
     }
-    return noError;
+    return DbStatus::Good;
 }
 
 void AppDB::CloseRecordset()
@@ -324,9 +327,9 @@ void AppDB::CloseRecordset()
     m_recordset.close();
 }
 
-void AppDB::Execute(std::string_view sql)
+void AppDB::Execute(const SqlText& sql)
 {
-    if (beginWrite() != noError)
+    if (beginWrite() != DbStatus::Good)
         return;
     const int code = m_engine.execute(sql);
     if (code != noError)
@@ -342,7 +345,7 @@ void AppDB::Release()
         rows->Clear();
 }
 
-int AppDB::Create(const std::string& path, std::string* error)
+DbStatus AppDB::Create(const std::string& path, std::string* error)
 {
     namespace fs = std::filesystem;
     const fs::path target(path);
@@ -351,7 +354,7 @@ int AppDB::Create(const std::string& path, std::string* error)
     const auto give = [error](const std::string& why) {
         if (error != nullptr)
             *error = why;
-        return failure;
+        return DbStatus::Failed;
     };
     if (fs::exists(target, code))
         return give("already there: " + path);
@@ -367,7 +370,7 @@ int AppDB::Create(const std::string& path, std::string* error)
         fs::remove(aside, code);
         return give("cannot write " + path);
     }
-    return noError;
+    return DbStatus::Good;
 }
 
 } // namespace suisui

@@ -14,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+#include "store/DbStatus.h"
 #include "store/QuerySet.h"
 #include "store/Recordset.h"
 #include "store/RowSet.h"
@@ -57,54 +58,53 @@ public:
     [[nodiscard]] RirekiRec& RirekiTbl() { return m_rirekiTbl; }
 
     /// 0 when the last Execute, Commit or write through a row set succeeded.
-    [[nodiscard]] int LastStatus() const { return m_lastStatus; }
-    /// The number of the last failure as text: "3022" for a duplicate key, "" for a row that somebody else
-    /// has changed, and when there was none.
+    [[nodiscard]] DbStatus LastStatus() const { return m_lastStatus; }
+    /// The store's number of the last failure as text; "3022" is a duplicate key, "" none so far.
     [[nodiscard]] const std::string& LastErrNo() const { return m_lastErrNo; }
+    /// What the failure means that LastErrNo numbers, be it a write or a selection.
+    [[nodiscard]] DbStatus LastFailure() const { return m_lastFailure; }
     /// The store's own words for the last failure, for a report.
     [[nodiscard]] const std::string& LastErrText() const { return m_lastErrText; }
     void ShowErrors(bool show) { m_showErrors = show; }
 
-    /// Opens \a file; a bare name is in the database folder. Nonzero when the file is missing, unreadable,
-    /// read-only, damaged, foreign, newer than this program, or held by another process; the file is then
-    /// unchanged. An older layout is upgraded.
-    [[nodiscard]] int Open(std::string_view file);
-    /// As Open, for a new file that is thrown away unless it is completed: what is written to it is safe only
-    /// after FinishFilling, CloseFile and CloseAfterSave, and needs no journal file meanwhile.
-    [[nodiscard]] int OpenForFilling(std::string_view file);
-    /// Makes the indexes that filling went without, gives the file \a mark, and commits.
-    [[nodiscard]] int FinishFilling(std::uint32_t mark = 0);
-    /// The mark of the database \a path, which every copy of the file has too; 0 when it was given none, and
-    /// no value when the file cannot be read or is not a database. Takes no lock.
+    /// Opens \a file: a bare name is in the database folder. Not Good when the file is missing,
+    /// unreadable, read-only, damaged, foreign, newer than this program, or held by another process; the
+    /// file is then as it was. An older layout is upgraded.
+    [[nodiscard]] DbStatus Open(std::string_view file);
+    /// As Open, for a new file that is thrown away unless the work on it ends well: what is written to it is
+    /// safe only after FinishFilling, CloseFile and CloseAfterSave, and takes no file beside it meanwhile.
+    [[nodiscard]] DbStatus OpenForFilling(std::string_view file);
+    /// Makes the file what any database is, gives it \a mark, and commits.
+    [[nodiscard]] DbStatus FinishFilling(std::uint32_t mark = 0);
+    /// The mark of the database \a path, which goes with every copy of the file; 0 when it was given none,
+    /// and nothing when it cannot be read or is not a database. Takes no lock.
     [[nodiscard]] static std::optional<std::uint32_t> MarkOf(const std::string& path);
     /// Whether all pages of the open file hold what they should; reads them all.
     [[nodiscard]] bool IsSound();
     /// True when the last Open or IsSound found the file damaged, cut short or not of this program, so that
     /// trying again is useless.
     [[nodiscard]] bool LastFileWasUnfit() const { return m_unfit; }
-    /// As Open, but takes a snapshot that lasts until Rollback, also while another process has writes
-    /// pending: all reads see one state, and the commits of others wait. For moments only, since others wait
-    /// no longer than half a second.
-    [[nodiscard]] int OpenStill(std::string_view file);
-    /// Copies the database to the new file \a path while others use it, and flushes the copy. A failed copy
-    /// is removed.
-    [[nodiscard]] int CopyTo(const std::string& path);
-    /// True when the last failure was another process holding the file.
-    [[nodiscard]] bool LastWasBusy() const;
+    /// As Open, but holds the database as it is until Rollback, also while another process has writes
+    /// pending: all reads see one state, and the others' commits wait. For moments only, since their patience
+    /// is half a second.
+    [[nodiscard]] DbStatus OpenStill(std::string_view file);
+    /// Copies the database onto the new file \a path while others use it, and flushes the copy. Nothing is
+    /// left of one that failed.
+    [[nodiscard]] DbStatus CopyTo(const std::string& path);
     void Commit();
     void Rollback();
-    /// Flushes the file that was closed last. Nonzero when that failed.
-    [[nodiscard]] int CloseAfterSave();
+    /// Flushes the file that was closed last.
+    [[nodiscard]] DbStatus CloseAfterSave();
     void CloseFile();
-    [[nodiscard]] int OpenRecordset(std::string_view sql);
+    [[nodiscard]] DbStatus OpenRecordset(const SqlText& sql);
     void CloseRecordset();
     /// Adds the rows from the cursor of \a source's Recordset on, which must have all columns of \a table in
-    /// their order. A row whose key is there already is skipped. Nonzero, with everything rolled back, when a
-    /// row could not be read or added; the rules of saving refuse a row with a quote or a NUL. The cursor is
-    /// closed. \a added counts the rows that were not there already.
-    [[nodiscard]] int copyRows(AppDB& source, const TableDef& table, std::int64_t& added);
+    /// their order. A row whose key is there already is skipped. Not Good when a row could not be read or
+    /// added; one that holds a quote or a NUL is never added, since no INSERT text could carry it. The cursor
+    /// is closed. \a added counts the rows that were not there already.
+    [[nodiscard]] DbStatus copyRows(AppDB& source, const TableDef& table, std::int64_t& added);
     /// One INSERT, UPDATE or DELETE; the outcome is in LastStatus and LastErrNo.
-    void Execute(std::string_view sql);
+    void Execute(const SqlText& sql);
     /// Rows that the last Execute added, changed or deleted.
     [[nodiscard]] std::int64_t RowsChanged() const { return m_engine.changes(); }
     void Release();
@@ -112,32 +112,33 @@ public:
     /// True while writes are pending.
     [[nodiscard]] bool inUnit() const { return m_inUnit; }
 
-    /// Makes a new, empty database with all tables at \a path, which must not exist. It is on the disk when
-    /// this returns 0.
-    [[nodiscard]] static int Create(const std::string& path, std::string* error = nullptr);
+    /// Makes a new, empty database with all tables at \a path, which must not exist. The file counts as
+    /// stored when this returns Good.
+    [[nodiscard]] static DbStatus Create(const std::string& path, std::string* error = nullptr);
 
 private:
     friend class RowSet;
     friend class QuerySet;
 
-    /// Opens the unit of work if none is open. Nonzero when another process holds the file, or when the
-    /// engine has ended the unit by itself: then nothing can be written until it has been rolled back.
-    [[nodiscard]] int beginWrite();
+    /// Opens the unit of work if none is open. Not Good when another process holds the file, or when the
+    /// engine has given up the unit: then nothing more goes in before it has been rolled back.
+    [[nodiscard]] DbStatus beginWrite();
     /// Records a failed or a good write.
-    int fail(int engineCode);
-    int succeed();
+    DbStatus fail(int engineCode);
+    DbStatus succeed();
     /// Records a write that found its row changed or gone.
-    int refuse();
+    DbStatus refuse();
     /// Records a failed selection.
-    void failRead(int engineCode);
-    [[nodiscard]] int copyCursor(AppDB& source, const TableDef& table, std::int64_t& added);
+    DbStatus failRead(int engineCode);
+    [[nodiscard]] DbStatus copyCursor(AppDB& source, const TableDef& table, std::int64_t& added);
     /// Records a failure that is not the engine's.
-    int failOwn(std::string why);
-    void report(int engineCode);
-    [[nodiscard]] std::string adviceFor(int engineCode) const;
-    [[nodiscard]] int holdStill();
+    DbStatus failOwn(std::string why);
+    void rememberFailure(int engineCode);
+    void report(DbStatus failure);
+    [[nodiscard]] std::string adviceFor(DbStatus failure) const;
+    [[nodiscard]] DbStatus holdStill();
     [[nodiscard]] bool isOurs();
-    [[nodiscard]] bool isDamage(int engineCode) const;
+    [[nodiscard]] static bool isDamage(int engineCode);
     [[nodiscard]] bool isWhole(const std::string& path);
     // Row sets made over this connection, the accessors' own among them.
     void enter(RowSet* rows) { m_rowSets.push_back(rows); }
@@ -151,7 +152,8 @@ private:
     bool m_showErrors = true;
     bool m_inUnit = false;
     bool m_unfit = false; ///< the file opened last
-    int m_lastStatus = 0;
+    DbStatus m_lastStatus = DbStatus::Good;
+    DbStatus m_lastFailure = DbStatus::Good;
     std::string m_lastErrNo;
     std::string m_lastErrText;
 

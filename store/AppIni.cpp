@@ -14,6 +14,11 @@ namespace {
 
 const QString saveInTheMaking = u"SaveInTheMaking"_s;
 
+QString sectionOf(LabelMode mode)
+{
+    return u"Label%1"_s.arg(static_cast<int>(mode));
+}
+
 } // namespace
 
 AppIni::AppIni()
@@ -66,19 +71,19 @@ bool AppIni::setLastSave(const QString& folder, const QString& lastDay, const QS
         {{u"LastHistory"_s, folder}, {u"LastHistoryTo"_s, lastDay}, {saveInTheMaking, inTheMaking}});
 }
 
-QString AppIni::labelSetting(int mode, const QString& name) const
+QString AppIni::labelSetting(LabelMode mode, const QString& name) const
 {
-    return m_file.value(u"Label%1"_s.arg(mode), name).value_or(QString());
+    return m_file.value(sectionOf(mode), name).value_or(QString());
 }
 
-bool AppIni::setLabelSetting(int mode, const QString& name, const QString& value)
+bool AppIni::setLabelSetting(LabelMode mode, const QString& name, const QString& value)
 {
-    return m_file.setValue(u"Label%1"_s.arg(mode), name, value);
+    return m_file.setValue(sectionOf(mode), name, value);
 }
 
-bool AppIni::setLabelSettings(int mode, const std::vector<std::pair<QString, QString>>& settings)
+bool AppIni::setLabelSettings(LabelMode mode, const std::vector<std::pair<QString, QString>>& settings)
 {
-    return m_file.setValues(u"Label%1"_s.arg(mode), settings);
+    return m_file.setValues(sectionOf(mode), settings);
 }
 
 } // namespace suisui

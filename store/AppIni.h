@@ -12,6 +12,9 @@
 
 namespace suisui {
 
+/// What labels are printed of. Each has its own settings, under its number.
+enum class LabelMode { Goods = 0, Components = 1, Partners = 2, Receipts = 3, Shipments = 4 };
+
 class AppIni
 {
 public:
@@ -42,11 +45,11 @@ public:
     bool setLastSave(const QString& folder, const QString& lastDay, const QString& inTheMaking);
     [[nodiscard]] QString LastBackupFolder() const;
 
-    /// A setting of the label dialog for the source \a mode; empty when nothing is stored.
-    [[nodiscard]] QString labelSetting(int mode, const QString& name) const;
-    bool setLabelSetting(int mode, const QString& name, const QString& value);
-    /// Stores several of them at once, by name; new ones are added in this order.
-    bool setLabelSettings(int mode, const std::vector<std::pair<QString, QString>>& settings);
+    /// A setting of the label dialog for \a mode; empty when nothing is stored.
+    [[nodiscard]] QString labelSetting(LabelMode mode, const QString& name) const;
+    bool setLabelSetting(LabelMode mode, const QString& name, const QString& value);
+    /// Several of them at once, by name; those that are new to the file come in this order.
+    bool setLabelSettings(LabelMode mode, const std::vector<std::pair<QString, QString>>& settings);
 
 private:
     [[nodiscard]] QString word(QStringView section, int index) const;

@@ -2,39 +2,35 @@
 #include "store/AppDB.h"
 
 #include <cerrno>
-#include <charconv>
 #include <cstring>
 
 #include "platform/core/Files.h"
 
 namespace suisui {
 
-int AppDB::OpenStill(std::string_view file)
+DbStatus AppDB::OpenStill(std::string_view file)
 {
     CloseFile();
     m_path = file;
-    int code = m_engine.open(m_path);
-    if (code != 0)
-        (void)fail(code);
+    const int code = m_engine.open(m_path);
+    DbStatus status = code == 0 ? holdStill() : fail(code);
     std::int64_t version = 0;
-    if (code == 0) {
-        code = holdStill();
-        if (code == 0 && m_engine.selectNumber("PRAGMA user_version", version) == 0
-            && version < schemaVersion) {
-            // Upgrading an older layout needs the write lock after all.
-            code = Open(file);
-            if (code == 0)
-                code = holdStill();
+    if (status == DbStatus::Good) {
+        if (m_engine.selectNumber("PRAGMA user_version", version) == 0 && version < schemaVersion) {
+            // To bring an older layout up takes the write lock after all.
+            status = Open(file);
+            if (status == DbStatus::Good)
+                status = holdStill();
         }
-        if (code == 0 && !(isOurs() && isWhole(m_path)))
-            code = failOwn("this is not a whole database of the program");
+        if (status == DbStatus::Good && !(isOurs() && isWhole(m_path)))
+            status = failOwn("this is no whole database of the program");
     }
-    if (code != 0)
+    if (status != DbStatus::Good)
         CloseFile();
-    return code == 0 ? succeed() : 1;
+    return status;
 }
 
-int AppDB::holdStill()
+DbStatus AppDB::holdStill()
 {
     int code = m_engine.execute("BEGIN");
     // The engine takes its lock when it first reads the file.
@@ -47,7 +43,7 @@ int AppDB::holdStill()
     return succeed();
 }
 
-int AppDB::CopyTo(const std::string& path)
+DbStatus AppDB::CopyTo(const std::string& path)
 {
     // The engine opens existing files only; an empty file is a database without tables.
     if (!makeEmptyFile(path))
@@ -55,16 +51,9 @@ int AppDB::CopyTo(const std::string& path)
     const int code = m_engine.copyTo(path);
     if (code == 0 && syncToDisk(path))
         return succeed();
-    const int status = code != 0 ? fail(code) : failOwn(path + " cannot be flushed");
+    const DbStatus status = code != 0 ? fail(code) : failOwn(path + " cannot be flushed");
     (void)removeFile(path);
     return status;
-}
-
-bool AppDB::LastWasBusy() const
-{
-    int code = 0;
-    std::from_chars(m_lastErrNo.data(), m_lastErrNo.data() + m_lastErrNo.size(), code);
-    return m_lastStatus != 0 && m_engine.errorKind(code) == EngineError::Busy;
 }
 
 } // namespace suisui

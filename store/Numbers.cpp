@@ -235,6 +235,11 @@ std::optional<double> toNumber(std::string_view text)
     return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
+std::optional<double> toFigure(std::string_view text)
+{
+    return trimmed(text).empty() ? std::optional(0.0) : toNumber(text);
+}
+
 double numberOf(std::string_view text)
 {
     const std::string_view number = trimmed(text);

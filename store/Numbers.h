@@ -20,6 +20,9 @@ namespace suisui {
 /// As CDbl, but a blank text reads as 0, as in an empty column of the master data.
 [[nodiscard]] double numberOf(std::string_view text);
 
+/// What numberOf gives; nothing where it throws.
+[[nodiscard]] std::optional<double> toFigure(std::string_view text);
+
 /// Plain decimal text of \a number, with the 15 significant digits that a double carries of any decimal text:
 /// "0", "125", "-3", "0.1". Never an exponent, never "-0". Throws RunTimeError::Overflow for infinity.
 [[nodiscard]] std::string CStr(double number);

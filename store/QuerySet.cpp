@@ -56,25 +56,25 @@ const PackedRow& QuerySet::packed(int row) const
     return m_rows[static_cast<std::size_t>(row - 1)];
 }
 
-int QuerySet::Select(std::string_view where, std::string_view order, std::string_view mode)
+int QuerySet::Select(const SqlText& where, std::string_view order, std::string_view mode)
 {
     const bool add = mode == "1" && (!m_query.keepRowsFlag || m_keepRows);
     if (!add)
         Clear();
     const std::size_t before = m_rows.size();
-    std::string sql(m_query.select);
+    SqlText sql(m_query.select);
     sql += where;
     sql += m_query.groupBy;
     if (!order.empty())
         sql += order;
-    else if (!holdsOrder(where))
+    else if (!holdsOrder(where.text()))
         sql += m_query.defaultOrder;
     const int code = m_db.m_engine.select(
         sql, [this](std::int64_t, std::span<const std::string_view> texts) { m_rows.emplace_back(texts); });
     if (code != 0) {
         m_rows.resize(before);
         m_db.failRead(code);
-        return -1;
+        return selectionFailed;
     }
     return Count();
 }

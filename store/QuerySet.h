@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "store/PackedRow.h"
+#include "store/SqlText.h"
 
 namespace suisui {
 
@@ -54,8 +55,8 @@ public:
     /// Fills the buffer with what matches \a where ("WHERE ...", with any "ORDER BY ..." in it or in
     /// \a order). Returns Count, or a negative number when the selection failed; the buffer is then empty
     /// (mode "1": as it was).
-    int Select(std::string_view where, std::string_view order, std::string_view mode);
-    int Select(std::string_view where, std::string_view mode) { return Select(where, {}, mode); }
+    int Select(const SqlText& where, std::string_view order, std::string_view mode);
+    int Select(const SqlText& where, std::string_view mode) { return Select(where, {}, mode); }
 
 private:
     AppDB& m_db;

@@ -40,21 +40,21 @@ int Recordset::start(Sqlite::Cursor cursor)
 {
     m_cursor = std::move(cursor);
     step();
-    return m_status;
+    return m_engineCode;
 }
 
 void Recordset::step()
 {
     const int code = m_cursor.next();
     m_eof = code != 0;
-    m_status = code == Sqlite::Cursor::endOfRows ? 0 : code;
+    m_engineCode = code == Sqlite::Cursor::endOfRows ? 0 : code;
 }
 
 void Recordset::close()
 {
     m_cursor.close();
     m_eof = true;
-    m_status = 0;
+    m_engineCode = 0;
 }
 
 } // namespace suisui

@@ -20,8 +20,8 @@ public:
     /// Number of columns, and the text of one by its place, counted from 0; the view lives until MoveNext.
     [[nodiscard]] int columns() const { return m_cursor.columnCount(); }
     [[nodiscard]] std::string_view text(int column) const { return m_cursor.text(column); }
-    /// 0 while every row so far could be read, otherwise the engine's code of the failure.
-    [[nodiscard]] int status() const { return m_status; }
+    /// Good while every row so far could be read.
+    [[nodiscard]] DbStatus status() const { return Sqlite::statusOf(m_engineCode); }
 
 private:
     friend class AppDB;
@@ -30,7 +30,7 @@ private:
     void close();
 
     Sqlite::Cursor m_cursor;
-    int m_status = 0;
+    int m_engineCode = 0; ///< of the last step; 0 at the end of the rows, too
     bool m_eof = true;
 };
 

@@ -44,7 +44,7 @@ public:
     {
         m_rows.MoveNext();
         take();
-        return !m_refused && m_rows.status() == 0;
+        return !m_refused && m_rows.status() == DbStatus::Good;
     }
     [[nodiscard]] std::string_view text(int column) const override
     {
@@ -71,25 +71,25 @@ private:
 
 } // namespace
 
-int AppDB::copyRows(AppDB& source, const TableDef& table, std::int64_t& added)
+DbStatus AppDB::copyRows(AppDB& source, const TableDef& table, std::int64_t& added)
 {
     added = 0;
     ShowErrors(false);
-    const int status = copyCursor(source, table, added);
+    const DbStatus status = copyCursor(source, table, added);
     source.CloseRecordset();
-    if (status != 0)
+    if (status != DbStatus::Good)
         Rollback();
     else
         ShowErrors(true);
     return status;
 }
 
-int AppDB::copyCursor(AppDB& source, const TableDef& table, std::int64_t& added)
+DbStatus AppDB::copyCursor(AppDB& source, const TableDef& table, std::int64_t& added)
 {
     Recordset& rows = source.recordset();
     if (!rows.atEof() && rows.columns() != table.columnCount())
         return failOwn("the rows have not the columns of " + std::string(table.name));
-    if (const int status = beginWrite(); status != 0)
+    if (const DbStatus status = beginWrite(); status != DbStatus::Good)
         return status;
     int code = 0;
     bool refused = false;
@@ -102,16 +102,16 @@ int AppDB::copyCursor(AppDB& source, const TableDef& table, std::int64_t& added)
     }
     if (refused)
         return failOwn("a quote in a row of " + std::string(table.name));
-    if (const int status = rows.status(); status != 0) {
-        source.failRead(status);
+    if (rows.status() != DbStatus::Good) {
+        source.failRead(rows.m_engineCode);
         return failOwn("a row of " + std::string(table.name) + " cannot be read");
     }
     return code == 0 ? succeed() : fail(code);
 }
 
-int AppDB::OpenForFilling(std::string_view file)
+DbStatus AppDB::OpenForFilling(std::string_view file)
 {
-    if (const int status = Open(file); status != 0)
+    if (const DbStatus status = Open(file); status != DbStatus::Good)
         return status;
     // One flush at the end in place of one at each step.
     int code = m_engine.execute("PRAGMA journal_mode=MEMORY");
@@ -126,9 +126,9 @@ int AppDB::OpenForFilling(std::string_view file)
     return code == 0 ? succeed() : fail(code);
 }
 
-int AppDB::FinishFilling(std::uint32_t mark)
+DbStatus AppDB::FinishFilling(std::uint32_t mark)
 {
-    if (const int status = beginWrite(); status != 0)
+    if (const DbStatus status = beginWrite(); status != DbStatus::Good)
         return status;
     for (const TableDef* table : allTables())
         for (std::size_t i = 0; i < table->indexes.size(); ++i)

@@ -10,8 +10,6 @@ namespace suisui {
 
 namespace {
 
-constexpr int refused = 1; // somebody else has changed or deleted the row
-
 /// The fixed statements of a table, composed once.
 struct Statements
 {
@@ -129,15 +127,15 @@ std::string_view RowSet::RowState(int row) const
     return state == ' ' ? std::string_view() : std::string_view(&state, 1);
 }
 
-int RowSet::Select(std::string_view where, std::string_view mode)
+int RowSet::Select(const SqlText& where, std::string_view mode)
 {
     const bool add = mode == "1" && (!m_table.keepRowsFlag || m_keepRows);
     if (!add)
         Clear();
     const std::size_t before = m_rows.size();
-    std::string sql = statementsOf(m_table).select;
+    SqlText sql(statementsOf(m_table).select);
     sql += where;
-    if (!holdsOrder(where))
+    if (!holdsOrder(where.text()))
         sql += " ORDER BY rowid"; // the order of the table
     const int code =
         m_db.m_engine.select(sql, [this](std::int64_t rowId, std::span<const std::string_view> texts) {
@@ -149,33 +147,33 @@ int RowSet::Select(std::string_view where, std::string_view mode)
     if (code != 0) {
         m_rows.resize(before);
         m_db.failRead(code);
-        return -1;
+        return selectionFailed;
     }
     return Count();
 }
 
-int RowSet::CountRows(std::string_view where)
+int RowSet::CountRows(const SqlText& where)
 {
     std::int64_t count = 0;
-    const int code = m_db.m_engine.selectNumber(statementsOf(m_table).count + std::string(where), count);
+    const int code = m_db.m_engine.selectNumber(statementsOf(m_table).count + where, count);
     if (code != 0) {
         m_db.failRead(code);
-        return -1;
+        return selectionFailed;
     }
     return static_cast<int>(count);
 }
 
-int RowSet::NewRows(int n)
+DbStatus RowSet::NewRows(int n)
 {
     if (n < 0)
-        return refused;
+        return DbStatus::Failed;
     for (int i = 0; i < n; ++i) {
         Row row;
         row.texts = PackedRow(m_table.columnCount());
         row.state = 'N';
         m_rows.push_back(std::move(row));
     }
-    return 0;
+    return DbStatus::Good;
 }
 
 /// Remembers the row as it is now, in case the unit of work is rolled back.
@@ -192,11 +190,11 @@ void RowSet::remember(int row)
     m_undo.push_back(std::move(undo));
 }
 
-int RowSet::InsertRow(int row)
+DbStatus RowSet::InsertRow(int row)
 {
     Row& target = rowAt(row);
-    if (const int code = m_db.beginWrite(); code != 0)
-        return code;
+    if (const DbStatus status = m_db.beginWrite(); status != DbStatus::Good)
+        return status;
     std::vector<std::string_view> values;
     append(values, target.texts);
     const int code = m_db.m_engine.executeBound(statementsOf(m_table).insert, values);
@@ -209,13 +207,13 @@ int RowSet::InsertRow(int row)
     return m_db.succeed();
 }
 
-int RowSet::UpdateRow(int row)
+DbStatus RowSet::UpdateRow(int row)
 {
     Row& target = rowAt(row);
     if (target.rowId == 0)
         return m_db.refuse();
-    if (const int code = m_db.beginWrite(); code != 0)
-        return code;
+    if (const DbStatus status = m_db.beginWrite(); status != DbStatus::Good)
+        return status;
     std::vector<std::string_view> values;
     append(values, target.texts);
     append(values, target.stored ? *target.stored : target.texts);
@@ -230,13 +228,13 @@ int RowSet::UpdateRow(int row)
     return m_db.succeed();
 }
 
-int RowSet::DeleteRow(int row)
+DbStatus RowSet::DeleteRow(int row)
 {
     Row& target = rowAt(row);
     if (target.rowId == 0)
         return m_db.refuse();
-    if (const int code = m_db.beginWrite(); code != 0)
-        return code;
+    if (const DbStatus status = m_db.beginWrite(); status != DbStatus::Good)
+        return status;
     std::vector<std::string_view> values;
     append(values, target.stored ? *target.stored : target.texts);
     const int code = m_db.m_engine.executeBound(statementsOf(m_table).remove, values, target.rowId);
@@ -250,7 +248,7 @@ int RowSet::DeleteRow(int row)
 }
 
 /// A row that is gone from its table is marked; one that is there was changed by somebody else.
-int RowSet::refuseRow(Row& row)
+DbStatus RowSet::refuseRow(Row& row)
 {
     std::int64_t found = 0;
     if (m_db.m_engine.selectNumberBound(statementsOf(m_table).exists, row.rowId, found) == 0 && found == 0)
@@ -258,25 +256,25 @@ int RowSet::refuseRow(Row& row)
     return m_db.refuse();
 }
 
-int RowSet::WriteRows()
+DbStatus RowSet::WriteRows()
 {
     for (int row = 1; row <= Count(); ++row) {
         const char state = rowAt(row).state;
-        int status = 0;
+        DbStatus status = DbStatus::Good;
         if (state == 'U')
             status = UpdateRow(row);
         else if (state == 'N')
             status = InsertRow(row);
-        if (status != 0)
+        if (status != DbStatus::Good)
             return status;
     }
-    return 0;
+    return DbStatus::Good;
 }
 
-int RowSet::PrepareDelete(int row)
+DbStatus RowSet::PrepareDelete(int row)
 {
     (void)rowAt(row);
-    return 0;
+    return DbStatus::Good;
 }
 
 void RowSet::Clear()

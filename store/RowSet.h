@@ -6,7 +6,7 @@
 // A row remembers the table row that it was read from and its texts. UpdateRow and DeleteRow refuse a row
 // that somebody else has changed or deleted since.
 //
-// A status is 0 for success. A count is negative when the selection failed.
+// A count is negative when the selection failed.
 #pragma once
 
 #include <cstdint>
@@ -15,8 +15,10 @@
 #include <string_view>
 #include <vector>
 
+#include "store/DbStatus.h"
 #include "store/PackedRow.h"
 #include "store/Schema.h"
+#include "store/SqlText.h"
 
 namespace suisui {
 
@@ -49,19 +51,19 @@ public:
     /// Fills the buffer with the rows that match \a where ("WHERE ... ORDER BY ...", or empty). Mode "1"
     /// adds to the rows, "" replaces them. Returns Count, or a negative number when the selection failed;
     /// the buffer is then empty (mode "1": as it was).
-    int Select(std::string_view where, std::string_view mode = {});
+    int Select(const SqlText& where, std::string_view mode = {});
     /// Rows of the table that match; the buffer is not touched.
-    [[nodiscard]] int CountRows(std::string_view where);
+    [[nodiscard]] int CountRows(const SqlText& where);
     /// Adds \a n empty rows at the end.
-    int NewRows(int n);
-    [[nodiscard]] int InsertRow(int row);
-    /// On success the row leaves the buffer and the following ones move up.
-    [[nodiscard]] int DeleteRow(int row);
-    [[nodiscard]] int UpdateRow(int row);
+    DbStatus NewRows(int n);
+    [[nodiscard]] DbStatus InsertRow(int row);
+    /// On success the row leaves the buffer and those after it move up by one.
+    [[nodiscard]] DbStatus DeleteRow(int row);
+    [[nodiscard]] DbStatus UpdateRow(int row);
     /// Updates the changed rows that came from the table and inserts the new ones.
-    [[nodiscard]] int WriteRows();
+    [[nodiscard]] DbStatus WriteRows();
     /// Called right before DeleteRow; nothing needs preparing here.
-    int PrepareDelete(int row);
+    DbStatus PrepareDelete(int row);
     void Clear();
 
 private:
@@ -81,7 +83,7 @@ private:
     Row& rowAt(int row);
     [[nodiscard]] const Row& rowAt(int row) const;
     void remember(int row);
-    int refuseRow(Row& row);
+    DbStatus refuseRow(Row& row);
 
     AppDB& m_db;
     const TableDef& m_table;

@@ -74,6 +74,12 @@ const MovementTable& movementTable(Side side)
     return tables.at(indexOf(side));
 }
 
+SqlText whereDated(const MovementTable& movements, std::string_view from, std::string_view to)
+{
+    const std::string date(movements.table.columns[static_cast<std::size_t>(movements.columns.date)]);
+    return "WHERE " + date + " >= " + bound(from) + "  AND " + date + " <= " + bound(to);
+}
+
 double rowTotal(const MovementColumns& columns, const PackedRow& row)
 {
     double returned = 0;

@@ -4,9 +4,11 @@
 
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 #include "store/PackedRow.h"
 #include "store/Schema.h"
+#include "store/SqlText.h"
 
 namespace suisui {
 
@@ -58,6 +60,9 @@ struct MovementTable
 };
 
 [[nodiscard]] const MovementTable& movementTable(Side side);
+
+/// The movements of the days \a from to \a to, both included, as YYYYMMDD.
+[[nodiscard]] SqlText whereDated(const MovementTable& movements, std::string_view from, std::string_view to);
 
 /// (quantity minus returned) times price, minus discount, of \a row, in double precision. Throws
 /// RunTimeError::TypeMismatch when a column does not hold a number.

@@ -38,42 +38,7 @@ struct InUse
     sqlite3_stmt* statement;
 };
 
-/// A statement with its quoted texts taken out, so that it is prepared once for all codes and dates.
-struct Template
-{
-    std::string sql;
-    std::vector<std::string> texts;
-};
-
-Template withoutTexts(std::string_view sql)
-{
-    Template result;
-    result.sql.reserve(sql.size());
-    std::size_t at = 0;
-    while (at < sql.size()) {
-        if (sql[at] != '\'') {
-            result.sql += sql[at++];
-            continue;
-        }
-        std::string text;
-        std::size_t end = at + 1;
-        for (; end < sql.size(); ++end) {
-            if (sql[end] == '\'' && (end + 1 >= sql.size() || sql[end + 1] != '\''))
-                break;
-            if (sql[end] == '\'')
-                ++end; // a doubled quote is one quote
-            text += sql[end];
-        }
-        if (end >= sql.size())
-            return {std::string(sql), {}}; // an open quote, which the engine reports
-        result.sql += '?';
-        result.texts.push_back(std::move(text));
-        at = end + 1;
-    }
-    return result;
-}
-
-/// Settings of a connection that the rules rely on.
+/// Statements of the connection that make it what the rules count on.
 constexpr const char* setUp[] = {
     "PRAGMA synchronous=FULL",
     "PRAGMA trusted_schema=OFF",
@@ -234,14 +199,40 @@ int Sqlite::kept(const std::string& sql, sqlite3_stmt** statement)
     return code;
 }
 
-int Sqlite::execute(std::string_view sql)
+/// The texts are copied, so that a cursor may outlive the statement that it was opened with.
+int Sqlite::bindTexts(sqlite3_stmt* statement, const std::vector<std::string>& values)
+{
+    if (values.size() != static_cast<std::size_t>(sqlite3_bind_parameter_count(statement))) {
+        m_ownError = "not as many texts as question marks";
+        return SQLITE_RANGE;
+    }
+    int code = SQLITE_OK;
+    for (std::size_t i = 0; i < values.size() && code == SQLITE_OK; ++i) {
+        if (values[i].find('\0') != std::string::npos) {
+            m_ownError = nulCharacter;
+            return SQLITE_ERROR;
+        }
+        code = sqlite3_bind_text64(statement, static_cast<int>(i) + 1, values[i].data(), values[i].size(),
+                                   SQLITE_TRANSIENT, SQLITE_UTF8);
+    }
+    return code;
+}
+
+int Sqlite::prepareBound(const SqlText& sql, Statement& statement)
 {
     sqlite3_stmt* raw = nullptr;
-    int code = prepare(sql, 0, &raw);
+    const int code = prepare(sql.text(), 0, &raw);
+    statement.reset(raw);
+    return code == SQLITE_OK ? bindTexts(raw, sql.values()) : code;
+}
+
+int Sqlite::execute(const SqlText& sql)
+{
+    Statement statement;
+    int code = prepareBound(sql, statement);
     if (code != SQLITE_OK)
         return code;
-    const Statement statement(raw);
-    while ((code = sqlite3_step(raw)) == SQLITE_ROW) {
+    while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
     }
     return code == SQLITE_DONE ? SQLITE_OK : code;
 }
@@ -271,21 +262,14 @@ int Sqlite::executeBound(const std::string& sql, std::span<const std::string_vie
     return code;
 }
 
-int Sqlite::select(std::string_view sql, const RowHandler& handler)
+int Sqlite::select(const SqlText& sql, const RowHandler& handler)
 {
-    if (sql.find('\0') != std::string_view::npos) {
-        m_ownError = nulCharacter;
-        return SQLITE_ERROR;
-    }
-    const Template wanted = withoutTexts(sql);
     sqlite3_stmt* statement = nullptr;
-    int code = kept(wanted.sql, &statement);
+    int code = kept(sql.text(), &statement);
     if (code != SQLITE_OK)
         return code;
     const InUse inUse{statement};
-    for (std::size_t i = 0; i < wanted.texts.size() && code == SQLITE_OK; ++i)
-        code = sqlite3_bind_text64(statement, static_cast<int>(i) + 1, wanted.texts[i].c_str(),
-                                   wanted.texts[i].size(), SQLITE_STATIC, SQLITE_UTF8);
+    code = bindTexts(statement, sql.values());
     const int count = sqlite3_column_count(statement) - 1;
     std::array<std::string_view, widestTable> few;
     std::vector<std::string_view> many(count > widestTable ? static_cast<std::size_t>(count) : 0);
@@ -301,17 +285,16 @@ int Sqlite::select(std::string_view sql, const RowHandler& handler)
     return code == SQLITE_DONE ? SQLITE_OK : code;
 }
 
-int Sqlite::selectNumber(std::string_view sql, std::int64_t& number)
+int Sqlite::selectNumber(const SqlText& sql, std::int64_t& number)
 {
-    sqlite3_stmt* raw = nullptr;
-    int code = prepare(sql, 0, &raw);
+    Statement statement;
+    int code = prepareBound(sql, statement);
     if (code != SQLITE_OK)
         return code;
-    const Statement statement(raw);
     number = 0;
-    code = sqlite3_step(raw);
+    code = sqlite3_step(statement.get());
     if (code == SQLITE_ROW) {
-        number = sqlite3_column_int64(raw, 0);
+        number = sqlite3_column_int64(statement.get(), 0);
         return SQLITE_OK;
     }
     return code == SQLITE_DONE ? SQLITE_OK : code;
@@ -372,31 +355,31 @@ int Sqlite::copyTo(const std::string& path)
     return code;
 }
 
-EngineError Sqlite::errorKind(int code) const
+DbStatus Sqlite::statusOf(int code)
 {
     if (code == SQLITE_OK)
-        return EngineError::None;
+        return DbStatus::Good;
     if (code == SQLITE_CONSTRAINT_UNIQUE || code == SQLITE_CONSTRAINT_PRIMARYKEY)
-        return EngineError::DuplicateKey;
+        return DbStatus::DuplicateKey;
     switch (code & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return EngineError::Busy;
+        return DbStatus::Busy;
     case SQLITE_FULL:
-        return EngineError::Full;
-    case SQLITE_IOERR: // a quota or a limit on the file's size appears as a failed write
-        return code == SQLITE_IOERR_WRITE ? EngineError::Full : EngineError::Other;
+        return DbStatus::Full;
+    case SQLITE_IOERR: // a quota or a limit on the file's size shows itself as a write that failed
+        return code == SQLITE_IOERR_WRITE ? DbStatus::Full : DbStatus::Failed;
     case SQLITE_READONLY:
     case SQLITE_PERM:
-        return EngineError::ReadOnly;
+        return DbStatus::ReadOnly;
     case SQLITE_CORRUPT:
-        return EngineError::Damaged;
+        return DbStatus::Damaged;
     case SQLITE_NOTADB:
-        return EngineError::NotADatabase;
+        return DbStatus::NotADatabase;
     case SQLITE_CANTOPEN:
-        return EngineError::NoDatabase;
+        return DbStatus::NoDatabase;
     default:
-        return EngineError::Other;
+        return DbStatus::Failed;
     }
 }
 
@@ -432,12 +415,12 @@ std::string_view Sqlite::Cursor::text(int column) const
     return columnText(m_statement.get(), column);
 }
 
-int Sqlite::openCursor(std::string_view sql, Cursor& cursor)
+int Sqlite::openCursor(const SqlText& sql, Cursor& cursor)
 {
-    sqlite3_stmt* statement = nullptr;
-    const int code = prepare(sql, 0, &statement);
+    Statement statement;
+    const int code = prepareBound(sql, statement);
     if (code == SQLITE_OK)
-        cursor = Cursor(statement);
+        cursor = Cursor(statement.release());
     return code;
 }
 

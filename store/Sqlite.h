@@ -10,6 +10,10 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
+
+#include "store/DbStatus.h"
+#include "store/SqlText.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -17,9 +21,6 @@ struct sqlite3_stmt;
 namespace suisui {
 
 class ArrivingRows;
-
-/// What a failure means to the layer above.
-enum class EngineError { None, DuplicateKey, Busy, Full, ReadOnly, Damaged, NoDatabase, NotADatabase, Other };
 
 class Sqlite
 {
@@ -47,16 +48,18 @@ public:
     [[nodiscard]] bool isOpen() const { return m_db != nullptr; }
     [[nodiscard]] bool isReadOnly() const;
 
-    /// Runs one statement without a result. Trailing text and NUL bytes are errors.
-    [[nodiscard]] int execute(std::string_view sql);
+    // A statement with trailing text, a NUL byte, or not as many bound texts as question marks is an error.
+
+    /// Runs one statement without a result.
+    [[nodiscard]] int execute(const SqlText& sql);
     /// Runs a statement with \a values bound as texts in order; the statement is prepared once and kept.
     [[nodiscard]] int executeBound(const std::string& sql, std::span<const std::string_view> values,
                                    std::int64_t rowId = 0);
     /// Runs a SELECT whose first column is the row id and hands each row's other columns to \a handler, which
-    /// must not select with the same statement itself. The statement is kept; its quoted texts are bound.
-    [[nodiscard]] int select(std::string_view sql, const RowHandler& handler);
+    /// must not select with the same statement itself. The statement is prepared once and kept.
+    [[nodiscard]] int select(const SqlText& sql, const RowHandler& handler);
     /// First column of the first row as a number.
-    [[nodiscard]] int selectNumber(std::string_view sql, std::int64_t& number);
+    [[nodiscard]] int selectNumber(const SqlText& sql, std::int64_t& number);
     /// As selectNumber, for a kept statement with \a rowId bound.
     [[nodiscard]] int selectNumberBound(const std::string& sql, std::int64_t rowId, std::int64_t& number);
 
@@ -80,7 +83,8 @@ public:
     /// Copies the database, as this connection sees it, to the empty file \a path. Does not flush it.
     [[nodiscard]] int copyTo(const std::string& path);
 
-    [[nodiscard]] EngineError errorKind(int code) const;
+    /// What an engine code means to the layer above.
+    [[nodiscard]] static DbStatus statusOf(int code);
     [[nodiscard]] std::string errorText() const;
 
     /// A forward cursor over a SELECT.
@@ -101,11 +105,14 @@ public:
     private:
         Statement m_statement;
     };
-    [[nodiscard]] int openCursor(std::string_view sql, Cursor& cursor);
+    [[nodiscard]] int openCursor(const SqlText& sql, Cursor& cursor);
 
 private:
     /// Prepares exactly one statement.
     [[nodiscard]] int prepare(std::string_view sql, unsigned flags, sqlite3_stmt** statement);
+    /// Prepares a statement for one use and binds its texts.
+    [[nodiscard]] int prepareBound(const SqlText& sql, Statement& statement);
+    [[nodiscard]] int bindTexts(sqlite3_stmt* statement, const std::vector<std::string>& values);
     [[nodiscard]] int kept(const std::string& sql, sqlite3_stmt** statement);
 
     /// The text that a pragma returns; empty when it fails.

@@ -1,28 +1,17 @@
-// Texts of conditions: quoting, the condition for a code, and whether an order is included.
+// Conditions: one code, and whether an order is asked for.
 #pragma once
 
 #include <string>
 #include <string_view>
 
+#include "store/SqlText.h"
+
 namespace suisui {
 
-/// \a text in single quotes, with quotes in it doubled, so that it cannot change the meaning of a condition.
-[[nodiscard]] inline std::string inQuotes(std::string_view text)
+/// The rows of one code.
+[[nodiscard]] inline SqlText whereCode(std::string_view code)
 {
-    std::string result = "'";
-    for (const char c : text) {
-        result += c;
-        if (c == '\'')
-            result += c;
-    }
-    result += '\'';
-    return result;
-}
-
-/// "WHERE Code='{code}'".
-[[nodiscard]] inline std::string whereCode(std::string_view code)
-{
-    return "WHERE Code=" + inQuotes(code);
+    return "WHERE Code=" + bound(code);
 }
 
 /// Whether a scanned or typed text can be a code at all. No registered code has a quote or a control

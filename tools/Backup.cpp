@@ -83,12 +83,13 @@ bool openStill(AppDB& db, const std::string& file)
 {
     db.ShowErrors(false);
     for (int i = 0; i < patience; ++i) {
-        if (db.OpenStill(file) == 0)
+        const DbStatus status = db.OpenStill(file);
+        if (status == DbStatus::Good)
             return true;
-        if (!db.LastWasBusy())
+        if (status != DbStatus::Busy)
             return false;
     }
-    throw Refused(Fault{{phrases::othersHold, {file}}, EngineError::Busy});
+    throw Refused(Fault{{phrases::othersHold, {file}}, DbStatus::Busy});
 }
 
 /// Verifies the copy at \a path; \a problems gets what does not hold in its books.
@@ -96,7 +97,7 @@ CopyProof verifyCopy(const std::string& path, const Figures& live, Language lang
                      std::vector<std::string>& problems)
 {
     AppDB copy(folderOf(path));
-    if (copy.Open(path) != 0)
+    if (copy.Open(path) != DbStatus::Good)
         throw refusedBy(copy, phrases::copyNotOpened);
     if (figuresOf(copy) != live)
         throw Refused(phrases::copyDiffers);
@@ -121,7 +122,7 @@ std::string copyLive(AppDB& live, BackupFolder& folder, const Clock& clock, cons
 {
     const Figures figures = figuresOf(live);
     const QDateTime moment = clock.now();
-    if (live.CopyTo(folder.aside()) != 0)
+    if (live.CopyTo(folder.aside()) != DbStatus::Good)
         throw Refused(Fault{causeOf(live), troubleOf(live)});
     if (wanted.letGo)
         live.Rollback(); // the shop need not wait for the verification
@@ -163,18 +164,18 @@ ToolStatus refuse(const Phrase& what, const Message& why, std::ostream& err)
 /// the note gives that of the fault.
 struct Remedy
 {
-    EngineError trouble;
+    DbStatus trouble;
     const Phrase* reason;
     const Phrase& advice;
 };
 
 constexpr Remedy remedies[] = {
-    {EngineError::Full, &phrases::noRoom, phrases::doMakeRoom},
-    {EngineError::ReadOnly, nullptr, phrases::doAllowWriting},
-    {EngineError::Busy, &phrases::inUse, phrases::doEndOthers},
-    {EngineError::Damaged, &phrases::isDamaged, phrases::doRestore},
-    {EngineError::NoDatabase, &phrases::isDamaged, phrases::doRestore},
-    {EngineError::NotADatabase, &phrases::isDamaged, phrases::doRestore},
+    {DbStatus::Full, &phrases::noRoom, phrases::doMakeRoom},
+    {DbStatus::ReadOnly, nullptr, phrases::doAllowWriting},
+    {DbStatus::Busy, &phrases::inUse, phrases::doEndOthers},
+    {DbStatus::Damaged, &phrases::isDamaged, phrases::doRestore},
+    {DbStatus::NoDatabase, &phrases::isDamaged, phrases::doRestore},
+    {DbStatus::NotADatabase, &phrases::isDamaged, phrases::doRestore},
 };
 
 /// Leaves the failure of a daily run for the program to show, in Japanese.
@@ -227,7 +228,7 @@ void verifyIncoming(const std::string& incoming, const std::string& name, bool e
     {
         AppDB db(folderOf(incoming));
         db.ShowErrors(false);
-        if (db.Open(incoming) != 0)
+        if (db.Open(incoming) != DbStatus::Good)
             throw refusedBy(db, phrases::notADatabase);
         if (const Message unfit = unfitToRestore(db, name); !unfit.empty())
             throw Refused(Fault{unfit});

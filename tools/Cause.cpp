@@ -1,7 +1,5 @@
 #include "tools/Cause.h"
 
-#include <charconv>
-
 #include "platform/core/Files.h"
 #include "store/AppDB.h"
 #include "tools/Phrases.h"
@@ -14,40 +12,37 @@ constexpr std::string_view notOpened = "unable to open database file";
 
 constexpr struct
 {
-    EngineError kind;
+    DbStatus kind;
     const Phrase& phrase;
 } meanings[] = {
-    {EngineError::Damaged, phrases::damagedDatabase},
-    {EngineError::NoDatabase, phrases::damagedDatabase},
-    {EngineError::NotADatabase, phrases::damagedDatabase},
-    {EngineError::Busy, phrases::busyDatabase},
-    {EngineError::Full, phrases::fullDisk},
-    {EngineError::ReadOnly, phrases::readOnlyDatabase},
+    {DbStatus::Damaged, phrases::damagedDatabase},
+    {DbStatus::NoDatabase, phrases::damagedDatabase},
+    {DbStatus::NotADatabase, phrases::damagedDatabase},
+    {DbStatus::Busy, phrases::busyDatabase},
+    {DbStatus::Full, phrases::fullDisk},
+    {DbStatus::ReadOnly, phrases::readOnlyDatabase},
 };
 
 } // namespace
 
-EngineError troubleOf(int code)
+DbStatus troubleOf(int code)
 {
     switch (runTimeNumber(code)) {
     case RunTimeError::DiskFull:
-        return EngineError::Full;
+        return DbStatus::Full;
     case RunTimeError::PermissionDenied:
     case RunTimeError::PathAccessError:
-        return EngineError::ReadOnly;
+        return DbStatus::ReadOnly;
     default:
-        return EngineError::Other;
+        return DbStatus::Failed;
     }
 }
 
-EngineError troubleOf(const AppDB& db)
+DbStatus troubleOf(const AppDB& db)
 {
     if (db.LastErrText() == notOpened)
-        return EngineError::ReadOnly; // the engine says no more: a file that is there lacks the permission
-    int code = 0;
-    const std::string& number = db.LastErrNo();
-    std::from_chars(number.data(), number.data() + number.size(), code);
-    return Sqlite().errorKind(code);
+        return DbStatus::ReadOnly; // the engine says no more; what is there needs the permission
+    return db.LastFailure();
 }
 
 Message causeOf(const AppDB& db)

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "store/Sqlite.h"
+#include "store/DbStatus.h"
 #include "tools/Texts.h"
 
 namespace suisui {
@@ -14,14 +14,14 @@ class AppDB;
 struct Fault
 {
     Message why;
-    EngineError trouble = EngineError::Other;
+    DbStatus trouble = DbStatus::Failed;
 };
 
 /// The system's failure \a code (an errno).
-[[nodiscard]] EngineError troubleOf(int code);
+[[nodiscard]] DbStatus troubleOf(int code);
 /// What the last failure of \a db means.
-[[nodiscard]] EngineError troubleOf(const AppDB& db);
-/// The last failure of \a db; for a damaged file also what to do about it.
+[[nodiscard]] DbStatus troubleOf(const AppDB& db);
+/// The last failure of \a db, with what can be done about a damaged file.
 [[nodiscard]] Message causeOf(const AppDB& db);
 /// A kind of text that a column may be asked to hold ("date", "whole number").
 [[nodiscard]] Message kindNamed(std::string_view english);

@@ -144,7 +144,8 @@ void CodeRows::store(const Texts& texts)
         m_rows.set(1, column, text);
         changed = true;
     }
-    if ((known && changed && m_rows.UpdateRow(1) != 0) || (!known && m_rows.InsertRow(1) != 0))
+    if ((known && changed && m_rows.UpdateRow(1) != DbStatus::Good)
+        || (!known && m_rows.InsertRow(1) != DbStatus::Good))
         return m_faults.add(cannotWrite);
     m_added += known ? 0 : 1;
     m_changed += known && changed ? 1 : 0;
@@ -300,7 +301,7 @@ bool PartRows::write(Product& product)
         m_rows.set(1, HSeihinCol::Code, part.product);
         m_rows.set(1, HSeihinCol::HSeihinCD, part.code);
         m_rows.set(1, HSeihinCol::Suuryou, part.quantity);
-        if (m_rows.InsertRow(1) != 0)
+        if (m_rows.InsertRow(1) != DbStatus::Good)
             return false;
         ++m_added;
     }
@@ -322,14 +323,14 @@ bool PartRows::writeStored(Product& product)
             return !part.settled && foldedCode(part.code) == foldedCode(stored.code);
         });
         if (wanted == product.wanted.end()) {
-            if (m_rows.DeleteRow(row) != 0) // the following rows move up
+            if (m_rows.DeleteRow(row) != DbStatus::Good) // those behind it move up
                 return false;
             ++m_removed;
             continue;
         }
         wanted->settled = true;
         m_rows.set(row, HSeihinCol::Suuryou, wanted->quantity);
-        if (m_rows.UpdateRow(row++) != 0)
+        if (m_rows.UpdateRow(row++) != DbStatus::Good)
             return false;
         ++m_changed;
     }

@@ -70,7 +70,7 @@ bool writeNew(const std::string& path, const std::string& bytes)
 bool openShop(AppDB& db, const std::string& base, std::ostream& err)
 {
     db.ShowErrors(false);
-    if (db.Open(workingFile) == 0)
+    if (db.Open(workingFile) == DbStatus::Good)
         return true;
     err << "データベースを開けません：" << workingPath(base) << "\n";
     return false;
@@ -139,7 +139,7 @@ ToolStatus takeForms(const std::string& base, const std::string& folder, std::os
         faults.push_back("表がありません：" + folder);
     if (faults.empty()) {
         db.Commit();
-        if (db.LastStatus() != 0)
+        if (db.LastStatus() != DbStatus::Good)
             faults.emplace_back("データベースに書けません");
     }
     if (!faults.empty()) {

@@ -114,13 +114,15 @@ public:
             good = set(row, i) && good;
         if (!good)
             return;
-        if (m_rows.InsertRow(1) == 0) {
+        const DbStatus status = m_rows.InsertRow(1);
+        if (status == DbStatus::Good) {
             ++m_carried;
             return;
         }
         m_report.problem(m_ours.name, row.number,
-                         m_db.LastErrNo() == "3022" ? "a row with the key " + keyOf() + " is there already"
-                                                    : m_db.LastErrText());
+                         status == DbStatus::DuplicateKey
+                             ? "a row with the key " + keyOf() + " is there already"
+                             : m_db.LastErrText());
     }
 
     void finish(int read)
@@ -202,10 +204,10 @@ void carryTable(const JetFile& file, AppDB& db, const TableDef& table, Report& r
 std::string fill(const JetFile& file, const std::string& aside, Report& report)
 {
     std::string why;
-    if (AppDB::Create(aside, &why) != 0)
+    if (AppDB::Create(aside, &why) != DbStatus::Good)
         return why;
     AppDB db(folderOf(aside));
-    if (db.OpenForFilling(aside) != 0)
+    if (db.OpenForFilling(aside) != DbStatus::Good)
         return db.LastErrText();
     if (file.missingBytes() > 0)
         report.problem("file", 0,
@@ -213,12 +215,12 @@ std::string fill(const JetFile& file, const std::string& aside, Report& report)
                            + " bytes are missing");
     for (const TableDef* table : allTables())
         carryTable(file, db, *table, report);
-    if (db.FinishFilling() != 0)
+    if (db.FinishFilling() != DbStatus::Good)
         return db.LastErrText();
     for (const std::string& problem : checkShop(db, languageOf(report.out)))
         report.problem("books", 0, problem);
     db.CloseFile();
-    return db.CloseAfterSave() == 0 ? std::string() : aside + " cannot be flushed";
+    return db.CloseAfterSave() == DbStatus::Good ? std::string() : aside + " cannot be flushed";
 }
 
 void removeAside(const std::string& aside)
@@ -266,7 +268,7 @@ ToolStatus importJet(const std::string& base, const std::string& file, bool anyw
     if (!renameToNew(aside, target) || !syncToDisk(folderOf(target)))
         return failed(target + " cannot be written");
     fs::create_directories(folderOf(empty), code);
-    if (!fs::exists(empty, code) && AppDB::Create(empty, &why) != 0) {
+    if (!fs::exists(empty, code) && AppDB::Create(empty, &why) != DbStatus::Good) {
         err << Message(phrases::complaint, {{phrases::madeButNot, {target, empty, why}}});
         return ToolStatus::Failed;
     }

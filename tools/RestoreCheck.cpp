@@ -29,7 +29,7 @@ std::map<std::string, std::string> statementsOf(AppDB& db, const std::string& ki
     std::map<std::string, std::string> found;
     if (db.OpenRecordset("SELECT type, name, sql FROM sqlite_schema WHERE type IN (" + kinds
                          + ") AND sql IS NOT NULL ORDER BY name")
-        != 0)
+        != DbStatus::Good)
         fault = causeOf(db);
     else
         for (; !db.recordset().atEof(); db.recordset().MoveNext())

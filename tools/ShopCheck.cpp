@@ -120,7 +120,7 @@ Message messageOf(const BooksDifference& difference)
 Problems problemsOf(AppDB& db)
 {
     Problems problems;
-    if (db.OpenRecordset("SELECT integrity_check AS result FROM pragma_integrity_check") != 0)
+    if (db.OpenRecordset("SELECT integrity_check AS result FROM pragma_integrity_check") != DbStatus::Good)
         return {{phrases::fileUnreadable, {causeOf(db)}}};
     for (; !db.recordset().atEof(); db.recordset().MoveNext())
         if (const std::string result = db.recordset().Fields("result"); result != "ok")

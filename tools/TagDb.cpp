@@ -55,7 +55,7 @@ const TableDef* tableNamed(std::string_view name, std::ostream& err)
 
 bool opened(AppDB& db, const std::string& base, std::ostream& err)
 {
-    if (db.Open(workingFile) == 0)
+    if (db.Open(workingFile) == DbStatus::Good)
         return true;
     (void)complain(err, {phrases::cannotOpen, {workingPath(base), causeOf(db)}});
     return false;
@@ -154,8 +154,9 @@ int insertCsv(AppDB& db, const TableDef& table, std::string_view text, Message& 
             what = {phrases::fieldCount, {std::to_string(record->size()), std::to_string(places->size())}};
         else
             what = fillRow(rows, *places, *record);
-        if (what.empty() && rows.InsertRow(1) != 0)
-            what = db.LastErrNo() == "3022" ? Message(phrases::keyThere) : causeOf(db);
+        if (what.empty())
+            if (const DbStatus status = rows.InsertRow(1); status != DbStatus::Good)
+                what = status == DbStatus::DuplicateKey ? Message(phrases::keyThere) : causeOf(db);
         if (!what.empty()) {
             error = {phrases::atLine, {std::to_string(reader.line()), what}};
             return -1;
@@ -194,7 +195,7 @@ ToolStatus createShop(const std::string& base, std::ostream& out, std::ostream& 
         }
         fs::create_directories(file.parent_path(), code);
         std::string why;
-        if (AppDB::Create(file.string(), &why) != 0)
+        if (AppDB::Create(file.string(), &why) != DbStatus::Good)
             return complain(err, {phrases::cannotMake, {file.string(), why}});
         out << Message(phrases::made, {file.string()});
         made = true;
@@ -223,7 +224,7 @@ ToolStatus sampleShop(const std::string& base, std::ostream& out, std::ostream& 
         out << Message(phrases::rowsOf, {sample.table, std::to_string(count)});
     }
     db.Commit();
-    if (db.LastStatus() == 0)
+    if (db.LastStatus() == DbStatus::Good)
         return ToolStatus::Good;
     (void)complain(err, causeOf(db));
     db.Rollback();
@@ -293,7 +294,7 @@ ToolStatus importTable(const std::string& base, std::string_view name, const std
     }
     if (count >= 0) {
         db.Commit();
-        error = db.LastStatus() == 0 ? Message() : causeOf(db);
+        error = db.LastStatus() == DbStatus::Good ? Message() : causeOf(db);
     }
     if (!error.empty()) {
         db.Rollback();

@@ -1,6 +1,6 @@
 #include "barcode/label/BarCodePrintOut.h"
 
-#include <QGuiApplication>
+#include <optional>
 
 #include "barcode/label/frm_PriCheck.h"
 #include "frame/support/ShowModal.h"
@@ -15,7 +15,11 @@ namespace suisui {
 
 namespace {
 
-constexpr int receiptMode = 3; ///< the modes behind the lists of master data are those of the tabs
+/// Place of the words of \a mode among those of its kind, which begin with \a first.
+int placeOf(LabelMode mode, LabelMode first)
+{
+    return static_cast<int>(mode) - static_cast<int>(first);
+}
 
 /// False, after a box that says so, when \a grid has fewer than \a least rows.
 bool hasRows(const LabelDesk& desk, const vaSpread& grid, int least)
@@ -31,13 +35,13 @@ bool hasRows(const LabelDesk& desk, const vaSpread& grid, int least)
 
 void showDialog(const LabelDesk& desk, const LabelSource& source)
 {
-    QGuiApplication::setOverrideCursor(hourglass());
+    std::optional<PointerShape> making(hourglass());
     frm_PriCheck dialog(source, {desk.ini, desk.msgBox, desk.barPrt, desk.readLine}, desk.form);
-    QGuiApplication::restoreOverrideCursor();
+    making.reset();
     showModal(dialog);
 }
 
-LabelSource entryRows(int mode, vaSpread& grid, int checkCol, int qtyCol)
+LabelSource entryRows(LabelMode mode, vaSpread& grid, int checkCol, int qtyCol)
 {
     return {.mode = mode,
             .grid = &grid,
@@ -52,7 +56,7 @@ LabelSource entryRows(int mode, vaSpread& grid, int checkCol, int qtyCol)
 
 } // namespace
 
-void MstBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol)
+void MstBarCodePrintOut(const LabelDesk& desk, LabelMode mode, vaSpread& grid, int checkCol)
 {
     if (!hasRows(desk, grid, 2))
         return;
@@ -60,24 +64,24 @@ void MstBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int che
     showDialog(desk, {.mode = mode,
                       .grid = &grid,
                       .checkColumn = checkCol,
-                      .quantityColumn = 0,
+                      .quantityColumn = noCell,
                       .firstRow = onEmptyRow ? grid.ActiveRow() - 1 : grid.ActiveRow(),
                       .lastRow = grid.MaxRows() - 1,
                       .asksForNumber = true,
-                      .word = desk.ini.MasterTerm(mode),
+                      .word = desk.ini.MasterTerm(placeOf(mode, LabelMode::Goods)),
                       .markedCaption = {}});
 }
 
-void MainBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol, int qtyCol)
+void MainBarCodePrintOut(const LabelDesk& desk, LabelMode mode, vaSpread& grid, int checkCol, int qtyCol)
 {
     if (!hasRows(desk, grid, 1))
         return;
     LabelSource source = entryRows(mode, grid, checkCol, qtyCol);
-    source.word = desk.ini.Term(mode - receiptMode);
+    source.word = desk.ini.Term(placeOf(mode, LabelMode::Receipts));
     showDialog(desk, source);
 }
 
-void RptBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol, int qtyCol)
+void RptBarCodePrintOut(const LabelDesk& desk, LabelMode mode, vaSpread& grid, int checkCol, int qtyCol)
 {
     if (!hasRows(desk, grid, 1))
         return;

@@ -12,6 +12,7 @@ class AppIni;
 class BarPrt;
 class MsgBox;
 class vaSpread;
+enum class LabelMode;
 
 struct LabelDesk
 {
@@ -22,11 +23,11 @@ struct LabelDesk
     QWidget* form = nullptr;       ///< parent of the dialog
 };
 
-/// Labels of master data, \a mode 0, 1 or 2; the last row of such a grid is empty.
-void MstBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol);
-/// Labels of receipts (\a mode 3) or shipments (4). \a qtyCol is 0 for one label for each row.
-void MainBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol, int qtyCol);
+/// Labels of master data: goods, components or partners; the last row of such a grid is empty.
+void MstBarCodePrintOut(const LabelDesk& desk, LabelMode mode, vaSpread& grid, int checkCol);
+/// Labels of receipts or shipments. \a qtyCol is noCell for one label of each row.
+void MainBarCodePrintOut(const LabelDesk& desk, LabelMode mode, vaSpread& grid, int checkCol, int qtyCol);
 /// Labels of a slip.
-void RptBarCodePrintOut(const LabelDesk& desk, int mode, vaSpread& grid, int checkCol, int qtyCol);
+void RptBarCodePrintOut(const LabelDesk& desk, LabelMode mode, vaSpread& grid, int checkCol, int qtyCol);
 
 } // namespace suisui

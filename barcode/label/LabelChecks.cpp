@@ -1,5 +1,8 @@
 #include "barcode/label/LabelChecks.h"
 
+#include <cmath>
+#include <optional>
+
 #include "barcode/label/LabelSetup.h"
 #include "platform/core/FillIn.h"
 
@@ -33,12 +36,12 @@ std::optional<LabelRefusal> fieldRefusal(const LabelSetup& setup, const LabelFie
 {
     if (row.check == LabelCheck::none || !setup.enabled(row.field))
         return {};
-    if (!isNumeric(setup.text(row.field)))
+    const std::optional<double> number = numberIn(setup.text(row.field));
+    if (!number)
         return notANumber(row);
-    const double number = setup.number(row.field);
-    if (row.check == LabelCheck::notZero && number == 0)
+    if (row.check == LabelCheck::notZero && *number == 0)
         return tooSmall(row);
-    if (row.check == LabelCheck::atLeastOne && nearestDot(number) == 0)
+    if (row.check == LabelCheck::atLeastOne && std::nearbyint(*number) == 0)
         return tooSmall(row);
     return {};
 }
@@ -48,7 +51,7 @@ std::optional<LabelRefusal> rangeRefusal(const LabelSetup& setup)
 {
     const QString& first = setup.text(LabelField::firstRow);
     const QString& last = setup.text(LabelField::lastRow);
-    if (numberIn(last) < numberIn(first))
+    if (setup.number(LabelField::lastRow) < setup.number(LabelField::firstRow))
         return LabelRefusal{
             u"印刷開始行 > 印刷最終行 エラー"_s,
             fillIn(u"「印刷最終行」 が 「印刷開始行」 よりも小さいです。　　　\r\n\r\n　　印刷開始行 ： "
@@ -57,7 +60,7 @@ std::optional<LabelRefusal> rangeRefusal(const LabelSetup& setup)
                    {{u"first", first}, {u"last", last}}),
             LabelField::firstRow, CorrectedRows{.first = last, .last = first, .afterFocus = true}};
     const QString end = QString::number(setup.endRow());
-    if (numberIn(last) > setup.endRow())
+    if (setup.number(LabelField::lastRow) > setup.endRow())
         return LabelRefusal{
             u"印刷可能範囲 < 印刷最終行 エラー"_s,
             fillIn(

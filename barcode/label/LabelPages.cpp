@@ -15,14 +15,9 @@ constexpr double mostLabels = 1e12;
 
 } // namespace
 
-bool isNumeric(const QString& text)
+std::optional<double> numberIn(const QString& text)
 {
-    return toNumber(text.toStdString()).has_value();
-}
-
-double numberIn(const QString& text)
-{
-    return toNumber(text.toStdString()).value_or(0);
+    return toNumber(text.toStdString());
 }
 
 std::int64_t labelsOf(double quantity)
@@ -56,8 +51,8 @@ std::int64_t labelsWanted(const CountedRows& rows, std::int64_t first, std::int6
 LabelPageRange labelPageRange(const QString& first, const QString& last, std::int32_t total)
 {
     const double pages = total;
-    double from = isNumeric(first) ? std::nearbyint(numberIn(first)) : 1;
-    double to = isNumeric(last) ? std::nearbyint(numberIn(last)) : pages;
+    double from = std::nearbyint(numberIn(first).value_or(1));
+    double to = std::nearbyint(numberIn(last).value_or(pages));
     if (from > pages || from < 1)
         from = 1;
     if (to > pages || to < 1 || to < from)

@@ -3,15 +3,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include <QString>
 
 namespace suisui {
 
-/// Whether \a text is a number, as toNumber (store/Numbers.h) has it.
-[[nodiscard]] bool isNumeric(const QString& text);
-/// The number in \a text; 0 when it is not a number.
-[[nodiscard]] double numberIn(const QString& text);
+/// A text as a number; nothing for one that is not numeric.
+[[nodiscard]] std::optional<double> numberIn(const QString& text);
 
 /// The number of labels for a quantity: rounded, halves to the even number, and bounded so that sums never
 /// overflow.

@@ -41,7 +41,7 @@ public:
 private:
     void takeGeometry()
     {
-        const bool upright = m_barPrt.orientation() == portrait;
+        const bool upright = m_barPrt.orientation() == PaperOrientation::Portrait;
         const std::int32_t x = m_barPrt.physicalOffsetX();
         const std::int32_t y = m_barPrt.physicalOffsetY();
         m_dots = {.perInchX = m_barPrt.dotsPerInchX(),

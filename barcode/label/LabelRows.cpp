@@ -1,7 +1,6 @@
 #include "barcode/label/LabelRows.h"
 
 #include "barcode/label/LabelPages.h"
-#include "platform/core/RunTimeError.h"
 #include "platform/widgets/vaSpread.h"
 #include "store/Numbers.h"
 
@@ -75,16 +74,14 @@ std::int64_t LabelRows::labels(std::int64_t row, std::int64_t eachRow) const
 {
     if (!hasCode(row))
         return 0;
-    return m_quantityColumn == 0 ? eachRow : labelsOf(numberOf(quantity(row)));
+    return m_quantityColumn == noCell ? eachRow : labelsOf(numberOf(quantity(row)));
 }
 
 std::int64_t LabelRows::labelsCounted(std::int64_t row, std::int64_t eachRow) const
 {
-    try {
-        return labels(row, eachRow);
-    } catch (const RunTimeError&) {
+    if (!hasCode(row))
         return 0;
-    }
+    return m_quantityColumn == noCell ? eachRow : labelsOf(toFigure(quantity(row)).value_or(0));
 }
 
 } // namespace suisui

@@ -18,7 +18,7 @@ class vaSpread;
 class LabelRows final : public CountedRows
 {
 public:
-    /// \a quantityColumn is 0 where every row gets the same number of labels.
+    /// \a quantityColumn is noCell where every row gets the same number of labels.
     LabelRows(vaSpread& grid, int checkColumn, int quantityColumn)
         : m_grid(grid), m_checkColumn(checkColumn), m_quantityColumn(quantityColumn)
     {

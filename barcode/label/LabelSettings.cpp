@@ -40,21 +40,21 @@ QString sheetOf(const QString& saved)
 
 QString pitchOf(const QString& saved)
 {
-    const double step = numberIn(saved);
+    const double step = numberIn(saved).value_or(0);
     return QString::number(step >= 1 && step <= barPitchSteps ? static_cast<int>(step) : usualPitch);
 }
 
 void takeBack(LabelSetup& setup, const LabelFieldRow& row, const QString& saved)
 {
-    const double number = numberIn(saved);
+    const std::optional<double> number = numberIn(saved);
     switch (row.saving.takes) {
     case LabelTakes::number:
-        if (isNumeric(saved))
+        if (number)
             setup.set(row.field, saved);
         break;
     case LabelTakes::count:
-        if (number >= 1 && number <= mostInLine)
-            setup.set(row.field, QString::number(static_cast<int>(number)));
+        if (number && *number >= 1 && *number <= mostInLine)
+            setup.set(row.field, QString::number(static_cast<int>(*number)));
         break;
     case LabelTakes::tick:
         if (setup.enabled(row.field) && isTick(saved))
@@ -71,7 +71,7 @@ void takeBack(LabelSetup& setup, const LabelFieldRow& row, const QString& saved)
 
 } // namespace
 
-void restoreLabelSettings(LabelSetup& setup, const AppIni& ini, int mode)
+void restoreLabelSettings(LabelSetup& setup, const AppIni& ini, LabelMode mode)
 {
     const auto saved = [&](const LabelFieldRow& row) {
         return ini.labelSetting(mode, QString::fromUtf16(row.saving.key));
@@ -81,7 +81,7 @@ void restoreLabelSettings(LabelSetup& setup, const AppIni& ini, int mode)
         takeBack(setup, row, saved(row));
 }
 
-void storeLabelSettings(const LabelSetup& setup, AppIni& ini, int mode)
+void storeLabelSettings(const LabelSetup& setup, AppIni& ini, LabelMode mode)
 {
     std::vector<std::pair<QString, QString>> settings;
     for (const LabelFieldRow& row : keptFields())

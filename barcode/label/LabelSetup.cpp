@@ -19,7 +19,7 @@ constexpr int mostInLine = 99; ///< columns or rows of a page
 /// The number of columns or rows in \a text; 0 when it is not a valid one.
 int countIn(const QString& text)
 {
-    const double number = numberIn(text);
+    const double number = numberIn(text).value_or(0);
     return number >= 1 && number <= mostInLine ? static_cast<int>(number) : 0;
 }
 
@@ -45,7 +45,7 @@ const QString& LabelSetup::text(LabelField field) const
 
 double LabelSetup::number(LabelField field) const
 {
-    return numberIn(text(field));
+    return numberIn(text(field)).value_or(0);
 }
 
 bool LabelSetup::ticked(LabelField box) const
@@ -204,10 +204,9 @@ void LabelSetup::setPages(const QString& first, const QString& last)
 void LabelSetup::rowsChanged()
 {
     setPages(u"0"_s, u"0"_s);
-    const double first = number(LabelField::firstRow);
-    const double last = number(LabelField::lastRow);
-    if (!isNumeric(text(LabelField::firstRow)) || !isNumeric(text(LabelField::lastRow)) || last > endRow()
-        || first < 1 || last < first)
+    const std::optional<double> first = numberIn(text(LabelField::firstRow));
+    const std::optional<double> last = numberIn(text(LabelField::lastRow));
+    if (!first || !last || *last > endRow() || *first < 1 || *last < *first)
         return;
     countPages();
 }
@@ -237,7 +236,7 @@ void LabelSetup::countPages()
 {
     const int columns = countIn(text(LabelField::columns));
     const int rows = countIn(text(LabelField::rows));
-    if (columns == 0 || rows == 0 || !isNumeric(text(LabelField::eachRow)))
+    if (columns == 0 || rows == 0 || !numberIn(text(LabelField::eachRow)))
         return;
     const bool marked = ticked(LabelField::markedRows);
     const double first = marked ? 1 : number(LabelField::firstRow);

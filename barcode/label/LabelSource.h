@@ -3,6 +3,9 @@
 
 #include <QString>
 
+#include "platform/core/NoCell.h"
+#include "store/AppIni.h"
+
 namespace suisui {
 
 class vaSpread;
@@ -10,11 +13,11 @@ class vaSpread;
 /// What is printed. The first two columns of the grid are code and name.
 struct LabelSource
 {
-    int mode = 0; ///< 0, 1, 2 the lists of master data, 3 receipts, 4 shipments; the settings are kept by it
+    LabelMode mode = LabelMode::Goods; ///< the settings are kept by it
     vaSpread* grid = nullptr;
-    int checkColumn = 0;
-    int quantityColumn = 0; ///< 0: each row gets the same number
-    int firstRow = 1;       ///< proposed rows
+    int checkColumn = noCell;
+    int quantityColumn = noCell; ///< noCell: each row gets the same number
+    int firstRow = 1;            ///< proposed rows
     int lastRow = 0;
     bool asksForNumber = true; ///< the operator may say how many labels each row gets
     QString word;              ///< name of the source

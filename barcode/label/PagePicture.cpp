@@ -43,14 +43,14 @@ public:
                         static_cast<double>(result.image.height()) / m_paper.height());
     }
 
-    void setOrientation(int) override {}
-    [[nodiscard]] int orientation() const override { return portrait; }
+    void setOrientation(PaperOrientation) override {}
+    [[nodiscard]] PaperOrientation orientation() const override { return PaperOrientation::Portrait; }
     [[nodiscard]] std::int32_t copies() const override { return 1; }
     [[nodiscard]] std::int32_t dotsPerInchX() const override { return dotsPerInch; }
     [[nodiscard]] std::int32_t dotsPerInchY() const override { return dotsPerInch; }
     [[nodiscard]] std::int32_t physicalOffsetX() const override { return 0; }
     [[nodiscard]] std::int32_t physicalOffsetY() const override { return 0; }
-    [[nodiscard]] int choosePrinter(QWidget*) override { return 1; }
+    [[nodiscard]] PrinterChoice choosePrinter(QWidget*) override { return PrinterChoice::GoOn; }
     void startDocument() override {}
     void endDocument() override {}
     void startPage() override {}

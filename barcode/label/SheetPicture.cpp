@@ -21,7 +21,7 @@ constexpr int buttonSize = 18;
 
 Millimetres lengthIn(const char16_t* text)
 {
-    return Millimetres(numberIn(QString::fromUtf16(text)));
+    return Millimetres(numberIn(QString::fromUtf16(text)).value_or(0));
 }
 
 /// A radio button that is a ring, so that the bars under it are still seen.

@@ -138,9 +138,10 @@ void frm_PriCheck::wireSheets()
 /// Takes the new content of a control, whoever has changed it.
 void frm_PriCheck::take(LabelField field, const QString& text)
 {
-    // Meant: the rounded number of millimetres is set as dots; printing sets the dots of the printer.
-    if (field == LabelField::barHeight && isNumeric(text))
-        m_around.barPrt.setBarHeight(nearestDot(numberIn(text)));
+    if (field == LabelField::barHeight)
+        // Meant: the whole number of the millimetres is set as dots; the print sets the dots of the printer.
+        if (const std::optional<double> millimetres = numberIn(text))
+            m_around.barPrt.setBarHeight(nearestDot(*millimetres));
     if (field == LabelField::barPitch && !text.isEmpty())
         m_around.barPrt.setBarPitch(text.toInt());
     if (m_showing)

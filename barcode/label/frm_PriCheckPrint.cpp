@@ -1,12 +1,11 @@
-// The OK button of the label dialog: refuses what is wrong, then prints.
-#include <QGuiApplication>
-
+// The OK button of the label dialog: what is refused, and the print.
 #include "barcode/label/LabelChecks.h"
 #include "barcode/label/LabelPrint.h"
 #include "barcode/label/LabelSettings.h"
 #include "barcode/label/frm_PriCheck.h"
 #include "platform/widgets/BarPrt.h"
 #include "platform/widgets/Hourglass.h"
+#include "platform/widgets/ReDrawOff.h"
 #include "platform/core/MsgBox.h"
 #include "platform/widgets/vaSpread.h"
 
@@ -40,12 +39,11 @@ void frm_PriCheck::CmdOK_Click()
     m_printing = true;
     m_gate.setEnabled(false);
     m_scan->stop();
-    m_around.barPrt.setOrientation(portrait);
-    const bool goOn = m_around.barPrt.choosePrinter(this) == 1;
-    if (goOn) { // no hourglass before: the operator was choosing the printer
-        QGuiApplication::setOverrideCursor(hourglass());
+    m_around.barPrt.setOrientation(PaperOrientation::Portrait);
+    const bool goOn = m_around.barPrt.choosePrinter(this) == PrinterChoice::GoOn;
+    if (goOn) { // while the printer is chosen the operator is asked, not kept waiting
+        const PointerShape working(hourglass());
         print();
-        QGuiApplication::restoreOverrideCursor();
     }
     m_gate.setEnabled(true);
     m_printing = false;
@@ -60,7 +58,7 @@ void frm_PriCheck::CmdOK_Click()
 void frm_PriCheck::print()
 {
     LabelJob wanted = m_setup.job();
-    m_source.grid->setReDraw(false); // printing clears the marks row by row
+    ReDrawOff noRedraw(*m_source.grid, ReDrawOff::ThenOn); // every row that is walked loses its mark
     if (m_setup.ticked(LabelField::rowRange))
         for (std::int64_t row = wanted.startRow; row <= wanted.endRow; ++row)
             m_rows.setMark(row, true);
@@ -70,7 +68,7 @@ void frm_PriCheck::print()
     take(LabelField::lastPage, QString::number(wanted.pages.last));
     LabelPrintOut(wanted, m_rows, m_around.ini, m_around.barPrt);
     m_around.barPrt.endDocument();
-    m_source.grid->setReDraw(true);
+    noRedraw.end();
     storeLabelSettings(m_setup, m_around.ini, m_source.mode);
 }
 

@@ -8,6 +8,7 @@
 
 #include "frame/shell/frm_End.h"
 #include "frame/support/DialogScan.h"
+#include "frame/support/FormDisabled.h"
 #include "frame/support/ShowModal.h"
 #include "lists/ListPrinting.h"
 #include "platform/core/AwayFromLoop.h"
@@ -148,7 +149,7 @@ bool Main_Module::openDatabase()
     };
     m_appDB = std::make_unique<AppDB>((m_base + u"/DB"_s).toStdString(), showError);
     m_appDB->ShowErrors(false);
-    if (m_appDB->Open(workingFile) == 0) {
+    if (m_appDB->Open(workingFile) == DbStatus::Good) {
         m_appDB->ShowErrors(true);
         return true;
     }
@@ -234,11 +235,12 @@ bool Main_Module::loadWindow()
         m_frmMain->cmdMaster_Click();
         return false;
     }
-    m_frmMain->setFormEnabled(false);
-    m_msgBox.setParent(m_frmMain.get());
-    m_frmMain->show();
-    m_frmMain->showTab(Tab::Receipt);
-    m_frmMain->setFormEnabled(true);
+    {
+        const FormDisabled disabled(*m_frmMain);
+        m_msgBox.setParent(m_frmMain.get());
+        m_frmMain->show();
+        m_frmMain->showTab(Tab::Receipt);
+    }
     if (m_appEnv->typedScans())
         m_frmMain->recogniseTypedScans();
     openReader();

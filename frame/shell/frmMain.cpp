@@ -10,7 +10,9 @@
 
 #include "barcode/label/BarCodePrintOut.h"
 #include "frame/shell/TitleBar.h"
+#include "frame/support/Busy.h"
 #include "frame/support/FocusPaint.h"
+#include "frame/support/FormDisabled.h"
 #include "frame/support/PageTools.h"
 #include "frame/support/frm_ShortWait.h"
 #include "frame/support/frm_Wait.h"
@@ -37,7 +39,6 @@ namespace {
 // What a window manager puts around the window, about.
 constexpr int frameWidth = 6;
 constexpr int titleHeight = 28;
-constexpr int firstLabelMode = 3; ///< receipts; shipments are the next
 
 QColor baseColor(const QWidget& form)
 {
@@ -138,11 +139,9 @@ void frmMain::cmdPrint_Click(Side side, int printColumn, int quantityColumn)
 {
     const auto at = indexOf(side);
     m_focusPaint->setNormal(m_entry[at]->printButton());
-    setFormEnabled(false);
+    const FormDisabled disabled(*this);
     MainBarCodePrintOut({m_around.ini, m_around.msgBox, m_around.barPrt, m_nextLine, this},
-                        firstLabelMode + static_cast<int>(side), *m_entry[at]->grid(), printColumn,
-                        quantityColumn);
-    setFormEnabled(true);
+                        movementSide(side).labelMode, *m_entry[at]->grid(), printColumn, quantityColumn);
 }
 
 void frmMain::recogniseTypedScans()
@@ -182,13 +181,10 @@ MovementListPage* frmMain::listPage(Tab tab)
 
 void frmMain::setPointer(bool hourglass)
 {
-    if (hourglass == m_hourglass)
-        return;
-    m_hourglass = hourglass;
-    if (hourglass)
-        QGuiApplication::setOverrideCursor(suisui::hourglass());
-    else
-        QGuiApplication::restoreOverrideCursor();
+    if (!hourglass)
+        m_pointer.reset();
+    else if (!m_pointer)
+        m_pointer.emplace(suisui::hourglass());
 }
 
 void frmMain::BusyOn()
@@ -290,14 +286,13 @@ void frmMain::cmdMaster_Click()
 /// False refuses.
 bool frmMain::Form_Unload()
 {
-    BusyOn();
+    const Busy busy(*this);
     m_focusPaint->setNormal(m_ui->CmdEnd);
     const BoxAnswer guard = EditGuard(currentTab());
     if (guard == BoxAnswer::Cancel) {
         setFormEnabled(true);
         m_around.run.setMasterStartFlag(false);
         m_ui->CmdEnd->setFocus();
-        BusyOff();
         return false;
     }
     if (!m_around.run.masterStartFlag() && !m_around.run.askEnd()) {
@@ -305,11 +300,9 @@ bool frmMain::Form_Unload()
         if (guard == BoxAnswer::No)
             SSTab_Click(m_currentTab); // the discarded edits disappear from the grid
         m_ui->CmdEnd->setFocus();
-        BusyOff();
         return false;
     }
     m_around.run.windowUnloaded();
-    BusyOff();
     return true;
 }
 

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 #include <QMainWindow>
 
@@ -14,6 +15,7 @@
 #include "frame/support/Frame.h"
 #include "frame/support/Page.h"
 #include "frame/support/TypedScan.h"
+#include "platform/widgets/Hourglass.h"
 
 class QComboBox;
 
@@ -187,7 +189,7 @@ private:
     bool m_guardActive = false;
     bool m_gridEnterFlag = false;
     bool m_masterMissing = false;
-    bool m_hourglass = false;
+    std::optional<PointerShape> m_pointer; ///< the hourglass, while the window is busy
     bool m_unloadAgreed = false;
 };
 

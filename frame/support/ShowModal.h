@@ -1,8 +1,12 @@
 // Showing a dialog until it is answered.
 #pragma once
 
+#include <optional>
+
 #include <QDialog>
 #include <QGuiApplication>
+
+#include "platform/widgets/Hourglass.h"
 
 namespace suisui {
 
@@ -11,12 +15,11 @@ namespace suisui {
 /// The busy window below it may show the hourglass; the dialog asks the operator and must not show it.
 inline void showModal(QDialog& dialog)
 {
-    const bool busy = QGuiApplication::overrideCursor() != nullptr;
-    if (busy)
-        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    std::optional<PointerShape> usual;
+    if (QGuiApplication::overrideCursor() != nullptr)
+        usual.emplace(Qt::ArrowCursor);
     dialog.exec();
-    if (busy)
-        QGuiApplication::restoreOverrideCursor();
+    usual.reset();
     if (QWidget* owner = dialog.parentWidget())
         owner->window()->activateWindow();
 }

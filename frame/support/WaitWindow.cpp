@@ -8,8 +8,6 @@
 #include <QScreen>
 #include <QWindow>
 
-#include "platform/widgets/Hourglass.h"
-
 namespace suisui {
 
 namespace {
@@ -48,18 +46,13 @@ WaitWindow::WaitWindow()
     });
 }
 
-WaitWindow::~WaitWindow()
-{
-    if (m_loaded)
-        QGuiApplication::restoreOverrideCursor();
-}
+WaitWindow::~WaitWindow() = default;
 
 void WaitWindow::open()
 {
     m_endMark = false;
-    if (!m_loaded)
-        QGuiApplication::setOverrideCursor(hourglass());
-    m_loaded = true;
+    if (!m_pointer)
+        m_pointer.emplace(hourglass());
     if (QGuiApplication::platformName().startsWith(u"wayland"))
         standOverMain(*this);
     adjustSize();
@@ -74,17 +67,16 @@ void WaitWindow::open()
 void WaitWindow::unload()
 {
     m_timer1.stop();
-    if (!m_loaded)
+    if (!m_pointer)
         return;
-    m_loaded = false;
-    QGuiApplication::restoreOverrideCursor();
+    m_pointer.reset();
     hide();
     closed();
 }
 
 void WaitWindow::closeEvent(QCloseEvent* event)
 {
-    event->setAccepted(!m_loaded);
+    event->setAccepted(!m_pointer);
 }
 
 } // namespace suisui

@@ -2,8 +2,12 @@
 // end mark that Timer1 looks at.
 #pragma once
 
+#include <optional>
+
 #include <QTimer>
 #include <QWidget>
+
+#include "platform/widgets/Hourglass.h"
 
 namespace suisui {
 
@@ -33,7 +37,7 @@ protected:
 private:
     QTimer m_timer1;
     bool m_endMark = false;
-    bool m_loaded = false; ///< showing, with the hourglass
+    std::optional<PointerShape> m_pointer; ///< the hourglass, while the window is there
 };
 
 } // namespace suisui

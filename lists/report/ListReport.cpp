@@ -1,5 +1,8 @@
 #include "lists/report/ListReport.h"
 
+#include <cmath>
+#include <optional>
+
 #include "lists/report/ReportForm.h"
 #include "platform/core/RunTimeError.h"
 #include "platform/widgets/vaSpread.h"
@@ -9,14 +12,12 @@ namespace suisui {
 
 namespace {
 
-/// The page number in \a text; 0 when it is not a number or too large for one.
+/// The page that \a text means; 0 when it is not a number, or not one that any report has.
 int pageNumber(const QString& text)
 {
-    try {
-        return CLng(CDbl(text.toStdString()));
-    } catch (const RunTimeError&) {
-        return 0;
-    }
+    constexpr double farthestPage = 1e9;
+    const std::optional<double> number = toNumber(text.toStdString());
+    return number && std::abs(*number) < farthestPage ? CLng(*number) : 0;
 }
 
 } // namespace
@@ -48,7 +49,7 @@ ReportStatus ListReport::printPages(const Printer_Properties& paper, ReportForm&
     for (int copy = 1; copy <= copies; ++copy)
         for (int page = range.first; page <= range.last; ++page) {
             fillPage(form, page);
-            if (printer.StartPage() != 0)
+            if (printer.StartPage() != PrintStatus::Good)
                 return ReportStatus::DrawingFailed;
             form.draw(paper);
             form.clearRows();
@@ -71,7 +72,7 @@ ReportStatus ListReport::print(const Printer_Properties& paper, const ReportHead
     try {
         const ReportStatus status = printPages(paper, form, range, pageDone);
         if (status == ReportStatus::Printed)
-            return printer.EndDoc() == 0 ? ReportStatus::Printed : ReportStatus::Failed;
+            return printer.EndDoc() == PrintStatus::Good ? ReportStatus::Printed : ReportStatus::Failed;
         printer.Abort();
         return status;
     } catch (const RunTimeError&) {

@@ -34,12 +34,12 @@ Printer_Properties::Printer_Properties(Printer& printer) : m_printer(printer) {}
 
 Printer_Properties::~Printer_Properties() = default;
 
-bool Printer_Properties::PrinterSelect(QWidget* form)
+PrinterChoice Printer_Properties::PrinterSelect(QWidget* form)
 {
-    if (!m_printer.choose(form))
-        return true;
-    takeGeometry();
-    return false;
+    const PrinterChoice choice = m_printer.choose(form);
+    if (choice == PrinterChoice::GoOn)
+        takeGeometry();
+    return choice;
 }
 
 void Printer_Properties::takeGeometry()

@@ -81,9 +81,9 @@ public:
     Printer_Properties(const Printer_Properties&) = delete;
     Printer_Properties& operator=(const Printer_Properties&) = delete;
 
-    /// Lets the operator choose the printer; the caller has set the orientation. True when cancelled; nothing
-    /// changes then.
-    [[nodiscard]] bool PrinterSelect(QWidget* form);
+    /// Lets the operator choose; the caller has set the orientation. Cancelled leaves printer and values
+    /// as they were.
+    [[nodiscard]] PrinterChoice PrinterSelect(QWidget* form);
 
     // Set by PrinterSelect.
     [[nodiscard]] double PrtOffsetX() const { return m_offsetX; }

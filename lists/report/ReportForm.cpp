@@ -9,16 +9,11 @@ namespace suisui {
 
 namespace {
 
-constexpr double inches(int twips)
-{
-    return static_cast<double>(twips) / twipsPerInch;
-}
-
-// Light enough for black text on a monochrome printer.
+// Light enough for black texts on a printer without colours.
 constexpr QRgb bandColour = qRgb(255, 248, 190);
 constexpr QRgb titleColour = qRgb(226, 230, 238);
 
-FormLabel labelOf(const TwipBox& box, int down = 0)
+FormLabel labelOf(const TwipBox& box, Twips down = {})
 {
     FormLabel label;
     label.left = inches(box.left);
@@ -29,12 +24,12 @@ FormLabel labelOf(const TwipBox& box, int down = 0)
     return label;
 }
 
-FormLine lineOf(const FixedLine& line, int down = 0)
+FormLine lineOf(const FixedLine& line, Twips down = {})
 {
-    return {.x1 = inches(line.x1),
-            .y1 = inches(line.y1 + down),
-            .x2 = inches(line.x2),
-            .y2 = inches(line.y2 + down),
+    return {.x1 = inches(line.at.x1),
+            .y1 = inches(line.at.y1 + down),
+            .x2 = inches(line.at.x2),
+            .y2 = inches(line.at.y2 + down),
             .borderWidth = line.borderWidth};
 }
 
@@ -68,16 +63,16 @@ void ReportForm::addTexts(std::span<const FixedText> texts)
 /// \a box, cut at the right side of the frame so that no text crosses it.
 TwipBox ReportForm::insideFrame(TwipBox box) const
 {
-    constexpr int gap = 45; // twips
-    const int right = m_report.titleBand.left + m_report.titleBand.width - gap;
+    constexpr Twips gap = 45_tw;
+    const Twips right = m_report.titleBand.left + m_report.titleBand.width - gap;
     box.width = std::min(box.width, right - box.left);
     return box;
 }
 
 void ReportForm::addRow(int n)
 {
-    const int down = n * m_report.pitch;
-    Row row{labelOf(m_report.rowBand, down), {}, lineOf(m_report.rowLine, down)};
+    const Twips down = m_report.pitch * n;
+    Row row{labelOf(m_report.LbYerrow, down), {}, lineOf(m_report.LnIn, down)};
     row.band.backColor = QColor::fromRgb(bandColour);
     for (const RowElement& element : m_report.cells) {
         row.cells.push_back(labelOf(insideFrame(element.box), down));

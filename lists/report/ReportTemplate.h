@@ -11,17 +11,38 @@
 
 #include "frame/support/Frame.h"
 #include "lists/report/Printer_Properties.h"
+#include "platform/core/Length.h"
 
 namespace suisui {
 
-inline constexpr int twipsPerInch = 1440;
-
+/// A place on a form. Its four figures are twips, and become so nowhere else.
 struct TwipBox
 {
-    int left;
-    int top;
-    int width;
-    int height;
+    constexpr TwipBox() = default;
+    constexpr TwipBox(int leftTwips, int topTwips, int widthTwips, int heightTwips)
+        : left(leftTwips), top(topTwips), width(widthTwips), height(heightTwips)
+    {
+    }
+    constexpr TwipBox(Twips boxLeft, Twips boxTop, Twips boxWidth, Twips boxHeight)
+        : left(boxLeft), top(boxTop), width(boxWidth), height(boxHeight)
+    {
+    }
+
+    Twips left;
+    Twips top;
+    Twips width;
+    Twips height;
+};
+
+/// A line on a form, from one end to the other, in twips as a TwipBox.
+struct TwipLine
+{
+    constexpr TwipLine(int fromX, int fromY, int toX, int toY) : x1(fromX), y1(fromY), x2(toX), y2(toY) {}
+
+    Twips x1;
+    Twips y1;
+    Twips x2;
+    Twips y2;
 };
 
 /// A text of a row, taken from a column of the grid.
@@ -47,10 +68,7 @@ struct FixedText
 
 struct FixedLine
 {
-    int x1;
-    int y1;
-    int x2;
-    int y2;
+    TwipLine at;
     int borderWidth = 1;
     bool optional = false; ///< between optional titles
 };
@@ -64,7 +82,7 @@ struct ReportTemplate
     int termIndex;
     std::u16string_view drawingError; ///< shown when a page cannot be drawn
     int rowsPerPage;
-    int pitch;
+    Twips pitch;
     std::span<const RowElement> cells;
     FixedLine rowLine;                ///< LnIn, under the row
     TwipBox rowBand;                  ///< LbYerrow, the shaded band behind the row

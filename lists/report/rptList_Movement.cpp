@@ -8,17 +8,17 @@ namespace {
 
 using enum FormAlign;
 
-constexpr int textHeight = 255;
+constexpr Twips textHeight = 255_tw;
 
 /// A print line of a movement: the place of its titles, and of its texts in the first row.
 struct PrintLine
 {
-    int titleTop;
-    int textTop;
+    Twips titleTop;
+    Twips textTop;
 };
-constexpr PrintLine first{1620, 2460};
-constexpr PrintLine second{1900, 2760};
-constexpr PrintLine third{2140, 3000};
+constexpr PrintLine first{1620_tw, 2460_tw};
+constexpr PrintLine second{1900_tw, 2760_tw};
+constexpr PrintLine third{2140_tw, 3000_tw};
 
 /// A column of the grid, and its title above it.
 struct Column
@@ -27,42 +27,42 @@ struct Column
     std::u16string_view title;
     int column;
     PrintLine line;
-    int left;
-    int width;
+    Twips left;
+    Twips width;
     FormAlign alignment = Left;
     bool optional = false;
-    int titleWidth = 0; ///< 0: that of the texts
+    Twips titleWidth = {}; ///< where it is not that of the texts
 };
 
 constexpr std::array receiptColumns{
-    Column{u"LbDate", u"入荷日", 1, first, 1260, 1005, Left, true},
-    Column{u"LbCode", u"コード", 8, first, 2670, 1755},
-    Column{u"LbGoods", u"商品名", 2, first, 4500, 4815},
-    Column{u"LbStore", u"入荷先", 3, first, 9480, 5685},
-    Column{u"LbCharge", u"担当者", 9, second, 1260, 5595},
-    Column{u"LbMemo", u"備考", 12, second, 7230, 9165, Left, true, 8760},
-    Column{u"LbPrice", u"入荷単価", 4, third, 1530, 930, Right},
-    Column{u"LbNum", u"数量", 5, third, 2460, 1665, Right},
-    Column{u"LbHenkyaku", u"返却数", 10, third, 4320, 1665, Right},
-    Column{u"LbUnit", u"単位", 11, third, 6420, 735, Centre},
-    Column{u"LbDiscount", u"値引き", 6, third, 7230, 1665, Right},
-    Column{u"LbSum", u"（合計）", 7, third, 9090, 1665, Right},
+    Column{u"LbDate", u"入荷日", 1, first, 1260_tw, 1005_tw, Left, true},
+    Column{u"LbCode", u"コード", 8, first, 2670_tw, 1755_tw},
+    Column{u"LbGoods", u"商品名", 2, first, 4500_tw, 4815_tw},
+    Column{u"LbStore", u"入荷先", 3, first, 9480_tw, 5685_tw},
+    Column{u"LbCharge", u"担当者", 9, second, 1260_tw, 5595_tw},
+    Column{u"LbMemo", u"備考", 12, second, 7230_tw, 9165_tw, Left, true, 8760_tw},
+    Column{u"LbPrice", u"入荷単価", 4, third, 1530_tw, 930_tw, Right},
+    Column{u"LbNum", u"数量", 5, third, 2460_tw, 1665_tw, Right},
+    Column{u"LbHenkyaku", u"返却数", 10, third, 4320_tw, 1665_tw, Right},
+    Column{u"LbUnit", u"単位", 11, third, 6420_tw, 735_tw, Centre},
+    Column{u"LbDiscount", u"値引き", 6, third, 7230_tw, 1665_tw, Right},
+    Column{u"LbSum", u"（合計）", 7, third, 9090_tw, 1665_tw, Right},
 };
 
 constexpr std::array shipmentColumns{
-    Column{u"LbDate", u"出荷日", 1, first, 1274, 1005, Left, true},
-    Column{u"LbCode", u"コード", 8, first, 2670, 1755},
-    Column{u"LbGoods", u"商品名", 2, first, 4500, 4815},
-    Column{u"LbStore", u"出荷先", 3, first, 9480, 5685},
-    Column{u"LbCharge", u"担当者", 9, second, 1260, 5595},
-    Column{u"LbMemo", u"備考", 13, second, 7230, 9165, Left, true, 8760},
-    Column{u"LbPrice", u"出荷単価", 4, third, 1274, 1170, Right},
-    Column{u"LbNum", u"数量", 5, third, 2520, 1665, Right},
-    Column{u"LbUnit", u"単位", 12, third, 4500, 735, Centre},
-    Column{u"LbDiscount", u"値引き", 6, third, 5310, 1665, Right},
-    Column{u"LbSum", u"（合計）", 7, third, 7290, 1665, Right},
-    Column{u"LbRHenkyaku", u"良品返品", 10, third, 9150, 1665, Right},
-    Column{u"LbFHenkyaku", u"不良返品", 11, third, 11010, 1665, Right},
+    Column{u"LbDate", u"出荷日", 1, first, 1274_tw, 1005_tw, Left, true},
+    Column{u"LbCode", u"コード", 8, first, 2670_tw, 1755_tw},
+    Column{u"LbGoods", u"商品名", 2, first, 4500_tw, 4815_tw},
+    Column{u"LbStore", u"出荷先", 3, first, 9480_tw, 5685_tw},
+    Column{u"LbCharge", u"担当者", 9, second, 1260_tw, 5595_tw},
+    Column{u"LbMemo", u"備考", 13, second, 7230_tw, 9165_tw, Left, true, 8760_tw},
+    Column{u"LbPrice", u"出荷単価", 4, third, 1274_tw, 1170_tw, Right},
+    Column{u"LbNum", u"数量", 5, third, 2520_tw, 1665_tw, Right},
+    Column{u"LbUnit", u"単位", 12, third, 4500_tw, 735_tw, Centre},
+    Column{u"LbDiscount", u"値引き", 6, third, 5310_tw, 1665_tw, Right},
+    Column{u"LbSum", u"（合計）", 7, third, 7290_tw, 1665_tw, Right},
+    Column{u"LbRHenkyaku", u"良品返品", 10, third, 9150_tw, 1665_tw, Right},
+    Column{u"LbFHenkyaku", u"不良返品", 11, third, 11010_tw, 1665_tw, Right},
 };
 
 template <std::size_t count> struct Sheet
@@ -77,10 +77,10 @@ constexpr Sheet<count> sheetOf(std::u16string_view heading, std::u16string_view 
 {
     Sheet<count> sheet{.cells = {},
                        .titles = {{{u"Label1", heading, {1110, 540, 14880, 420}, Centre, 20, true},
-                                   {u"lblselect_t", partner, {1110, 1275, 870, textHeight}}}}};
+                                   {u"lblselect_t", partner, {1110, 1275, 870, 255}}}}};
     for (std::size_t i = 0; i < count; ++i) {
         const Column& at = columns[i];
-        const int titleWidth = at.titleWidth > 0 ? at.titleWidth : at.width;
+        const Twips titleWidth = at.titleWidth > 0_tw ? at.titleWidth : at.width;
         const TwipBox titleBox{at.left, at.line.titleTop, titleWidth, textHeight};
         sheet.cells[i] = {at.name, at.column, {at.left, at.line.textTop, at.width, textHeight}, at.alignment};
         sheet.titles[2 + i] = {u"lbltltsub", at.title, titleBox, at.alignment, 9, true, at.optional};
@@ -119,8 +119,8 @@ constexpr FixedText head[] = {
 
 // The frame is outside the bands, which reach from 1110 to 15990.
 constexpr FixedLine lines[] = {
-    {1093, 1560, 1093, 11117, 2}, {1093, 420, 16007, 420, 3},   {15990, 1560, 15990, 11117, 2},
-    {1093, 1543, 16007, 1543, 2}, {1110, 2383, 15990, 2383, 2}, {1093, 11100, 16007, 11100, 2},
+    {{1093, 1560, 1093, 11117}, 2}, {{1093, 420, 16007, 420}, 3},   {{15990, 1560, 15990, 11117}, 2},
+    {{1093, 1543, 16007, 1543}, 2}, {{1110, 2383, 15990, 2383}, 2}, {{1093, 11100, 16007, 11100}, 2},
 };
 
 struct FormSide
@@ -144,10 +144,10 @@ constexpr ReportTemplate formOf(const FormSide& side)
             .termIndex = side.termIndex,
             .drawingError = side.drawingError,
             .rowsPerPage = 10,
-            .pitch = 870,
+            .pitch = 870_tw,
             .cells = side.cells,
-            .rowLine = {1110, 3270, 15990, 3270},
-            .rowBand = {1110, 2400, 14880, 300},
+            .LnIn = {{1110, 3270, 15990, 3270}},
+            .LbYerrow = {1110, 2400, 14880, 300},
             .rowsPerBand = 1,
             .titleBand = {1110, 1560, 14880, 823},
             .lines = lines,

@@ -1,6 +1,7 @@
-// Lengths that cannot be taken for one another: the operator and the sheets speak of millimetres, a printer
-// draws dots. Millimetres become dots only by a conversion that is named and knows the resolution; nothing
-// leads back. Both are as small and as fast as the numbers that they hold.
+// Lengths that cannot be taken for one another: the operator and the label sheets speak of millimetres, the
+// forms of the list reports are laid out in twips, a printer draws dots. One becomes another only by a
+// conversion that is named; the one to dots knows the resolution, and nothing leads back from there. All are
+// as small and as fast as the numbers that they hold.
 #pragma once
 
 #include <compare>
@@ -49,6 +50,34 @@ constexpr Millimetres operator""_mm(unsigned long long value)
     return Millimetres(static_cast<double>(value));
 }
 
+/// A twentieth of a printer's point, whole.
+class Twips
+{
+public:
+    constexpr Twips() = default;
+    constexpr explicit Twips(std::int32_t value) : m_value(value) {}
+    [[nodiscard]] constexpr std::int32_t value() const { return m_value; }
+
+    friend constexpr Twips operator+(Twips a, Twips b) { return Twips(a.m_value + b.m_value); }
+    friend constexpr Twips operator-(Twips a, Twips b) { return Twips(a.m_value - b.m_value); }
+    friend constexpr Twips operator*(Twips a, std::int32_t times) { return Twips(a.m_value * times); }
+    friend constexpr auto operator<=>(Twips a, Twips b) = default; // NOLINT(modernize-use-nullptr)
+
+private:
+    std::int32_t m_value = 0;
+};
+
+constexpr Twips operator""_tw(unsigned long long value)
+{
+    return Twips(static_cast<std::int32_t>(value));
+}
+
+[[nodiscard]] constexpr double inches(Twips length)
+{
+    constexpr double twipsPerInch = 1440;
+    return length.value() / twipsPerInch;
+}
+
 /// Dots of one printer. They are drawn as the whole numbers that they are, but no number becomes dots
 /// unasked.
 class Dots
@@ -62,6 +91,7 @@ private:
     std::int32_t m_value = 0;
 };
 
-static_assert(sizeof(Millimetres) == sizeof(double) && sizeof(Dots) == sizeof(std::int32_t));
+static_assert(sizeof(Millimetres) == sizeof(double) && sizeof(Twips) == sizeof(std::int32_t)
+              && sizeof(Dots) == sizeof(std::int32_t));
 
 } // namespace suisui

@@ -10,12 +10,11 @@
 
 #include "platform/core/BarPitch.h"
 #include "platform/core/Length.h"
+#include "platform/widgets/PrintStatus.h"
 
 class QWidget;
 
 namespace suisui {
-
-inline constexpr int portrait = 1;
 
 /// A measure that is drawn: the nearest number of dots, at least one.
 [[nodiscard]] Dots millimetreDots(Millimetres length, std::int32_t perInch);
@@ -37,9 +36,8 @@ public:
     void setBarPitch(int step) { m_barPitch = step; }
     [[nodiscard]] int barPitch() const { return m_barPitch; }
 
-    /// 1 is portrait.
-    virtual void setOrientation(int orientation) = 0;
-    [[nodiscard]] virtual int orientation() const = 0;
+    virtual void setOrientation(PaperOrientation orientation) = 0;
+    [[nodiscard]] virtual PaperOrientation orientation() const = 0;
     /// Copies asked for in the printer dialog.
     [[nodiscard]] virtual std::int32_t copies() const = 0;
     [[nodiscard]] virtual std::int32_t dotsPerInchX() const = 0;
@@ -48,8 +46,8 @@ public:
     [[nodiscard]] virtual std::int32_t physicalOffsetX() const = 0;
     [[nodiscard]] virtual std::int32_t physicalOffsetY() const = 0;
 
-    /// Shows the printer dialog over \a form. 1 means go on, anything else that the operator has cancelled.
-    [[nodiscard]] virtual int choosePrinter(QWidget* form) = 0;
+    /// Shows the printer dialog over \a form.
+    [[nodiscard]] virtual PrinterChoice choosePrinter(QWidget* form) = 0;
     virtual void startDocument() = 0;
     virtual void endDocument() = 0;
     virtual void startPage() = 0;

@@ -35,4 +35,14 @@ QCursor hourglass()
     return still;
 }
 
+PointerShape::PointerShape(const QCursor& shape)
+{
+    QGuiApplication::setOverrideCursor(shape);
+}
+
+PointerShape::~PointerShape()
+{
+    QGuiApplication::restoreOverrideCursor();
+}
+
 } // namespace suisui

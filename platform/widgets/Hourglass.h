@@ -9,4 +9,14 @@ namespace suisui {
 /// the last picture of a moving pointer after it has freed it, and crashes there sooner or later.
 [[nodiscard]] QCursor hourglass();
 
+/// The pointer of the whole program has another shape while it lives.
+class PointerShape
+{
+public:
+    explicit PointerShape(const QCursor& shape);
+    ~PointerShape();
+    PointerShape(const PointerShape&) = delete;
+    PointerShape& operator=(const PointerShape&) = delete;
+};
+
 } // namespace suisui

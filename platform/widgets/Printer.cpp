@@ -141,13 +141,13 @@ PaperOrientation Printer::orientation() const
                                                                          : PaperOrientation::Portrait;
 }
 
-bool Printer::choose(QWidget* parent)
+PrinterChoice Printer::choose(QWidget* parent)
 {
     auto candidate = copyOf(device());
     candidate->setDocName(m_documentName); // the dialog names a file after it when the operator turns to PDF
     proposeFile(*candidate);
     if (!m_dialog(*candidate, parent))
-        return false;
+        return PrinterChoice::Cancelled;
     m_copies = std::max(1, candidate->copyCount());
     candidate->setCopyCount(1);
     candidate->setFullPage(true);
@@ -155,7 +155,7 @@ bool Printer::choose(QWidget* parent)
         candidate->setResolution(
             workingResolution(QPrinterInfo::printerInfo(candidate->printerName()).supportedResolutions()));
     m_printer = std::move(candidate);
-    return true;
+    return PrinterChoice::GoOn;
 }
 
 /// The dialog writes to a PDF file when no printer is there or the operator wants one: beside the last one,
@@ -211,24 +211,24 @@ void Printer::StartDoc()
     m_pages = 0;
 }
 
-int Printer::StartPage()
+PrintStatus Printer::StartPage()
 {
     const bool open = m_pages == 0 ? present() && m_painter.begin(&device()) : device().newPage();
     if (!open || device().printerState() == QPrinter::Error)
-        return -1;
+        return PrintStatus::Failed;
     if (m_pages++ == 0) {
         const PrinterGeometry dots = geometry();
         m_painter.translate(dots.offsetX, dots.offsetY);
     }
-    return 0;
+    return PrintStatus::Good;
 }
 
-int Printer::EndDoc()
+PrintStatus Printer::EndDoc()
 {
     if (!m_painter.isActive())
-        return 0;
+        return PrintStatus::Good;
     const bool ended = m_painter.end();
-    return ended && arrivedWhole() ? 0 : -1;
+    return ended && arrivedWhole() ? PrintStatus::Good : PrintStatus::Failed;
 }
 
 bool Printer::arrivedWhole() const

@@ -7,14 +7,14 @@
 //
 //     printer.setOrientation(PaperOrientation::Portrait);
 //     printer.setDocumentName(u"バーコード"_s);
-//     if (!printer.choose(form))
-//         return;                          // cancelled, all as it was
+//     if (printer.choose(form) == PrinterChoice::Cancelled)
+//         return;                          // all as it was
 //     printer.StartDoc();
 //     for (each page) {
-//         if (printer.StartPage() != 0) …  // no paper, no file: printer.Abort()
+//         if (printer.StartPage() != PrintStatus::Good) …  // no paper, no file: printer.Abort()
 //         printer.painter().fillRect(…);   // dots
 //     }
-//     if (printer.EndDoc() != 0) …         // the document did not arrive
+//     if (printer.EndDoc() != PrintStatus::Good) …     // the document did not arrive
 #pragma once
 
 #include <functional>
@@ -24,11 +24,11 @@
 #include <QPrinter>
 #include <QString>
 
+#include "platform/widgets/PrintStatus.h"
+
 class QWidget;
 
 namespace suisui {
-
-enum class PaperOrientation { Portrait = 1, Landscape = 2 };
 
 /// What a printer and its paper measure, in dots.
 struct PrinterGeometry
@@ -58,9 +58,8 @@ public:
     /// Name of the job, and of the PDF file that the dialog proposes.
     void setDocumentName(const QString& name) { m_documentName = name; }
 
-    /// Shows the dialog. False: cancelled, and the printer is as it was. Paper is whatever the operator
-    /// picks.
-    [[nodiscard]] bool choose(QWidget* parent);
+    /// Shows the dialog. Cancelled leaves the printer as it was. Paper is whatever the operator picks.
+    [[nodiscard]] PrinterChoice choose(QWidget* parent);
 
     [[nodiscard]] PrinterGeometry geometry() const;
     /// Copies asked for in the dialog, at least 1. Making them is the caller's: the device is told one.
@@ -72,12 +71,12 @@ public:
 
     /// Opens a document. A document that gets no page prints nothing.
     void StartDoc();
-    /// Opens the next page, the first one too. Nonzero when printer or file is not there or takes no more.
-    [[nodiscard]] int StartPage();
+    /// Opens the next page, the first one too.
+    [[nodiscard]] PrintStatus StartPage();
     /// Draws on the open page.
     [[nodiscard]] QPainter& painter() { return m_painter; }
-    /// Closes the document. Nonzero when it did not reach the printer or the file whole.
-    [[nodiscard]] int EndDoc();
+    /// Closes the document. Failed when it did not reach the printer or the file whole.
+    [[nodiscard]] PrintStatus EndDoc();
     /// Closes the document as far as it is, without looking at what became of it.
     void Abort();
 

@@ -28,15 +28,14 @@ PrinterBarPrt::~PrinterBarPrt()
         m_printer.Abort();
 }
 
-void PrinterBarPrt::setOrientation(int orientation)
+void PrinterBarPrt::setOrientation(PaperOrientation orientation)
 {
-    m_printer.setOrientation(orientation == portrait ? PaperOrientation::Portrait
-                                                     : PaperOrientation::Landscape);
+    m_printer.setOrientation(orientation);
 }
 
-int PrinterBarPrt::orientation() const
+PaperOrientation PrinterBarPrt::orientation() const
 {
-    return static_cast<int>(m_printer.orientation());
+    return m_printer.orientation();
 }
 
 std::int32_t PrinterBarPrt::copies() const
@@ -64,10 +63,10 @@ std::int32_t PrinterBarPrt::physicalOffsetY() const
     return whole(m_printer.geometry().offsetY);
 }
 
-int PrinterBarPrt::choosePrinter(QWidget* form)
+PrinterChoice PrinterBarPrt::choosePrinter(QWidget* form)
 {
     m_printer.setDocumentName(u"バーコード"_s);
-    return m_printer.choose(form) ? 1 : 0;
+    return m_printer.choose(form);
 }
 
 void PrinterBarPrt::startDocument()
@@ -84,13 +83,13 @@ void PrinterBarPrt::endDocument()
     m_documentOpen = false;
     if (m_pageFailed)
         m_printer.Abort();
-    if (m_pageFailed || m_printer.EndDoc() != 0)
+    if (m_pageFailed || m_printer.EndDoc() != PrintStatus::Good)
         m_failed();
 }
 
 void PrinterBarPrt::startPage()
 {
-    m_pageOpen = !m_pageFailed && m_printer.StartPage() == 0;
+    m_pageOpen = !m_pageFailed && m_printer.StartPage() == PrintStatus::Good;
     m_pageFailed = !m_pageOpen;
     if (m_pageOpen)
         m_printer.painter().setRenderHint(QPainter::Antialiasing, false);

@@ -17,15 +17,15 @@ public:
     /// A document that is still open is given up.
     ~PrinterBarPrt() override;
 
-    void setOrientation(int orientation) override;
-    [[nodiscard]] int orientation() const override;
+    void setOrientation(PaperOrientation orientation) override;
+    [[nodiscard]] PaperOrientation orientation() const override;
     [[nodiscard]] std::int32_t copies() const override;
     [[nodiscard]] std::int32_t dotsPerInchX() const override;
     [[nodiscard]] std::int32_t dotsPerInchY() const override;
     [[nodiscard]] std::int32_t physicalOffsetX() const override;
     [[nodiscard]] std::int32_t physicalOffsetY() const override;
 
-    [[nodiscard]] int choosePrinter(QWidget* form) override;
+    [[nodiscard]] PrinterChoice choosePrinter(QWidget* form) override;
     void startDocument() override;
     void endDocument() override;
     void startPage() override;

@@ -19,6 +19,7 @@
 #include "platform/widgets/EnterButton.h"
 #include "platform/widgets/EnterKey.h"
 #include "platform/widgets/FocusColor.h"
+#include "platform/widgets/Hourglass.h"
 #include "platform/widgets/ReaderPace.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -214,13 +215,13 @@ BoxAnswer ScreenMsgBox::show(const Box& box)
     QWidget* owner =
         QApplication::activeModalWidget() != nullptr ? QApplication::activeModalWidget() : m_parent;
     BoxDialog dialog(box, owner);
-    QGuiApplication::setOverrideCursor(Qt::ArrowCursor); // the operator is asked, not kept waiting
+    std::optional<PointerShape> usual(Qt::ArrowCursor); // the operator is asked, not kept waiting
     dialog.setModal(true); // before it is shown: nothing else may take input for a moment
     dialog.show();
     dialog.activateWindow();
     dialog.raise();
     dialog.exec();
-    QGuiApplication::restoreOverrideCursor();
+    usual.reset();
     if (owner != nullptr)
         owner->activateWindow(); // without a window manager nothing else does
     return dialog.answer();

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <numeric>
+#include <optional>
 
 #include "store/FoldedCode.h"
 #include "store/Numbers.h"
@@ -14,8 +15,8 @@ namespace suisui {
 
 namespace {
 
-/// Figures as the grids show them: whole, grouped by commas. Not a number for all other texts.
-double groupedFigure(std::string_view text)
+/// Figures as the grids show them: whole, grouped by commas. Nothing for all other texts.
+std::optional<double> groupedFigure(std::string_view text)
 {
     constexpr int exactDigits = 15; // so many a double holds to the last
     const bool minus = text.starts_with('-');
@@ -26,25 +27,21 @@ double groupedFigure(std::string_view text)
             value = value * 10 + (c - '0');
             ++digits;
         } else if (c != ',') {
-            return std::numeric_limits<double>::quiet_NaN();
+            return std::nullopt;
         }
         if (digits > exactDigits)
-            return std::numeric_limits<double>::quiet_NaN();
+            return std::nullopt;
     }
     if (digits == 0)
-        return std::numeric_limits<double>::quiet_NaN();
+        return std::nullopt;
     return static_cast<double>(minus ? -value : value);
 }
 
 double sortValue(std::string_view text)
 {
-    if (const double figure = groupedFigure(text); !std::isnan(figure))
-        return figure;
-    try {
-        return CDbl(text);
-    } catch (const std::exception&) {
-        return -std::numeric_limits<double>::infinity();
-    }
+    if (const std::optional<double> figure = groupedFigure(text))
+        return *figure;
+    return toNumber(text).value_or(-std::numeric_limits<double>::infinity());
 }
 
 } // namespace

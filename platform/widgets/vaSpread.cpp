@@ -9,6 +9,7 @@
 
 #include "platform/widgets/SpreadDelegate.h"
 #include "platform/widgets/SpreadHeader.h"
+#include "platform/widgets/ReDrawOff.h"
 #include "platform/widgets/SpreadModel.h"
 
 namespace suisui {
@@ -162,18 +163,15 @@ void vaSpread::DeleteRows(int row, int count)
 
 void vaSpread::InsertRowsAt(std::span<const int> rows)
 {
-    const bool shown = ReDraw();
-    setReDraw(false);
+    const ReDrawOff noRedraw(*this);
     m_activeRow += static_cast<int>(
         std::count_if(rows.begin(), rows.end(), [this](int row) { return row <= m_activeRow; }));
     m_model->insertAt(rows);
-    setReDraw(shown);
 }
 
 void vaSpread::DeleteRowsWhere(const std::function<bool(int row)>& gone)
 {
-    const bool shown = ReDraw();
-    setReDraw(false);
+    const ReDrawOff noRedraw(*this);
     int above = 0;
     bool cursorGoes = false;
     m_model->removeWhere([&](int row) {
@@ -183,7 +181,6 @@ void vaSpread::DeleteRowsWhere(const std::function<bool(int row)>& gone)
         return leaves;
     });
     m_activeRow = cursorGoes ? 0 : m_activeRow - above;
-    setReDraw(shown);
 }
 
 void vaSpread::setReDraw(bool on)

@@ -16,6 +16,7 @@
 #include <QColor>
 #include <QTableView>
 
+#include "platform/core/NoCell.h"
 #include "store/PackedRow.h"
 
 namespace suisui {

@@ -212,7 +212,8 @@ TEST_F(ReceiptBookingTest, commitThatFails_leavesNothing)
     desk.goods("A", "5", "5");
     {
         AppDB reader(desk.shop.databaseFolder());
-        ASSERT_EQ(reader.OpenStill(desk.shop.databaseFile()), 0); // others' commits wait, and give up
+        ASSERT_EQ(reader.OpenStill(desk.shop.databaseFile()),
+                  DbStatus::Good); // others' commits wait, and give up
         EXPECT_EQ(tab.book("A"), BookResult::NotStored);
         EXPECT_FALSE(desk.db.inUnit());
     }

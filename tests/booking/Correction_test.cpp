@@ -293,7 +293,8 @@ TEST(ReceiptCorrection, updateWhoseCommitFails_leavesNothing)
     tab.type(1, 8, 0);
     {
         AppDB reader(desk.shop.databaseFolder());
-        ASSERT_EQ(reader.OpenStill(desk.shop.databaseFile()), 0); // others' commits wait, and give up
+        ASSERT_EQ(reader.OpenStill(desk.shop.databaseFile()),
+                  DbStatus::Good); // others' commits wait, and give up
         EXPECT_EQ(tab.edit.update(), EditResult::Failed);
         EXPECT_FALSE(desk.db.inUnit());
     }

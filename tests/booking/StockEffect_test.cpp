@@ -43,7 +43,7 @@ void addRows(const RowSet& rows, Side side, Returns returns, const std::vector<P
 /// What one SELECT of movedOfCode says.
 std::string movedText(AppDB& db, const std::string& code, Returns returns)
 {
-    EXPECT_EQ(db.OpenRecordset(movedOfCode(code, returns)), 0);
+    EXPECT_EQ(db.OpenRecordset(movedOfCode(code, returns)), DbStatus::Good);
     std::string text = db.recordset().Fields("Moved");
     db.CloseRecordset();
     return text;
@@ -56,7 +56,7 @@ std::map<std::string, double> movedByStatements(AppDB& db, Returns returns)
     for (const std::string& select : movedByStockRow(returns)) {
         EXPECT_EQ(db.OpenRecordset("SELECT ZaikoTB.Code AS Code, CStr(Sums.Moved) AS Moved FROM (" + select
                                    + ") AS Sums INNER JOIN ZaikoTB ON ZaikoTB.rowid = Sums.Item"),
-                  0);
+                  DbStatus::Good);
         for (; !db.recordset().atEof(); db.recordset().MoveNext()) {
             double& sum = moved[foldedCode(db.recordset().Fields("Code"))];
             sum = plus(sum, CDbl(db.recordset().Fields("Moved")));

@@ -19,7 +19,7 @@ class ZaikoPostTest : public ::testing::Test
 protected:
     ZaikoPostTest() : db(shop.databaseFolder())
     {
-        if (db.Open("trnvik.mdb") != 0)
+        if (db.Open("trnvik.mdb") != DbStatus::Good)
             std::abort();
     }
 

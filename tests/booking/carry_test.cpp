@@ -16,10 +16,10 @@ namespace {
 
 const std::string now = "20260401090000";
 
-int carried(BooksDesk& desk, const std::string& stamp = now)
+DbStatus carried(BooksDesk& desk, const std::string& stamp = now)
 {
-    const int status = carryForward(desk.db, stamp, [] {});
-    if (status == 0)
+    const DbStatus status = carryForward(desk.db, stamp, [] {});
+    if (status == DbStatus::Good)
         desk.db.Commit();
     else
         desk.db.Rollback();
@@ -49,7 +49,7 @@ TEST(CarryForward, isWhatTheMovementsLeaveOver)
     desk.receipt("A", "0000012", "20260301", "20260301090000");
     desk.receipt("A", "-000002", "20260302", "20260302090000");
     desk.shipment("A", "0000004", "20260303", "20260303090000");
-    ASSERT_EQ(carried(desk), 0);
+    ASSERT_EQ(carried(desk), DbStatus::Good);
     EXPECT_EQ(desk.rows("ZaikoTB"), Lines{"A|10|4|20260101000000|" + now});
 }
 
@@ -58,7 +58,7 @@ TEST(CarryForward, codeWithoutMovements_carriesItsWholeStock_asAPlainNumber)
     BooksDesk desk;
     desk.stock("A", "0000012", "5");
     desk.stock("B", "-3", "0");
-    ASSERT_EQ(carried(desk), 0);
+    ASSERT_EQ(carried(desk), DbStatus::Good);
     EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"A|12", "B|-3"}));
     EXPECT_EQ(desk.stockColumn("ZaikoSuu"), (Lines{"A|0000012", "B|-3"})) << "the stock itself never moves";
 }
@@ -72,7 +72,7 @@ TEST(CarryForward, receiptsOfAProduct_giveBackItsComponents_shipmentsDoNot)
     desk.component("SET", "MISSING", "1");
     desk.receipt("SET", "0000004", "20260301", "20260301090000");
     desk.shipment("SET", "0000001", "20260302", "20260302090000");
-    ASSERT_EQ(carried(desk), 0);
+    ASSERT_EQ(carried(desk), DbStatus::Good);
     EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"PART|110", "SET|0"}));
 }
 
@@ -85,7 +85,7 @@ TEST(CarryForward, tenthsAddUp_withoutATail)
     for (int i = 0; i < 3; ++i)
         desk.receipt("SET", "0000001", "20260301", std::to_string(20260301090000 + i));
     desk.receipt("BIG", "1000000", "20260301", "20260301090000");
-    ASSERT_EQ(carried(desk), 0);
+    ASSERT_EQ(carried(desk), DbStatus::Good);
     EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"BIG|0.1", "PART|0"}));
 }
 
@@ -94,7 +94,7 @@ TEST(CarryForward, returnedQuantitiesHaveNoPartInIt)
     BooksDesk desk;
     desk.stock("A", "10", "0");
     desk.receipt("A", "0000012", "20260301", "20260301090000", "", "0000002");
-    ASSERT_EQ(carried(desk), 0);
+    ASSERT_EQ(carried(desk), DbStatus::Good);
     EXPECT_EQ(desk.stockColumn("KuriSuu"), Lines{"A|-2"});
 }
 
@@ -105,7 +105,7 @@ TEST(CarryForward, codesMeetWithoutRegardToLetterCase)
     desk.component("Set", "ABC", "1");
     desk.receipt("ABC", "0000001", "20260301", "20260301090000");
     desk.receipt("SET", "0000002", "20260301", "20260301090000");
-    ASSERT_EQ(carried(desk), 0);
+    ASSERT_EQ(carried(desk), DbStatus::Good);
     EXPECT_EQ(desk.stockColumn("KuriSuu"), Lines{"abc|11"});
 }
 
@@ -115,7 +115,7 @@ TEST(CarryForward, rowPostedInTheSameSecond_goesOnFromWhatItCarried)
     desk.shop->add(zaikoTable, {"A", "10", "3", "20260101000000", now});
     desk.shop->add(zaikoTable, {"B", "10", "0000003", "20260101000000", now});
     desk.receipt("A", "0000001", "20260301", "20260301090000");
-    ASSERT_EQ(carried(desk), 0);
+    ASSERT_EQ(carried(desk), DbStatus::Good);
     EXPECT_EQ(desk.stockColumn("KuriSuu"), (Lines{"A|2", "B|0000003"}));
 }
 
@@ -126,7 +126,7 @@ TEST(CarryForward, rowStampedLaterThanNow_isCarriedFromItsStock)
     desk.shop->add(zaikoTable, {"A", "10", "3", "20260101000000", "20260402080000"});
     desk.shop->add(zaikoTable, {"B", "0000007", "3", "20260101000000", "20260402080000"});
     desk.receipt("A", "0000001", "20260301", "20260301090000");
-    ASSERT_EQ(carried(desk), 0);
+    ASSERT_EQ(carried(desk), DbStatus::Good);
     EXPECT_EQ(desk.rows("ZaikoTB"),
               (Lines{"A|10|9|20260101000000|" + now, "B|0000007|7|20260101000000|" + now}));
 }
@@ -136,9 +136,9 @@ TEST(CarryForward, runAgain_givesTheSame)
     BooksDesk desk;
     desk.stock("A", "10.5", "0");
     desk.receipt("A", "0000012", "20260301", "20260301090000");
-    ASSERT_EQ(carried(desk), 0);
+    ASSERT_EQ(carried(desk), DbStatus::Good);
     const Lines once = desk.stockColumn("KuriSuu");
-    ASSERT_EQ(carried(desk, "20260401090001"), 0);
+    ASSERT_EQ(carried(desk, "20260401090001"), DbStatus::Good);
     EXPECT_EQ(desk.stockColumn("KuriSuu"), once);
     EXPECT_EQ(desk.stockColumn("UpdDate"), Lines{"A|20260401090001"});
 }
@@ -148,10 +148,10 @@ TEST(CarryForward, quantityThatIsNotANumber_fails_andChangesNothing)
     BooksDesk desk;
     desk.stock("A", "10", "3");
     desk.receipt("NOSTOCK", "many", "20260301", "20260301090000");
-    ASSERT_EQ(carried(desk), 0) << "no stock row asks for that quantity";
+    ASSERT_EQ(carried(desk), DbStatus::Good) << "no stock row asks for that quantity";
     desk.receipt("A", "many", "20260301", "20260301090001");
     const Lines before = desk.rows("ZaikoTB");
-    EXPECT_NE(carried(desk, "20260401090001"), 0);
+    EXPECT_NE(carried(desk, "20260401090001"), DbStatus::Good);
     EXPECT_EQ(desk.rows("ZaikoTB"), before);
 }
 
@@ -188,7 +188,7 @@ TEST(CarryForward, ofRandomBooks_isTheRunningSumOfEveryRow)
                 expected[code] += std::lround(CDbl(quantity)) * 1000;
             }
         }
-        ASSERT_EQ(carried(desk), 0);
+        ASSERT_EQ(carried(desk), DbStatus::Good);
         desk.db.ZaikoTbl().Select({});
         ASSERT_EQ(desk.db.ZaikoTbl().Count(), 12);
         for (int row = 1; row <= 12; ++row) {

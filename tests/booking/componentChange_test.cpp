@@ -28,7 +28,7 @@ protected:
         stock("APPLE", "83", "100");
         stock("BASKET", "15", "20");
         stock("OTHER", "7", "7");
-        if (db.Open("trnvik.mdb") != 0)
+        if (db.Open("trnvik.mdb") != DbStatus::Good)
             std::abort();
         EXPECT_EQ(checkShop(db), Texts{});
     }
@@ -54,7 +54,7 @@ protected:
     {
         const bool done = changeComponents(db, "20260402090000", [&] {
             db.Execute(sql);
-            return db.LastStatus() == 0;
+            return db.LastStatus() == DbStatus::Good;
         });
         if (done)
             db.Commit();

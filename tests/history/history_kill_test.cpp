@@ -27,7 +27,7 @@ using Lines = std::vector<std::string>;
 void fill(const TempShop& shop)
 {
     AppDB db(shop.databaseFolder());
-    ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+    ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
     const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<"
                                 + std::to_string(movements + kept) + ") ";
     const std::string date = "iif(i<=" + std::to_string(movements) + ",'20260115','20260301')";
@@ -43,7 +43,7 @@ void fill(const TempShop& shop)
               "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i+1 FROM n WHERE i<49) INSERT INTO ZaikoTB "
               "SELECT 'G'||i,'1000','0','20260101000000','20260101000000' FROM n")}) {
         db.Execute(statement);
-        ASSERT_EQ(db.LastStatus(), 0) << db.LastErrText();
+        ASSERT_EQ(db.LastStatus(), DbStatus::Good) << db.LastErrText();
     }
     db.Commit();
 }
@@ -92,7 +92,7 @@ TEST(HistoryKill, atAHundredRandomInstants_everyMovementIsThereOnce)
     const TempShop shop;
     QDir(shop.base()).mkpath(QStringLiteral("old"));
     QDir(shop.base()).mkpath(QStringLiteral("db"));
-    ASSERT_EQ(AppDB::Create((shop.base() + QStringLiteral("/db/trnorg.mdb")).toStdString()), 0);
+    ASSERT_EQ(AppDB::Create((shop.base() + QStringLiteral("/db/trnorg.mdb")).toStdString()), DbStatus::Good);
     fill(shop);
     const QString folder = shop.base() + QStringLiteral("/old");
     const std::string file = (shop.base() + QStringLiteral("/old/RRK20260101-20260131.hst")).toStdString();
@@ -114,7 +114,7 @@ TEST(HistoryKill, atAHundredRandomInstants_everyMovementIsThereOnce)
 
         const bool saving = wasSaving(worker, first);
         AppDB db(shop.databaseFolder());
-        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         const Lines listed = shop.query("SELECT FileSize FROM RirekiTB WHERE DateFrom<>'Trn'");
         if (saving && listed.empty()) {
             ASSERT_FALSE(QFile::exists(QString::fromStdString(file))) << "it could be loaded, turn " << turn;

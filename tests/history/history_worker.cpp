@@ -17,7 +17,7 @@ int main(int argc, char** argv)
         return 1;
     const QString base = QString::fromLocal8Bit(argv[1]);
     AppDB db((base + QStringLiteral("/DB")).toStdString());
-    if (db.Open("trnvik.mdb") != 0)
+    if (db.Open("trnvik.mdb") != DbStatus::Good)
         return 1;
     AppIni ini;
     ini.setIniFolder(base + QStringLiteral("/Ini"));

@@ -144,7 +144,7 @@ void live(Day& day, Record& record)
 std::string faultAfter(const HistoryDesk& desk, const Record& record, std::size_t done)
 {
     AppDB db(desk.shop->databaseFolder());
-    if (db.Open("trnvik.mdb") != 0)
+    if (db.Open("trnvik.mdb") != DbStatus::Good)
         return "cannot be opened: " + db.LastErrText();
     AppIni ini;
     ini.setIniFolder(desk.shop->base() + u"/Ini"_s);

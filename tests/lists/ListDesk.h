@@ -77,7 +77,7 @@ struct ListDesk : ServiceDesk
                 if (column != noColumn)
                     rows.set(i, column, text);
         }
-        if (rows.WriteRows() != 0)
+        if (rows.WriteRows() != DbStatus::Good)
             std::abort();
         db.Commit();
     }

@@ -88,7 +88,7 @@ TEST_F(StockDetailTest, aSetThatWasChanged_isExplainedByWhatWasCarriedForward)
     receipt("SET", "0000005", "0000050");
     const auto nowTwo = [this] {
         db.Execute("UPDATE HSeihinTB SET Suuryou = '2'");
-        return db.LastStatus() == 0;
+        return db.LastStatus() == DbStatus::Good;
     };
     ASSERT_TRUE(changeComponents(db, "20260401120000", nowTwo));
     db.Commit();

@@ -37,7 +37,7 @@ TEST(Kill, atTwoHundredRandomInstants_losesNothingThatWasShownAsStored)
 
         const QList<QByteArray> lines = worker.readAllStandardOutput().split('\n');
         AppDB db(shop.databaseFolder());
-        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         for (const QByteArray& stamp : lines) {
             if (stamp.size() < 14)
                 continue; // cut off by the kill

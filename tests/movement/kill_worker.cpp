@@ -18,7 +18,7 @@ int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     AppDB db(argv[1]);
-    if (argc < 3 || db.Open("trnvik.mdb") != 0)
+    if (argc < 3 || db.Open("trnvik.mdb") != DbStatus::Good)
         return 1;
     AppIni ini;
     // Each turn works an hour of its own, so that no two receipts carry the same stamp.

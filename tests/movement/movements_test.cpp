@@ -33,10 +33,9 @@ protected:
 
     void open()
     {
-        for (const Side side : {Side::Receipt, Side::Shipment})
-            desk.open(side);
-        ASSERT_EQ(watcher.emplace(desk.shop.databaseFolder()).Open("trnvik.mdb"), 0);
-        desk.frame.guardActive = true; // the question of an update is another test's business
+        receipt = &desk.open(Side::Receipt);
+        shipment = &desk.open(Side::Shipment);
+        ASSERT_EQ(watcher.emplace(desk.shop.databaseFolder()).Open("trnvik.mdb"), DbStatus::Good);
     }
 
     std::size_t below(std::size_t n) { return static_cast<std::size_t>(random() % n); }

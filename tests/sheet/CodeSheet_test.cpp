@@ -101,7 +101,7 @@ TEST_F(CodeSheet, ofLongCodesAndNames_keepsToItsColumns_andIsStillRead)
     for (int i = 10; i < 60; ++i)
         groups[0].codes.push_back({.scan = u"#aB-cD.eF+gH/xY%1#"_s.arg(i), .name = QString(20, u'国')});
     const SheetOutcome made = writeCodeSheet(groups, file);
-    EXPECT_EQ(made.status, 0);
+    EXPECT_EQ(made.status, PrintStatus::Good);
     EXPECT_EQ(made.codes, 50);
     EXPECT_EQ(made.pages, pdfPages(file));
     std::set<std::string> wanted;
@@ -117,7 +117,7 @@ TEST_F(CodeSheet, saysWhichCodesBarsCannotCarry)
         {.heading = u"商品"_s,
          .codes = {{.scan = u"りんご"_s, .name = u"りんご"_s}, {.scan = u"1"_s, .name = u"梨"_s}}}};
     const SheetOutcome made = writeCodeSheet(groups, file);
-    EXPECT_EQ(made.status, 0);
+    EXPECT_EQ(made.status, PrintStatus::Good);
     EXPECT_EQ(made.codes, 1);
     EXPECT_EQ(made.bare, 1);
     EXPECT_EQ(codesOnPaper(file), std::set<std::string>{"1"});

@@ -39,7 +39,7 @@ int inChild(const std::function<int()>& work)
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-int openStatus(const TempShop& shop)
+DbStatus openStatus(const TempShop& shop)
 {
     AppDB db(shop.databaseFolder());
     db.ShowErrors(false);
@@ -54,7 +54,7 @@ void addReceipt(AppDB& db, int number)
     rows.set(row, InpCol::Code, "A" + std::to_string(number));
     rows.set(row, InpCol::Bikou, std::string(400, 'x'));
     rows.set(row, InpCol::InpDate, std::to_string(20260000000000 + number));
-    if (rows.InsertRow(row) == 0)
+    if (rows.InsertRow(row) == DbStatus::Good)
         db.Execute("UPDATE ZaikoTB SET ZaikoSuu=CStr(CDbl(ZaikoSuu)+1) WHERE Code='A'");
 }
 
@@ -88,7 +88,7 @@ TEST(DatabaseFaults, filesThatAreNoDatabaseOfOurs_areRefused_andStayAsTheyAre)
     for (const auto& [name, bytes] : files) {
         const TempShop shop;
         write(shop.databaseFile(), bytes);
-        EXPECT_NE(openStatus(shop), 0) << name;
+        EXPECT_NE(openStatus(shop), DbStatus::Good) << name;
         EXPECT_EQ(bytesOf(shop.databaseFile()), bytes) << name;
     }
 }
@@ -97,7 +97,7 @@ TEST(DatabaseFaults, missingFile_isRefused_andNotMade)
 {
     const TempShop shop;
     ASSERT_EQ(::unlink(shop.databaseFile().c_str()), 0);
-    EXPECT_NE(openStatus(shop), 0);
+    EXPECT_NE(openStatus(shop), DbStatus::Good);
     EXPECT_NE(::access(shop.databaseFile().c_str(), F_OK), 0);
 }
 
@@ -113,7 +113,7 @@ TEST(DatabaseFaults, fileWithoutPermission_isRefused)
                       constexpr uid_t nobody = 65534;
                       if (::geteuid() == 0 && ::setresuid(nobody, nobody, nobody) != 0)
                           return 99;
-                      return openStatus(shop) != 0 ? 1 : 0;
+                      return openStatus(shop) != DbStatus::Good ? 1 : 0;
                   }),
                   1)
             << "mode " << mode;
@@ -125,12 +125,12 @@ TEST(DatabaseFaults, fileHeldByAnother_isRefused)
 {
     const TempShop shop;
     AppDB holder(shop.databaseFolder());
-    ASSERT_EQ(holder.Open("trnvik.mdb"), 0);
+    ASSERT_EQ(holder.Open("trnvik.mdb"), DbStatus::Good);
     holder.Execute("UPDATE Master SET Unit='x'");
-    ASSERT_EQ(holder.LastStatus(), 0);
-    EXPECT_NE(openStatus(shop), 0);
+    ASSERT_EQ(holder.LastStatus(), DbStatus::Good);
+    EXPECT_EQ(openStatus(shop), DbStatus::Busy);
     holder.Rollback();
-    EXPECT_EQ(openStatus(shop), 0);
+    EXPECT_EQ(openStatus(shop), DbStatus::Good);
 }
 
 TEST(DatabaseFaults, createRefusesAnExistingFile)
@@ -138,7 +138,7 @@ TEST(DatabaseFaults, createRefusesAnExistingFile)
     const TempShop shop;
     const std::string before = bytesOf(shop.databaseFile());
     std::string why;
-    EXPECT_NE(AppDB::Create(shop.databaseFile(), &why), 0);
+    EXPECT_NE(AppDB::Create(shop.databaseFile(), &why), DbStatus::Good);
     EXPECT_FALSE(why.empty());
     EXPECT_EQ(bytesOf(shop.databaseFile()), before);
 }
@@ -156,14 +156,14 @@ TEST(DatabaseFaults, fullDisk_isReported_andLeavesWholeUnitsOnly)
         ::setrlimit(RLIMIT_FSIZE, &limit);
         std::vector<std::string> said;
         AppDB db(shop.databaseFolder(), [&said](const std::string& text) { said.push_back(text); });
-        if (db.Open("trnvik.mdb") != 0)
+        if (db.Open("trnvik.mdb") != DbStatus::Good)
             return 250;
         int count = 0;
         for (int i = 1; i <= 240; ++i) {
             addReceipt(db, i);
-            if (db.LastStatus() == 0)
+            if (db.LastStatus() == DbStatus::Good)
                 db.Commit();
-            if (db.LastStatus() != 0) {
+            if (db.LastStatus() != DbStatus::Good) {
                 db.Rollback();
                 if (said.empty() || said.front().find("空き容量") == std::string::npos)
                     return 251;
@@ -178,10 +178,10 @@ TEST(DatabaseFaults, fullDisk_isReported_andLeavesWholeUnitsOnly)
     EXPECT_EQ(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), std::vector<std::string>{std::to_string(stored)});
     EXPECT_EQ(shop.query("PRAGMA integrity_check"), std::vector<std::string>{"ok"});
     AppDB again(shop.databaseFolder());
-    ASSERT_EQ(again.Open("trnvik.mdb"), 0);
+    ASSERT_EQ(again.Open("trnvik.mdb"), DbStatus::Good);
     addReceipt(again, 1000);
     again.Commit();
-    EXPECT_EQ(again.LastStatus(), 0);
+    EXPECT_EQ(again.LastStatus(), DbStatus::Good);
 }
 
 TEST(DatabaseFaults, killAtAnyInstant_leavesWholeUnitsOnly)
@@ -193,7 +193,7 @@ TEST(DatabaseFaults, killAtAnyInstant_leavesWholeUnitsOnly)
         const pid_t child = fork();
         if (child == 0) {
             AppDB db(shop.databaseFolder());
-            if (db.Open("trnvik.mdb") != 0)
+            if (db.Open("trnvik.mdb") != DbStatus::Good)
                 _exit(1);
             for (int i = 1;; ++i) {
                 addReceipt(db, turn * 1000000 + i);
@@ -203,7 +203,7 @@ TEST(DatabaseFaults, killAtAnyInstant_leavesWholeUnitsOnly)
         ::usleep(static_cast<useconds_t>(random() % 30000));
         ::kill(child, SIGKILL);
         ::waitpid(child, nullptr, 0);
-        ASSERT_EQ(openStatus(shop), 0);
+        ASSERT_EQ(openStatus(shop), DbStatus::Good);
         ASSERT_EQ(shop.query("SELECT COUNT(*) FROM InpTB"), shop.query("SELECT ZaikoSuu FROM ZaikoTB"));
     }
     EXPECT_NE(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), std::vector<std::string>{"0"});

@@ -13,7 +13,7 @@ class QueryTest : public ::testing::Test
 protected:
     QueryTest() : db(shop.databaseFolder(), [this](const std::string& text) { said.push_back(text); })
     {
-        EXPECT_EQ(db.Open("trnvik.mdb"), 0);
+        EXPECT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         shop.add(masterTable, {"A1", "鉛筆", "", "1", "50", "1", "80", "本", "5"});
         shop.add(masterTable, {"B2", "消しゴム", "", "2", "30", "1", "60", "個", "10"});
         shop.add(zaikoTable, {"B2", "3", "1", "s", "s"});

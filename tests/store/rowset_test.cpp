@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/core/RunTimeError.h"
+#include "store/Where.h"
 #include "tests/support/TempShop.h"
 
 namespace suisui::test {
@@ -13,7 +14,7 @@ class StoreTest : public ::testing::Test
 protected:
     StoreTest() : db(shop.databaseFolder(), [this](const std::string& text) { said.push_back(text); })
     {
-        EXPECT_EQ(db.Open("trnvik.mdb"), 0);
+        EXPECT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         shop.add(masterTable, {"A1", "鉛筆", "", "1", "50", "1", "80", "本", "5"});
         shop.add(masterTable, {"B2", "消しゴム", "", "2", "30", "1", "60", "個", "10"});
     }
@@ -50,7 +51,7 @@ TEST_F(StoreTest, dialectServesTheRules)
     shop.add(zaikoTable, {"A1", "3", "0000001", "s", "s"});
     ASSERT_EQ(db.OpenRecordset("SELECT Trim(CStr(CDbl( iif(UpdDate = 's', CDbl(KuriSuu), CDbl(Zaikosuu)) - "
                                "CDbl('0.5') ))) AS n, Format(2.5, '0000000') AS f, NULL AS x FROM ZaikoTB"),
-              0);
+              DbStatus::Good);
     EXPECT_EQ(db.recordset().Fields("N"), "0.5");
     EXPECT_EQ(db.recordset().Fields("f"), "0000003");
     EXPECT_EQ(db.recordset().Fields("x"), "");
@@ -76,23 +77,23 @@ TEST_F(StoreTest, keepRowsFlag_letsModeOneAdd)
 TEST_F(StoreTest, newRow_isInserted_committed_andTiedToItsTableRow)
 {
     MasterRec& rows = db.MasterSyu();
-    EXPECT_EQ(rows.NewRows(1), 0);
+    EXPECT_EQ(rows.NewRows(1), DbStatus::Good);
     const int row = rows.Count();
     EXPECT_EQ(rows.RowState(row), "N");
     rows.set(row, MasterCol::Code, "C3");
     rows.set(row, MasterCol::Name, "x'; DROP TABLE Master; --");
     rows.set(row, MasterCol::Unit, std::string("a\0b\x01\xFF", 5));
-    ASSERT_EQ(rows.InsertRow(row), 0);
+    ASSERT_EQ(rows.InsertRow(row), DbStatus::Good);
     EXPECT_TRUE(db.inUnit());
     EXPECT_EQ(master().size(), 2U); // nobody else sees it yet
     db.Commit();
-    EXPECT_EQ(db.LastStatus(), 0);
+    EXPECT_EQ(db.LastStatus(), DbStatus::Good);
     EXPECT_EQ(rows.RowState(row), "");
     ASSERT_EQ(db.MasterTbl().Select("WHERE Code='C3'"), 1);
     EXPECT_EQ(db.MasterTbl().get(1, MasterCol::Name), "x'; DROP TABLE Master; --");
     EXPECT_EQ(db.MasterTbl().get(1, MasterCol::Unit), std::string_view("a\0b\x01\xFF", 5));
     rows.set(row, MasterCol::Code, "C4"); // an edited key still updates the right row
-    ASSERT_EQ(rows.UpdateRow(row), 0);
+    ASSERT_EQ(rows.UpdateRow(row), DbStatus::Good);
     db.Commit();
     EXPECT_EQ(db.MasterTbl().Select("WHERE Code='C4'"), 1);
 }
@@ -100,20 +101,20 @@ TEST_F(StoreTest, newRow_isInserted_committed_andTiedToItsTableRow)
 TEST_F(StoreTest, duplicateKey_is3022_inSilence_andALaterCommitKeepsTheRest)
 {
     db.Execute("UPDATE Master SET Unit='箱' WHERE Code='B2'");
-    ASSERT_EQ(db.LastStatus(), 0);
+    ASSERT_EQ(db.LastStatus(), DbStatus::Good);
     db.Execute("INSERT INTO Master (Code) VALUES ('a1')");
-    EXPECT_NE(db.LastStatus(), 0);
+    EXPECT_EQ(db.LastStatus(), DbStatus::DuplicateKey);
     EXPECT_EQ(db.LastErrNo(), "3022");
     EXPECT_TRUE(said.empty());
     db.Commit();
-    EXPECT_EQ(db.LastStatus(), 0);
+    EXPECT_EQ(db.LastStatus(), DbStatus::Good);
     EXPECT_EQ(master(), (std::vector<std::string>{"A1|鉛筆|本", "B2|消しゴム|箱"}));
 }
 
 TEST_F(StoreTest, rollback_isHarmless_andUndoesEverything)
 {
     db.Rollback();
-    EXPECT_EQ(db.LastStatus(), 0);
+    EXPECT_EQ(db.LastStatus(), DbStatus::Good);
     db.Execute("DELETE FROM Master");
     db.Rollback();
     db.Rollback();
@@ -127,9 +128,9 @@ TEST_F(StoreTest, rolledBackUnit_isTakenBackInTheBuffer)
     rows.set(1, MasterCol::Unit, "箱");
     rows.NewRows(1);
     rows.set(3, MasterCol::Code, "C3");
-    ASSERT_EQ(rows.UpdateRow(1), 0);
-    ASSERT_EQ(rows.InsertRow(3), 0);
-    ASSERT_EQ(rows.DeleteRow(2), 0);
+    ASSERT_EQ(rows.UpdateRow(1), DbStatus::Good);
+    ASSERT_EQ(rows.InsertRow(3), DbStatus::Good);
+    ASSERT_EQ(rows.DeleteRow(2), DbStatus::Good);
     EXPECT_EQ(rows.Count(), 2);
     db.Rollback();
     ASSERT_EQ(rows.Count(), 3);
@@ -137,7 +138,7 @@ TEST_F(StoreTest, rolledBackUnit_isTakenBackInTheBuffer)
     EXPECT_EQ(rows.get(1, MasterCol::Unit), "箱"); // what the operator typed is still there
     EXPECT_EQ(rows.get(2, MasterCol::Code), "B2");
     EXPECT_EQ(rows.RowState(3), "N");
-    EXPECT_EQ(rows.WriteRows(), 0); // and the second try works
+    EXPECT_EQ(rows.WriteRows(), DbStatus::Good); // and the second try works
     db.Commit();
     EXPECT_EQ(master(), (std::vector<std::string>{"A1|鉛筆|箱", "B2|消しゴム|個", "C3||"}));
 }
@@ -150,12 +151,12 @@ TEST_F(StoreTest, rowChangedBySomebodyElse_isRefused_andOneThatIsGoneIsMarked)
     shop.execute("DELETE FROM Master WHERE Code='B2'");
     rows.set(1, MasterCol::Unit, "箱");
     rows.set(2, MasterCol::Unit, "箱");
-    EXPECT_NE(rows.UpdateRow(1), 0);
+    EXPECT_EQ(rows.UpdateRow(1), DbStatus::RowChanged);
     EXPECT_EQ(rows.RowState(1), "U");
-    EXPECT_NE(db.LastStatus(), 0);
-    EXPECT_NE(rows.UpdateRow(2), 0);
+    EXPECT_EQ(db.LastStatus(), DbStatus::RowChanged);
+    EXPECT_EQ(rows.UpdateRow(2), DbStatus::RowChanged);
     EXPECT_EQ(rows.RowState(2), "D");
-    EXPECT_NE(rows.DeleteRow(1), 0);
+    EXPECT_EQ(rows.DeleteRow(1), DbStatus::RowChanged);
     EXPECT_EQ(rows.Count(), 2);
     db.Rollback();
     EXPECT_TRUE(said.empty()); // the caller has words of its own
@@ -168,7 +169,7 @@ TEST_F(StoreTest, changeOfLetterCaseByAnother_countsAsAChange)
     ASSERT_EQ(rows.Select("WHERE Code='A1'"), 1);
     shop.execute("UPDATE Master SET Code='a1' WHERE Code='A1'");
     rows.set(1, MasterCol::Unit, "箱");
-    EXPECT_NE(rows.UpdateRow(1), 0);
+    EXPECT_EQ(rows.UpdateRow(1), DbStatus::RowChanged);
 }
 
 TEST_F(StoreTest, statementsOfMoreThanOne_orWithANul_areErrors_thatAreSaid)
@@ -178,13 +179,37 @@ TEST_F(StoreTest, statementsOfMoreThanOne_orWithANul_areErrors_thatAreSaid)
     EXPECT_LT(db.MasterTbl().Select("WHERE Code='it's'"), 0);
     EXPECT_EQ(said.size(), 3U);
     db.Execute("DELETE FROM Master; DELETE FROM TantouTB");
-    EXPECT_NE(db.LastStatus(), 0);
+    EXPECT_NE(db.LastStatus(), DbStatus::Good);
     db.Commit();
     EXPECT_EQ(master().size(), 2U);
     db.ShowErrors(false);
     said.clear();
     EXPECT_LT(db.MasterTbl().CountRows("WHERE nonsense"), 0);
     EXPECT_TRUE(said.empty());
+}
+
+TEST_F(StoreTest, boundText_meansOnlyItself_whateverItHolds)
+{
+    const std::string sly = "x' OR '1'='1";
+    db.Execute("INSERT INTO Master (Code, Name) VALUES (" + bound(sly) + ", " + bound("?") + ")");
+    ASSERT_EQ(db.LastStatus(), DbStatus::Good);
+    ASSERT_EQ(db.MasterTbl().Select(whereCode(sly)), 1);
+    EXPECT_EQ(db.MasterTbl().get(1, MasterCol::Code), sly);
+    EXPECT_EQ(db.MasterTbl().CountRows("WHERE Name=" + bound("?") + " AND Code=" + bound(sly)), 1);
+    EXPECT_EQ(db.MasterTbl().CountRows(whereCode("'")), 0);
+    ASSERT_EQ(db.OpenRecordset("SELECT Name FROM Master " + whereCode(sly)), DbStatus::Good);
+    EXPECT_EQ(db.recordset().Fields("Name"), "?");
+    db.CloseRecordset();
+    db.Rollback();
+    EXPECT_TRUE(said.empty());
+}
+
+TEST_F(StoreTest, boundTextWithANul_orMissing_isAnError_thatIsSaid)
+{
+    EXPECT_LT(db.MasterTbl().Select(whereCode(std::string_view("A1\0", 3))), 0);
+    EXPECT_LT(db.MasterTbl().Select("WHERE Code=?"), 0);
+    EXPECT_EQ(said.size(), 2U);
+    EXPECT_EQ(db.MasterTbl().Select(whereCode("A1")), 1) << "a kept statement is as good as new";
 }
 
 TEST_F(StoreTest, rowsOutsideTheBuffer_areARunTimeError)
@@ -208,11 +233,11 @@ TEST_F(StoreTest, readingHoldsNoLock)
 {
     ASSERT_EQ(db.MasterTbl().Select(""), 2);
     AppDB other(shop.databaseFolder());
-    ASSERT_EQ(other.Open("trnvik.mdb"), 0);
+    ASSERT_EQ(other.Open("trnvik.mdb"), DbStatus::Good);
     other.Execute("UPDATE Master SET Unit='x'");
-    EXPECT_EQ(other.LastStatus(), 0);
+    EXPECT_EQ(other.LastStatus(), DbStatus::Good);
     other.Commit();
-    EXPECT_EQ(other.LastStatus(), 0);
+    EXPECT_EQ(other.LastStatus(), DbStatus::Good);
 }
 
 TEST_F(StoreTest, tablesHaveTheirColumnsInOrder)

@@ -106,7 +106,8 @@ protected:
             all << ini.MasterTerm(i) << ini.TabTitle(i) << ini.Term(i) << ini.InpHeading(i)
                 << ini.OutHeading(i) << ini.StockHeading(i) << ini.ReceiptListHeading(i)
                 << ini.ShipmentListHeading(i);
-        for (int mode = 0; mode < 5; ++mode)
+        for (const LabelMode mode : {LabelMode::Goods, LabelMode::Components, LabelMode::Partners,
+                                     LabelMode::Receipts, LabelMode::Shipments})
             for (const QString& name : labelSettings)
                 all << ini.labelSetting(mode, name);
         return all;
@@ -142,7 +143,7 @@ TEST_F(SettingsFuzz, whatIsWrittenIntoADamagedFile_readsBack_andNothingElseMoves
         ASSERT_TRUE(AppEnv(dir.path()).setLastUseDate(u"20260401"_s));
         AppIni ini;
         ini.setIniFolder(dir.path() + u"/Ini"_s);
-        ASSERT_TRUE(ini.setLabelSetting(4, labelSettings.constLast(), u" 12.5 "_s));
+        ASSERT_TRUE(ini.setLabelSetting(LabelMode::Shipments, labelSettings.constLast(), u" 12.5 "_s));
         expected.first() = u"20260401"_s;
         expected.last() = u" 12.5 "_s;
         ASSERT_EQ(answers(), expected) << bytes.toBase64().toStdString();

@@ -82,10 +82,10 @@ TEST_F(SettingsTest, rememberedValuesSurvive_andLeaveTheRestOfTheFile)
     write(u"AppIni.ini"_s, "; ours\r\n[Term]\r\n0=仕入\r\n");
     AppIni ini = words();
     EXPECT_TRUE(ini.setLastHistoryFolder(u"/home/shop/履歴"_s));
-    EXPECT_TRUE(ini.setLabelSetting(3, u"BarPich"_s, u"3"_s));
+    EXPECT_TRUE(ini.setLabelSetting(LabelMode::Receipts, u"BarPich"_s, u"3"_s));
     EXPECT_EQ(words().LastHistoryFolder(), u"/home/shop/履歴"_s);
-    EXPECT_EQ(words().labelSetting(3, u"BarPich"_s), u"3"_s);
-    EXPECT_EQ(words().labelSetting(4, u"BarPich"_s), QString());
+    EXPECT_EQ(words().labelSetting(LabelMode::Receipts, u"BarPich"_s), u"3"_s);
+    EXPECT_EQ(words().labelSetting(LabelMode::Shipments, u"BarPich"_s), QString());
     EXPECT_EQ(words().Term(0), u"仕入"_s);
     EXPECT_TRUE(read(u"AppIni.ini"_s).startsWith("; ours\r\n"));
 }
@@ -93,12 +93,12 @@ TEST_F(SettingsTest, rememberedValuesSurvive_andLeaveTheRestOfTheFile)
 TEST_F(SettingsTest, labelSettings_areStoredAtOnce_byName_inTheOrderGiven)
 {
     AppIni ini = words();
-    EXPECT_TRUE(
-        ini.setLabelSettings(2, {{u"XPoint"_s, u"30.00"_s}, {u"Code"_s, u"1"_s}, {u"BarPich"_s, u"3"_s}}));
-    EXPECT_EQ(words().labelSetting(2, u"XPoint"_s), u"30.00"_s);
-    EXPECT_EQ(words().labelSetting(2, u"Code"_s), u"1"_s);
-    EXPECT_EQ(words().labelSetting(2, u"BarPich"_s), u"3"_s);
-    EXPECT_EQ(words().labelSetting(1, u"XPoint"_s), QString());
+    EXPECT_TRUE(ini.setLabelSettings(
+        LabelMode::Partners, {{u"XPoint"_s, u"30.00"_s}, {u"Code"_s, u"1"_s}, {u"BarPich"_s, u"3"_s}}));
+    EXPECT_EQ(words().labelSetting(LabelMode::Partners, u"XPoint"_s), u"30.00"_s);
+    EXPECT_EQ(words().labelSetting(LabelMode::Partners, u"Code"_s), u"1"_s);
+    EXPECT_EQ(words().labelSetting(LabelMode::Partners, u"BarPich"_s), u"3"_s);
+    EXPECT_EQ(words().labelSetting(LabelMode::Components, u"XPoint"_s), QString());
     const QByteArray file = read(u"AppIni.ini"_s);
     EXPECT_LT(file.indexOf("XPoint"), file.indexOf("Code"));
     EXPECT_LT(file.indexOf("Code"), file.indexOf("BarPich"));

@@ -11,7 +11,7 @@ namespace {
 class StoredTextsTest : public ::testing::Test
 {
 protected:
-    StoredTextsTest() : db(shop.databaseFolder()) { EXPECT_EQ(db.Open("trnvik.mdb"), 0); }
+    StoredTextsTest() : db(shop.databaseFolder()) { EXPECT_EQ(db.Open("trnvik.mdb"), DbStatus::Good); }
 
     TempShop shop;
     AppDB db;
@@ -56,9 +56,10 @@ TEST_F(StoredTextsTest, aRepeatedRow_isRefusedByItsKey_inEveryTableThatHistoryFi
     db.Execute("INSERT INTO InpTB (Code, InpDate) VALUES ('A', '20260101090000')");
     EXPECT_EQ(db.LastErrNo(), "3022");
     db.Execute("INSERT INTO InpTB (Code, InpDate) VALUES ('B', '20260101090000')");
-    EXPECT_EQ(db.LastStatus(), 0) << "components and products of one moment are rows of their own";
+    EXPECT_EQ(db.LastStatus(), DbStatus::Good)
+        << "components and products of one moment are rows of their own";
     db.Execute("INSERT INTO OutTB (Code, InpDate) VALUES ('A', '20260101090000')");
-    EXPECT_EQ(db.LastStatus(), 0);
+    EXPECT_EQ(db.LastStatus(), DbStatus::Good);
     db.Execute("INSERT INTO OutTB (Code, InpDate) VALUES ('A', '20260101090000')");
     EXPECT_EQ(db.LastErrNo(), "3022");
     db.Rollback();

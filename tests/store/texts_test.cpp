@@ -100,6 +100,9 @@ TEST(Numbers, textToDouble_readsWhatIsANumber_andRefusesTheRest)
     EXPECT_EQ(numberOf(""), 0);
     EXPECT_EQ(numberOf("  "), 0);
     EXPECT_EQ(errorOf([] { (void)numberOf("x"); }), RunTimeError::TypeMismatch);
+    EXPECT_EQ(toFigure(" "), 0);
+    EXPECT_EQ(toFigure(" 12 "), 12);
+    EXPECT_EQ(toFigure("x"), std::nullopt);
 }
 
 TEST(Numbers, numberToText_isPlain_andReadsBackAsTheSameText)

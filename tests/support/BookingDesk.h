@@ -138,7 +138,7 @@ struct BookingDesk
         : db(shop.databaseFolder(), [this](const std::string& text) { storeSaid.push_back(text); }),
           receipts(Side::Receipt, {db, box, clock}), shipments(Side::Shipment, {db, box, clock})
     {
-        if (db.Open("trnvik.mdb") != 0)
+        if (db.Open("trnvik.mdb") != DbStatus::Good)
             throw std::runtime_error("no database in " + shop.databaseFolder());
     }
 

@@ -20,7 +20,7 @@ struct BooksDesk
         : shop(std::move(ownShop)),
           db(shop->databaseFolder(), [this](const std::string& text) { storeSaid.push_back(text); })
     {
-        if (db.Open("trnvik.mdb") != 0)
+        if (db.Open("trnvik.mdb") != DbStatus::Good)
             std::abort();
     }
 

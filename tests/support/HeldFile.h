@@ -16,10 +16,10 @@ public:
     explicit HeldFile(const TempShop& shop, const std::string& file = "trnvik.mdb")
         : m_writer(shop.databaseFolder())
     {
-        if (m_writer.Open(file) != 0)
+        if (m_writer.Open(file) != DbStatus::Good)
             throw std::runtime_error("cannot open " + file);
         m_writer.Execute("UPDATE Master SET Unit='x'");
-        if (m_writer.LastStatus() != 0)
+        if (m_writer.LastStatus() != DbStatus::Good)
             throw std::runtime_error("cannot hold " + file);
     }
     ~HeldFile() { m_writer.Rollback(); }

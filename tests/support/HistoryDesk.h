@@ -56,7 +56,7 @@ struct HistoryDesk : BooksDesk
     {
         QDir(shop->base()).mkpath(QStringLiteral("db"));
         QDir(shop->base()).mkpath(QStringLiteral("old"));
-        if (AppDB::Create(emptyDatabase()) != 0)
+        if (AppDB::Create(emptyDatabase()) != DbStatus::Good)
             std::abort();
         ini.setIniFolder(shop->base() + QStringLiteral("/Ini"));
         useExtension("hst");
@@ -66,7 +66,7 @@ struct HistoryDesk : BooksDesk
     void useExtension(const std::string& extension)
     {
         db.Execute("DELETE FROM RirekiTB WHERE DateFrom='Trn'");
-        if (addSentinel(db, extension) != 0)
+        if (addSentinel(db, extension) != DbStatus::Good)
             std::abort();
         db.Commit();
         history.setHistoryExt(QString::fromStdString(extension));

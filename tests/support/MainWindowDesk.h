@@ -27,7 +27,7 @@ namespace suisui::test {
 
 struct MainWindowDesk : private Run
 {
-    MainWindowDesk() : db(shop.databaseFolder()) { EXPECT_EQ(db.Open("trnvik.mdb"), 0); }
+    MainWindowDesk() : db(shop.databaseFolder()) { EXPECT_EQ(db.Open("trnvik.mdb"), DbStatus::Good); }
 
     void furnish()
     {

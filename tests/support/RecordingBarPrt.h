@@ -27,18 +27,18 @@ public:
         std::vector<Mark> texts;
     };
 
-    void setOrientation(int which) override
+    void setOrientation(PaperOrientation which) override
     {
         turned = which;
         calls.emplace_back("orientation");
     }
-    [[nodiscard]] int orientation() const override { return turned; }
+    [[nodiscard]] PaperOrientation orientation() const override { return turned; }
     [[nodiscard]] std::int32_t copies() const override { return copyCount; }
     [[nodiscard]] std::int32_t dotsPerInchX() const override { return dpiX; }
     [[nodiscard]] std::int32_t dotsPerInchY() const override { return dpiY; }
     [[nodiscard]] std::int32_t physicalOffsetX() const override { return offsetX; }
     [[nodiscard]] std::int32_t physicalOffsetY() const override { return offsetY; }
-    [[nodiscard]] int choosePrinter(QWidget*) override
+    [[nodiscard]] PrinterChoice choosePrinter(QWidget*) override
     {
         calls.emplace_back("choose");
         if (onChoose)
@@ -61,13 +61,13 @@ public:
     void printBar(const QString& text) override { pages.back().bars.push_back({pen(), text}); }
     void printText(const QString& text) override { pages.back().texts.push_back({pen(), text}); }
 
-    int turned = portrait;
+    PaperOrientation turned = PaperOrientation::Portrait;
     std::int32_t copyCount = 1;
     std::int32_t dpiX = 600;
     std::int32_t dpiY = 600;
     std::int32_t offsetX = 0;
     std::int32_t offsetY = 0;
-    int chosen = 1;
+    PrinterChoice chosen = PrinterChoice::GoOn;
     std::function<void()> onChoose; ///< runs while the printer dialog would be on the screen
     std::function<void()> onStart;  ///< runs when the document begins
     std::vector<std::string> calls;

@@ -17,7 +17,7 @@ struct ServiceDesk
 {
     ServiceDesk() : db(shop.databaseFolder())
     {
-        if (db.Open("trnvik.mdb") != 0)
+        if (db.Open("trnvik.mdb") != DbStatus::Good)
             throw std::runtime_error("no database in " + shop.databaseFolder());
     }
 

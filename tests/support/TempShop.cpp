@@ -35,10 +35,10 @@ std::vector<std::string> queryFile(const std::string& file, const std::string& s
 void TempShop::execute(const std::string& sql) const
 {
     AppDB other(databaseFolder());
-    if (other.Open("trnvik.mdb") != 0)
+    if (other.Open("trnvik.mdb") != DbStatus::Good)
         throw std::runtime_error("no database in " + databaseFolder());
     other.Execute(sql);
-    if (other.LastStatus() != 0)
+    if (other.LastStatus() != DbStatus::Good)
         throw std::runtime_error("not done: " + sql);
     other.Commit();
 }

@@ -25,7 +25,7 @@ public:
     {
         QDir(m_dir.path()).mkpath(QStringLiteral("DB"));
         QDir(m_dir.path()).mkpath(QStringLiteral("Ini"));
-        if (AppDB::Create(databaseFile()) != 0)
+        if (AppDB::Create(databaseFile()) != DbStatus::Good)
             std::abort();
     }
 
@@ -40,13 +40,13 @@ public:
     void add(const TableDef& table, const std::vector<std::string>& texts) const
     {
         AppDB db(databaseFolder());
-        if (db.Open("trnvik.mdb") != 0)
+        if (db.Open("trnvik.mdb") != DbStatus::Good)
             std::abort();
         RowSet rows(db, table);
         rows.NewRows(1);
         for (std::size_t i = 0; i < texts.size(); ++i)
             rows.set(1, static_cast<int>(i), texts[i]);
-        if (rows.InsertRow(1) != 0)
+        if (rows.InsertRow(1) != DbStatus::Good)
             std::abort();
         db.Commit();
     }

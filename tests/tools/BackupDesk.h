@@ -69,9 +69,9 @@ protected:
     void execute(const std::string& sql) const
     {
         AppDB db(shop.databaseFolder());
-        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         db.Execute(sql);
-        ASSERT_EQ(db.LastStatus(), 0) << db.LastErrText();
+        ASSERT_EQ(db.LastStatus(), DbStatus::Good) << db.LastErrText();
         db.Commit();
     }
 

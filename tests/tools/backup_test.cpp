@@ -33,11 +33,11 @@ TEST_F(BackupTest, twoCopiesOfOneSecond_haveNamesOfTheirOwn_inOrder)
 TEST_F(BackupTest, pendingWrites_areNotInTheCopy_andAreStoredAfterwards)
 {
     AppDB program(shop.databaseFolder());
-    ASSERT_EQ(program.Open("trnvik.mdb"), 0);
+    ASSERT_EQ(program.Open("trnvik.mdb"), DbStatus::Good);
     program.Execute("UPDATE ZaikoTB SET ZaikoSuu='99' WHERE Code='A1'");
     ASSERT_EQ(backup(), ToolStatus::Good) << err.str();
     program.Commit();
-    EXPECT_EQ(program.LastStatus(), 0);
+    EXPECT_EQ(program.LastStatus(), DbStatus::Good);
     EXPECT_EQ(queryFile(folder() + first, "SELECT ZaikoSuu FROM ZaikoTB"), Texts{"15"});
     EXPECT_EQ(shop.query("SELECT ZaikoSuu FROM ZaikoTB"), Texts{"99"});
 }
@@ -46,24 +46,23 @@ TEST_F(BackupTest, duringASnapshot_readsSeeOneState_andAWriterWaits)
 {
     AppDB held(shop.databaseFolder());
     AppDB program(shop.databaseFolder());
-    ASSERT_EQ(program.Open("trnvik.mdb"), 0);
-    ASSERT_EQ(held.OpenStill(shop.databaseFile()), 0);
+    ASSERT_EQ(program.Open("trnvik.mdb"), DbStatus::Good);
+    ASSERT_EQ(held.OpenStill(shop.databaseFile()), DbStatus::Good);
     program.Execute("UPDATE ZaikoTB SET ZaikoSuu='16' WHERE Code='A1'");
     program.Commit();
-    EXPECT_NE(program.LastStatus(), 0);
-    EXPECT_TRUE(program.LastWasBusy());
+    EXPECT_EQ(program.LastStatus(), DbStatus::Busy);
     EXPECT_EQ(held.ZaikoTbl().CountRows("WHERE ZaikoSuu='15'"), 1);
     held.Rollback();
     program.Commit(); // the unit is still whole
-    EXPECT_EQ(program.LastStatus(), 0);
+    EXPECT_EQ(program.LastStatus(), DbStatus::Good);
     EXPECT_EQ(held.ZaikoTbl().CountRows("WHERE ZaikoSuu='16'"), 1);
 }
 
 TEST_F(BackupTest, lockedDatabase_isWaitedFor_thenRefused_withNothingLeft)
 {
     AppDB other(shop.databaseFolder());
-    ASSERT_EQ(other.Open("trnvik.mdb"), 0);
-    ASSERT_EQ(other.OpenRecordset("PRAGMA locking_mode=EXCLUSIVE"), 0);
+    ASSERT_EQ(other.Open("trnvik.mdb"), DbStatus::Good);
+    ASSERT_EQ(other.OpenRecordset("PRAGMA locking_mode=EXCLUSIVE"), DbStatus::Good);
     other.CloseRecordset();
     other.Execute("UPDATE ZaikoTB SET ZaikoSuu='15'");
     other.Commit();

@@ -71,10 +71,10 @@ TEST_F(CsvText, bytesThatAreNotText_inAnyTable_areFoundByTheCheck)
     for (const TableDef* table : allTables()) {
         const std::string name(table->name);
         AppDB db(shop.databaseFolder());
-        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         db.Execute("INSERT INTO " + name + " (" + std::string(table->columns[1])
                    + ") VALUES (CAST(x'8E52' AS TEXT))");
-        ASSERT_EQ(db.LastStatus(), 0) << db.LastErrText();
+        ASSERT_EQ(db.LastStatus(), DbStatus::Good) << db.LastErrText();
         db.Commit();
         std::ostringstream found;
         EXPECT_EQ(checkBooks(base, found, err), ToolStatus::Found) << name;

@@ -49,7 +49,7 @@ protected:
     [[nodiscard]] Texts lacking() const
     {
         AppDB db(shop.databaseFolder());
-        EXPECT_EQ(db.Open("trnvik.mdb"), 0);
+        EXPECT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         return missingForStart(db);
     }
     /// One form that cannot be taken over, and what is said about it.

@@ -98,7 +98,7 @@ TEST_F(ImportFuzz, aDamagedTable_isStoredWhole_orNotAtAll)
             << bytes;
         ASSERT_EQ(checkBooks(base, out, err), ToolStatus::Good) << bytes << '\n' << out.str();
         AppDB db(shop.databaseFolder());
-        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         db.Execute("DELETE FROM TantouTB");
         db.Commit();
     }

@@ -37,9 +37,9 @@ protected:
     void execute(const std::string& sql) const
     {
         AppDB db(base() + "/DB");
-        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         db.Execute(sql);
-        ASSERT_EQ(db.LastStatus(), 0);
+        ASSERT_EQ(db.LastStatus(), DbStatus::Good);
         db.Commit();
     }
 
@@ -129,7 +129,7 @@ TEST_F(TagDbTest, sample_fillsAnEmptyDatabase_only)
     ASSERT_EQ(sampleShop(base(), out, err), ToolStatus::Good);
     EXPECT_EQ(sampleShop(base(), out, err), ToolStatus::Failed);
     AppDB db(base() + "/DB");
-    ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+    ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
     EXPECT_GE(db.MasterTbl().Select(""), 190);
     EXPECT_EQ(db.KokyakuNyu().CountRows("Where NyuKyk = '1'"), 6);
     EXPECT_EQ(db.KokyakuNyu().CountRows("Where SyuKyk = '1'"), 6);
@@ -184,7 +184,7 @@ TEST_F(TagDbTest, tablesComeBackFromCsv_asTheyWent)
         ASSERT_EQ(importTable(base(), "TantouTB", path("t.csv"), cp932, out, err), ToolStatus::Good)
             << err.str();
         AppDB db(base() + "/DB");
-        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         ASSERT_EQ(db.TantouTbl().Select(""), 1);
         EXPECT_EQ(db.TantouTbl().get(1, TantouCol::Name), "山田,\"太郎\"");
         EXPECT_EQ(db.TantouTbl().get(1, TantouCol::Bikou), "二行\r\nの備考 ～－①");
@@ -262,7 +262,7 @@ TEST_F(TagDbTest, badLine_isNamed_andNothingIsStored)
         EXPECT_EQ(importTable(base(), "TantouTB", path("bad.csv"), false, out, err), ToolStatus::Failed);
         EXPECT_NE(err.str().find(words), std::string::npos) << err.str();
         AppDB db(base() + "/DB");
-        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         EXPECT_EQ(db.TantouTbl().CountRows(""), 0);
     }
     EXPECT_EQ(importTable(base(), "NoTable", path("bad.csv"), false, out, err), ToolStatus::Failed);

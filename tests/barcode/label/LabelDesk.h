@@ -33,7 +33,7 @@ struct LabelDialogDesk
     void fill(const std::vector<Row>& rows)
     {
         grid.fill(rows);
-        source = {.mode = 3,
+        source = {.mode = LabelMode::Receipts,
                   .grid = &grid,
                   .checkColumn = labelMarkColumn,
                   .quantityColumn = labelQuantityColumn,

@@ -62,10 +62,15 @@ TEST(LabelEntries, anEmptyGrid_isRefused)
         EXPECT_EQ(entry.desk.box.shown[0].icon, BoxIcon::Stop);
     };
     vaSpread& grid = entry.desk.grid;
-    refused([&](const LabelDesk& desk) { MainBarCodePrintOut(desk, 3, grid, labelMarkColumn, 0); });
-    refused([&](const LabelDesk& desk) { RptBarCodePrintOut(desk, 3, grid, labelMarkColumn, 0); });
+    refused([&](const LabelDesk& desk) {
+        MainBarCodePrintOut(desk, LabelMode::Receipts, grid, labelMarkColumn, noCell);
+    });
+    refused([&](const LabelDesk& desk) {
+        RptBarCodePrintOut(desk, LabelMode::Receipts, grid, labelMarkColumn, noCell);
+    });
     grid.setMaxRows(1);
-    refused([&](const LabelDesk& desk) { MstBarCodePrintOut(desk, 0, grid, labelMarkColumn); });
+    refused(
+        [&](const LabelDesk& desk) { MstBarCodePrintOut(desk, LabelMode::Goods, grid, labelMarkColumn); });
 }
 
 TEST(LabelEntries, receiptsAndShipments_bringTheirWord_rows_andSourceOfNumber)
@@ -75,7 +80,7 @@ TEST(LabelEntries, receiptsAndShipments_bringTheirWord_rows_andSourceOfNumber)
     grid.SetActiveCell(1, 2);
     EXPECT_TRUE(entry.through(
         [&](const LabelDesk& desk) {
-            MainBarCodePrintOut(desk, 3, grid, labelMarkColumn, labelQuantityColumn);
+            MainBarCodePrintOut(desk, LabelMode::Receipts, grid, labelMarkColumn, labelQuantityColumn);
         },
         [](QDialog& dialog) {
             EXPECT_EQ(textOf(dialog, "lblSyori"), u"【 入荷 】"_s);
@@ -84,12 +89,14 @@ TEST(LabelEntries, receiptsAndShipments_bringTheirWord_rows_andSourceOfNumber)
             EXPECT_EQ(textOf(dialog, "lblPrtNum_1"), u"数量分 "_s);
             EXPECT_EQ(textOf(dialog, "optPrint_0"), u" 「 印刷 」 にチェックのついている行を印刷する。"_s);
         }));
-    EXPECT_TRUE(
-        entry.through([&](const LabelDesk& desk) { MainBarCodePrintOut(desk, 4, grid, labelMarkColumn, 0); },
-                      [](QDialog& dialog) {
-                          EXPECT_EQ(textOf(dialog, "lblSyori"), u"【 出荷 】"_s);
-                          EXPECT_EQ(textOf(dialog, "lblPrtNum_1"), u"１ 枚 　"_s);
-                      }));
+    EXPECT_TRUE(entry.through(
+        [&](const LabelDesk& desk) {
+            MainBarCodePrintOut(desk, LabelMode::Shipments, grid, labelMarkColumn, noCell);
+        },
+        [](QDialog& dialog) {
+            EXPECT_EQ(textOf(dialog, "lblSyori"), u"【 出荷 】"_s);
+            EXPECT_EQ(textOf(dialog, "lblPrtNum_1"), u"１ 枚 　"_s);
+        }));
 }
 
 TEST(LabelEntries, masterData_leavesOutTheEmptyLastRow_andAsksForTheNumber)
@@ -97,14 +104,14 @@ TEST(LabelEntries, masterData_leavesOutTheEmptyLastRow_andAsksForTheNumber)
     Entry entry;
     vaSpread& grid = entry.desk.grid;
     grid.SetActiveCell(1, 3);
-    EXPECT_TRUE(
-        entry.through([&](const LabelDesk& desk) { MstBarCodePrintOut(desk, 0, grid, labelMarkColumn); },
-                      [](QDialog& dialog) {
-                          EXPECT_EQ(textOf(dialog, "lblSyori"), u"【 商品 】"_s);
-                          EXPECT_EQ(textOf(dialog, "txtLine_0"), u"2"_s);
-                          EXPECT_EQ(textOf(dialog, "txtLine_1"), u"2"_s);
-                          EXPECT_TRUE(dialog.findChild<QWidget*>(u"txtPrtNum"_s)->isVisible());
-                      }));
+    EXPECT_TRUE(entry.through(
+        [&](const LabelDesk& desk) { MstBarCodePrintOut(desk, LabelMode::Goods, grid, labelMarkColumn); },
+        [](QDialog& dialog) {
+            EXPECT_EQ(textOf(dialog, "lblSyori"), u"【 商品 】"_s);
+            EXPECT_EQ(textOf(dialog, "txtLine_0"), u"2"_s);
+            EXPECT_EQ(textOf(dialog, "txtLine_1"), u"2"_s);
+            EXPECT_TRUE(dialog.findChild<QWidget*>(u"txtPrtNum"_s)->isVisible());
+        }));
 }
 
 TEST(LabelEntries, aSlip_printsEveryRowWithACode)
@@ -112,7 +119,8 @@ TEST(LabelEntries, aSlip_printsEveryRowWithACode)
     Entry entry;
     EXPECT_TRUE(entry.through(
         [&](const LabelDesk& desk) {
-            RptBarCodePrintOut(desk, 4, entry.desk.grid, labelMarkColumn, labelQuantityColumn);
+            RptBarCodePrintOut(desk, LabelMode::Shipments, entry.desk.grid, labelMarkColumn,
+                               labelQuantityColumn);
         },
         [](QDialog& dialog) {
             EXPECT_EQ(textOf(dialog, "lblSyori"), u"【 伝 票 】"_s);

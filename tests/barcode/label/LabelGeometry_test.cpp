@@ -18,7 +18,7 @@ constexpr PrinterDots at600{600, 600, 0, 0};
 
 Millimetres lengthIn(const char16_t* text)
 {
-    return Millimetres(numberIn(QString::fromUtf16(text)));
+    return Millimetres(numberIn(QString::fromUtf16(text)).value_or(0));
 }
 
 double toMillimetres(double dots, std::int32_t perInch)

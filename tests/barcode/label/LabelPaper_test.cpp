@@ -24,7 +24,7 @@ namespace {
 
 Millimetres lengthIn(const char16_t* text)
 {
-    return Millimetres(numberIn(QString::fromUtf16(text)));
+    return Millimetres(numberIn(QString::fromUtf16(text)).value_or(0));
 }
 
 LabelJob jobOf(const LabelSheet& sheet)
@@ -77,7 +77,7 @@ protected:
     void print(LabelJob job, int step)
     {
         BarPrt& paper = barPrt;
-        ASSERT_EQ(paper.choosePrinter(nullptr), 1);
+        ASSERT_EQ(paper.choosePrinter(nullptr), PrinterChoice::GoOn);
         paper.setBarPitch(step);
         LabelRows rows(grid, labelMarkColumn, 0);
         job.startRow = 1;

@@ -65,7 +65,7 @@ TEST_F(LabelPrint, notPortrait_swapsTheOffsets_butNotTheResolutions)
     print();
     EXPECT_EQ(paper.pages.at(0).bars.at(0).at, QPoint(290, 560));
     grid.SetText(labelMarkColumn, 1, "1"sv);
-    paper.turned = 2;
+    paper.turned = PaperOrientation::Landscape;
     print();
     EXPECT_EQ(paper.pages.at(1).bars.at(0).at, QPoint(260, 590));
 }

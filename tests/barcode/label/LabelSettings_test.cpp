@@ -19,7 +19,7 @@ namespace {
 class LabelSettings : public ::testing::Test
 {
 protected:
-    static constexpr int mode = 3;
+    static constexpr LabelMode mode = LabelMode::Receipts;
 
     LabelSettings() { ini.setIniFolder(folder.path()); }
 
@@ -111,7 +111,7 @@ TEST_F(LabelSettings, whatWasStored_comesBack_forItsSourceAlone)
         }
     EXPECT_EQ(again.setup.capacity(), 24);
     SetupDesk other;
-    restoreLabelSettings(other.setup, ini, mode + 1);
+    restoreLabelSettings(other.setup, ini, LabelMode::Shipments);
     EXPECT_EQ(other.setup.sheet(), 0);
     EXPECT_EQ(other.text(LabelField::startX), "30.00");
 }

@@ -22,8 +22,8 @@ TEST(PriCheckPrint, aSavedPitchOutsideTheSteps_opensAsThree)
 {
     for (const QString& saved : {u"25"_s, u"x"_s, u"0"_s, u"-1"_s, u"1e300"_s}) {
         Desk desk;
-        ASSERT_TRUE(desk.ini.setLabelSetting(3, u"Yousi"_s, u"1"_s));
-        ASSERT_TRUE(desk.ini.setLabelSetting(3, u"BarPich"_s, saved));
+        ASSERT_TRUE(desk.ini.setLabelSetting(LabelMode::Receipts, u"Yousi"_s, u"1"_s));
+        ASSERT_TRUE(desk.ini.setLabelSetting(LabelMode::Receipts, u"BarPich"_s, saved));
         desk.open();
         EXPECT_EQ(desk.choice("cmbBarPich")->currentText(), u"3"_s) << saved.toStdString();
         EXPECT_EQ(desk.paper.barPitch(), 3);
@@ -76,8 +76,8 @@ TEST(PriCheckPrint, whatWasPrintedLast_isProposedAgain_forItsSourceAlone)
     look();
     AppIni again;
     again.setIniFolder(desk.iniFolder);
-    EXPECT_EQ(again.labelSetting(3, u"PageColumns"_s), u"3"_s);
-    desk.source.mode = 4;
+    EXPECT_EQ(again.labelSetting(LabelMode::Receipts, u"PageColumns"_s), u"3"_s);
+    desk.source.mode = LabelMode::Shipments;
     desk.open();
     EXPECT_TRUE(desk.button("optYousi_0")->isChecked());
     EXPECT_EQ(desk.text("txtBarHeight"), "12.00");
@@ -105,7 +105,7 @@ TEST(PriCheckPrint, aCancelledPrint_writesNothing_andKeepsTheDialog)
     Desk desk;
     desk.open();
     desk.type("txtBarHeight", u"9");
-    desk.paper.chosen = 0;
+    desk.paper.chosen = PrinterChoice::Cancelled;
     desk.dialog->CmdOK_Click();
     EXPECT_EQ(desk.paper.calls, (std::vector<std::string>{"orientation", "choose"}));
     EXPECT_FALSE(desk.dialog->printed());
@@ -134,7 +134,7 @@ TEST(PriCheckPrint, settingsFullOfNonsense_openAndPrint)
                 settings.emplace_back(QString::fromUtf16(row.saving.key), values.last());
             }
         ASSERT_EQ(settings.size(), 21U);
-        ASSERT_TRUE(desk.ini.setLabelSettings(3, settings));
+        ASSERT_TRUE(desk.ini.setLabelSettings(LabelMode::Receipts, settings));
         desk.open();
         desk.dialog->CmdOK_Click();
         EXPECT_TRUE(desk.dialog->printed() || desk.box.shown.size() == 1) << values.join(u'|').toStdString();

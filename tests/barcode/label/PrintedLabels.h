@@ -37,7 +37,7 @@ inline std::string joined(const std::vector<LabelledRow>& rows)
 
 inline Millimetres lengthIn(const char16_t* text)
 {
-    return Millimetres(numberIn(QString::fromUtf16(text)));
+    return Millimetres(numberIn(QString::fromUtf16(text)).value_or(0));
 }
 
 /// In the middle of the bars of the label at \a position on a printer of \a dots: first and last black dot

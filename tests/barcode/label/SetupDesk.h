@@ -51,7 +51,7 @@ struct SetupDesk
     static LabelSource source(int lastRow, const LabelNumber& number)
     {
         LabelSource of;
-        of.mode = 3;
+        of.mode = LabelMode::Receipts;
         of.lastRow = lastRow;
         of.asksForNumber = number.asksForNumber;
         return of;

@@ -16,7 +16,7 @@ struct HistoryWindow : MainWindowDesk
     {
         furnish();
         QDir(shop.base()).mkpath(u"db"_s);
-        EXPECT_EQ(AppDB::Create((shop.base() + u"/db/trnorg.mdb"_s).toStdString()), 0);
+        EXPECT_EQ(AppDB::Create((shop.base() + u"/db/trnorg.mdb"_s).toStdString()), DbStatus::Good);
         ini.setIniFolder(shop.base() + u"/Ini"_s);
         ini.setLastHistoryFolder(shop.base());
         shop.add(rirekiTable, {"Trn", "Vik", "hst", "00000000", "00000000000000"});

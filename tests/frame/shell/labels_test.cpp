@@ -81,8 +81,8 @@ TEST(LabelsOfTheEntryTabs, shipments_haveSettingsOfTheirOwn)
     desk.window->selectTab(1);
     desk.window->GoodsCodeSet(u"4901001000017"_s);
     ASSERT_TRUE(desk.dialogAfter({u"N"_s}, [](frm_PriCheck& dialog) { dialog.CmdOK_Click(); }));
-    EXPECT_EQ(desk.ini.labelSetting(4, u"Yousi"_s), u"0"_s);
-    EXPECT_TRUE(desk.ini.labelSetting(3, u"Yousi"_s).isEmpty());
+    EXPECT_EQ(desk.ini.labelSetting(LabelMode::Shipments, u"Yousi"_s), u"0"_s);
+    EXPECT_TRUE(desk.ini.labelSetting(LabelMode::Receipts, u"Yousi"_s).isEmpty());
     EXPECT_EQ(desk.window->focusWidget(), &desk.control<QWidget>(u"cmdSPrint"_s));
 }
 

@@ -57,13 +57,13 @@ protected:
     void fill(const char* table, const char* day, int count, const std::string& date = "20200101")
     {
         AppDB db(shop.databaseFolder());
-        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         db.Execute(std::string("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ")
                    + std::to_string(count) + ") INSERT INTO " + table + " (Code, " + day
                    + ", InpDate, UpdDate) SELECT '4901001000017', '" + date
                    + "', 20200101000000 + i, "
                      "20200101000000 + i FROM n");
-        ASSERT_EQ(db.LastStatus(), 0) << db.LastErrText();
+        ASSERT_EQ(db.LastStatus(), DbStatus::Good) << db.LastErrText();
         db.Commit();
     }
 
@@ -216,7 +216,7 @@ TEST_F(WholeRun, theMasterButton_endsUnasked_andStartsItsProgramAfterTheWait)
     clock.onPass = [&] {
         ++pauses;
         AppDB other(shop.databaseFolder()); // a second one could not write while the first has a unit open
-        free = other.Open("trnvik.mdb") == 0 && QApplication::topLevelWidgets().isEmpty();
+        free = other.Open("trnvik.mdb") == DbStatus::Good && QApplication::topLevelWidgets().isEmpty();
         EXPECT_FALSE(QFile::exists(shop.base() + u"/started"_s));
     };
     EXPECT_EQ(run([](frmMain& window) { button(window, u"cmdMaster"_s)->click(); }), 0);

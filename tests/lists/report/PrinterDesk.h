@@ -30,17 +30,17 @@ struct PrinterTest : ::testing::Test
         setup->dpi = dpi;
         setup->margins = margins;
         printer.setOrientation(PaperOrientation::Landscape);
-        ASSERT_FALSE(properties.PrinterSelect(nullptr));
+        ASSERT_EQ(properties.PrinterSelect(nullptr), PrinterChoice::GoOn);
     }
 
     /// Draws one page with \a draw and gives it back as a picture of a pixel for each dot.
     template <typename Draw> QImage drawn(Draw draw)
     {
         printer.StartDoc();
-        EXPECT_EQ(printer.StartPage(), 0);
+        EXPECT_EQ(printer.StartPage(), PrintStatus::Good);
         draw();
-        EXPECT_EQ(printer.EndDoc(), 0);
-        return pdfPicture(setup->file, 1, setup->dpi, Edges::Exact);
+        EXPECT_EQ(printer.EndDoc(), PrintStatus::Good);
+        return pdfPicture(setup->file, 1, setup->dpi, true);
     }
 };
 

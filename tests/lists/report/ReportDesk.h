@@ -120,7 +120,7 @@ struct ReportDesk
     [[nodiscard]] bool select()
     {
         printer.setOrientation(PaperOrientation::Landscape);
-        return !paper.PrinterSelect(nullptr);
+        return paper.PrinterSelect(nullptr) == PrinterChoice::GoOn;
     }
 
     ReportStatus print(const ReportTemplate& report, const vaSpread& grid, const ReportHead& head = {},

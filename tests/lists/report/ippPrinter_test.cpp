@@ -94,8 +94,8 @@ TEST_P(IppPrinterTest, aListArrivesAtThePlacesOfItsForm)
     const QImage page = upright(file, 1);
     EXPECT_NEAR(page.width(), paper.width(), 2);
     EXPECT_NEAR(page.height(), paper.height(), 2);
-    EXPECT_NEAR(inkOf(page).x(), rptList_In.lines[0].x1 * dotsPerTwip, 2);
-    EXPECT_NEAR(inkOf(page).y(), rptList_In.lines[1].y1 * dotsPerTwip, 2);
+    EXPECT_NEAR(inkOf(page).x(), rptList_In.lines[0].at.x1.value() * dotsPerTwip, 2);
+    EXPECT_NEAR(inkOf(page).y(), rptList_In.lines[1].at.y1.value() * dotsPerTwip, 2);
 }
 
 TEST_P(IppPrinterTest, theWordZero_movesTheListToWhereThePrinterBegins)

@@ -64,10 +64,7 @@ TEST_F(ListPicturesTest, pagesLookLikeTheStoredPictures)
 TEST_F(ListPicturesTest, aPictureWithOneColumnMoved_isNotTakenForTheStoredOne)
 {
     std::vector<RowElement> cells(rptList_Stock.cells.begin(), rptList_Stock.cells.end());
-    constexpr int twoMillimetres = 120; // in twips, nearly
-    for (RowElement& each : cells)
-        if (each.name == u"LbStock")
-            each.box.left -= twoMillimetres;
+    cells[3].box.left = cells[3].box.left - 120_tw; // the stock figures, two millimetres
     ReportTemplate moved = rptList_Stock;
     moved.cells = cells;
     const auto grid = filledGrid(moved, 47);

@@ -21,8 +21,8 @@ struct ListReportTest : ::testing::Test
 QRectF cellBox(const ReportTemplate& report, const RowElement& element, int n)
 {
     constexpr double points = 20; // twips to the point
-    return {element.box.left / points, (element.box.top + n * report.pitch) / points,
-            element.box.width / points, element.box.height / points};
+    return {element.box.left.value() / points, (element.box.top + report.pitch * n).value() / points,
+            element.box.width.value() / points, element.box.height.value() / points};
 }
 
 QString unspaced(QString text)
@@ -155,7 +155,7 @@ TEST_F(ListReportTest, aUnitOfSevenCharacters_andARemarkOfEighty_stayInTheirPlac
         double right = 0;
         for (const PdfWord& word : words)
             right = std::max(right, word.box.right());
-        EXPECT_LE(right, (report->titleBand.left + report->titleBand.width) / points + 0.3);
+        EXPECT_LE(right, (report->titleBand.left + report->titleBand.width).value() / points + 0.3);
         for (const PdfWord& word : words)
             if (word.text == unit) {
                 EXPECT_GE(word.box.left(), cellBox(*report, unitCell, 0).left() - 0.15);
@@ -276,7 +276,7 @@ TEST_F(ListReportTest, theCornerOfThePaperTakesTheFrame)
     desk.setup->dpi = 600;
     desk.setup->margins = {12, 12, 12, 12};
     ASSERT_TRUE(desk.select());
-    desk.paper.moveToCorner(rptList_In.lines[0].x1 / 1440.0, rptList_In.lines[1].y1 / 1440.0);
+    desk.paper.moveToCorner(inches(rptList_In.lines[0].at.x1), inches(rptList_In.lines[1].at.y1));
     EXPECT_NEAR(desk.paper.PrtOffsetX(), 1093 / 2.4, 1e-9); // dots, past the margin of 100
     EXPECT_NEAR(desk.paper.PrtOffsetY(), 420 / 2.4, 1e-9);
     const auto grid = filledGrid(rptList_In, 10);

@@ -92,14 +92,14 @@ struct PrintDialog : ::testing::Test
 
 TEST_F(PrintDialog, ofAFileAsksForNoPagesAndNoOrder)
 {
-    ASSERT_TRUE(filePrinter.choose(nullptr));
+    ASSERT_EQ(filePrinter.choose(nullptr), PrinterChoice::GoOn);
     EXPECT_TRUE(shown);
     EXPECT_EQ(choices.join(u' ').toStdString(), "");
 }
 
 TEST_F(PrintDialog, ofAPrinterAsksForNoPagesAndNoOrder)
 {
-    ASSERT_TRUE(printer.choose(nullptr));
+    ASSERT_EQ(printer.choose(nullptr), PrinterChoice::GoOn);
     EXPECT_TRUE(shown);
     EXPECT_EQ(choices.join(u' ').toStdString(), "");
 }
@@ -107,7 +107,7 @@ TEST_F(PrintDialog, ofAPrinterAsksForNoPagesAndNoOrder)
 TEST_F(PrintDialog, opensWithoutThemEachTime)
 {
     for (int time = 0; time < 2; ++time) {
-        ASSERT_TRUE(printer.choose(nullptr));
+        ASSERT_EQ(printer.choose(nullptr), PrinterChoice::GoOn);
         EXPECT_EQ(choices.join(u' ').toStdString(), "") << time;
     }
 }
@@ -117,7 +117,7 @@ TEST_F(PrintDialog, leavesPagesToTheProgram_andCopiesToTheOperator)
     work = [](QPrintDialog& dialog) { dialog.findChild<QSpinBox*>(u"copies"_s)->setValue(2); };
     Printer_Properties paper(printer);
     printer.setOrientation(PaperOrientation::Landscape);
-    ASSERT_FALSE(paper.PrinterSelect(nullptr));
+    ASSERT_EQ(paper.PrinterSelect(nullptr), PrinterChoice::GoOn);
     const auto grid = filledGrid(rptList_In, 30);
     ASSERT_EQ(ListReport(rptList_In, *grid).print(paper, {}, {2, 3}, 3), ReportStatus::Printed);
     ++jobs;
@@ -130,7 +130,7 @@ TEST_F(PrintDialog, getsTheNameOfTheDocument)
     QString name;
     work = [&name](QPrintDialog& dialog) { name = dialog.printer()->docName(); };
     printer.setDocumentName(u"在庫商品 一覧"_s);
-    ASSERT_TRUE(printer.choose(nullptr));
+    ASSERT_EQ(printer.choose(nullptr), PrinterChoice::GoOn);
     EXPECT_EQ(name, u"在庫商品 一覧"_s);
 }
 
@@ -142,7 +142,7 @@ TEST_F(PrintDialog, takesAPrinterWithoutDuplex_thatIsAskedForBothSides)
     };
     Printer_Properties paper(printer);
     printer.setOrientation(PaperOrientation::Landscape);
-    ASSERT_FALSE(paper.PrinterSelect(nullptr));
+    ASSERT_EQ(paper.PrinterSelect(nullptr), PrinterChoice::GoOn);
     const auto grid = filledGrid(rptList_Stock, 26);
     ASSERT_EQ(ListReport(rptList_Stock, *grid).print(paper, {}, {1, 2}, 2), ReportStatus::Printed);
     ++jobs;

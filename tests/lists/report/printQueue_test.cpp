@@ -33,7 +33,7 @@ struct PrintQueueTest : ::testing::Test
     {
         printer.setOrientation(PaperOrientation::Landscape);
         printer.setDocumentName(u"在庫商品 一覧"_s);
-        return !paper.PrinterSelect(nullptr);
+        return paper.PrinterSelect(nullptr) == PrinterChoice::GoOn;
     }
 };
 
@@ -56,19 +56,20 @@ TEST_F(PrintQueueTest, aListArrivesAtThePrinterAsOneJob)
     EXPECT_TRUE(queue->jobTicket(jobs).contains(u" 在庫商品 一覧 1 "_s))
         << queue->jobTicket(jobs).toStdString();
     const auto words = pdfWords(file);
-    const TwipBox& code = elementOf(rptList_Stock, u"LbCode").box;
-    const QRectF box(code.left / 20.0, (code.top + 4 * 360) / 20.0, code.width / 20.0, code.height / 20.0);
-    EXPECT_EQ(textIn(words, 1, box.translated(0, 0)), grid->qtext(StockCells::code, 5));
-    EXPECT_EQ(textIn(words, 4, box), grid->qtext(StockCells::code, 30));
+    const TwipBox& code = rptList_Stock.cells[0].box;
+    const QRectF box(code.left.value() / 20.0, (code.top + 360_tw * 4).value() / 20.0,
+                     code.width.value() / 20.0, code.height.value() / 20.0);
+    EXPECT_EQ(textIn(words, 1, box.translated(0, 0)), grid->qtext(1, 5));
+    EXPECT_EQ(textIn(words, 4, box), grid->qtext(1, 30));
 }
 
 TEST_F(PrintQueueTest, thePrinterStaysChosen)
 {
     ASSERT_TRUE(select());
     Printer next([](QPrinter& chosen, QWidget*) { return chosen.isValid(); });
-    EXPECT_TRUE(next.choose(nullptr));
+    EXPECT_EQ(next.choose(nullptr), PrinterChoice::GoOn);
     EXPECT_EQ(next.deviceName(), QString::fromUtf8(CupsQueue::name)); // the only one there is
-    EXPECT_TRUE(next.choose(nullptr));
+    EXPECT_EQ(next.choose(nullptr), PrinterChoice::GoOn);
     EXPECT_EQ(next.deviceName(), QString::fromUtf8(CupsQueue::name));
 }
 

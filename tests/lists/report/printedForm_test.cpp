@@ -137,13 +137,13 @@ TEST_F(PrintedFormTest, figuresComeOutInColumns)
 {
     select(600);
     printer.StartDoc();
-    ASSERT_EQ(printer.StartPage(), 0);
+    ASSERT_EQ(printer.StartPage(), PrintStatus::Good);
     FormLabel figure = label(u"1,234"_s, FormAlign::Right);
     properties.PrintLabel(figure, true);
     figure.top += 0.5;
     figure.caption = u"8"_s;
     properties.PrintLabel(figure, true);
-    ASSERT_EQ(printer.EndDoc(), 0);
+    ASSERT_EQ(printer.EndDoc(), PrintStatus::Good);
     const auto words = pdfWords(setup->file);
     ASSERT_EQ(words.size(), 2U);
     EXPECT_EQ(words[0].text, u"1,234"_s);

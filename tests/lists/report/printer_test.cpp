@@ -14,7 +14,7 @@ TEST_F(PrinterTest, aCancelledDialog_leavesPrinterAndValuesAsTheyWere)
     setup->margins = {};
     setup->file = folder.filePath(u"other.pdf"_s);
     setup->copies = 7;
-    EXPECT_TRUE(properties.PrinterSelect(nullptr));
+    EXPECT_EQ(properties.PrinterSelect(nullptr), PrinterChoice::Cancelled);
     EXPECT_EQ(properties.PrtDpiX(), 600);
     EXPECT_EQ(properties.PrtOffsetX(), 100);
     EXPECT_EQ(printer.geometry().dpiX, 600);
@@ -46,7 +46,7 @@ TEST_F(PrinterTest, aLandscapePage_keepsTheMargins_turnedEitherWay)
         layout.setMinimumMargins({12, 24, 36, 48});
         return chosen.setPageLayout(layout);
     });
-    ASSERT_TRUE(laser.choose(nullptr));
+    ASSERT_EQ(laser.choose(nullptr), PrinterChoice::GoOn);
     EXPECT_EQ(laser.geometry().offsetX, 100);
     EXPECT_EQ(laser.geometry().offsetY, 200);
     laser.setOrientation(PaperOrientation::Landscape);
@@ -63,7 +63,7 @@ TEST_F(PrinterTest, theDialogMayLeaveItsMarginsInMillimetres)
         layout.setMinimumMargins({25.4, 12.7, 0, 0});
         return chosen.setPageLayout(layout);
     });
-    ASSERT_TRUE(metric.choose(nullptr));
+    ASSERT_EQ(metric.choose(nullptr), PrinterChoice::GoOn);
     EXPECT_EQ(metric.geometry().offsetX, 600);
     EXPECT_EQ(metric.geometry().offsetY, 300);
 }
@@ -75,8 +75,8 @@ TEST_F(PrinterTest, aPrinterWithoutDuplexSelectsNormally)
         chosen.setDuplex(QPrinter::DuplexLongSide); // a PDF has none and keeps quiet about it
         return true;
     });
-    EXPECT_TRUE(simplex.choose(nullptr));
-    EXPECT_TRUE(simplex.choose(nullptr));
+    EXPECT_EQ(simplex.choose(nullptr), PrinterChoice::GoOn);
+    EXPECT_EQ(simplex.choose(nullptr), PrinterChoice::GoOn);
     EXPECT_EQ(simplex.geometry().dpiX, 600);
 }
 
@@ -125,11 +125,11 @@ TEST_F(PrinterTest, aDocumentHasThePagesThatWereStarted)
 {
     select(300);
     setup->file = folder.filePath(u"three.pdf"_s);
-    ASSERT_FALSE(properties.PrinterSelect(nullptr));
+    ASSERT_EQ(properties.PrinterSelect(nullptr), PrinterChoice::GoOn);
     printer.StartDoc();
     for (int page = 0; page < 3; ++page)
-        ASSERT_EQ(printer.StartPage(), 0);
-    EXPECT_EQ(printer.EndDoc(), 0);
+        ASSERT_EQ(printer.StartPage(), PrintStatus::Good);
+    EXPECT_EQ(printer.EndDoc(), PrintStatus::Good);
     EXPECT_EQ(pdfPages(setup->file), 3);
 }
 
@@ -137,7 +137,7 @@ TEST_F(PrinterTest, aDocumentWithoutAPageMakesNoFile)
 {
     select(300);
     printer.StartDoc();
-    EXPECT_EQ(printer.EndDoc(), 0);
+    EXPECT_EQ(printer.EndDoc(), PrintStatus::Good);
     EXPECT_FALSE(QFileInfo::exists(setup->file));
 }
 
@@ -146,8 +146,8 @@ TEST_F(PrinterTest, aFileThatCannotBeWrittenIsReported)
     setup->file = folder.filePath(u"not/there/out.pdf"_s);
     select(300);
     printer.StartDoc();
-    EXPECT_NE(printer.StartPage(), 0);
-    EXPECT_EQ(printer.EndDoc(), 0); // nothing was begun
+    EXPECT_NE(printer.StartPage(), PrintStatus::Good);
+    EXPECT_EQ(printer.EndDoc(), PrintStatus::Good); // nothing was begun
 }
 
 TEST_F(PrinterTest, aDiskThatIsFullIsReported)
@@ -155,10 +155,10 @@ TEST_F(PrinterTest, aDiskThatIsFullIsReported)
     setup->file = u"/dev/full"_s;
     select(300);
     printer.StartDoc();
-    ASSERT_EQ(printer.StartPage(), 0);
+    ASSERT_EQ(printer.StartPage(), PrintStatus::Good);
     for (int n = 0; n < 100; ++n)
         properties.PrintLabel(label(u"12,345"_s, FormAlign::Right), true);
-    EXPECT_NE(printer.EndDoc(), 0);
+    EXPECT_NE(printer.EndDoc(), PrintStatus::Good);
 }
 
 TEST_F(PrinterTest, copiesAreTheCallersToMake)
@@ -167,8 +167,8 @@ TEST_F(PrinterTest, copiesAreTheCallersToMake)
     select(300);
     EXPECT_EQ(printer.copies(), 3);
     printer.StartDoc();
-    ASSERT_EQ(printer.StartPage(), 0);
-    ASSERT_EQ(printer.EndDoc(), 0);
+    ASSERT_EQ(printer.StartPage(), PrintStatus::Good);
+    ASSERT_EQ(printer.EndDoc(), PrintStatus::Good);
     EXPECT_EQ(pdfPages(setup->file), 1);
 }
 
@@ -182,10 +182,10 @@ TEST_F(PrinterTest, theProposedFileOverwritesNothing)
     });
     asking.setDocumentName(u"在庫/一覧"_s);
     for (int n = 0; n < 3; ++n) {
-        ASSERT_TRUE(asking.choose(nullptr));
+        ASSERT_EQ(asking.choose(nullptr), PrinterChoice::GoOn);
         asking.StartDoc();
-        ASSERT_EQ(asking.StartPage(), 0);
-        ASSERT_EQ(asking.EndDoc(), 0);
+        ASSERT_EQ(asking.StartPage(), PrintStatus::Good);
+        ASSERT_EQ(asking.EndDoc(), PrintStatus::Good);
     }
     EXPECT_EQ(proposed, QStringList({u"在庫_一覧.pdf"_s, u"在庫_一覧 (2).pdf"_s, u"在庫_一覧 (3).pdf"_s}));
 }

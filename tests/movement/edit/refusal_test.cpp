@@ -186,7 +186,7 @@ TEST_P(EditTest, updateThatFails_showsItsCauseOnce_andBlamesNobodyElse)
     for (const std::string how : {"ABORT", "ROLLBACK"}) { // the second gives up the whole unit
         std::vector<std::string> causes;
         AppDB db(desk.shop.databaseFolder(), [&causes](const std::string& text) { causes.push_back(text); });
-        ASSERT_EQ(db.Open("trnvik.mdb"), 0);
+        ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         MovementPage own(GetParam().side, {db, desk.ini, desk.clock, desk.box, desk.frame});
         own.setPartners({{"101", u"東商店"_s}});
         EntryDesk::book(own, u"A"_s);

@@ -12,7 +12,7 @@ BooksDesk::BooksDesk()
     addGoods("P", {2, 1, {{"A", 1}, {"B", 3}}});
     addGoods("Q", {1, 2, {{"P", 2}, {"GONE", 4}}}); // GONE is in no table
     open();
-    EXPECT_EQ(watcher.emplace(shop.databaseFolder()).Open("trnvik.mdb"), 0);
+    EXPECT_EQ(watcher.emplace(shop.databaseFolder()).Open("trnvik.mdb"), DbStatus::Good);
 }
 
 void BooksDesk::addGoods(const std::string& code, const ModelGoods& is)
