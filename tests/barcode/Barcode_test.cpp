@@ -1,4 +1,4 @@
-// The link to the reader: how it comes up, fails, is read and goes down.
+// The serial reader: opening, failing, reading and closing.
 #include "barcode/Barcode.h"
 
 #include <optional>
@@ -26,7 +26,7 @@ protected:
         ASSERT_TRUE(desk.box.shown.empty());
     }
 
-    /// The operator is told once and to the letter, with no wait window over it, and the reader is dead.
+    /// The failure is shown once and to the letter, with no wait window over it, and the reader is off.
     void expectFailure()
     {
         desk.box.onShow = [this](const Box&) { desk.happened.emplace_back("box"); };
@@ -135,7 +135,7 @@ TEST_F(BarcodeTest, afterAFailedOpening_readsDoNotTouchThePort_norDoesTheEndClos
     desk.settings.commParity = u"X"_s;
     EXPECT_FALSE(barcode->BarCodeInit(&desk.comm));
 
-    desk.comm.setPortOpen(true); // whoever else opens it
+    desk.comm.setPortOpen(true); // as if somebody else opened it
     desk.send("4901001000017\r\n");
     for (int i = 0; i < 10; ++i) {
         EXPECT_EQ(barcode->line(), QString());

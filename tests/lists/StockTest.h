@@ -1,4 +1,4 @@
-// The stock tab with a few goods of every kind: low, none, below nothing, not in stock at all.
+// The stock tab with a few goods of every kind: low, none, negative, without a stock row.
 #pragma once
 
 #include "tests/lists/StockDesk.h"

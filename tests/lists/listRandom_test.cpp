@@ -1,6 +1,5 @@
-// Lists of random movements against a computation that shares nothing with the program: after a search, and
-// after every allowed sort in random order. Quantities are quarters, so that the plain arithmetic here is
-// exact.
+// Lists of random movements against an independent computation: after a search, and after every allowed sort
+// in random order. Quantities are quarters, so that plain arithmetic is exact.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -74,7 +73,7 @@ protected:
     ListDesk desk{GetParam()};
     std::mt19937 random;
     std::vector<Movement> movements;
-    std::vector<Figures> figures; ///< of the movement of the same place; its remark is that place
+    std::vector<Figures> figures; ///< by movement; the remark of a movement is its index here
 
     int below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
 
@@ -126,8 +125,8 @@ protected:
         }
     }
 
-    /// Walks the list: every movement once and in order, a subtotal wherever the text of \a groupCol changes
-    /// and nowhere else, the sums as they must be.
+    /// Checks the list: every movement once and in order, a subtotal wherever the text of \a groupCol changes
+    /// and nowhere else, and the sums.
     void checkDetail(int groupCol, const std::vector<int>& keys, bool displayedFigures,
                      std::size_t expectedRows)
     {
@@ -139,7 +138,7 @@ protected:
         bool first = true;
         for (int row = 1; row < rows; ++row) {
             if (desk.cell(1, row) == "　　小計") {
-                ASSERT_FALSE(first) << "a subtotal of nothing in row " << row;
+                ASSERT_FALSE(first) << "an empty subtotal in row " << row;
                 expectShown(sumsAt(row), group, desk.isShipment(), row);
                 total.add(group);
                 group = {};

@@ -25,7 +25,7 @@ using Lines = std::vector<std::string>;
 const QColor yellow(255, 255, 0);
 const QColor green(128, 255, 128);
 
-/// A store of movements that this many of a row's returned goods bring, whichever columns the side has.
+/// \a movement with these returned quantities; a receipt has only the first.
 Movement returning(Movement movement, const std::string& first, const std::string& second)
 {
     movement.returned1 = first;
@@ -140,8 +140,7 @@ TEST_P(ListRowsOf, blankFiguresCountAsNothing)
                                        "2026/04/01|りんご|東商店|0|0|0|0|4901|山田|0|0||"));
 }
 
-// Somebody deletes rows while the operator looks at the question: the buffer marks them, and they are left
-// out.
+// Somebody deletes rows while the question is open: the buffer marks them, and they are left out.
 TEST_P(ListRowsOf, aRowThatIsGoneLeavesNoRowAndDoesNotCount)
 {
     desk.store(
@@ -163,7 +162,7 @@ TEST_P(ListRowsOf, aRowThatIsGoneLeavesNoRowAndDoesNotCount)
     EXPECT_EQ(desk.cell(7, 1003), "100,107");
     EXPECT_EQ(desk.cell(1, 1003), "　　小計");
     EXPECT_EQ(desk.cell(7, 1004), "100,107");
-    EXPECT_EQ(desk.frame.waitValue, 1003) << "the bar moves on";
+    EXPECT_EQ(desk.frame.waitValue, 1003) << "the progress bar moves on";
 }
 
 TEST_P(ListRowsOf, aFirstRowThatIsGoneStillGivesTheFirstDay)
@@ -228,7 +227,7 @@ TEST_P(ListRowsOf, theSummedViewNamesThePartnerAndThePersonAskedFor)
     EXPECT_EQ(desk.cell(3, 1), "東商店");
     EXPECT_EQ(desk.cell(9, 1), "山田");
     desk.control<QComboBox>(u"cmbXLSaki"_s).setCurrentIndex(1);
-    EXPECT_EQ(desk.cell(3, 1), "東商店") << "what is shown describes the search, not the choice as it is now";
+    EXPECT_EQ(desk.cell(3, 1), "東商店") << "the search counts, not what the combo box shows now";
 }
 
 TEST_P(ListRowsOf, summedFiguresTooLongForTheirCellsLeaveThemEmpty)
@@ -248,7 +247,7 @@ TEST_P(ListRowsOf, summedFiguresTooLongForTheirCellsLeaveThemEmpty)
     }
     EXPECT_EQ(desk.cell(5, 2), "");
     EXPECT_EQ(desk.cell(7, 2), "");
-    EXPECT_FALSE(desk.grid().cellBold(7, 2)) << "an empty cell is no negative one";
+    EXPECT_FALSE(desk.grid().cellBold(7, 2)) << "an empty cell is not negative";
     EXPECT_FALSE(desk.cell(7, 3).empty()) << "negative figures have no limit";
     EXPECT_TRUE(desk.grid().cellBold(7, 3));
 }
@@ -299,7 +298,7 @@ TEST_P(ListRowsOf, theBarIsGreyWhileNoControlHasTheFocus)
     Q_EMIT desk.grid().LeaveCell(1, 1, 1, 3);
     EXPECT_EQ(desk.grid().rowBackColor(3), QColor(192, 192, 192));
     Q_EMIT desk.grid().LeaveCell(1, 3, -1, 1);
-    EXPECT_EQ(desk.grid().rowBackColor(3), QColor(192, 192, 192)) << "no new cell, nothing happens";
+    EXPECT_EQ(desk.grid().rowBackColor(3), QColor(192, 192, 192)) << "without a new cell nothing happens";
     Q_EMIT desk.grid().GotFocus();
     EXPECT_EQ(desk.grid().rowBackColor(desk.grid().ActiveRow()), QColor(0, 255, 255));
     Q_EMIT desk.grid().LostFocus();

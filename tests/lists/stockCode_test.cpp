@@ -1,4 +1,4 @@
-// Searching the stock for single codes: they gather on top, and each that is not shown says why.
+// Searching the stock for single codes: they are added on top, and for each that is not shown a box says why.
 #include "tests/lists/StockTest.h"
 #include "tests/support/ExpectBox.h"
 
@@ -122,7 +122,7 @@ TEST_F(StockTest, figureThatIsNoNumber_isShownAsItStands)
     EXPECT_EQ(grid().cellForeColor(3, 4), red);
     detail().setChecked(true);
     EXPECT_EQ(codes(), "a1 B2 D4 F6 ");
-    EXPECT_EQ(text(2, grid().MaxRows()), "　③ 出荷") << "the block ends where it cannot be reckoned";
+    EXPECT_EQ(text(2, grid().MaxRows()), "　③ 出荷") << "the block ends where it cannot be computed";
 }
 
 } // namespace suisui::test

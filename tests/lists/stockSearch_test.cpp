@@ -1,4 +1,4 @@
-// Searching the stock by patterns: check boxes, how many rows, and what the operator sees of them.
+// Searching the stock by patterns: check boxes, number of rows, and what the operator sees.
 #include <QPushButton>
 
 #include "tests/lists/StockTest.h"
@@ -97,7 +97,7 @@ TEST_F(StockTest, firstSight_isTheEmptyGrid_andKeepsTheField)
     page.firstShow();
     EXPECT_EQ(page.barCodeField()->text(), u"a1"_s);
     EXPECT_EQ(grid().MaxRows(), 0);
-    EXPECT_TRUE(frame.TabLoaded(Tab::Stock)) << "else the next sight would empty what was searched meanwhile";
+    EXPECT_TRUE(frame.TabLoaded(Tab::Stock)) << "or showing the tab again would clear the result";
 }
 
 TEST_F(StockTest, lowBox_ticksTheZeroBox_butNotTheOtherWayRound)

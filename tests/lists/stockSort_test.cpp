@@ -27,7 +27,7 @@ TEST_F(StockTest, headingClick_sortsWordsRisingAndFiguresFalling)
     EXPECT_EQ(headings(), "コード▽ |名称▽ |在庫数▽|入荷単価▽|出荷単価▽|－|－|単位▲|最低在庫▽");
     click(2);
     EXPECT_EQ(headings(), "コード▽ |名称▲ |在庫数▽|入荷単価▽|出荷単価▽|－|－|単位▽|最低在庫▽");
-    EXPECT_LT(codes().find("a1"), codes().find("F6")) << "equal names stand by their codes";
+    EXPECT_LT(codes().find("a1"), codes().find("F6")) << "equal names are sorted by their codes";
     EXPECT_EQ(text(10, 1).size(), 1U);
     EXPECT_TRUE(frame.enabled);
 }
@@ -76,7 +76,7 @@ TEST_F(StockTest, afterSortsAndMoves_oneRowIsBarred_andItIsTheCursors)
                 << when << ", row " << row;
     };
     expectOneBar("after the search");
-    for (const int column : {9, 1, 3, 2}) { // straight after the search, and again and again
+    for (const int column : {9, 1, 3, 2}) { // right after the search, then repeatedly
         Q_EMIT grid().HeadingClick(column);
         expectOneBar("after a sort");
     }
@@ -94,7 +94,7 @@ TEST_F(StockTest, sortAfterTheCursorHasMoved_followsItsGoods)
     furnish();
     search(u"*"_s);
     grid().SetActiveCell(3, 2);
-    Q_EMIT grid().LeaveCell(3, 1, 3, 2); // the operator goes down to B2
+    Q_EMIT grid().LeaveCell(3, 1, 3, 2); // the operator moves down to B2
     Q_EMIT grid().HeadingClick(9);
     ASSERT_EQ(codes(), "B2 a1 D4 ");
     EXPECT_EQ(grid().ActiveRow(), 1);

@@ -1,5 +1,5 @@
-// The entry tabs under the operator's hands: keys typed into the code field, and where the focus stands after
-// each way out of a booking, a search, an update and a delete.
+// Operating the entry tabs: keys typed into the code field, and where the focus is after each outcome of a
+// booking, a search, an update and a delete.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -139,7 +139,7 @@ TEST_P(EntryFocusTest, afterABookingItIsInTheQuantityOfTheNewRow)
     EXPECT_TRUE(onGrid(*page));
     EXPECT_EQ(page->grid()->ActiveRow(), 1);
     EXPECT_EQ(page->grid()->ActiveCol(), 4);
-    EXPECT_EQ(page->grid()->currentIndex().column(), 3) << "and the cell is seen to be the one";
+    EXPECT_EQ(page->grid()->currentIndex().column(), 3) << "and it is seen to be this cell";
 }
 
 TEST_P(EntryFocusTest, afterAnUnknownCodeItIsInTheCodeField)
@@ -209,7 +209,7 @@ TEST_P(EntryFocusTest, aRowThatWasNotStored_letsNoOtherRowBeDeletedInItsPlace)
 {
     book(u"1234567890123"_s);
     book(u"B"_s);
-    page->grid()->SetActiveCell(4, 2); // the older row, as the operator sees it until the next search
+    page->grid()->SetActiveCell(4, 2); // the older row, which is still in view until the next search
     // Somebody else's row has the stamp of the next booking.
     const std::string stamp = "20260401090005";
     const std::string table(movementTable(GetParam()).table.name);
@@ -225,8 +225,8 @@ TEST_P(EntryFocusTest, aRowThatWasNotStored_letsNoOtherRowBeDeletedInItsPlace)
     press(u"cmd%1Delete"_s, BoxAnswer::Yes);
     ASSERT_EQ(desk.box.shown.size(), 2U);
     EXPECT_EQ(desk.box.shown[1].title, u"データベースエラー"_s);
-    EXPECT_EQ(stored(), 3U) << "neither the row that is seen nor the one that has moved to its place";
-    // After the search that the box advises everything works again.
+    EXPECT_EQ(stored(), 3U) << "neither the visible row nor the one that has moved to its place";
+    // After the search that the box advises, everything works again.
     page->setDefaultDates(u"20260401"_s, u"20260401"_s);
     page->cmdKensaku_Click();
     ASSERT_EQ(page->grid()->MaxRows(), 2);

@@ -32,7 +32,7 @@ TEST(ComponentFractions, anUpdateReckonsExactly)
     desk.shop.add(zaikoTable, {"PART", "100", "0", "s", "s"});
     MovementPage& page = desk.open(Side::Receipt);
     EntryDesk::book(page, u"MIX"_s);
-    EXPECT_EQ(desk.stockOf("PART"), "100") << "a quarter is none at the scan";
+    EXPECT_EQ(desk.stockOf("PART"), "100") << "a quarter is rounded to none at the scan";
     EntryDesk::edit(page, 4, 1, "5");
     desk.frame.guardActive = true;
     page.cmdKousin_Click();

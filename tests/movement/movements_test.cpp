@@ -1,6 +1,6 @@
 // All six movements in random order, over ten thousand of them, against a small model of rows and stock that
-// knows nothing of the program's own arithmetic. After each one every stock figure is compared, and as long
-// as quantities are whole the invariant of the books as well.
+// knows nothing of the program's own arithmetic. After each one every stock figure is compared and, as long
+// as quantities are whole, the invariant of the books.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -55,7 +55,7 @@ struct Model
     }
 };
 
-/// Rounds halves to the even neighbour.
+/// Rounds to the nearest whole number, halves to the even one.
 double even(double number)
 {
     const double below = std::floor(number);
@@ -134,7 +134,7 @@ protected:
     {
         page.grid()->SetActiveCell(4, static_cast<int>(at) + 1);
         desk.box.answers = {BoxAnswer::Yes};
-        desk.box.onShow = [this](const Box& box) { // warnings take no answer out of the script
+        desk.box.onShow = [this](const Box& box) { // warnings must not use up an answer of the script
             if (box.buttons == BoxButtons::Ok && !desk.box.answers.empty()
                 && desk.box.answers.front() != BoxAnswer::Ok)
                 desk.box.answers.push_front(BoxAnswer::Ok);
@@ -196,7 +196,7 @@ protected:
                 << after << ": " << stock.get(row, ZaikoCol::Code);
     }
 
-    /// One random movement; its name.
+    /// Makes one random movement; returns its name.
     std::string step(std::mt19937& random)
     {
         const auto below = [&random](std::size_t n) { return static_cast<std::size_t>(random() % n); };

@@ -1,4 +1,5 @@
-// Booking receipts: what one code does to the grid, the tables and the stock, and what every failure leaves.
+// Booking receipts: what one code does to the grid, the tables and the stock, and what is left after a
+// failure.
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
@@ -196,7 +197,7 @@ TEST_F(ReceiptTest, stockOverflow_undoesTheComponents_too)
 TEST_F(ReceiptTest, rowThatCannotBeStored_undoesTheStock_andKeepsTheRowCount)
 {
     EntryDesk::book(*page, u"4901001000017"_s);
-    // The stamp of the next booking is taken by somebody else's row.
+    // Somebody else's row already has the stamp of the next booking.
     desk.shop.add(inpTable, {"SET1", "", "", "0000000", "0000000", "", "", "20260401", "090001", "",
                              "0000000", "0000000", "", "", "", "20260401090001", "20260401090001"});
     desk.clock.setNow(QDateTime(QDate(2026, 4, 1), QTime(9, 0, 1)));

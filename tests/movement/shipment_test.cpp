@@ -1,4 +1,4 @@
-// Booking shipments: where they part from receipts.
+// Booking shipments: where they differ from receipts.
 #include <gtest/gtest.h>
 
 #include "tests/support/EntryDesk.h"
@@ -111,7 +111,7 @@ TEST_F(ShipmentTest, returns_weakenTheTotal_andNeverTheStock)
     EXPECT_EQ(page->grid()->text(6, 1), "700");
     EntryDesk::edit(*page, 11, 1, "0");
     EntryDesk::edit(*page, 12, 1, "3");
-    EXPECT_EQ(page->grid()->text(6, 1), "700") << "good and faulty returns weigh the same";
+    EXPECT_EQ(page->grid()->text(6, 1), "700") << "good and defective returns count the same";
     EntryDesk::edit(*page, 11, 1, "2");
     EXPECT_EQ(page->grid()->text(6, 1), "500");
     desk.frame.guardActive = true;
@@ -129,7 +129,7 @@ TEST_F(ShipmentTest, cells_goToTheirColumns)
     for (const auto& [column, text] : typed)
         EntryDesk::edit(*page, column, 1, text);
     for (const int column : {1, 6, 7, 8, 9})
-        EntryDesk::edit(*page, column, 1, "x"); // fed back nowhere
+        EntryDesk::edit(*page, column, 1, "x"); // not taken into the row set
     desk.frame.guardActive = true;
     page->cmdKousin_Click();
     EXPECT_EQ(

@@ -137,7 +137,7 @@ TEST_F(StoreTest, rolledBackUnit_isTakenBackInTheBuffer)
     EXPECT_EQ(rows.get(1, MasterCol::Unit), "箱"); // what the operator typed is still there
     EXPECT_EQ(rows.get(2, MasterCol::Code), "B2");
     EXPECT_EQ(rows.RowState(3), "N");
-    EXPECT_EQ(rows.WriteRows(), 0); // and the second try works
+    EXPECT_EQ(rows.WriteRows(), 0); // and the second attempt works
     db.Commit();
     EXPECT_EQ(master(), (std::vector<std::string>{"A1|鉛筆|箱", "B2|消しゴム|個", "C3||"}));
 }
@@ -158,7 +158,7 @@ TEST_F(StoreTest, rowChangedBySomebodyElse_isRefused_andOneThatIsGoneIsMarked)
     EXPECT_NE(rows.DeleteRow(1), 0);
     EXPECT_EQ(rows.Count(), 2);
     db.Rollback();
-    EXPECT_TRUE(said.empty()); // the caller has words of its own
+    EXPECT_TRUE(said.empty()); // the caller has its own message
     EXPECT_EQ(master(), std::vector<std::string>{"A1|PENCIL|本"});
 }
 

@@ -1,4 +1,4 @@
-// What the stored texts mean to the selections: plain and padded figures, the two kinds of history rows.
+// How selections treat the stored texts: plain and padded figures, the two kinds of history rows.
 #include <gtest/gtest.h>
 
 #include "store/Numbers.h"
@@ -26,7 +26,7 @@ TEST_F(StoredTextsTest, paddedAndPlainFigures_areOneQuantity_butTwoTexts)
     ZaikoRec& rows = db.ZaikoTbl();
     EXPECT_EQ(rows.Select("WHERE CDbl(ZaikoSuu) = 12"), 2);
     EXPECT_EQ(rows.Select("WHERE ZaikoSuu = '12'"), 1);
-    // Goods that have run out are told by the text "0", which every posting writes plainly.
+    // Goods that have run out have the text "0", which every posting writes unpadded.
     EXPECT_EQ(rows.Select("WHERE ZaikoSuu <> '0'"), 3);
     EXPECT_EQ(numberOf("0000012"), numberOf("12"));
     EXPECT_EQ(movementNumber("12"), "0000012");
@@ -56,7 +56,7 @@ TEST_F(StoredTextsTest, aRepeatedRow_isRefusedByItsKey_inEveryTableThatHistoryFi
     db.Execute("INSERT INTO InpTB (Code, InpDate) VALUES ('A', '20260101090000')");
     EXPECT_EQ(db.LastErrNo(), "3022");
     db.Execute("INSERT INTO InpTB (Code, InpDate) VALUES ('B', '20260101090000')");
-    EXPECT_EQ(db.LastStatus(), 0) << "components and products of one moment are rows of their own";
+    EXPECT_EQ(db.LastStatus(), 0) << "other goods may have a row of the same moment";
     db.Execute("INSERT INTO OutTB (Code, InpDate) VALUES ('A', '20260101090000')");
     EXPECT_EQ(db.LastStatus(), 0);
     db.Execute("INSERT INTO OutTB (Code, InpDate) VALUES ('A', '20260101090000')");

@@ -230,7 +230,7 @@ os.kill(os.getpid(), signal.SIGKILL)
                 run.wait()
             self.assertIn(self.shop.rows("SELECT group_concat(Name) FROM TantouTB")[0][0], states)
             self.assertWhole()
-        subprocess.run(command, check=True, stdout=subprocess.DEVNULL)  # one that nobody disturbs
+        subprocess.run(command, check=True, stdout=subprocess.DEVNULL)  # undisturbed
         self.assertEqual(["trnvik.mdb"], sorted(name for name in os.listdir(self.shop.folder / "DB")))
         self.assertProved()
 

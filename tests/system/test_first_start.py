@@ -1,4 +1,4 @@
-"""The package in the hands of somebody who never had the program."""
+"""The package on the computer of somebody who never had the program."""
 
 import pathlib
 import sqlite3
@@ -46,7 +46,7 @@ class FirstStart(Packaged):
         return process.returncode
 
     def work_and_end(self, process):
-        """Through the start of the program itself to its orderly end."""
+        """Goes through the start of the program itself to its orderly end."""
         wait_started(self.screen, process.pid)
         name = pathlib.Path(f"/proc/{process.pid}/exe").resolve()
         self.assertEqual(self.root / "usr/bin/suisuitag", name)

@@ -1,4 +1,4 @@
-// Backups: a copy of a database in use, its proof, its name, and which copies go.
+// Backups: a copy of a database in use, its verification, its name, and which copies are removed.
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -94,7 +94,7 @@ TEST_F(BackupTest, stockIsProvedWithComponents_carriedOverStock_andReturns)
     shop.add(zaikoTable, {"SET", "4", "1", "20260401090000", "20260401090000"});
     shop.add(inpTable, {"SET", "", "", "0000004", "0000000", "", "", "20260401", "090001", "", "0000000",
                         "0000001", "", "", "", "20260401090001", "20260401090001"});
-    EXPECT_EQ(backup(), ToolStatus::Found); // three sets have come in, so six are missing of A1
+    EXPECT_EQ(backup(), ToolStatus::Found); // three sets have come in, so six of A1 are missing
     execute("UPDATE ZaikoTB SET ZaikoSuu='9' WHERE Code='A1'");
     later(1);
     EXPECT_EQ(backup(), ToolStatus::Good) << out.str();
@@ -205,7 +205,7 @@ TEST_F(BackupTest, aDailyRunThatFails_isNotedWithTheReason_untilOneIsGood)
     ASSERT_TRUE(failed);
     EXPECT_EQ(failed->why.toStdString(), "写しは作りましたが、在庫数と記録の合わないところが 1 件あります。");
     note().clear();
-    order.daily = false; // somebody watches
+    order.daily = false; // attended
     EXPECT_EQ(backup(), ToolStatus::Found);
     EXPECT_FALSE(note().read());
 }

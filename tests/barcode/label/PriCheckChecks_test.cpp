@@ -1,5 +1,4 @@
-// What the label dialog refuses when OK is pressed, in its order and to the letter; its keys; the ways into
-// it.
+// What the label dialog refuses when OK is pressed, in order and to the letter.
 #include <gtest/gtest.h>
 
 #include "tests/barcode/label/LabelDesk.h"
@@ -130,7 +129,7 @@ TEST(PriCheckChecks, theFirstOfTwoBadFields_isTheOneOfTheEarlierCheck)
         expectRefused(desk, all[i]);
         ++compared;
     }
-    EXPECT_EQ(compared, 17) << "a pair is passed over only where the earlier field is greyed";
+    EXPECT_EQ(compared, 17) << "a pair is skipped only where the earlier field is disabled";
 }
 
 TEST(PriCheckChecks, aFieldThatDoesNotCount_isNotChecked)

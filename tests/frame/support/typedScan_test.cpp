@@ -1,4 +1,4 @@
-// Scans of a reader that types, told from a person's typing.
+// Scans of a reader that types, distinguished from a person's typing.
 #include "frame/support/TypedScan.h"
 
 #include <functional>

@@ -34,7 +34,7 @@ inline QStringList stockTexts(int row)
             QString::number(row)};
 }
 
-/// The same of a movement list; a shipment has two columns of returns.
+/// The same for a movement list; a shipment has two columns of returns.
 inline QStringList movementTexts(int row, bool shipment)
 {
     const QLocale grouped(QLocale::English);
@@ -61,7 +61,7 @@ inline QStringList rowTexts(const ReportTemplate& report, int row)
 
 inline const ReportTemplate* const reports[] = {&rptList_Stock, &rptList_In, &rptList_Out};
 
-/// What a tab may have told its report.
+/// What a tab may give its report.
 inline ReportHead sampleHead()
 {
     return {.texts = {{u"LbDate", u"2026/11/21  08:05  現在"_s},

@@ -1,4 +1,4 @@
-// A reader too slow to be told from a person types its code into the quantity.
+// A reader that types as slowly as a person puts its code into the quantity.
 #include <QApplication>
 #include <QKeyEvent>
 #include <QTest>
@@ -14,7 +14,7 @@ namespace {
 
 constexpr int quantityCell = 4;
 
-/// Shows \a page, which has rows, with more goods to be mistaken.
+/// Shows \a page, which has rows, with more goods whose codes can be mistaken for quantities.
 void show(const EntryDesk& desk, MovementPage& page)
 {
     for (const char* code : {"1234567", "SET-01", "0000123", "4901001000017", "12345"})

@@ -1,5 +1,5 @@
-// Updates and deletes that cannot be done: rows that others have changed, a file that is held, a full stock.
-// Nothing stays half done, and the next try is right.
+// Updates and deletes that are refused: rows that others have changed, a locked file, a stock figure at its
+// limit. Nothing stays half done, and the next attempt works.
 #include "tests/movement/edit/EditTest.h"
 #include "tests/support/HeldFile.h"
 
@@ -28,8 +28,8 @@ TEST_P(EditTest, rowChangedByAnotherProgram_undoesTheWholeUpdate)
     EXPECT_EQ(desk.stockOf("A"), stock);
     EXPECT_TRUE(desk.frame.dirty(GetParam().side));
     EXPECT_FALSE(desk.db.inUnit());
-    EXPECT_EQ(page->grid()->text(16, 1), "8") << "an earlier row has gone through its posting";
-    // The advice of the box: search again. Nothing has stayed half done.
+    EXPECT_EQ(page->grid()->text(16, 1), "8") << "an earlier row has been posted";
+    // The box advises to search again. Nothing is left half done.
     desk.frame.setDirty(GetParam().side, false);
     page->cmdKensaku_Click();
     EntryDesk::edit(*page, 4, 3, "9");
@@ -71,7 +71,7 @@ TEST_P(EditTest, updateTriedAgainAfterAFailure_postsWhatWasTakenBack)
     }
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000005", "0000005"}));
     EXPECT_EQ(desk.stockOf("A"), stockAfter(15));
-    EntryDesk::edit(*page, 4, 1, "8"); // the posting failed, so the cell is what it was
+    EntryDesk::edit(*page, 4, 1, "8"); // the posting failed, so the cell has its old figure
     update();
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000009", "0000005", "0000008"}));
     EXPECT_EQ(desk.stockOf("A"), stockAfter(22));
@@ -126,7 +126,7 @@ TEST_P(EditTest, rowDeletedByAnotherProgram_isRefusedAtEveryUpdate_untilTheNextS
         EXPECT_TRUE(desk.frame.dirty(GetParam().side)) << attempt;
         EXPECT_EQ(desk.stockOf("A"), stock) << attempt;
     }
-    EntryDesk::edit(*page, 4, 1, "9"); // another row does not make the lost one good
+    EntryDesk::edit(*page, 4, 1, "9"); // another row does not repair the lost one
     update();
     EXPECT_EQ(desk.box.shown.back().title, u"データベースエラー"_s);
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000005"}));
@@ -178,10 +178,10 @@ TEST_P(EditTest, rowThatAFailedInsertLeftBehind_isRefusedWhenItIsCorrected)
     EXPECT_NE(desk.stockOf("A"), stock) << "the row below was posted";
 }
 
-/// A database that shows its failures, as the program's does, and fails every update in the given way.
+/// A database that shows its failures, as the program's does, and that fails every update in the given way.
 TEST_P(EditTest, updateThatFails_showsItsCauseOnce_andBlamesNobodyElse)
 {
-    for (const std::string how : {"ABORT", "ROLLBACK"}) { // the second gives up the whole unit
+    for (const std::string how : {"ABORT", "ROLLBACK"}) { // the second ends the whole unit
         std::vector<std::string> causes;
         AppDB db(desk.shop.databaseFolder(), [&causes](const std::string& text) { causes.push_back(text); });
         ASSERT_EQ(db.Open("trnvik.mdb"), 0);
@@ -199,7 +199,7 @@ TEST_P(EditTest, updateThatFails_showsItsCauseOnce_andBlamesNobodyElse)
             own.cmdKousin_Click();
             ASSERT_EQ(causes.size(), 1U) << how << attempt;
             EXPECT_NE(causes[0].find("the disk is broken"), std::string::npos) << causes[0];
-            EXPECT_EQ(desk.box.shown.size(), 1U) << "the question alone";
+            EXPECT_EQ(desk.box.shown.size(), 1U) << "only the question";
             EXPECT_TRUE(desk.frame.dirty(GetParam().side));
             EXPECT_FALSE(db.inUnit());
             EXPECT_EQ(desk.stockOf("A"), stock);

@@ -11,7 +11,7 @@
 
 namespace suisui::test {
 
-/// Columns of the entry grids, from 1, as they stand on the screen; 0: not there.
+/// Columns of the entry grids as on the screen, from 1; 0: not there.
 struct Cells
 {
     int name, price, quantity, discount, total, unit;
