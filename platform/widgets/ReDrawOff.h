@@ -1,4 +1,4 @@
-// A grid is not painted while this stands.
+// A grid is not painted during the life of this object.
 #pragma once
 
 #include "platform/widgets/vaSpread.h"
