@@ -224,18 +224,18 @@ TEST_F(BarcodeTest, whatIsWrittenGoesOutInTheCodePage)
 TEST_F(BarcodeTest, anUnpluggedReader_endsTheScans_notTheProgram)
 {
     open();
-    int told = 0;
-    QObject::connect(&desk.comm, &MSComm::deviceLost, &desk.comm, [&told] { ++told; });
+    int losses = 0;
+    QObject::connect(&desk.comm, &MSComm::deviceLost, &desk.comm, [&losses] { ++losses; });
     desk.send("4901\r\n4902\r\n49");
     desk.reader.hangUp();
-    ASSERT_TRUE(eventually([&] { return told > 0; }));
+    ASSERT_TRUE(eventually([&] { return losses > 0; }));
     EXPECT_EQ(desk.lines(), (QStringList{u"4901"_s, u"4902"_s})); // what was scanned before counts
     for (int i = 0; i < 100; ++i) {
         DoEvents();
         EXPECT_FALSE(desk.barcode.hasLine());
         EXPECT_EQ(desk.barcode.line(), QString());
     }
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(losses, 1);
     EXPECT_FALSE(desk.barcode.CommWrite(u"x"_s));
     desk.barcode.CommClose();
     EXPECT_TRUE(desk.box.shown.empty());

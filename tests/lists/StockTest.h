@@ -8,7 +8,7 @@ namespace suisui::test {
 class StockTest : public ::testing::Test, protected StockDesk
 {
 protected:
-    void furnish()
+    void fillShop()
     {
         goods("B2", "消しゴム", "3", "10");
         goods("a1", "鉛筆", "1200", "5", "0", "1500", "2480", "本");

@@ -9,7 +9,7 @@ namespace suisui::test {
 
 TEST_F(StockTest, headingClick_sortsWordsRisingAndFiguresFalling)
 {
-    furnish();
+    fillShop();
     goods("F6", "鉛筆", "3", "10", "0", "50", "80", "本");
     zero().setChecked(true);
     search(u"*"_s);
@@ -34,7 +34,7 @@ TEST_F(StockTest, headingClick_sortsWordsRisingAndFiguresFalling)
 
 TEST_F(StockTest, headingsWithoutOrder_doNothing)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     Q_EMIT grid().HeadingClick(6);
     Q_EMIT grid().HeadingClick(7);
@@ -52,7 +52,7 @@ TEST_F(StockTest, headingsWithoutOrder_doNothing)
 
 TEST_F(StockTest, sortStraightAfterASearch_movesBarAndCursorWithTheirGoods)
 {
-    furnish();
+    fillShop();
     search(u"*"_s); // bar on a1
     Q_EMIT grid().HeadingClick(9);
     ASSERT_EQ(codes(), "B2 a1 D4 ");
@@ -64,7 +64,7 @@ TEST_F(StockTest, sortStraightAfterASearch_movesBarAndCursorWithTheirGoods)
 
 TEST_F(StockTest, afterSortsAndMoves_oneRowIsBarred_andItIsTheCursors)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     page.resize(1100, 600);
     page.show();
@@ -91,7 +91,7 @@ TEST_F(StockTest, afterSortsAndMoves_oneRowIsBarred_andItIsTheCursors)
 
 TEST_F(StockTest, sortAfterTheCursorHasMoved_followsItsGoods)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     grid().SetActiveCell(3, 2);
     Q_EMIT grid().LeaveCell(3, 1, 3, 2); // the operator moves down to B2
@@ -106,7 +106,7 @@ TEST_F(StockTest, sortAfterTheCursorHasMoved_followsItsGoods)
 
 TEST_F(StockTest, viewSwitch_losesTheOrder)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     Q_EMIT grid().HeadingClick(9);
     ASSERT_EQ(codes(), "B2 a1 D4 ");

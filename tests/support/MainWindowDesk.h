@@ -29,7 +29,7 @@ struct MainWindowDesk : private Run
 {
     MainWindowDesk() : db(shop.databaseFolder()) { EXPECT_EQ(db.Open("trnvik.mdb"), 0); }
 
-    void furnish()
+    void fillShop()
     {
         partner("101", "東商店", "1", "");
         partner("102", "西商店", "1", "");

@@ -53,7 +53,7 @@ protected:
 
 TEST_P(FullDiskTest, aScanWithoutRoom_isToldAndNotBooked_andTheNextOneWithRoomIs)
 {
-    furnish();
+    fillShop();
     shop.add(zaikoTable, {"4901001000017", "0", "0", "20260101000000", "20260101000000"});
     open();
     const Tab tab = GetParam() == Side::Receipt ? Tab::Receipt : Tab::Shipment;

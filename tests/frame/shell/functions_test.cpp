@@ -66,7 +66,7 @@ class FunctionsTest : public ::testing::TestWithParam<int>, protected MainWindow
 protected:
     FunctionsTest()
     {
-        furnish();
+        fillShop();
         open();
         // Only that the buttons are pressed; what they do is tested elsewhere.
         for (QPushButton* button : window->findChildren<QPushButton*>()) {

@@ -22,7 +22,7 @@ struct LabelWindow : MainWindowDesk
     LabelWindow()
     {
         ini.setIniFolder(folder.path());
-        furnish();
+        fillShop();
         open();
     }
 

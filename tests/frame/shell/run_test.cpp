@@ -42,7 +42,7 @@ protected:
         master.setPermissions(master.permissions() | QFileDevice::ExeOwner);
     }
 
-    void furnish(bool withReceiptPartner = true)
+    void fillShop(bool withReceiptPartner = true)
     {
         if (withReceiptPartner)
             shop.add(kokyakuTable, {"101", "東商店", "", "", "", "", "", "", "", "", "", "", "", "1", ""});
@@ -123,7 +123,7 @@ protected:
 
 TEST_F(WholeRun, aFirstStart_searchesToday_andTheNextOneSinceThen)
 {
-    furnish();
+    fillShop();
     const auto dates = [](frmMain& window) {
         QStringList all;
         for (const QString& letters : {u"N"_s, u"S"_s, u"NL"_s, u"SL"_s})
@@ -164,7 +164,7 @@ TEST_F(WholeRun, aFirstStart_searchesToday_andTheNextOneSinceThen)
 
 TEST_F(WholeRun, oneMovementOverTheLimitOnEachSide_isWarnedOf_receiptsFirst_andTheStartGoesOn)
 {
-    furnish();
+    fillShop();
     fill("InpTB", "NyuDate", 25001);
     fill("OutTB", "SyuDate", 25002);
     EXPECT_EQ(run(end), 0);
@@ -180,7 +180,7 @@ TEST_F(WholeRun, oneMovementOverTheLimitOnEachSide_isWarnedOf_receiptsFirst_andT
 
 TEST_F(WholeRun, movementsJustAtTheLimit_areNotWarnedOf)
 {
-    furnish();
+    fillShop();
     fill("InpTB", "NyuDate", 25000);
     fill("OutTB", "SyuDate", 25000);
     EXPECT_EQ(run(end), 0);
@@ -189,7 +189,7 @@ TEST_F(WholeRun, movementsJustAtTheLimit_areNotWarnedOf)
 
 TEST_F(WholeRun, theQuestionsOfTheFirstSearches_haveNoWaitWindowInFrontOfThem)
 {
-    furnish();
+    fillShop();
     fill("InpTB", "NyuDate", 1001, "20260401");
     fill("OutTB", "SyuDate", 1001, "20260401");
     EXPECT_EQ(run(end), 0);
@@ -199,7 +199,7 @@ TEST_F(WholeRun, theQuestionsOfTheFirstSearches_haveNoWaitWindowInFrontOfThem)
 
 TEST_F(WholeRun, withoutAReceiptPartner_theMasterProgramIsStarted_andNothingAsksAboutTheEnd)
 {
-    furnish(false);
+    fillShop(false);
     EXPECT_EQ(run([](frmMain&) { ADD_FAILURE() << "the window was shown"; }), 0);
     EXPECT_EQ(titles, QStringList{u"入荷先の未登録エラー"_s});
     EXPECT_TRUE(masterStarted());
@@ -207,7 +207,7 @@ TEST_F(WholeRun, withoutAReceiptPartner_theMasterProgramIsStarted_andNothingAsks
 
 TEST_F(WholeRun, theMasterButton_endsTheProgramWithoutAQuestion_andStartsTheMasterProgramAfterTheWait)
 {
-    furnish();
+    fillShop();
     int pauses = 0;
     bool free = false;
     clock.onPass = [&] {
@@ -229,7 +229,7 @@ TEST_F(WholeRun, theMasterButton_endsTheProgramWithoutAQuestion_andStartsTheMast
 
 TEST_F(WholeRun, aDailyBackupThatFailed_isShownOnce_afterAllBoxesOfTheStart)
 {
-    furnish();
+    fillShop();
     const BackupNote note(shop.base());
     ASSERT_TRUE(note.write({QDateTime(QDate(2026, 3, 31), QTime(12, 30)), u"ディスクの空き容量が足りません"_s,
                             u"不要なファイルを削除して、空き容量を増やして下さい。"_s}));
@@ -249,7 +249,7 @@ TEST_F(WholeRun, aDailyBackupThatFailed_isShownOnce_afterAllBoxesOfTheStart)
 
 TEST_F(WholeRun, aFolderThatTakesNoLock_whileItsDatabaseTakesWrites_isRefused)
 {
-    furnish();
+    fillShop();
     const std::string database = shop.databaseFile();
     {
         const AsAnotherUser another(shop.base().toStdString(), {shop.databaseFolder(), database});
@@ -263,7 +263,7 @@ TEST_F(WholeRun, aFolderThatTakesNoLock_whileItsDatabaseTakesWrites_isRefused)
 
 TEST_F(WholeRun, theShopsFolder_isForItsOwnerAlone_onceTheProgramWasInIt)
 {
-    furnish();
+    fillShop();
     const std::string database = shop.databaseFile();
     ASSERT_EQ(::chmod(database.c_str(), 0644), 0);
     ASSERT_EQ(::chmod(shop.databaseFolder().c_str(), 0755), 0);
@@ -281,7 +281,7 @@ TEST_F(WholeRun, theShopsFolder_isForItsOwnerAlone_onceTheProgramWasInIt)
 
 TEST_F(WholeRun, aMissingDatabase_isTold_andNothingIsMade)
 {
-    furnish();
+    fillShop();
     ASSERT_TRUE(QFile::remove(QString::fromStdString(shop.databaseFile())));
     EXPECT_EQ(run([](frmMain&) { ADD_FAILURE() << "the window was shown"; }), 0);
     ASSERT_EQ(titles, QStringList{u"データベースがありません"_s});
