@@ -258,7 +258,7 @@ TEST_F(BackupTest, secondRunAtTheSameTime_isRefused)
     const int other = ::open(folder().c_str(), O_RDONLY | O_DIRECTORY);
     ASSERT_EQ(::flock(other, LOCK_EX), 0);
     EXPECT_EQ(backup(), ToolStatus::Failed);
-    EXPECT_NE(err.str().find("another backup or restore is at work"), std::string::npos);
+    EXPECT_NE(err.str().find("another backup or restore is running"), std::string::npos);
     ::close(other);
     EXPECT_EQ(backup(), ToolStatus::Good);
 }
