@@ -31,7 +31,7 @@ void write(const QString& path, const QString& text)
 }
 
 /// A program folder with 25,000 receipts and a reader on \a device.
-void furnish(const test::TempShop& shop, const QString& device)
+void prepare(const test::TempShop& shop, const QString& device)
 {
     fill(shop, 25000);
     shop.add(kokyakuTable, {"101", "東西食品株式会社", "", "", "", "", "", "", "", "", "", "", "", "1", "1"});
@@ -65,7 +65,7 @@ void StartToWindow(benchmark::State& state)
 {
     const test::Pty pty;
     const test::TempShop shop(QDir::tempPath());
-    furnish(shop, pty.device());
+    prepare(shop, pty.device());
     Samples program;
     Samples bare;
     for ([[maybe_unused]] auto turn : state) {
@@ -105,7 +105,7 @@ void IdleProgram(benchmark::State& state)
 {
     const test::Pty pty;
     const test::TempShop shop(QDir::tempPath());
-    furnish(shop, pty.device());
+    prepare(shop, pty.device());
     Samples program;
     Samples bare;
     for ([[maybe_unused]] auto turn : state) {
@@ -131,7 +131,7 @@ void IdleDialog(benchmark::State& state)
 {
     test::Pty pty;
     const test::TempShop shop(QDir::tempPath());
-    furnish(shop, pty.device());
+    prepare(shop, pty.device());
     for ([[maybe_unused]] auto turn : state) {
         QProcess process;
         (void)toWindow(process, shop.base() + QStringLiteral("/suisuitag"), programTitle);
@@ -205,8 +205,8 @@ void ScanToRow(benchmark::State& state)
     const test::TempShop bareShop(QDir::tempPath());
     ScanRoad road(shop);
     ScanRoad bareRoad(bareShop);
-    furnish(shop, road.pty().device());
-    furnish(bareShop, bareRoad.pty().device());
+    prepare(shop, road.pty().device());
+    prepare(bareShop, bareRoad.pty().device());
     QProcess process;
     (void)toWindow(process, shop.base() + QStringLiteral("/suisuitag"), programTitle);
     QProcess reader;

@@ -37,7 +37,7 @@ class Day : public test::MainWindowDesk
 public:
     Day()
     {
-        furnish();
+        fillShop();
         shop.add(masterTable, {"B", "消しゴム", "", "3", "30", "2", "60", "個", "10"});
         shop.add(hseihinTable, {"B", "", "4901001000017", "2"});
         open();

@@ -55,7 +55,7 @@ bool Booking::post()
     bool posted =
         !m_table.movesComponents || postComponents(db, m_books.msgBox, m_code, m_stamp, ofComponent);
     if (posted) {
-        // The quantity goes in as the text that the master has: "0012" stays "0012" in a first stock row.
+        // The quantity is posted as the text in the goods table: "0012" stays "0012" in a first stock row.
         const std::string delta = m_table.stockSign > 0 ? m_quantity : CStr(-numberOf(m_quantity));
         std::string name = m_name;
         posted = ZaikoPost(db, m_books.msgBox, m_code, delta, name, m_stamp) == PostResult::Posted;

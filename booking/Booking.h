@@ -1,9 +1,9 @@
-// Booking a movement: a code has been scanned, and stock and tables follow. One object carries one booking
-// from its first moment to its last, in steps between which the screen shows what has come of it:
+// Booking a movement: a code has been scanned, and stock and tables follow. One object is one booking, in
+// steps between which the screen shows the result so far:
 //
-//     lookUp -> post -> (the row comes into view) -> store -> waitForNextSecond
+//     lookUp -> post -> (the row is shown) -> store -> waitForNextSecond
 //
-// Nothing is in the tables before store has returned true, and nothing stays when a step has failed.
+// Nothing is committed before store has returned true, and nothing is left when a step has failed.
 #pragma once
 
 #include <array>
@@ -38,23 +38,23 @@ struct MovementTexts
 class Booking
 {
 public:
-    /// Takes the moment that everything of this booking carries.
+    /// Takes the time that everything of this booking is stamped with.
     Booking(Side side, const Books& books);
 
-    /// Finds the goods. False when the goods master does not know \a code; then there is nothing to book.
+    /// Finds the goods. False when the goods table does not have \a code; then there is nothing to book.
     [[nodiscard]] bool lookUp(const std::string& code);
-    /// Moves the stock: components first, then the goods. On false everything has been rolled back, and
-    /// whoever had to know has been told.
+    /// Moves the stock: components first, then the goods. On false everything has been rolled back and the
+    /// operator has seen why.
     [[nodiscard]] bool post();
-    /// The movement as it comes into view; partner and person in charge are the caller's to add.
+    /// The movement to be shown; the caller adds partner and member of staff.
     [[nodiscard]] MovementTexts row() const;
     /// Quantity times price, as a grid shows it.
     [[nodiscard]] std::string total() const;
     /// Adds \a row to the rows of the side's entry tab and to its table, and commits. On false everything has
     /// been rolled back; the new row stays among the rows of the tab, unsaved.
     [[nodiscard]] bool store(const MovementTexts& row);
-    /// Returns in a later second than the one in which the booking began, so that no two carry the same
-    /// stamp. When the wall clock steps back meanwhile, one second of steady time is enough.
+    /// Returns in a later second than the one in which the booking began, so that no two have the same stamp.
+    /// When the wall clock steps back meanwhile, one second of steady time is enough.
     void waitForNextSecond() const;
 
 private:

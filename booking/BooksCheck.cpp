@@ -21,12 +21,12 @@ struct StockFigure
     double carried = 0;
 };
 
-/// What movements make of a code's stock.
+/// What the movements make of the stock of a code.
 struct Moved
 {
     double net = 0;   ///< with the returns of receipts taken off, as postings have it
     double gross = 0; ///< without, as the carry-forward has it
-    double size = 0;  ///< all that came and went, whichever way
+    double size = 0;  ///< sum of all quantities, whichever way they went
 
     void add(double netQuantity, double grossQuantity)
     {
@@ -34,9 +34,9 @@ struct Moved
         gross = plus(gross, grossQuantity);
         size += std::abs(netQuantity) + std::abs(grossQuantity);
     }
-    /// Whether they make \a stock, on 15 digits counted from the largest figure that had a part in it: what a
-    /// text carries, and what older versions of the program have lost after them. Once periods were saved a
-    /// movement may be counted either way: without returns up to the last save or load, with them since.
+    /// Whether they make \a stock to 15 digits, counted from the largest figure involved: a text has no more,
+    /// and older versions of the program lost what is after them. Once periods were saved a movement may
+    /// count either way: without returns up to the last save or load, with them since.
     [[nodiscard]] bool make(const StockFigure& stock, Returns returns) const
     {
         constexpr double lastDigit = 1e-15;

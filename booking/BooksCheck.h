@@ -8,7 +8,7 @@
 
 namespace suisui {
 
-/// The tables that the books are made of, read whole.
+/// The tables that make up the books, with all their rows.
 struct BookRows
 {
     const InpRec& receipts;
@@ -27,15 +27,15 @@ struct BooksDifference
     Kind kind;
     std::string code;    ///< as the stock row has it; letter case folded where there is none
     double stock = 0;    ///< ZaikoSuu
-    double expected = 0; ///< what carried forward and movements make
+    double expected = 0; ///< what the carry-forward and the movements make
 };
 
-/// Where the books of \a rows do not hold; empty when all is well.
+/// The codes for which the books of \a rows do not hold; empty when all is well.
 ///
 /// For a code c: ZaikoSuu = KuriSuu + received - shipped - consumed, as booking/StockEffect.h counts them.
 /// Receipts count less their returns, as postings have it. The carry-forward that goes with saving and
-/// loading periods leaves returns out, so from the first one on either is right. Goods that the goods table
-/// does not know owe nothing, since the postings skip them.
+/// loading periods leaves returns out, so from the first one on either is right. Goods that are not in the
+/// goods table are not checked, since postings skip them.
 ///
 /// Throws RunTimeError::TypeMismatch when a figure is not a number.
 [[nodiscard]] std::vector<BooksDifference> checkBooks(AppDB& db, const BookRows& rows);

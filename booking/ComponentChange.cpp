@@ -19,7 +19,7 @@ namespace suisui {
 
 namespace {
 
-/// A part of a product, and how much of it as the table says it. Letter case of codes is no difference.
+/// A part of a product and its quantity as in the table. The letter case of codes makes no difference.
 struct Component
 {
     std::string product;
@@ -46,7 +46,7 @@ std::optional<Components> allComponents(AppDB& db)
     return components;
 }
 
-/// Parts of which one of the two says something that the other does not.
+/// The parts in which the two differ.
 std::set<std::string> changedParts(const Components& before, const Components& after)
 {
     std::vector<Component> different;
@@ -69,7 +69,7 @@ public:
         const std::optional<Returns> returns = returnsInBooks(m_db);
         const int stockRows = m_stock.CountRows({});
         m_returns = returns.value_or(Returns::TakenOff);
-        // A table without any row belongs to a shop that is still being filled: its rows are to come.
+        // An empty table belongs to a shop that is still being filled, so its rows are to come.
         m_makesRows = stockRows > 0;
         return returns.has_value() && stockRows >= 0;
     }
@@ -107,8 +107,8 @@ private:
         return moved;
     }
 
-    /// A part that never moved by itself, and of which the receipts of its product now take some. One that
-    /// the goods table does not know is no part of the books: no posting reaches it.
+    /// Adds the row of a part that never moved by itself and that receipts of its product now take. A part
+    /// that is not in the goods table is skipped, as postings skip it.
     [[nodiscard]] bool addRow(const std::string& part, const std::string& carried)
     {
         MasterRec goods(m_db, masterTable);

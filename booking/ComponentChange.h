@@ -1,6 +1,6 @@
-// Changing what goods are made of. Receipts that were booked with the parts of that day stay in the books, so
-// whatever changes HSeihinTB has to carry the difference forward, or the stock of those parts is never again
-// what its movements make of it.
+// Changing what goods are made of. Receipts that were booked with the old parts stay in the books, so whoever
+// changes HSeihinTB must carry the difference forward, or the stock of those parts would never again be what
+// its movements make of it.
 #pragma once
 
 #include <functional>
@@ -12,8 +12,8 @@ class AppDB;
 
 /// Runs \a change, which adds, alters and deletes rows of HSeihinTB, and then carries forward for each part
 /// of which some product now takes another quantity: KuriSuu becomes what the movements in the tables do not
-/// explain, UpdDate becomes \a stamp, and the stock itself never moves. A part without a stock row gets one
-/// when its movements now ask for it. Everything belongs to the unit of work of \a change.
+/// explain, UpdDate becomes \a stamp, and the stock itself does not change. A part without a stock row gets
+/// one when its movements now need it. Everything belongs to the unit of work of \a change.
 ///
 /// Returned quantities are left out once a period was saved, as the saving and loading of periods leave them
 /// out, and taken off before that, as postings take them off.

@@ -168,7 +168,7 @@ bool Correction::postGoods(int index, double delta, const std::string& stamp)
     return ZaikoPost(m_books.db, m_books.msgBox, code, CStr(delta), name, stamp) == PostResult::Posted;
 }
 
-/// A quantity that stock cannot take goes back to what was posted, on the screen and in the row set alike.
+/// Puts a quantity that the stock cannot take back to what was posted, on the screen and in the row set.
 void Correction::restorePosted(int row, int index, const Figures& posted)
 {
     m_rows.set(index, m_table.columns.quantity, Format(posted.quantity, maskMovement));
@@ -177,8 +177,9 @@ void Correction::restorePosted(int row, int index, const Figures& posted)
     m_view.putBack(row, posted, total(index));
 }
 
-/// After an update that was rolled back the earlier rows still say that their new figures were posted. Before
-/// anything is computed from them again they say what really was, or stock and rows would diverge.
+/// After an update that was rolled back, the hidden cells of the earlier rows still have the new figures as
+/// posted. Before anything is computed from them again they get what was really posted, or stock and rows
+/// would diverge.
 void Correction::putBackPosted()
 {
     for (auto kept = m_takenBack.rbegin(); kept != m_takenBack.rend(); ++kept)
@@ -186,8 +187,8 @@ void Correction::putBackPosted()
     m_takenBack.clear();
 }
 
-/// A failure of the database has shown its cause by now; a row that was refused has not, and that is another
-/// program's change.
+/// A failure of the database has shown its cause by now. A row that was refused has not: another program has
+/// changed it.
 EditResult Correction::notWritten()
 {
     m_books.db.Rollback();

@@ -1,7 +1,6 @@
-// Correcting and deleting the stored movements of an entry tab. Corrections are taken into the rows of the
-// tab and stay there until update, which writes them all in one unit of work and posts only the differences;
-// erase takes a movement back at once. What was last posted of each row is on the grid, in hidden cells, and
-// moves with it.
+// Correcting and deleting the stored movements of an entry tab. Corrections go into the row set of the tab
+// and stay there until update, which writes them all in one unit of work and posts only the differences;
+// erase takes a movement back at once. Hidden cells of the grid keep what was last posted of each row.
 #pragma once
 
 #include <string>
@@ -30,12 +29,11 @@ public:
     /// The row of the tab's row set that \a row shows.
     [[nodiscard]] virtual int bufferIndex(int row) const = 0;
     [[nodiscard]] virtual std::string code(int row) const = 0;
-    /// What the row says now, and what of it was last posted to stock.
+    /// What the row shows now, and what of it was last posted to stock.
     [[nodiscard]] virtual Figures shown(int row) const = 0;
     [[nodiscard]] virtual Figures posted(int row) const = 0;
     virtual void setPosted(int row, const Figures& figures) = 0;
-    /// Stock cannot take the figures of \a row: they go back to \a posted, and the operator is to look at
-    /// them.
+    /// The stock cannot take the figures of \a row: they go back to \a posted, and the cursor goes there.
     virtual void putBack(int row, const Figures& posted, const std::string& total) = 0;
 };
 
@@ -60,7 +58,7 @@ public:
     [[nodiscard]] int search(std::string_view from, std::string_view to);
     /// The tab has searched anew. Without \a shown the grid keeps the old rows, which the row set has left.
     void searched(bool shown);
-    /// A new movement is about to push all rows down. The figures that were put aside by row are put back.
+    /// A new movement is about to move all rows down. The figures that were put aside by row are put back.
     void beforeNewRow() { putBackPosted(); }
     /// The bottom row of the grid has been cut off.
     void bottomRowGone();
@@ -78,7 +76,7 @@ public:
 
     /// Writes all corrected rows and posts what they change: components first, then the goods, then the row.
     [[nodiscard]] EditResult update();
-    /// Rows that the last update has written, be it that it was rolled back after them.
+    /// Number of rows that the last update has written, even if it was rolled back after them.
     [[nodiscard]] int rowsWritten() const { return m_rowsWritten; }
     /// Takes back the stock effect of \a row and deletes it: the goods first, then its components, then the
     /// row. The row set closes up; the grid still has the row.
@@ -102,7 +100,7 @@ private:
     /// Posted figures of rows as they were before an update that was rolled back, by grid row.
     std::vector<std::pair<int, Figures>> m_takenBack;
     int m_rowsWritten = 0;
-    /// Rows at the bottom of the grid that the row set has left behind.
+    /// Number of rows at the bottom of the grid that are no longer in the row set.
     int m_outOfStep = 0;
     /// A corrected row is not in the table: another program has deleted it, or it was never stored. Updates
     /// are refused until the next search.

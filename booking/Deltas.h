@@ -1,5 +1,4 @@
-// What each of the six movements posts to stock. Pure arithmetic; the texts go to ZaikoPost as they come
-// out of here.
+// What each of the six movements posts to stock. Pure arithmetic; ZaikoPost takes the texts as they are.
 #pragma once
 
 #include <string>

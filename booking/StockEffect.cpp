@@ -31,7 +31,7 @@ std::string fromComponents(const MovementTable& side)
 
 std::optional<Returns> returnsInBooks(AppDB& db)
 {
-    // The row that the first saved period leaves for good.
+    // The row that the first saved period leaves in the table for ever.
     const int saved = db.RirekiTbl().CountRows("WHERE DateFrom='Trn'");
     if (saved < 0)
         return std::nullopt;
@@ -96,7 +96,7 @@ std::vector<std::string> movedByStockRow(Returns returns)
     for (const Side side : bothSides) {
         const MovementTable& table = movementTable(side);
         const StockEffect effect(side, returns);
-        // In the order of their table the movements are read quicker than one code after the other.
+        // Reading the movements in the order of their table is quicker than code by code.
         goods.push_back(select(effect.movedSql()) + " FROM " + std::string(table.table.name)
                         + " NOT INDEXED CROSS JOIN ZaikoTB ON ZaikoTB.Code = " + codeOf(table) + grouped);
         if (table.movesComponents)

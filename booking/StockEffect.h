@@ -1,12 +1,12 @@
-// What the movements in the tables make of a stock figure, said once, as a figure of one row and as the SQL
-// sum of all rows:
+// What the movements in the tables make of a stock figure: the only definition of it, as the figure of one
+// row and as the SQL sum of all rows:
 //
 //     received (NyuSuu, less Henkyaku where returns are taken off)
 //     less shipped (SyuSuu; the returns of a shipment never reach the stock)
 //     less taken as a component of received products (that, times Suuryou)
 //
 // Postings, the carry-forward, changes of components, the check of the books and the detail view of the stock
-// all count by this.
+// all use it.
 #pragma once
 
 #include <optional>
@@ -20,25 +20,25 @@
 namespace suisui {
 
 /// Whether the returned quantities of a receipt count. Postings take them off. The carry-forward of saved and
-/// loaded periods leaves them out, and so does everything that is computed after the first of these.
+/// loaded periods leaves them out, and so does everything that is computed after the first save or load.
 enum class Returns { TakenOff, LeftOut };
 
-/// What counts in the shop's books now; nothing when the list of saved periods cannot be read.
+/// What counts in the shop's books now; none when the list of saved periods cannot be read.
 [[nodiscard]] std::optional<Returns> returnsInBooks(AppDB& db);
 
-/// What counts of the movements of one side.
+/// How the movements of one side count.
 class StockEffect
 {
 public:
     StockEffect(Side side, Returns returns);
 
-    /// Quantity that counts of a row with these texts, whichever way it goes; \a returned is not looked at
-    /// where returns do not count. Throws RunTimeError::TypeMismatch when a text that counts is not a number.
+    /// The quantity that counts of a row with these texts, without its sign; \a returned is not read where
+    /// returns do not count. Throws RunTimeError::TypeMismatch when a text that counts is not a number.
     [[nodiscard]] double counted(std::string_view quantity, std::string_view returned) const;
     /// What \a row of the side's table adds to the stock of its code; negative for what it takes away.
     [[nodiscard]] double moved(const PackedRow& row) const;
-    /// What a row that adds \a moved to its product adds to a component of which each unit holds \a perUnit;
-    /// 0 where the side leaves components alone.
+    /// What a row that adds \a moved to its product adds to a component of which each unit has \a perUnit; 0
+    /// where the side does not move components.
     [[nodiscard]] double movedOfComponent(double moved, double perUnit) const;
 
     /// The quantity that counts, as an SQL expression over the side's table.
@@ -53,7 +53,7 @@ private:
     int m_returned; ///< column of the returns that count, or noColumn
 };
 
-/// A component's share in what moves its product: it goes the other way.
+/// What a movement of its product adds to a component: it goes the other way.
 [[nodiscard]] double componentEffect(double moved, double perUnit);
 
 /// SELECT statements of Item and Moved: what each kind of movement adds to each row (rowid) of ZaikoTB that

@@ -16,7 +16,7 @@ class MsgBox;
 enum class PostResult : std::int16_t {
     Posted = 0,
     DatabaseFailure = -1,
-    DigitOverflow = -999, ///< the figure would pass stockLimit; the operator has been told
+    DigitOverflow = -999, ///< the figure would exceed stockLimit, which a box has shown
 };
 
 /// The highest stock figure that the screens have room for.
@@ -26,8 +26,8 @@ inline constexpr double stockLimit = 99999999999999.0;
 /// \param delta signed decimal text; exactly "0" moves and reads nothing
 /// \param name  name for the messages, may be empty; overwritten with the messages' first line
 /// \param stamp 14-digit stamp of the movement
-/// A code that stands in neither the stock nor the goods table is skipped without a word.
-/// Throws RunTimeError::TypeMismatch when a stored figure is no number.
+/// A code that is in neither the stock nor the goods table is skipped silently.
+/// Throws RunTimeError::TypeMismatch when a stored figure is not a number.
 [[nodiscard]] PostResult ZaikoPost(AppDB& db, MsgBox& msgBox, std::string_view code, std::string_view delta,
                                    std::string& name, std::string_view stamp);
 

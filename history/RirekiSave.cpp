@@ -83,7 +83,8 @@ RirekiDB::Result RirekiDB::fill(const Place& place)
     return Done;
 }
 
-/// A commit that has failed to report may be there all the same, and the rows are then in the file alone.
+/// Gives up a save. A commit that reported a failure may have succeeded; then only the file has the rows, and
+/// it is kept.
 void RirekiDB::giveUp(FileInTheMaking& file)
 {
     rollBack();

@@ -33,7 +33,7 @@ constexpr double barHeight = 9.5;
 constexpr double shortestBars = 34; ///< so that the names of most fit on one line
 constexpr double textGap = 4;
 constexpr double codeBelowName = 5.2;
-constexpr int barStep = 3; ///< a quarter of a millimetre, which readers of all kinds take
+constexpr int barStep = 3; ///< a quarter of a millimetre, which all kinds of readers can read
 
 constexpr double titleSize = 5;
 constexpr double headingSize = 4.2;
@@ -108,7 +108,7 @@ private:
              u"%1 ページ"_s.arg(m_outcome.pages));
     }
 
-    /// How many millimetres the bars of \a scan take.
+    /// Width of the bars of \a scan in millimetres.
     double bars(const QString& scan, double x)
     {
         const auto modules = encodeCode128(scan.toStdString());
@@ -123,7 +123,7 @@ private:
         return modules->width * barPitchMillimetres.at(barStep - 1).value();
     }
 
-    /// \a words in characters of \a size, squeezed where they would pass \a width.
+    /// Draws \a words in characters of \a size, narrower if they would exceed \a width.
     void text(double size, bool bold, double x, double y, double width, const QString& words)
     {
         if (m_failed || !m_printer.painter().isActive())

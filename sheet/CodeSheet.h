@@ -1,6 +1,6 @@
-// The sheet of codes: bars with the name and the code beside them, two columns to an A4 page, drawn by the
-// same hand as the labels. It is put beside the reader, or on another screen, so that work can begin before
-// anything is labelled.
+// The sheet of codes: bars with the name and the code beside them, in two columns on A4 pages, drawn by the
+// code that draws the labels. It is put beside the reader, or on another screen, so that work can begin
+// before anything is labelled.
 #pragma once
 
 #include <vector>
@@ -21,7 +21,7 @@ struct SheetOutcome
     int pages = 0;
 };
 
-/// Writes \a groups to the new PDF \a file. A group begins with its heading; one without codes is left out.
+/// Writes \a groups to the new PDF \a file, each under its heading; one without codes is left out.
 [[nodiscard]] SheetOutcome writeCodeSheet(const std::vector<CodeGroup>& groups, const QString& file);
 
 } // namespace suisui

@@ -1,5 +1,5 @@
-// What a reader can scan in a shop, from its master data: staff, partners and goods, each with the text that
-// its bars carry.
+// What a reader can scan in a shop, from its master data: staff, partners and goods, each with the text of
+// its bars.
 #pragma once
 
 #include <optional>
@@ -24,7 +24,7 @@ struct CodeGroup
 };
 
 /// The groups of the shop in \a db in the order of a day's work; a partner for both receipts and shipments is
-/// in both groups. Nothing when a table cannot be read.
+/// in both groups. None when a table cannot be read.
 [[nodiscard]] std::optional<std::vector<CodeGroup>> shopCodes(AppDB& db);
 
 } // namespace suisui

@@ -1,7 +1,6 @@
-// What the entry of the desktop menu starts: a new user, who has no database yet, chooses between an empty
-// one and a sample. Whoever has nobody and no partner in it yet gets forms to fill in and has them taken over
-// here, since the program cannot start without; "--forms" brings them up at any other time. Then the program
-// takes this one's place.
+// What the entry of the desktop menu starts. A new user, who has no database yet, chooses between an empty
+// one and a sample. Where staff or partners are missing, without which the program cannot start, this offers
+// forms to fill in and takes them over; "--forms" does so at any other time. Then it becomes the program.
 #include <optional>
 #include <sstream>
 #include <string>
@@ -49,7 +48,7 @@ void show(QMessageBox& box)
     box.exec();
 }
 
-/// Where \a path is, as a shop would say it: a folder of one's own begins at home.
+/// \a path as a shop would say it: a folder of the user begins at home.
 QString placeOf(const QString& path)
 {
     const QString home = QDir::homePath() + u'/';
@@ -74,11 +73,11 @@ Choice askForDatabase(const QString& folder)
     return box.clickedButton() == sample ? Choice::Sample : Choice::None;
 }
 
-/// Runs the data tool; what it complained of, empty when all went well.
+/// Runs the data tool; returns its complaint, empty when all went well.
 QString complaintOf(const QString& tool, const QStringList& arguments)
 {
     QProcess process;
-    // What it complains of is shown in a box of this program, so it is to say it in Japanese.
+    // Its complaint is shown in a box of this program, so it must be in Japanese.
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(u"LC_ALL"_s);
     environment.insert(u"LC_MESSAGES"_s, u"ja_JP.UTF-8"_s);
@@ -93,7 +92,7 @@ QString complaintOf(const QString& tool, const QStringList& arguments)
     return said.isEmpty() ? tool + u": "_s + process.errorString() : said;
 }
 
-/// Moves a file to a place that is still free; a file that has come there meanwhile stays as it is.
+/// Moves a file to a place that is still free; a file that has appeared there meanwhile is not replaced.
 QString moved(const QString& from, const QString& to)
 {
     QFile file(from);
@@ -108,7 +107,7 @@ QString moved(const QString& from, const QString& to)
     return {};
 }
 
-/// Makes the database aside and moves it in whole: an interrupted first start leaves no half-filled database.
+/// Makes the database aside and then moves it: an interrupted first start leaves no half-filled database.
 QString makeDatabase(const QString& folder, const QString& programs, bool sample)
 {
     if (!QDir().mkpath(folder))
@@ -130,7 +129,7 @@ QString makeDatabase(const QString& folder, const QString& programs, bool sample
     return complaint;
 }
 
-/// Gives the user those settings files that are missing; the program works without them as well.
+/// Copies the settings files that the user lacks; the program works without them too.
 void copySettings(const QString& folder, const QString& programs)
 {
     const QDir shipped(programs + u"/../share/suisuitag/Ini"_s);
@@ -144,8 +143,8 @@ void copySettings(const QString& folder, const QString& programs)
     }
 }
 
-/// Has the daily backup look where the shop is. The manager of the user's services may start it before the
-/// session has told it of XDG_DATA_HOME, so the name of the folder is left among the manager's own settings.
+/// Makes the daily backup look where the shop is. The manager of the user's services may start it before it
+/// knows the session's XDG_DATA_HOME, so the name of the folder goes into the manager's own settings.
 void nameFolderToBackup()
 {
     const QString settings = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
@@ -178,8 +177,8 @@ int complain(const QString& text)
     return failure;
 }
 
-/// What the program could not start without. Nothing where it has other help or can tell the trouble itself:
-/// the master-data program is there, or the database cannot be read.
+/// What is missing for the program to start. None when the master-data program is there to help, or when the
+/// database cannot be read, which the program reports itself.
 QString lackingIn(const QString& folder)
 {
     suisui::AppDB db((folder + u"/DB"_s).toStdString());
@@ -244,7 +243,7 @@ bool takeOver(const std::string& base, const std::string& forms)
     return taken;
 }
 
-/// Lets the operator fill the forms in and takes them over, until the shop has what it needs; \a once: at
+/// Has the operator fill in the forms and takes them over, until the shop has what it needs; \a once: at
 /// least once. False when the operator gives up.
 bool fillIn(const QString& folder, bool once)
 {
@@ -274,9 +273,9 @@ bool fillIn(const QString& folder, bool once)
     return true;
 }
 
-/// Makes the database that the operator wants, where there is none. Nothing to go on with when there is a
-/// status.
-std::optional<int> furnish(const QString& folder, const QString& programs)
+/// Makes the database that the operator wants if there is none. When a status is returned, the starter ends
+/// with it.
+std::optional<int> provideDatabase(const QString& folder, const QString& programs)
 {
     if (QFile::exists(QString::fromStdString(suisui::workingPath(folder.toStdString()))))
         return std::nullopt;
@@ -308,7 +307,7 @@ int main(int argc, char** argv)
     if (formsWanted && suisui::SingleInstance(folder).prevInstance())
         return complain(u"すいすいＴＡＧが動いています。終了してから、もう一度選んで下さい。"_s);
     suisui::makeOwnOnly(folder.toStdString());
-    if (const auto status = furnish(folder, programs))
+    if (const auto status = provideDatabase(folder, programs))
         return *status;
     nameFolderToBackup();
     copySettings(folder, programs);

@@ -205,7 +205,7 @@ inline constexpr Phrase changedSince{"{1} has changed since it was verified",
                                      "{1} は検証した後で変わっています"};
 inline constexpr Phrase notADatabase{"it cannot be opened as a database: {1}",
                                      "データベースとして開けません：{1}"};
-inline constexpr Phrase problemsInIt{"{1} problems in it (--anyway restores it all the same)",
+inline constexpr Phrase problemsInIt{"{1} problems in it (--anyway restores it in spite of them)",
                                      "{1} 件の問題があります（--anyway を付けると、それでも戻します）"};
 inline constexpr Phrase isHistory{
     "{1} is a history file, not a copy of the shop; the program loads it (履歴の読込)",

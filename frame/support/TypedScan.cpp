@@ -149,8 +149,8 @@ bool TypedScan::pressCharacter(const QKeyEvent& key)
     return true;
 }
 
-/// No key has come for as long as a reader takes. Behind long work, and on a machine that lets the program
-/// wait, the next one may be there all the same; it is to be looked at first.
+/// No key has come for as long as a reader takes. After long work, and on a busy machine, the next key may
+/// have come although the timer fires first, so the timer runs once more.
 void TypedScan::pauseOver()
 {
     constexpr int late = 10;

@@ -28,7 +28,7 @@ void awayFromLoop(const std::function<void()>& work)
                 &loop, [] {}, Qt::QueuedConnection);
         });
     } catch (const std::system_error&) {
-        work(); // no thread to be had: the windows wait, the work is done all the same
+        work(); // no thread could be started: the windows wait, but the work is done
         return;
     }
     while (!done)

@@ -1,8 +1,9 @@
-// Long work and waits for a disk, done beside the loop: the windows go on painting and timers go on firing,
-// however slow the disk is. Nothing runs in parallel by that: the caller waits, and what it works on is used
-// by the work alone until it is done. The caller sees to it that no input can start anything else meanwhile.
+// Long work and waits for a disk, done outside the event loop: windows repaint and timers fire, however slow
+// the disk is. Nothing is used in parallel: the caller waits, and only the work uses its data until it is
+// done. The caller ensures that no input can start anything else meanwhile.
 //
-// A thread of its own and not QtConcurrent: where no thread can be had, the work is done all the same.
+// This uses a thread of its own and not QtConcurrent, so that the work is done even when no thread can be
+// started.
 #pragma once
 
 #include <functional>

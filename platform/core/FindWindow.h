@@ -11,7 +11,7 @@ namespace suisui {
 [[nodiscard]] bool FindWindow(const QString& title);
 
 /// True in a Wayland session. There no program sees the windows of another; an X server beside it (Xwayland)
-/// shows those of X programs only. So a window that FindWindow does not find may be there all the same.
+/// shows those of X programs only. So a window may be there although FindWindow does not find it.
 [[nodiscard]] bool windowsMayBeHidden();
 
 } // namespace suisui

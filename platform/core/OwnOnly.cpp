@@ -22,7 +22,7 @@ bool close(const fs::path& path, mode_t kind)
     struct stat is
     {
     };
-    // A linked folder of data is the shop's folder all the same; a linked file may be anybody's.
+    // A link to a data folder is still the shop's folder; a linked file may be anybody's.
     const bool known = (kind == S_IFDIR ? ::stat(path.c_str(), &is) : ::lstat(path.c_str(), &is)) == 0;
     if (!known || (is.st_mode & S_IFMT) != kind || is.st_uid != ::geteuid())
         return false;

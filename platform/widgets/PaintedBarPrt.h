@@ -35,7 +35,7 @@ protected:
 private:
     std::unique_ptr<DotText> m_text;
     Dots m_textDots;
-    QRect m_lastBar; ///< a text that lies on these bars gets a white ground, so that it can be read
+    QRect m_lastBar; ///< a text on these bars gets a white background, so that it can be read
 };
 
 } // namespace suisui

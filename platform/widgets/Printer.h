@@ -62,7 +62,7 @@ public:
     [[nodiscard]] PrinterChoice choose(QWidget* parent);
 
     [[nodiscard]] PrinterGeometry geometry() const;
-    /// Copies asked for in the dialog, at least 1. Making them is the caller's: the device is told one.
+    /// Copies asked for in the dialog, at least 1. The caller prints them; the device is asked for one.
     [[nodiscard]] int copies() const { return m_copies; }
     /// Name of the printer; empty for a PDF file.
     [[nodiscard]] QString deviceName() const;

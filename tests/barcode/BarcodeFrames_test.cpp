@@ -22,7 +22,7 @@ protected:
         EXPECT_TRUE(desk.comm.portOpen());
     }
 
-    /// What one look gives when \a bytes have come since the last one.
+    /// The line that is read when \a bytes have come since the last one.
     QString look(const QByteArray& bytes = {})
     {
         desk.send(bytes);

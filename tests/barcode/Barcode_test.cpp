@@ -1,4 +1,4 @@
-// The link to the reader: how it comes up, fails, is read and goes down.
+// The serial reader: opening, failing, reading and closing.
 #include "barcode/Barcode.h"
 
 #include <optional>
@@ -26,7 +26,7 @@ protected:
         ASSERT_TRUE(desk.box.shown.empty());
     }
 
-    /// The operator is told once and to the letter, with no wait window over it, and the reader is dead.
+    /// The failure is shown once and to the letter, with no wait window over it, and the reader is off.
     void expectFailure()
     {
         desk.box.onShow = [this](const Box&) { desk.happened.emplace_back("box"); };
@@ -135,7 +135,7 @@ TEST_F(BarcodeTest, afterAFailedOpening_neitherReadsNorTheEnd_touchThePort)
     desk.settings.commParity = u"X"_s;
     EXPECT_FALSE(barcode->BarCodeInit(&desk.comm));
 
-    desk.comm.setPortOpen(true); // whoever else opens it
+    desk.comm.setPortOpen(true); // as if somebody else opened it
     desk.send("4901001000017\r\n");
     for (int i = 0; i < 10; ++i) {
         EXPECT_EQ(barcode->line(), QString());
@@ -224,18 +224,18 @@ TEST_F(BarcodeTest, whatIsWrittenGoesOutInTheCodePage)
 TEST_F(BarcodeTest, anUnpluggedReader_endsTheScans_notTheProgram)
 {
     open();
-    int told = 0;
-    QObject::connect(&desk.comm, &MSComm::deviceLost, &desk.comm, [&told] { ++told; });
+    int losses = 0;
+    QObject::connect(&desk.comm, &MSComm::deviceLost, &desk.comm, [&losses] { ++losses; });
     desk.send("4901\r\n4902\r\n49");
     desk.reader.hangUp();
-    ASSERT_TRUE(eventually([&] { return told > 0; }));
+    ASSERT_TRUE(eventually([&] { return losses > 0; }));
     EXPECT_EQ(desk.lines(), (QStringList{u"4901"_s, u"4902"_s})); // what was scanned before counts
     for (int i = 0; i < 100; ++i) {
         DoEvents();
         EXPECT_FALSE(desk.barcode.hasLine());
         EXPECT_EQ(desk.barcode.line(), QString());
     }
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(losses, 1);
     EXPECT_FALSE(desk.barcode.CommWrite(u"x"_s));
     desk.barcode.CommClose();
     EXPECT_TRUE(desk.box.shown.empty());

@@ -1,4 +1,4 @@
-// Where each scanned value goes on the main window.
+// What each scanned value does on the main window.
 #include "barcode/ScanDispatch.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ namespace suisui::test {
 
 namespace {
 
-/// A window of five tabs that notes what it is asked for.
+/// A window of five tabs that records what it is asked for.
 class NotingWindow final : public ScanTarget
 {
 public:

@@ -1,6 +1,6 @@
-// What no sheet carries and no reader should send: random values against the dispatch, random bytes against
-// the reading of frames. Whatever comes, it is dispatched, dropped, or a run-time error, and the next value
-// is read whole. scripts/fuzz.sh runs it for as long as wanted.
+// What is on no sheet and no reader should send: random values for the dispatch, random bytes for the reading
+// of frames. Everything is dispatched, dropped, or a run-time error, and the next value is read whole.
+// scripts/fuzz.sh runs it for as long as wanted.
 #include <map>
 #include <random>
 
@@ -18,7 +18,7 @@ namespace suisui::test {
 
 namespace {
 
-/// Notes what reaches the window.
+/// Records what reaches the window.
 class Notes final : public ScanTarget
 {
 public:
@@ -55,7 +55,7 @@ QString randomValue(std::mt19937& random)
     return value;
 }
 
-/// What the value means, told by its first and last character alone.
+/// What the value means, by its first and last character alone.
 QString kindOf(const QString& value)
 {
     if (value.isEmpty())
@@ -77,7 +77,7 @@ QString kindOf(const QString& value)
     return value.size() <= 16 ? u"goods"_s : QString();
 }
 
-/// The bytes of one frame: any but its end, which the end behind it must not make earlier either.
+/// The bytes of one frame: any but an end, also not one that the last byte makes with the end that follows.
 QByteArray randomFrame(std::mt19937& random, unsigned most)
 {
     QByteArray frame;

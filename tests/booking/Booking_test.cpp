@@ -91,7 +91,7 @@ TEST_P(BookingTest, storesEveryTextInItsColumn)
 TEST_P(BookingTest, codeThatNobodyKnows_orThatIsNotACode_booksNothing)
 {
     desk.goods("A", "1", "1");
-    desk.goods("A'1", "1", "1"); // nobody registers one; a scan of it finds nothing all the same
+    desk.goods("A'1", "1", "1"); // cannot be registered, so a scan must not find it
     for (const char* code : {"B", "", "A' OR '1'='1", "A\n", "A'1"})
         EXPECT_EQ(tab.book(code), BookResult::Unknown) << code;
     EXPECT_TRUE(stored().empty());

@@ -1,4 +1,4 @@
-// Changing what goods are made of while receipts stand in the books: the books stay good.
+// Changing what goods are made of while receipts are in the books: the books stay sound.
 #include "booking/ComponentChange.h"
 
 #include <gtest/gtest.h>

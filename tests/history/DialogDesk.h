@@ -1,4 +1,4 @@
-// A dialog of the history on the screen, with an operator and a reader who do as they are told.
+// A dialog of the history on the screen, with a scripted operator and reader.
 #pragma once
 
 #include <gtest/gtest.h>

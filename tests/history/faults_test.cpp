@@ -1,5 +1,5 @@
-// What goes wrong while periods are saved and loaded: afterwards the books are as before, and no half file
-// lies about.
+// Failures while periods are saved and loaded: afterwards the books are as before, and no partial file is
+// left.
 #include <sys/stat.h>
 
 #include "platform/core/RunTimeError.h"

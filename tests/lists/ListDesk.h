@@ -1,4 +1,4 @@
-// A desk with a shop's database, a movement list over it, and everything that the list asks for.
+// A movement list over a shop's database, with everything that the list needs.
 #pragma once
 
 #include <memory>
@@ -17,7 +17,7 @@
 
 namespace suisui::test {
 
-/// A movement as it is to be stored; texts as they stand in the table.
+/// A movement to be stored; texts as in the table.
 struct Movement
 {
     std::string date = "20260401";
@@ -82,7 +82,7 @@ struct ListDesk : ServiceDesk
         db.Commit();
     }
 
-    /// As many movements of one day as asked for.
+    /// \a count movements of one day.
     void storeMany(int count)
     {
         std::vector<Movement> many(static_cast<std::size_t>(count));
@@ -98,7 +98,7 @@ struct ListDesk : ServiceDesk
 
     void period(const QString& from, const QString& to) const { page->setDefaultDates(from, to); }
 
-    /// Puts \a text into the code field; Enter ends it.
+    /// Puts \a text into the code field, followed by Enter.
     void enter(const QString& text) const
     {
         page->barCodeField()->setText(text);
@@ -113,7 +113,7 @@ struct ListDesk : ServiceDesk
     }
     void clickHeading(int col) const { Q_EMIT grid().HeadingClick(col); }
 
-    /// The control whose name carries the letter of the side in place of the X.
+    /// The control whose name has the letter of the side in place of the X.
     template <typename Widget> [[nodiscard]] Widget& control(QString name) const
     {
         name.replace(u'X', side == Side::Receipt ? u'N' : u'S');
@@ -130,7 +130,7 @@ struct ListDesk : ServiceDesk
 
     [[nodiscard]] vaSpread& grid() const { return *page->grid(); }
     [[nodiscard]] std::string cell(int col, int row) const { return std::string(grid().text(col, row)); }
-    /// The cells of a row but for the hidden one, joined by "|".
+    /// The cells of a row except the hidden one, joined by "|".
     [[nodiscard]] std::string row(int number) const
     {
         std::string joined = cell(1, number);
@@ -146,7 +146,7 @@ struct ListDesk : ServiceDesk
         return all;
     }
     [[nodiscard]] bool isShipment() const { return side == Side::Shipment; }
-    /// What differs between the sides stands here: the first for receipts, the second for shipments.
+    /// What differs between the sides: the first for receipts, the second for shipments.
     template <typename T> [[nodiscard]] T bySide(T receipt, T shipment) const
     {
         return isShipment() ? shipment : receipt;

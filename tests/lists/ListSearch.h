@@ -1,4 +1,4 @@
-// The desk of the tests of the search: a movement list of either side.
+// The fixture of the search tests: a movement list of either side.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// A shipment list with a folder for its slips, and the slip program at the other end of it.
+// A shipment list with a folder for its slips, and the slip program that reads them.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ namespace suisui::test {
 
 using Lines = std::vector<std::string>;
 
-/// Reads as the slip program would, with nothing of this program: bytes, the C library's conversion, and a
+/// Reads as the slip program would, with no code of this program: bytes, the C library's conversion, and a
 /// splitter.
 [[nodiscard]] std::vector<Lines> readBack(const QString& path);
 
@@ -21,7 +21,7 @@ struct Slip : testing::Test
 {
     Slip();
 
-    /// A slip program that leaves a note of where it was started.
+    /// A slip program that records where it was started.
     void installProgram() const;
     [[nodiscard]] bool started() const
     {
@@ -32,14 +32,14 @@ struct Slip : testing::Test
     [[nodiscard]] qint64 starts() const;
     [[nodiscard]] QString csv() const { return desk.shop.base() + QStringLiteral("/exe/FileCsv.csv"); }
     [[nodiscard]] QString program() const { return desk.shop.base() + QStringLiteral("/exe/PrintRpt.exe"); }
-    /// What the settings hand over to the slip program; "-" when they do not say.
+    /// A setting for the slip program; "-" when there is none.
     [[nodiscard]] QString handedOver(const QString& key) const;
     void choosePartner(int index)
     {
         desk.control<QComboBox>(QStringLiteral("cmbXLSaki")).setCurrentIndex(index);
     }
     void press() const { desk.control<QPushButton>(QStringLiteral("cmdPrintRptExe")).click(); }
-    /// What must hold after any attempt: the screen takes input and nothing waits to be written.
+    /// What must hold after any attempt: the screen takes input and no write is pending.
     void expectUsable() const
     {
         EXPECT_TRUE(desk.frame.enabled);

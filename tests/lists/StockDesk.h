@@ -1,4 +1,4 @@
-// The stock tab over a shop's database, with what it asks of the window around it kept.
+// The stock tab over a shop's database; it records what the tab asks of the window around it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -45,7 +45,7 @@ struct StockDesk : ServiceDesk
                  {code,     "",       "",        quantity, price, "", "", "20260401", "100000", unit,
                   discount, returned, "0000000", "",       "",    "", "", "",         stamp(),  ""});
     }
-    /// \a count goods "G00001"... in stock, named and figured by their number.
+    /// \a count goods "G00001"... in stock, with names and figures made from their number.
     void manyGoods(int count)
     {
         const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<"

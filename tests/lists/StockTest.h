@@ -1,4 +1,4 @@
-// The stock tab with a few goods of every kind: low, none, below nothing, not in stock at all.
+// The stock tab with a few goods of every kind: low, none, negative, without a stock row.
 #pragma once
 
 #include "tests/lists/StockDesk.h"
@@ -8,7 +8,7 @@ namespace suisui::test {
 class StockTest : public ::testing::Test, protected StockDesk
 {
 protected:
-    void furnish()
+    void fillShop()
     {
         goods("B2", "消しゴム", "3", "10");
         goods("a1", "鉛筆", "1200", "5", "0", "1500", "2480", "本");

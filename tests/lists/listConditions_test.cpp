@@ -132,7 +132,7 @@ TEST_P(ListSearch, anEmptyEnterResetsTheTab)
     EXPECT_FALSE(desk.sumBox().isChecked());
     EXPECT_EQ(headings(), plainHeadings());
     EXPECT_EQ(desk.grid().MaxRows(), 0);
-    EXPECT_EQ(desk.control<QLineEdit>(u"txtXLyyyy_F"_s).text(), u"2026"_s) << "dates are not touched";
+    EXPECT_EQ(desk.control<QLineEdit>(u"txtXLyyyy_F"_s).text(), u"2026"_s) << "dates do not change";
     EXPECT_EQ(desk.page->focusWidget(), desk.page->searchButton());
 }
 

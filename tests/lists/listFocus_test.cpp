@@ -1,4 +1,4 @@
-// Where the cursor goes in both lists, so that an operator with a reader or the keyboard alone gets through.
+// Where the cursor goes in both lists, so that they can be operated with a reader or the keyboard alone.
 #include <gtest/gtest.h>
 
 #include <QTest>
@@ -16,7 +16,7 @@ class ListFocus : public testing::TestWithParam<Side>
 protected:
     ListFocus() { desk.page->show(); }
 
-    /// The control that takes the keys, or would if the window were in front.
+    /// The control that has the focus, or would have it if the window were active.
     [[nodiscard]] QWidget* focused() const { return desk.page->focusWidget(); }
     void leaveFor(QWidget& elsewhere) const
     {

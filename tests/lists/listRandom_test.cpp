@@ -1,6 +1,5 @@
-// Lists of random movements against a computation that shares nothing with the program: after a search, and
-// after every allowed sort in random order. Quantities are quarters, so that the plain arithmetic here is
-// exact.
+// Lists of random movements against an independent computation: after a search, and after every allowed sort
+// in random order. Quantities are quarters, so that plain arithmetic is exact.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -77,7 +76,7 @@ protected:
     ListDesk desk{GetParam()};
     std::mt19937 random;
     std::vector<Movement> movements;
-    std::vector<Figures> figures; ///< of the movement of the same place; its remark is that place
+    std::vector<Figures> figures; ///< by movement; the remark of a movement is its index here
 
     int below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
 

@@ -25,7 +25,7 @@ using Lines = std::vector<std::string>;
 const QColor yellow(255, 255, 0);
 const QColor green(128, 255, 128);
 
-/// A store of movements that this many of a row's returned goods bring, whichever columns the side has.
+/// \a movement with these returned quantities; a receipt has only the first.
 Movement returning(Movement movement, const std::string& first, const std::string& second)
 {
     movement.returned1 = first;
@@ -140,8 +140,7 @@ TEST_P(ListRowsOf, blankFiguresCountAsNothing)
                                        "2026/04/01|りんご|東商店|0|0|0|0|4901|山田|0|0||"));
 }
 
-// Somebody deletes rows while the operator looks at the question: the buffer marks them, and they are left
-// out.
+// Somebody deletes rows while the question is open: the buffer marks them, and they are left out.
 TEST_P(ListRowsOf, aRowThatIsGoneLeavesNoRowAndDoesNotCount)
 {
     desk.store(

@@ -1,4 +1,4 @@
-// The search of both lists: the period, the order, the headings, and what a search leaves alone.
+// The search of both lists: the period, the order, the headings, and what a search does not change.
 #include "platform/core/RunTimeError.h"
 #include "tests/lists/ListSearch.h"
 

@@ -51,7 +51,7 @@ protected:
                     {.date = "20260401", .code = "2", .name = "みかん", .price = "30"},
                     {.date = "20260403", .code = "1", .name = "りんご", .price = "40", .partner = "102"}});
     }
-    /// The row that has the bar: exactly one is to have it.
+    /// The row that has the bar; exactly one must have it.
     [[nodiscard]] int barRow() const
     {
         int found = 0;

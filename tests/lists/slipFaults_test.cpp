@@ -1,4 +1,4 @@
-// Slips that cannot be written or started: the list stays usable and nothing half written is left.
+// Slips that cannot be written or started: the list stays usable and no partial file is left.
 #include <csignal>
 
 #include <sys/resource.h>
@@ -55,7 +55,7 @@ TEST_F(Slip, onAFullDisk_keepsTheOldFile_andStartsNothing)
     desk.store({{.code = "9", .name = std::string(5000, 'x'), .partner = "102"}});
     desk.search();
 
-    // No file may grow beyond a few bytes: to the writer that is a disk without room.
+    // No file may grow beyond a few bytes, which is like a full disk to the writer.
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit room = {};
     getrlimit(RLIMIT_FSIZE, &room);
@@ -71,7 +71,7 @@ TEST_F(Slip, onAFullDisk_keepsTheOldFile_andStartsNothing)
     EXPECT_FALSE(QFile::exists(desk.shop.base() + u"/exe/started"_s));
     expectUsable();
     press();
-    EXPECT_TRUE(started()) << "with room again all is well";
+    EXPECT_TRUE(started()) << "it works when there is room again";
     EXPECT_EQ(starts(), 2) << "before the disk was full and after it";
 }
 

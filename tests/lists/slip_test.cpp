@@ -1,4 +1,4 @@
-// The slip of a shipment list: for whom it can be printed, and what is handed over beside it.
+// The slip of a shipment list: for whom it can be printed, and what is handed over with it.
 #include "tests/lists/SlipDesk.h"
 #include "tests/support/ExpectBox.h"
 
@@ -34,7 +34,7 @@ TEST_F(Slip, afterASearchForAllPartners_isRefused_thoughThereAreRows)
     desk.store({{}});
     desk.search();
     desk.page->show();
-    choosePartner(1); // only a search makes the choice count
+    choosePartner(1); // has no effect before a search
     press();
     expectOneBox(
         desk.box,
@@ -73,7 +73,7 @@ TEST_F(Slip, handsOverCustomerAndPerson)
     EXPECT_EQ(handedOver(u"CustomerDetail2"_s), u"千代田区"_s);
     EXPECT_EQ(handedOver(u"CustomerDetail3"_s), u"１－１"_s);
     EXPECT_EQ(handedOver(u"CustomerDetail4"_s), u"03-1111"_s);
-    EXPECT_EQ(handedOver(u"PersonName"_s), u"当番　花子"_s) << "no person asked for: the one on duty";
+    EXPECT_EQ(handedOver(u"PersonName"_s), u"当番　花子"_s) << "no person was asked for, so the one on duty";
     EXPECT_EQ(desk.db.KokyakuSlip().Count(), 0);
 
     desk.control<QComboBox>(u"cmbXLTantou"_s).setCurrentIndex(1);

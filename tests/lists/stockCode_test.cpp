@@ -1,4 +1,4 @@
-// Searching the stock for single codes: they gather on top, and each that is not shown says why.
+// Searching the stock for single codes: they are added on top, and for each that is not shown a box says why.
 #include "tests/lists/StockTest.h"
 #include "tests/support/ExpectBox.h"
 
@@ -14,7 +14,7 @@ const QColor red(255, 0, 0);
 
 TEST_F(StockTest, codesGatherOnTop_asAPickList)
 {
-    furnish();
+    fillShop();
     search(u"B2"_s);
     EXPECT_EQ(codes(), "B2 ");
     search(u"A1"_s); // the master says a1
@@ -29,7 +29,7 @@ TEST_F(StockTest, codesGatherOnTop_asAPickList)
 
 TEST_F(StockTest, shownCode_isFoundWhateverItsLetterCase_andNotReadAgain)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     db.Execute("UPDATE ZaikoTB SET ZaikoSuu='9999' WHERE Code='a1'");
     db.Commit();
@@ -42,7 +42,7 @@ TEST_F(StockTest, shownCode_isFoundWhateverItsLetterCase_andNotReadAgain)
 
 TEST_F(StockTest, unknownCode_isReported)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     box.shown.clear();
     search(u"4999"_s);
@@ -58,7 +58,7 @@ TEST_F(StockTest, unknownCode_isReported)
 
 TEST_F(StockTest, codeThatTheBoxesHide_isReported_andViewSwitchesDoNothing)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     search(u"C3"_s); // its stock is zero
     expectOneBox(
@@ -75,7 +75,7 @@ TEST_F(StockTest, codeThatTheBoxesHide_isReported_andViewSwitchesDoNothing)
 
 TEST_F(StockTest, codeOfTheMasterWithoutStock_isNotUnderTheConditionsEither)
 {
-    furnish();
+    fillShop();
     search(u"E5"_s);
     ASSERT_EQ(box.shown.size(), 1U);
     EXPECT_EQ(box.shown[0].title, u" 在庫数 非該当"_s);
@@ -83,7 +83,7 @@ TEST_F(StockTest, codeOfTheMasterWithoutStock_isNotUnderTheConditionsEither)
 
 TEST_F(StockTest, stockWithoutGoodsInTheMaster_isUnknown_andNotShown)
 {
-    furnish();
+    fillShop();
     shop.add(zaikoTable, {"GONE", "5", "0", "s", "s"});
     search(u"*"_s);
     EXPECT_EQ(codes(), "a1 B2 D4 ");
@@ -94,7 +94,7 @@ TEST_F(StockTest, stockWithoutGoodsInTheMaster_isUnknown_andNotShown)
 
 TEST_F(StockTest, scannedTexts_changeNoStatement)
 {
-    furnish();
+    fillShop();
     for (const QString& text : {u"x' OR '1'='1"_s, u"*'; DELETE FROM ZaikoTB; --"_s, u"a\x01*"_s}) {
         box.shown.clear();
         search(text);
@@ -114,7 +114,7 @@ TEST_F(StockTest, scannedTexts_changeNoStatement)
 
 TEST_F(StockTest, figureThatIsNotANumber_isShownAsItIs)
 {
-    furnish();
+    fillShop();
     goods("F6", "壊れた", "many", "3");
     search(u"*"_s);
     EXPECT_EQ(codes(), "a1 B2 D4 F6 ");

@@ -1,4 +1,5 @@
-// How a stock figure came about, line by line, and against figures reckoned apart for random shops.
+// How a stock figure came about, line by line, and compared with independently computed figures of random
+// shops.
 #include <cmath>
 #include <map>
 #include <random>
@@ -142,7 +143,7 @@ TEST_F(StockDetailTest, movementsThatCannotBeRead_endTheBlockWithoutAWord)
 
 TEST_F(StockDetailTest, shortCutForManyGoods_showsWhatCodeByCodeShows)
 {
-    // Letter case, and codes that are parts of each other, must not mix.
+    // Codes that differ in letter case or contain each other must not be mixed up.
     std::mt19937 random(printedSeed());
     const std::vector<std::string> units{"個", "KG", "kg", ""};
     for (int i = 0; i < 60; ++i) {
@@ -168,7 +169,7 @@ TEST_F(StockDetailTest, shortCutForManyGoods_showsWhatCodeByCodeShows)
     ASSERT_EQ(atOnce.size(), 60U);
     for (const auto& [each, rows] : atOnce) {
         search(QString());
-        search(QString::fromStdString(each)); // by itself
+        search(QString::fromStdString(each)); // one at a time
         ASSERT_EQ(grid().MaxRows(), static_cast<int>(rows.size())) << each;
         for (int number = 1; number <= grid().MaxRows(); ++number)
             ASSERT_EQ(row(number), rows[static_cast<std::size_t>(number - 1)]);

@@ -1,5 +1,5 @@
-// The stock tab under the operator's hands: where the focus stands after each search, how the bar and the
-// check boxes show it, and when the wait window comes.
+// Operating the stock tab: where the focus is after each search, how the bar and the check boxes show it, and
+// when the wait window appears.
 #include <QApplication>
 #include <QHeaderView>
 #include <QPushButton>
@@ -103,7 +103,7 @@ TEST_F(StockFocusTest, codeThatTheBoxesHide_bringsItToTheLowBox)
     ASSERT_EQ(box.shown.size(), 1U);
     EXPECT_TRUE(low().hasFocus());
     box.shown.clear();
-    // A letter case that the table does not have finds the goods once they are wanted.
+    // The goods are found whatever the letter case of the code.
     zero().setChecked(true);
     type(u"c3"_s);
     EXPECT_TRUE(box.shown.empty());

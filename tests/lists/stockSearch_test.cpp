@@ -1,4 +1,4 @@
-// Searching the stock by patterns: check boxes, how many rows, and what the operator sees of them.
+// Searching the stock by patterns: check boxes, number of rows, and what the operator sees.
 #include <QPushButton>
 
 #include "tests/lists/StockTest.h"
@@ -18,7 +18,7 @@ const QColor purple(192, 0, 192);
 
 TEST_F(StockTest, starAlone_showsAllStock_byCode_withMasksAndHeadings)
 {
-    furnish();
+    fillShop();
     zero().setChecked(true);
     search(u"*"_s);
     EXPECT_EQ(codes(), "a1 B2 C3 D4 ");
@@ -35,14 +35,14 @@ TEST_F(StockTest, starAlone_showsAllStock_byCode_withMasksAndHeadings)
 
 TEST_F(StockTest, stockOfZero_showsOnlyWhenWanted)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     EXPECT_EQ(codes(), "a1 B2 D4 ");
 }
 
 TEST_F(StockTest, figureIsColoured_whereThereIsTooLittle)
 {
-    furnish();
+    fillShop();
     zero().setChecked(true);
     search(u"*"_s);
     const auto look = [this](int row) {
@@ -56,7 +56,7 @@ TEST_F(StockTest, figureIsColoured_whereThereIsTooLittle)
 
 TEST_F(StockTest, wildcards_matchAsTheySay)
 {
-    furnish();
+    fillShop();
     goods("A10", "鉛筆 2B", "1");
     search(u"a*"_s);
     EXPECT_EQ(codes(), "a1 A10 ");
@@ -68,7 +68,7 @@ TEST_F(StockTest, wildcards_matchAsTheySay)
 
 TEST_F(StockTest, patternWithoutResult_emptiesTheGrid_andLeavesTheHeadings)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     search(u"X*"_s);
     EXPECT_EQ(grid().MaxRows(), 0);
@@ -79,7 +79,7 @@ TEST_F(StockTest, patternWithoutResult_emptiesTheGrid_andLeavesTheHeadings)
 
 TEST_F(StockTest, enterOnTheEmptyField_emptiesGridAndRowSet_underPlainHeadings)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     EXPECT_EQ(db.ZaikoViewTbl().Count(), 3);
     search(QString());
@@ -91,18 +91,18 @@ TEST_F(StockTest, enterOnTheEmptyField_emptiesGridAndRowSet_underPlainHeadings)
 
 TEST_F(StockTest, firstSight_isTheEmptyGrid_andKeepsTheField)
 {
-    furnish();
+    fillShop();
     page.barCodeField()->setText(u"a1"_s);
     frame.loaded[2] = false;
     page.firstShow();
     EXPECT_EQ(page.barCodeField()->text(), u"a1"_s);
     EXPECT_EQ(grid().MaxRows(), 0);
-    EXPECT_TRUE(frame.TabLoaded(Tab::Stock)) << "else the next sight would empty what was searched meanwhile";
+    EXPECT_TRUE(frame.TabLoaded(Tab::Stock)) << "or showing the tab again would clear the result";
 }
 
 TEST_F(StockTest, lowBox_ticksTheZeroBox_butNotTheOtherWayRound)
 {
-    furnish();
+    fillShop();
     low().setChecked(true);
     EXPECT_TRUE(zero().isChecked());
     search(u"*"_s);
@@ -134,7 +134,7 @@ TEST_F(StockTest, tickedBox_staysMarkedWhenTheFocusLeaves)
 
 TEST_F(StockTest, boxesChangeNothing_untilTheNextSearch)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     low().setChecked(true);
     EXPECT_EQ(codes(), "a1 B2 D4 ");
@@ -144,7 +144,7 @@ TEST_F(StockTest, boxesChangeNothing_untilTheNextSearch)
 
 TEST_F(StockTest, searchButton_isEnterInTheField)
 {
-    furnish();
+    fillShop();
     page.barCodeField()->setText(u"*"_s);
     control<QPushButton>("cmdZKensaku").click();
     EXPECT_EQ(codes(), "a1 B2 D4 ");
@@ -201,7 +201,7 @@ TEST_F(StockTest, detailView_asksBeyondFiveHundred_andWaitsBeyondThirty)
 
 TEST_F(StockTest, fieldTakesThirteenCharacters_thenBackspaceAndEnterPass)
 {
-    furnish();
+    fillShop();
     page.barCodeField()->setText(u"1234567890123"_s);
     const auto after = [this](int key) {
         page.barCode_KeyPress(key);

@@ -9,7 +9,7 @@ namespace suisui::test {
 
 TEST_F(StockTest, headingClick_sortsWordsRisingAndFiguresFalling)
 {
-    furnish();
+    fillShop();
     goods("F6", "鉛筆", "3", "10", "0", "50", "80", "本");
     zero().setChecked(true);
     search(u"*"_s);
@@ -34,7 +34,7 @@ TEST_F(StockTest, headingClick_sortsWordsRisingAndFiguresFalling)
 
 TEST_F(StockTest, headingsWithoutOrder_doNothing)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     Q_EMIT grid().HeadingClick(StockCells::discount);
     Q_EMIT grid().HeadingClick(StockCells::amount);
@@ -52,7 +52,7 @@ TEST_F(StockTest, headingsWithoutOrder_doNothing)
 
 TEST_F(StockTest, sortStraightAfterASearch_movesBarAndCursorWithTheirGoods)
 {
-    furnish();
+    fillShop();
     search(u"*"_s); // bar on a1
     Q_EMIT grid().HeadingClick(StockCells::lowest);
     ASSERT_EQ(codes(), "B2 a1 D4 ");
@@ -64,7 +64,7 @@ TEST_F(StockTest, sortStraightAfterASearch_movesBarAndCursorWithTheirGoods)
 
 TEST_F(StockTest, afterSortsAndMoves_oneRowIsBarred_andItIsTheCursors)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     page.resize(1100, 600);
     page.show();
@@ -92,7 +92,7 @@ TEST_F(StockTest, afterSortsAndMoves_oneRowIsBarred_andItIsTheCursors)
 
 TEST_F(StockTest, sortAfterTheCursorHasMoved_followsItsGoods)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     grid().SetActiveCell(StockCells::quantity, 2);
     Q_EMIT grid().LeaveCell(StockCells::quantity, 1, StockCells::quantity, 2); // the operator goes down to B2
@@ -107,7 +107,7 @@ TEST_F(StockTest, sortAfterTheCursorHasMoved_followsItsGoods)
 
 TEST_F(StockTest, viewSwitch_losesTheOrder)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     Q_EMIT grid().HeadingClick(StockCells::lowest);
     ASSERT_EQ(codes(), "B2 a1 D4 ");

@@ -9,7 +9,7 @@ namespace suisui::test {
 
 TEST_F(StockTest, viewSwitches_rebuildFromTheRowsThatAreHeld)
 {
-    furnish();
+    fillShop();
     search(u"*"_s);
     db.Execute("UPDATE ZaikoTB SET ZaikoSuu='9999' WHERE Code='a1'");
     db.Commit();
@@ -39,7 +39,7 @@ TEST_F(StockTest, detailOfManyGoods_asks_andNoGoesBackToTheNormalView)
 
 TEST_F(StockTest, insertedGoods_turnYellowOnlyWhenTheBarLeaves)
 {
-    furnish();
+    fillShop();
     detail().setChecked(true);
     search(u"B2"_s);
     EXPECT_EQ(grid().MaxRows(), 7);

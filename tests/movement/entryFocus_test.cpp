@@ -1,5 +1,5 @@
-// The entry tabs under the operator's hands: keys typed into the code field, and where the focus stands after
-// each way out of a booking, a search, an update and a delete.
+// Operating the entry tabs: keys typed into the code field, and where the focus is after each outcome of a
+// booking, a search, an update and a delete.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -228,8 +228,8 @@ TEST_P(EntryFocusTest, aRowThatWasNotStored_letsNoOtherRowBeDeletedInItsPlace)
     press(u"cmd%1Delete"_s, BoxAnswer::Yes);
     ASSERT_EQ(desk.box.shown.size(), 2U);
     EXPECT_EQ(desk.box.shown[1].title, u"データベースエラー"_s);
-    EXPECT_EQ(stored(), 3U) << "neither the row that is seen nor the one that has moved to its place";
-    // After the search that the box advises everything works again.
+    EXPECT_EQ(stored(), 3U) << "neither the visible row nor the one that has moved to its place";
+    // After the search that the box advises, everything works again.
     page->setDefaultDates(u"20260401"_s, u"20260401"_s);
     page->cmdKensaku_Click();
     ASSERT_EQ(page->grid()->MaxRows(), 2);

@@ -21,7 +21,7 @@ TEST(Kill, atTwoHundredRandomInstants_losesNothingThatWasShownAsStored)
     shop.add(masterTable, {"PART", "鉛筆", "", "12", "50", "1", "80", "本", "0"});
     shop.add(masterTable, {"SET", "文具セット", "", "1", "900", "1", "1500", "箱", "0"});
     shop.add(hseihinTable, {"SET", "", "PART", "3"});
-    // Stock enough that no warning waits for an answer.
+    // Enough stock that no warning waits for an answer.
     shop.add(zaikoTable, {"PART", "1000000", "1000000", "20260101000000", "20260101000000"});
     std::mt19937 random(printedSeed());
     std::size_t shown = 0;

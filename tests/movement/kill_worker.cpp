@@ -21,7 +21,7 @@ int main(int argc, char** argv)
     if (argc < 3 || db.Open("trnvik.mdb") != DbStatus::Good)
         return 1;
     AppIni ini;
-    // Each turn works an hour of its own, so that no two receipts carry the same stamp.
+    // Each turn has an hour of its own, so that no two receipts have the same stamp.
     TestClock clock(QDateTime(QDate(2026, 4, 1), QTime(0, 0)).addSecs(3600 * std::atoi(argv[2])));
     ScriptedMsgBox box;
     TestFrame frame;

@@ -59,7 +59,7 @@ protected:
         const int row = static_cast<int>(below(static_cast<std::size_t>(rows))) + 1;
         entry.grid()->SetActiveCell(movementSide(side).cells.quantity, row);
         desk.box.answers = {BoxAnswer::Yes};
-        desk.box.onShow = [this](const Box& box) { // warnings take no answer out of the script
+        desk.box.onShow = [this](const Box& box) { // warnings must not use up an answer of the script
             if (box.buttons == BoxButtons::Ok && !desk.box.answers.empty()
                 && desk.box.answers.front() != BoxAnswer::Ok)
                 desk.box.answers.push_front(BoxAnswer::Ok);

@@ -1,4 +1,4 @@
-// Rows of texts in one piece of memory.
+// Rows of texts in one block of memory.
 #include "store/PackedRow.h"
 
 #include <array>

@@ -36,7 +36,7 @@ const Case cases[] = {
     {u"###"_s, ScanKind::Partner, u"#"_s},
     {u"@02@"_s, ScanKind::Staff, u"02"_s},
     {u"@@"_s, ScanKind::Staff, u""_s},
-    // an opening sign without its closing one is never a goods code
+    // an opening character without its closing one is never a goods code
     {u"{ENTER"_s, ScanKind::Dropped, u"{ENTER"_s},
     {u"{"_s, ScanKind::Dropped, u"{"_s},
     {u"{E]"_s, ScanKind::Dropped, u"{E]"_s},

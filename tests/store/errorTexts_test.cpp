@@ -1,4 +1,4 @@
-// The words of the last failure are those of the last failure, whatever went wrong before it.
+// The text of the last failure belongs to the last failure, whatever went wrong before it.
 #include <gtest/gtest.h>
 
 #include "tests/support/TempShop.h"

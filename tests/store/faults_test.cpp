@@ -1,4 +1,4 @@
-// Files that are no database of this program, and disks and machines that give way in the middle of the work.
+// Files that are not databases of this program, and disks and machines that fail in the middle of the work.
 #include <csignal>
 #include <fstream>
 #include <functional>
@@ -28,7 +28,7 @@ void write(const std::string& path, const std::string& bytes)
     std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
 }
 
-/// Exit status of \a work in a process of its own.
+/// Exit status of \a work in a separate process.
 int inChild(const std::function<int()>& work)
 {
     const pid_t child = fork();

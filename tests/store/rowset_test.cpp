@@ -159,7 +159,7 @@ TEST_F(StoreTest, rowChangedBySomebodyElse_isRefused_andOneThatIsGoneIsMarked)
     EXPECT_EQ(rows.DeleteRow(1), DbStatus::RowChanged);
     EXPECT_EQ(rows.Count(), 2);
     db.Rollback();
-    EXPECT_TRUE(said.empty()); // the caller has words of its own
+    EXPECT_TRUE(said.empty()); // the caller has its own message
     EXPECT_EQ(master(), std::vector<std::string>{"A1|PENCIL|本"});
 }
 

@@ -1,6 +1,6 @@
-// Settings files of random bytes and of damaged lines: every question has an answer, words that the file does
-// not name are the shipped ones, and what the program writes into such a file reads back and changes nothing
-// else. scripts/fuzz.sh runs it for as long as wanted.
+// Settings files of random bytes and of damaged lines: every setting has a value, words that are not in the
+// file are the shipped ones, and what the program writes into such a file can be read back and changes
+// nothing else. scripts/fuzz.sh runs it for as long as wanted.
 #include <random>
 
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ protected:
         return bytes;
     }
 
-    /// Pieces of good files in any order, with anything between them.
+    /// Pieces of valid files in any order, with anything between them.
     QByteArray randomFile()
     {
         static const std::array pieces{"[Term]\r\n"_ba,
@@ -88,10 +88,10 @@ protected:
         ASSERT_EQ(file.write(bytes), bytes.size());
     }
 
-    /// A file of pieces, or one without any sense.
+    /// A file of such pieces, or of random bytes.
     QByteArray anyFile(int round) { return round % 4 == 0 ? randomBytes(3000) : randomFile(); }
 
-    /// Everything that the program asks of its settings.
+    /// Reads everything that the program reads from its settings.
     [[nodiscard]] QStringList answers() const
     {
         AppIni ini;

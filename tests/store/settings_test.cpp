@@ -1,4 +1,4 @@
-// The settings files: words, remembered values, damage.
+// The settings files: words, remembered values, damaged files.
 #include <random>
 
 #include <gtest/gtest.h>

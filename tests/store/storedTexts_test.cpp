@@ -1,4 +1,4 @@
-// What the stored texts mean to the selections: plain and padded figures, the two kinds of history rows.
+// How selections treat the stored texts: plain and padded figures, the two kinds of history rows.
 #include <gtest/gtest.h>
 
 #include "store/Numbers.h"
@@ -26,7 +26,7 @@ TEST_F(StoredTextsTest, paddedAndPlainFigures_areOneQuantity_butTwoTexts)
     ZaikoRec& rows = db.ZaikoTbl();
     EXPECT_EQ(rows.Select("WHERE CDbl(ZaikoSuu) = 12"), 2);
     EXPECT_EQ(rows.Select("WHERE ZaikoSuu = '12'"), 1);
-    // Goods that have run out are told by the text "0", which every posting writes plainly.
+    // Goods that have run out have the text "0", which every posting writes unpadded.
     EXPECT_EQ(rows.Select("WHERE ZaikoSuu <> '0'"), 3);
     EXPECT_EQ(numberOf("0000012"), numberOf("12"));
     EXPECT_EQ(movementNumber("12"), "0000012");

@@ -211,7 +211,7 @@ TEST(Numbers, thousandsOfPostingsOfThousandths_neverShowATail)
             std::int64_t delta =
                 static_cast<std::int64_t>(random() % static_cast<std::uint64_t>(2 * size)) - size;
             if (i % 50 == 49)
-                delta = -exact; // down to nothing, where a tail would be all that is left
+                delta = -exact; // down to 0, where only a tail would be left
             exact += delta;
             stock = CStr(plus(CDbl(stock), CDbl(decimal(delta))));
             unwritten = plus(unwritten, CDbl(decimal(delta)));

@@ -1,4 +1,4 @@
-// A desk to work at: a shop's database, an entry page over it, and everything that the page asks for.
+// An entry page over a shop's database, with everything that the page needs.
 #pragma once
 
 #include <memory>

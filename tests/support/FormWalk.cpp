@@ -304,7 +304,7 @@ void expectNothingCut(const QWidget& form)
         const QRect place = widget->geometry();
         EXPECT_TRUE(room.contains(place))
             << nameOf(widget) << " at " << place.left() << ", " << place.top() << " of " << place.width()
-            << " x " << place.height() << " lies outside " << nameOf(widget->parentWidget()) << " of "
+            << " x " << place.height() << " is outside " << nameOf(widget->parentWidget()) << " of "
             << room.width() << " x " << room.height();
     }
     expectTextRoomOfAll<QLabel>(form);

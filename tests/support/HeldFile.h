@@ -1,4 +1,4 @@
-// A second program in the middle of a unit of work: as long as this object lives, nobody else can write.
+// A second program in the middle of a unit of work: during the life of this object nobody else can write.
 #pragma once
 
 #include <stdexcept>

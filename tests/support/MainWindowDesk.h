@@ -29,7 +29,7 @@ struct MainWindowDesk : private Run
 {
     MainWindowDesk() : db(shop.databaseFolder()) { EXPECT_EQ(db.Open("trnvik.mdb"), DbStatus::Good); }
 
-    void furnish()
+    void fillShop()
     {
         partner("101", "東商店", "1", "");
         partner("102", "西商店", "1", "");

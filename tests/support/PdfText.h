@@ -17,7 +17,7 @@ struct PdfWord
     QString text;
 };
 
-/// Pages of \a file, 0 when it is no PDF.
+/// Number of pages of \a file; 0 when it is not a PDF.
 [[nodiscard]] int pdfPages(const QString& file);
 
 /// All words of \a file, page after page.

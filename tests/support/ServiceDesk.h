@@ -1,4 +1,4 @@
-// A shop's database, opened, and all that a page of the program asks for.
+// A shop's database, opened, and everything that a page of the program needs.
 #pragma once
 
 #include <stdexcept>

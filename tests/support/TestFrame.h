@@ -1,4 +1,4 @@
-// The window around a page, as far as a page sees it: keeps what the page asked for.
+// The window around a page, as far as a page sees it: records what the page asked for.
 #pragma once
 
 #include <array>

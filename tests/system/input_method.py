@@ -10,7 +10,7 @@ from desk import DeskError, wait_for
 
 
 class InputMethod:
-    """Runs for one screen, on a message bus of its own, and is gone with the object.
+    """Runs for one screen, on a private message bus, and ends with the object.
 
     Programs that are started on the screen while it runs have it; it is switched on from the beginning."""
 
@@ -19,8 +19,8 @@ class InputMethod:
         settings = pathlib.Path(screen.environment["XDG_CONFIG_HOME"]) / "glib-2.0" / "settings" / "keyfile"
         settings.parent.mkdir(parents=True)
         settings.write_text("[org/freedesktop/ibus/engine/anthy/common]\ninput-mode=0\n", encoding="ascii")  # kana
-        # A program waits for the input method to have done with a key. Otherwise it is at rest while keys are still on
-        # their way back to it, and on a starved machine a field that takes the focus resets what is typed after them.
+        # A program waits until the input method has handled a key. Otherwise it would be at rest while keys are still
+        # on their way back, and on a busy machine a field that gets the focus would reset what is typed after them.
         # The engine is a script of the system's own Python; settings and caches of the user stay out of it.
         screen.environment.update(PATH="/usr/bin:/bin", GSETTINGS_BACKEND="keyfile", QT_IM_MODULE="ibus",
                                   IBUS_ENABLE_SYNC_MODE="1",

@@ -1,4 +1,4 @@
-"""The Debian package, made from the build and unpacked, for the tests that look at it."""
+"""The Debian package, made from the build and unpacked, for the tests that check it."""
 
 import pathlib
 import subprocess

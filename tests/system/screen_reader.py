@@ -12,7 +12,7 @@ import sys
 import tempfile
 
 MOST_CELLS = 400
-# Newer releases of the interface call some roles otherwise.
+# Newer releases of the interface have other names for some roles.
 ROLES = {"button": "push button"}
 BINDINGS = ("/usr/bin/python3", "-B")
 
@@ -53,7 +53,7 @@ def listen():
     from gi.repository import Atspi, GLib
 
     def look(node, window, found):
-        """Goes down to what can be seen; big tables and trees are left alone."""
+        """Descends to what is visible; skips large tables and trees."""
         states = node.get_state_set()
         if not states.contains(Atspi.StateType.SHOWING):
             return

@@ -60,22 +60,22 @@ class ShopTest(unittest.TestCase):
         program.wait_idle()
 
     def close_window(self):
-        """The window manager's close, as a click on the window's close box gives it. A window that is at work does
-        not listen to it, so it is closed at rest."""
+        """Closes the window through the window manager, as a click on its close box does. A busy window ignores that,
+        so it is closed at rest."""
         self.screen.wait_active(desk.MAIN_WINDOW)
         for program in self._programs:
             program.wait_idle()
         self.screen.press("alt+F4")
 
     def end(self, program):
-        """Closes the window and agrees to end; the run must have been a healthy one."""
+        """Closes the window and confirms the end; the run must have been without errors."""
         self.close_window()
         self.screen.answer(desk.END_DIALOG)
         self.assertEqual(0, program.ended())
         self.assertEqual("", program.said())
 
     def assertWhole(self):
-        """The database holds together: integrity, encodings and the stock of every code."""
+        """Checks the database: integrity, encodings and the stock of every code."""
         verdict = self.shop.tagdb("check")
         self.assertEqual(0, verdict.returncode, verdict.stdout)
 
@@ -94,7 +94,7 @@ class ShopTest(unittest.TestCase):
         desk.wait_past(self.shop.rows(f"SELECT max(InpDate) FROM {table}")[0][0])
 
     def add_receipts(self, count):
-        """Receipts of nothing, of today, made before the program starts."""
+        """Empty receipts of today, stored before the program starts."""
         known = self.plain_codes(1)[0]
         self.shop.add("InpTB", [{"Code": known, "NyuSuu": "0000000", "NyuPrice": "0000000", "NyuNebiki": "0000000",
                                  "Henkyaku": "0000000", "NyuDate": self.today(), "NyuTime": "000000",

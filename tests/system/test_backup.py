@@ -30,7 +30,7 @@ class Backup(ShopTest):
         finally:
             link.close()
 
-    def assertProved(self):
+    def assertVerified(self):
         listed = self.shop.tagdb("backup", "--list")
         self.assertEqual(0, listed.returncode, listed.stdout)
         for name in self.copies():
@@ -53,7 +53,7 @@ class Backup(ShopTest):
             self.assertLessEqual(held, scans)
         self.wait_receipts(scans)
         self.assertEqual(COPIES, len(self.copies()))
-        self.assertProved()
+        self.assertVerified()
         self.end(program)
         self.assertWhole()
 
@@ -77,7 +77,7 @@ class Backup(ShopTest):
         self.assertEqual(then, self.receipts("Code", "InpDate"))
         kept = [name for name in self.copies() if "-replaced" in name]
         self.assertEqual([(2,)], self.rows_of(kept[0], "SELECT count(*) FROM InpTB"))
-        self.assertProved()
+        self.assertVerified()
         self.end(self.open())
 
     def test_wrong_use_is_reported_and_changes_nothing(self):
@@ -179,7 +179,7 @@ class Backup(ShopTest):
                 time.sleep(chance.uniform(0.0, whole))  # the random instant itself
                 run.kill()
                 run.wait()
-            self.assertProved()
+            self.assertVerified()
             for name in self.copies():
                 self.assertEqual([("ok",)], self.rows_of(name, "PRAGMA integrity_check"))
                 self.assertEqual([(20000,)], self.rows_of(name, "SELECT count(*) FROM InpTB"))
@@ -205,7 +205,7 @@ os.kill(os.getpid(), signal.SIGKILL)
         self.assertGreater(journal.stat().st_size, 512, "the writer left its half in the file")
         made = self.shop.tagdb("backup")
         self.assertEqual(0, made.returncode, made.stdout)
-        self.assertProved()
+        self.assertVerified()
         copy, = self.copies()
         self.assertEqual(before, self.rows_of(copy, "SELECT Code, Name FROM TantouTB ORDER BY Code"))
         self.assertEqual([(0,)], self.rows_of(copy, "SELECT count(*) FROM InpTB"))
@@ -230,9 +230,9 @@ os.kill(os.getpid(), signal.SIGKILL)
                 run.wait()
             self.assertIn(self.shop.rows("SELECT group_concat(Name) FROM TantouTB")[0][0], states)
             self.assertWhole()
-        subprocess.run(command, check=True, stdout=subprocess.DEVNULL)  # one that nobody disturbs
+        subprocess.run(command, check=True, stdout=subprocess.DEVNULL)  # undisturbed
         self.assertEqual(["trnvik.mdb"], sorted(name for name in os.listdir(self.shop.folder / "DB")))
-        self.assertProved()
+        self.assertVerified()
 
 
 if __name__ == "__main__":

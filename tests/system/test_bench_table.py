@@ -21,7 +21,7 @@ class BenchTable(unittest.TestCase):
         self.folder = pathlib.Path(folder.name)
 
     def measured(self, **judged):
-        """Writes results in which every figure is half its goal, but those named by their benchmark."""
+        """Writes results in which every figure is half its goal, except those named by their benchmark."""
         programs = {}
         for figure in bench_table.FIGURES:
             program, name = figure.benchmark.split(":", 1)

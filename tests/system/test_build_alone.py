@@ -26,7 +26,7 @@ class BuildAlone(unittest.TestCase):
         shutil.rmtree(cls.folder, ignore_errors=True)
         # Another test runs beside this one.
         environment = {**os.environ, "CMAKE_BUILD_PARALLEL_LEVEL": "1"}
-        # Somebody has asked for everything in this folder, and the cache remembers it.
+        # Everything was switched on in this folder before, and the cache remembers that.
         cls.refused = run("cmake", "--preset", "program", "-B", cls.folder, "-DBUILD_TESTING=ON", "-DSUISUI_BENCH=ON",
                           "-DSUISUI_WERROR=ON", *WITHOUT, cwd=cls.source)
         cls.built = run(cls.source / "scripts" / "build_program.sh", cls.folder, *WITHOUT, env=environment)

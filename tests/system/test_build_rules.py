@@ -90,7 +90,7 @@ class Check(unittest.TestCase):
     def setUp(self):
         place = tempfile.TemporaryDirectory(prefix="suisui-check-")
         self.addCleanup(place.cleanup)
-        # Whatever is not refused finds no program that could install or build anything.
+        # What is not refused finds no program that could install or build anything.
         self.programs = pathlib.Path(place.name)
         (self.programs / "dirname").symlink_to(shutil.which("dirname"))
 

@@ -21,7 +21,7 @@ link.rollback()
 
 class DatabaseFaults(ShopTest):
     def assert_declined(self):
-        """The program shows the box, ends without a complaint, and has changed nothing."""
+        """The program shows the box, ends in order, and has changed nothing."""
         before = self.data_files()
         program = self.start()
         self.screen.answer(NO_DATABASE_BOX)
@@ -67,7 +67,7 @@ class DatabaseFaults(ShopTest):
         self.assert_declined()
 
     def test_held_by_another_process(self):
-        # Truly another process: a lock of this one would be gone as soon as it looks at the file.
+        # Really another process: a lock of this one would be lost as soon as it reads the file.
         holder = subprocess.Popen([sys.executable, "-c", HOLDER, str(self.shop.database)],
                                   stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         try:

@@ -6,7 +6,7 @@ from shop_test import ShopTest, main, wait_for
 
 class TypingReader(ShopTest):
     def test_codes_typed_at_full_speed_are_each_stored_once_in_order(self):
-        # Letters too: with an input method in the way, "a" would not stay "a".
+        # Letters too: with an input method on, "a" would not stay "a".
         codes = ["abc-XYZ-01", "4512345678905", "a", "Q-7", "zz-000-zz"]
         self.shop.add("Master", [{"Code": code, "Name": f"品 {code}", "NyuSuu": "3", "NyuPrice": "120",
                                   "SyuSuu": "1", "SyuPrice": "200", "Unit": "個", "Stock": "0"} for code in codes])
@@ -170,7 +170,7 @@ class SerialReader(ShopTest):
         self.wait_receipts(1)
         program.wait_idle()
         self.reader.unplug()
-        # A port that has died must not keep the processor busy either.
+        # A port that is gone must not keep the processor busy either.
         program.wait_idle()
         self.assertTrue(program.running())
         self.screen.press("Return")  # from the new row back to the code field

@@ -1,4 +1,4 @@
-"""What README.md has a newcomer type in the first five minutes, and what it says is to be seen then."""
+"""The first five minutes as README.md describes them: what a newcomer types and what happens."""
 
 import pathlib
 import re

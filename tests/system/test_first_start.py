@@ -1,4 +1,4 @@
-"""The package in the hands of somebody who never had the program."""
+"""The package on the computer of somebody who never had the program."""
 
 import pathlib
 import sqlite3
@@ -46,7 +46,7 @@ class FirstStart(Packaged):
         return process.returncode
 
     def work_and_end(self, process):
-        """Through the start of the program itself to its orderly end."""
+        """Goes through the start of the program itself to its orderly end."""
         wait_started(self.screen, process.pid)
         name = pathlib.Path(f"/proc/{process.pid}/exe").resolve()
         self.assertEqual(self.root / "usr/bin/suisuitag", name)
@@ -69,7 +69,7 @@ class FirstStart(Packaged):
         finally:
             link.close()
 
-    def assertFurnished(self):
+    def assertShopReady(self):
         self.assertTrue((self.data / "db" / "trnorg.mdb").is_file())
         for name in ("AppEnv", "AppIni", "SlipIni", "TrnPrint"):
             self.assertTrue((self.data / "Ini" / f"{name}.ini").is_file(), name)
@@ -106,7 +106,7 @@ class FirstStart(Packaged):
         self.answer_forms("Return", picture=pathlib.Path.cwd() / "first-taken.png")
         self.work_and_end(process)
         self.assertEqual(1, self.goods())
-        self.assertFurnished()
+        self.assertShopReady()
         self.work_and_end(self.start())  # and from now on it asks for nothing
 
     def test_who_leaves_the_forms_for_later_is_asked_again(self):
@@ -114,7 +114,7 @@ class FirstStart(Packaged):
         self.screen.answer(FIRST_START, "alt+e")
         self.answer_forms("alt+q")
         self.assertEqual(0, self.ended(process))
-        self.assertFurnished()
+        self.assertShopReady()
         self.assertEqual(["取引先.csv", "商品.csv", "担当者.csv", "部品.csv"],
                          sorted(file.name for file in self.forms.iterdir()))
         self.fill_forms()
@@ -159,7 +159,7 @@ class FirstStart(Packaged):
         self.screen.answer(FIRST_START, "alt+s")
         self.work_and_end(process)
         self.assertGreater(self.goods(), 0)
-        self.assertFurnished()
+        self.assertShopReady()
 
     def test_a_fault_of_a_foreign_form_is_reported_in_japanese(self):
         for command in ("create", "sample"):

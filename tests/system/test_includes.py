@@ -1,4 +1,4 @@
-"""The check of the includes finds what it is there to find, shown on made-up lines."""
+"""What the check of the includes finds, shown on made-up lines."""
 
 import pathlib
 import tempfile

@@ -52,7 +52,7 @@ class KeyboardOnly(ShopTest):
                               encoding="utf-8").stdout
 
     def print_list(self):
-        """The dialog of the pages is up: all pages, to the PDF that is proposed."""
+        """Prints all pages from the page dialog, to the proposed PDF."""
         before = set(self.paper.rglob("*.pdf"))
         self.screen.wait_active(PAGES)
         self.screen.press("Return", "KP_Enter", "Return")

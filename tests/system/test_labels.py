@@ -1,4 +1,4 @@
-"""Labels printed by the whole program: the circle from the reader to the paper and back.
+"""Labels printed by the whole program: the full circle from the reader to the paper and back.
 
 What is scanned is printed, the paper is read by a bar-code reader, and what that reads drives the program."""
 
@@ -53,7 +53,7 @@ class Labels(ShopTest):
         program.wait_idle()
 
     def print_labels(self, program, picture):
-        """The reader presses OK, the keyboard agrees to the proposed PDF file, which is returned."""
+        """Presses OK with the reader, accepts the proposed PDF file with the keyboard, and returns it."""
         self.screen.settled_picture(f"labels-{picture}.png")
         before = set(self.home.rglob("*.pdf"))
         self.reader.scan("[P]")
@@ -132,7 +132,7 @@ class Labels(ShopTest):
         self.reader.scan("[P]")
         self.screen.answer(PRINTER, "Escape")
         self.screen.wait_active(LABELS)
-        self.reader.scan(code)  # no business of a dialog
+        self.reader.scan(code)  # means nothing in a dialog
         self.reader.scan("[T]")
         self.screen.wait_active(desk.MAIN_WINDOW)
         program.wait_idle()
@@ -169,7 +169,7 @@ class Labels(ShopTest):
         program.wait_idle()
         self.close_window()
         self.screen.answer(desk.END_DIALOG)
-        self.assertEqual(0, program.ended())  # the library itself may have grumbled at the device
+        self.assertEqual(0, program.ended())  # the library itself may have complained about the device
 
 
 if __name__ == "__main__":

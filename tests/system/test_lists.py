@@ -1,5 +1,5 @@
-"""The movement lists of the whole program. What a list shows can be seen from outside in the slip, which carries every
-row of it; so the slips are compared with what the database holds, computed here in its own way."""
+"""The movement lists of the whole program. What a list shows can be seen from outside in the slip, which has all its
+rows; so the slips are compared with figures computed here from the database."""
 
 import decimal
 import os

@@ -1,4 +1,4 @@
-"""The Debian package: made from the build, looked at, and its daily backup run for users with and without a shop."""
+"""The Debian package: made from the build, checked, and its daily backup run for users with and without a shop."""
 
 import gzip
 import os
@@ -105,7 +105,7 @@ class Package(Packaged):
                                      env={**os.environ, "LC_ALL": "C.UTF-8", "MANWIDTH": "80"})
             said = verdict.stderr if judge[0] == "man" else verdict.stdout + verdict.stderr
             if judge[0] == "lintian" and set(re.findall(r"(?m)^[EW]: \S+ (\S+)", said)) == {CATALOGUE}:
-                continue  # a newer lintian; the next test looks at that line by line
+                continue  # a newer lintian; the next test checks that line by line
             self.assertEqual(0, verdict.returncode, said)
             if judge[0] == "man":
                 self.assertEqual("", said, judge[-1])
@@ -115,7 +115,7 @@ class Package(Packaged):
                                  check=False, encoding="utf-8", stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                                  env={**os.environ, "LC_ALL": "C.UTF-8"})
         self.assertRegex(verdict.stdout, "Validation (was successful|failed)")
-        # The program has none; the judge of Debian 13 warns of that.
+        # The program has none, which the checker of Debian 13 warns of.
         self.assertEqual([], [line for line in re.findall(r"(?m)^[EW]: .*", verdict.stdout)
                               if not line.endswith(" url-homepage-missing")])
 
@@ -163,7 +163,7 @@ class DailyBackup(Packaged):
                               cwd="/", stdout=subprocess.PIPE, stderr=subprocess.STDOUT, encoding="utf-8")
 
     def start_service(self, home, **more):
-        """Does what the manager of the user with this home would do."""
+        """Runs what the service manager of the user with this home would run."""
         command, = self.service("ExecStart")
         program, *words = command.replace("%h", str(home)).split()
         self.assertTrue(program.startswith("/usr/bin/"), command)

@@ -1,5 +1,5 @@
-"""The serial reader drives the whole program: many scans in a row, scans while something else is on the screen, and
-values that nobody foresaw."""
+"""The serial reader operates the whole program: many scans in a row, scans while something else is on the screen, and
+unexpected values."""
 
 import desk
 from shop_test import ShopTest, main, wait_for

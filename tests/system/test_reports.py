@@ -106,7 +106,7 @@ class Reports(ShopTest):
         program.wait_idle()
         self.close_window()
         self.screen.answer(desk.END_DIALOG)
-        self.assertEqual(0, program.ended())  # what the library says about such a device is its own business
+        self.assertEqual(0, program.ended())  # what the library prints about such a device does not count
 
 
 if __name__ == "__main__":

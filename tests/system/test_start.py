@@ -1,4 +1,4 @@
-"""The ways the program starts, and the ways it declines to."""
+"""How the program starts, and when it refuses to."""
 
 import os
 import subprocess

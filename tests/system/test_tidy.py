@@ -1,4 +1,4 @@
-"""Which sources clang-tidy looks at again: those whose text, headers, command or settings changed, wherever they are."""
+"""Which sources clang-tidy checks again: those whose text, headers, command or settings changed, wherever they are."""
 
 import json
 import os

@@ -58,7 +58,7 @@ class Compositor:
         del self.environment["DISPLAY"]
 
     def x_display(self):
-        """The display of the compositor's own X server."""
+        """The display of the X server that belongs to the compositor."""
         def listening():
             return re.search(r"xserver listening on display (:\d+)", self._log.read_text("utf-8", "replace"))
 
@@ -75,7 +75,7 @@ class Compositor:
 
 
 class Conversation:
-    """What a program and its compositor have said to each other so far."""
+    """The messages between a program and its compositor so far."""
 
     def __init__(self, program):
         self._program = program
@@ -91,7 +91,7 @@ class Conversation:
             elif match := TITLE.search(line):
                 titles[match[1]] = match[2]
             elif match := ENTER.search(line):
-                # Numbers are given out again when a window has closed, so its title is taken as it is now.
+                # The number of a closed window is used again, so its title is the current one.
                 found.append(titles.get(window_of.get(match[1]), ""))
             elif LEAVE.search(line):
                 found.append("")

@@ -75,7 +75,7 @@ protected:
         db.Commit();
     }
 
-    /// Does \a sql to a copy, behind the back of the store's connection.
+    /// Runs \a sql on a copy, through a connection of its own.
     void change(const std::string& name, const std::string& sql) const
     {
         sqlite3* db = nullptr;

@@ -12,7 +12,7 @@ namespace suisui::test {
 
 namespace {
 
-/// Where things stand, in which the two formats differ.
+/// Offsets in which the two formats differ.
 struct Layout
 {
     std::size_t page, rowCount, rows, columnCount, indexCount, usageMap, freeMap, columns, columnEntry;
@@ -82,8 +82,8 @@ std::size_t sizeOf(const JetTable::Column& column)
 /// 256.
 std::string tailOfThree(const std::vector<std::size_t>& offsets, std::size_t maskBytes)
 {
-    // One place for each 256 bytes that the row has in the end, these places among them; what is left over
-    // holds a number that no column has.
+    // One entry for each 256 bytes of the finished row, these entries included; the unused ones hold a number
+    // that no column has.
     const std::size_t others = offsets.back() + offsets.size() + 1 + maskBytes;
     std::size_t jumps = 0;
     while ((others + jumps - 1) / 256 > jumps)
@@ -129,8 +129,8 @@ class File
 public:
     explicit File(Jet version) : m_version(version), m_layout(layoutOf(version)), m_pages(2) {}
 
-    /// Writes the pages of \a table; its definition goes onto page \a at and its rows onto page \a rowsAt on,
-    /// or behind the others.
+    /// Writes the pages of \a table; its definition goes to page \a at and its rows to the pages from \a
+    /// rowsAt on, or after the others.
     std::size_t add(const JetTable& table, std::size_t at = 0, std::size_t rowsAt = 0)
     {
         const std::size_t definition = at == 0 ? next() : at;
@@ -251,7 +251,7 @@ std::string jetFile(Jet version, const std::vector<JetTable>& tables)
 {
     File file(version);
     const std::size_t catalogPage = file.next(); // where every reader looks for it
-    const std::size_t namesPage = file.next();   // in front, so that a file cut short loses rows and no name
+    const std::size_t namesPage = file.next();   // first, so that a file cut short loses rows but no name
     JetTable catalog{.name = "MSysObjects",
                      .columns = {{"Id", JetTable::Long},
                                  {"Name", JetTable::Text},

@@ -18,7 +18,7 @@ struct JetTable
         std::string name;
         Type type = Text;
     };
-    /// The bytes of a text as they stand in the file; a number's text for Long and Integer; Null.
+    /// The bytes of a text as in the file; a number's text for Long and Integer; Null.
     struct Value
     {
         std::string bytes;
@@ -28,7 +28,7 @@ struct JetTable
     std::string name;
     std::vector<Column> columns;
     std::vector<std::vector<Value>> rows;
-    int declaredMore = 0; ///< rows that the definition speaks of and that are not there
+    int declaredMore = 0; ///< rows that the definition declares although they are not there
 };
 
 /// \a utf8 as a text of \a version: code page 932, or UTF-16 little-endian.

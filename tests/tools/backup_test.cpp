@@ -1,4 +1,4 @@
-// Backups: a copy of a database in use, its proof, its name, and which copies go.
+// Backups: a copy of a database in use, its verification, its name, and which copies are removed.
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -93,7 +93,7 @@ TEST_F(BackupTest, stockIsVerified_withComponents_carriedStock_andReturns)
     shop.add(zaikoTable, {"SET", "4", "1", "20260401090000", "20260401090000"});
     shop.add(inpTable, {"SET", "", "", "0000004", "0000000", "", "", "20260401", "090001", "", "0000000",
                         "0000001", "", "", "", "20260401090001", "20260401090001"});
-    EXPECT_EQ(backup(), ToolStatus::Found); // three sets have come in, so six are missing of A1
+    EXPECT_EQ(backup(), ToolStatus::Found); // three sets have come in, so six of A1 are missing
     execute("UPDATE ZaikoTB SET ZaikoSuu='9' WHERE Code='A1'");
     later(1);
     EXPECT_EQ(backup(), ToolStatus::Good) << out.str();
@@ -204,7 +204,7 @@ TEST_F(BackupTest, aDailyRunThatFails_isNotedWithTheReason_untilOneIsGood)
     ASSERT_TRUE(failed);
     EXPECT_EQ(failed->why.toStdString(), "写しは作りましたが、在庫数と記録の合わないところが 1 件あります。");
     note().clear();
-    order.daily = false; // somebody watches
+    order.daily = false; // attended
     EXPECT_EQ(backup(), ToolStatus::Found);
     EXPECT_FALSE(note().read());
 }
@@ -257,7 +257,7 @@ TEST_F(BackupTest, secondRunAtTheSameTime_isRefused)
     const int other = ::open(folder().c_str(), O_RDONLY | O_DIRECTORY);
     ASSERT_EQ(::flock(other, LOCK_EX), 0);
     EXPECT_EQ(backup(), ToolStatus::Failed);
-    EXPECT_NE(err.str().find("another backup or restore is at work"), std::string::npos);
+    EXPECT_NE(err.str().find("another backup or restore is running"), std::string::npos);
     ::close(other);
     EXPECT_EQ(backup(), ToolStatus::Good);
 }

@@ -1,5 +1,5 @@
-// Tables from elsewhere whose bytes are no text, or whose columns are named twice: told by line and column,
-// and nothing is stored. What has found its way into the database all the same is found there.
+// Tables from elsewhere whose bytes are not text, or that name a column twice: reported by line and column,
+// and nothing is stored. Such bytes that are in the database nevertheless are found there.
 #include <fstream>
 #include <sstream>
 

@@ -1,5 +1,5 @@
 // The forms of a shop without a master-data program: written, filled in as people and spreadsheets do it,
-// taken over whole or not at all.
+// and taken over whole or not at all.
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -52,7 +52,7 @@ protected:
         EXPECT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         return missingForStart(db);
     }
-    /// One form that cannot be taken over, and what is said about it.
+    /// A form that cannot be taken over, and the message about it.
     void expectFault(const std::string& name, const std::string& bytes, const std::string& said)
     {
         fill(name, bytes);
@@ -91,7 +91,7 @@ TEST_F(FormsTest, blankForms_haveHeadingsThatASpreadsheetReads_andNothingElse)
     EXPECT_EQ(form("部品.csv"), "\uFEFF商品コード,部品コード,部品の数\r\n");
     EXPECT_EQ(std::distance(fs::directory_iterator(folder()), {}), 4);
     EXPECT_EQ(lacking(), (Texts{"入荷先", "出荷先", "担当者"}));
-    EXPECT_EQ(take(), ToolStatus::Good) << "nothing filled in is nothing wrong: " << err.str();
+    EXPECT_EQ(take(), ToolStatus::Good) << "an empty form is not wrong: " << err.str();
 }
 
 TEST_F(FormsTest, filledForms_makeAShopThatCanBegin)
@@ -192,7 +192,7 @@ TEST_F(FormsTest, whatCannotBe_isNamedByFileAndLine_andNothingIsStored)
     expectFault("商品.csv", "商品コード,商品名\rA1,りんご\r",
                 "商品.csv：1 行目 26 文字目：改行が古い Macintosh の形式（CR だけ）です。表計算ソフトで開き");
     expectFault("商品.csv", "商品コード,商品名\nA1,\x81\n", "商品.csv：文字コードがわかりません");
-    expectFault("商品.csv", "商品コード,商品名\nA1,りんご\xE3", "商品.csv："); // cut inside a letter
+    expectFault("商品.csv", "商品コード,商品名\nA1,りんご\xE3", "商品.csv："); // cut inside a character
     expectFault("取引先.csv", "取引先コード,取引先名,入荷先\n1,市場,はい\n",
                 "取引先.csv 2 行目：入荷先「はい」は");
     expectFault("部品.csv", "商品コード,部品コード,部品の数\nS1,A1,1\n",

@@ -1,6 +1,6 @@
 // Files from elsewhere that are damaged in any way: tables as CSV, and whole databases of the Jet format.
-// What cannot be taken is refused in words, and then nothing of it is stored; what is taken leaves good books
-// behind. scripts/fuzz.sh runs it for as long as wanted.
+// What cannot be imported is refused with a message, and nothing of it is stored; after an import the books
+// are sound. scripts/fuzz.sh runs it for as long as wanted.
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -26,7 +26,8 @@ class ImportFuzz : public ::testing::Test
 protected:
     std::size_t below(std::size_t bound) { return random() % bound; }
 
-    /// Hits at random places; unless \a pagesStay also cuts, doublings and holes, behind which all has moved.
+    /// Damage at random places; unless \a pagesStay also cuts, doublings and holes, which move all that
+    /// follows.
     std::string damaged(std::string bytes, bool pagesStay)
     {
         for (std::size_t hits = 1 + below(6); hits > 0 && !bytes.empty(); --hits) {
@@ -52,7 +53,7 @@ protected:
         }
         return bytes;
     }
-    /// Most of a database's pages is empty, where a hit harms nobody.
+    /// Most of each page of a database is empty, where damage does not matter.
     std::size_t placeOfSomething(const std::string& bytes)
     {
         std::size_t at = below(bytes.size());
@@ -107,7 +108,7 @@ TEST_F(ImportFuzz, aDamagedTable_isStoredWhole_orNotAtAll)
 
 TEST_F(ImportFuzz, aDamagedJetDatabase_isRefusedInWords_orMakesWholeBooks)
 {
-    const TempShop shop; // for its folder: an import makes the database
+    const TempShop shop; // only for its folder: an import makes the database
     const std::string base = shop.base().toStdString();
     const std::string database = shop.databaseFile();
     fs::remove(database);
@@ -146,7 +147,7 @@ TEST_F(ImportFuzz, aDamagedJetDatabase_isRefusedInWords_orMakesWholeBooks)
             fs::remove(database);
         }
     }
-    EXPECT_GE(looked, 10) << "hardly a file was read further than its first page";
+    EXPECT_GE(looked, 10) << "few files were read beyond their first page";
 }
 
 } // namespace suisui::test

@@ -1,5 +1,4 @@
-// Databases of the Jet format into a new working database: what comes along, what is told of, what is
-// refused.
+// Importing databases in Jet format: what is imported, what is reported, what is refused.
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -60,7 +59,7 @@ protected:
     }
 
     JetTable& table(const std::string& name) { return *std::ranges::find(tables, name, &JetTable::name); }
-    /// A row of texts; the columns behind them are Null.
+    /// A row of texts; the columns after them are Null.
     void add(const std::string& name, const Texts& texts)
     {
         JetTable& old = table(name);
@@ -86,7 +85,7 @@ protected:
         err.str({});
         return importJet(base(), file(), anyway, out, err);
     }
-    /// Imports what must not go through as it is, and looks that nothing was written.
+    /// Imports what must be refused, and checks that nothing was written.
     void expectRefused(const std::string& reason)
     {
         write();
@@ -360,7 +359,7 @@ INSTANTIATE_TEST_SUITE_P(Formats, Jet3Test, ::testing::Values(Jet::Three),
 class Jet4Test : public JetImportTest
 {
 protected:
-    /// \a runs, of plain letters and of others in turn, as the newer format packs them.
+    /// \a runs, alternately of plain and of other letters, as the newer format packs them.
     static std::string packed(const Texts& runs)
     {
         std::string bytes = "\xFF\xFE";

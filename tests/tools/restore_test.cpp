@@ -1,4 +1,4 @@
-// The way back from a backup: what comes back, what is kept, and which copies are refused.
+// Restoring a backup: what comes back, what is kept, and which copies are refused.
 #include <unistd.h>
 
 #include "platform/core/SingleInstance.h"
@@ -97,7 +97,7 @@ TEST_F(BackupTest, restore_ofACopyWithOtherRulesThanTheProgram_isRefused)
          "it has a trigger of its own, t"},
         {"CREATE VIEW v AS SELECT * FROM InpTB", "it has a view of its own, v"},
     };
-    order.evenUnsound = true; // which is about the books alone
+    order.evenUnsound = true; // which only concerns the books
     for (const auto& [sql, words] : changes) {
         ASSERT_EQ(backup(), ToolStatus::Good) << err.str();
         change(first, sql);

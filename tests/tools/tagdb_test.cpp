@@ -164,7 +164,7 @@ TEST_F(TagDbTest, check_findsWrongStock_andWrongEncodings)
     EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Good) << out.str();
     execute("UPDATE ZaikoTB SET ZaikoSuu='9' WHERE Code='P'");
     execute("INSERT INTO RirekiTB (DateFrom) VALUES ('Trn')");
-    EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Good) << "the return may be carried";
+    EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Good) << "the return may be carried forward";
     execute("DELETE FROM RirekiTB");
     execute("UPDATE InpTB SET NyuDate='2026/4/1', NyuPrice='50'");
     out.str({});
@@ -281,7 +281,7 @@ TEST_F(TagDbTest, export_neverTakesThePlaceOfADatabase_orOfWhatBelongsToOne)
     write("elsewhere/copy.mdb.proof", "sha256 00\n");
     write("elsewhere/empty.mdb", "");
     fs::create_symlink(path("DB/trnvik.mdb"), path("link.csv"));
-    fs::create_symlink(path("DB/trnvik.mdb-journal"), path("nowhere.csv")); // would be played into the file
+    fs::create_symlink(path("DB/trnvik.mdb-journal"), path("nowhere.csv")); // would harm the database
     fs::create_hard_link(path("DB/trnvik.mdb"), path("hard.csv"));
     fs::create_directory_symlink(path("DB"), path("short"));
     const std::string before = read("DB/trnvik.mdb");

@@ -1,4 +1,4 @@
-// Each check before a print of labels, at its limit and beyond it, in its words.
+// Each check before a print of labels, at its limit and beyond it, with the words of its box.
 #include "barcode/label/LabelChecks.h"
 
 #include <gtest/gtest.h>
@@ -161,7 +161,7 @@ TEST(LabelChecks, morePagesThanTheFieldsCanName_areRefused)
     EXPECT_TRUE(refusal->text.startsWith(u"一度に 印刷できるのは 9999 ページまでです。"_s));
     EXPECT_EQ(refusal->field, LabelField::lastPage);
     tooMany.set(LabelField::lastPage, u"9999");
-    EXPECT_FALSE(refusalOf(tooMany.setup)) << "the pages asked for count, not all that there would be";
+    EXPECT_FALSE(refusalOf(tooMany.setup)) << "the chosen pages count, not all pages";
 }
 
 } // namespace suisui::test

@@ -1,5 +1,4 @@
-// A desk with a grid of rows to be labelled, the label dialog over it, and paper that keeps what it was
-// given.
+// The label dialog for a grid of rows, with a printer that records what it is given.
 #pragma once
 
 #include <memory>
@@ -54,7 +53,7 @@ struct LabelDialogDesk
         return *dialog;
     }
 
-    /// The free sheet of two by six with every box ticked, so that every field counts.
+    /// The free sheet of two by six with every box ticked, so that every field is enabled.
     void openWithEverything()
     {
         open();

@@ -1,4 +1,4 @@
-// The ways into the label dialog.
+// The routines that open the label dialog.
 #include <QApplication>
 #include <QTimer>
 
@@ -17,7 +17,7 @@ using Desk = LabelDialogDesk;
 
 struct Entry
 {
-    /// Takes the way \a enter and looks at the dialog that comes up; false when none did.
+    /// Runs \a enter and looks at the dialog that opens; false when none does.
     bool through(const std::function<void(const LabelDesk&)>& enter,
                  const std::function<void(QDialog&)>& look)
     {

@@ -1,5 +1,5 @@
-// Labels on a printer as shops have it, through the print server and its filters: what arrives is read by a
-// bar-code reader and measured.
+// Labels on a network printer as shops have it, through the print server and its filters: what arrives is
+// read by a bar-code reader and measured.
 #include <gtest/gtest.h>
 
 #include "platform/widgets/Printer.h"
@@ -39,7 +39,7 @@ struct LabelIpp : ::testing::TestWithParam<QPageSize::PageSizeId>
     PrinterBarPrt barPrt{printer, [this] { ++failures; }};
     LabelDialogDesk desk;
 
-    /// Prints \a rows on \a sheet; the document that arrives.
+    /// Prints \a rows on \a sheet; returns the document that arrives.
     [[nodiscard]] QString print(const std::vector<LabelledRow>& rows, int sheet)
     {
         desk.fill(rows);
@@ -60,7 +60,7 @@ struct LabelIpp : ::testing::TestWithParam<QPageSize::PageSizeId>
 
 TEST_P(LabelIpp, everyLabel_arrivesAtItsMillimetres_andReadsBackToItsCode)
 {
-    const auto rows = rowsFor(12); // whole rows that are on the shorter paper, too
+    const auto rows = rowsFor(12); // whole rows that fit the shorter paper too
     const QString file = print(rows, 0);
     ASSERT_FALSE(file.isEmpty());
     ASSERT_EQ(pdfPages(file), 1);

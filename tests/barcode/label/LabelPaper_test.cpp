@@ -1,4 +1,4 @@
-// Labels on paper: the PDF is rendered at the printer's own resolution, looked at dot by dot and read by a
+// Labels on paper: the PDF is rendered at the printer's own resolution, checked dot by dot and read by a
 // bar-code reader.
 #include <gtest/gtest.h>
 
@@ -89,7 +89,7 @@ protected:
         paper.endDocument();
     }
 
-    /// In the row \a at.y() of \a page the bars of \a code stand from \a at on: every edge within a dot,
+    /// Whether the row \a at.y() of \a page has the bars of \a code from \a at on: every edge within a dot,
     /// nothing between them, and white for the quiet zone on both sides.
     [[nodiscard]] static ::testing::AssertionResult barsStandAt(const QImage& page, QPoint at,
                                                                 const QString& code, int dots)
@@ -113,7 +113,7 @@ protected:
         return ::testing::AssertionSuccess();
     }
 
-    /// First and one behind the last dot of each black run in the row \a y between \a from and \a to.
+    /// First dot, and the one after the last, of each black run in the row \a y between \a from and \a to.
     [[nodiscard]] static std::vector<std::pair<int, int>> blackRuns(const QImage& page, int y, int from,
                                                                     int to)
     {
@@ -130,8 +130,7 @@ protected:
         return runs;
     }
 
-    /// Dots of the printer that \a step is printed with: a module of two dots at the least, as readers want
-    /// it.
+    /// How many dots of the printer a module of \a step has: at least two, as readers need.
     [[nodiscard]] static int dotsFor(int step) { return step == 1 ? 600 : 300; }
 
     [[nodiscard]] static std::vector<int> stepsThatFit(const LabelSheet& sheet)

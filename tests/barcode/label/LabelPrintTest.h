@@ -1,4 +1,4 @@
-// A print job over a grid of marked rows, and paper that keeps what it was given.
+// A print job over a grid of marked rows, and a printer that records what it is given.
 #pragma once
 
 #include <optional>
@@ -37,7 +37,7 @@ protected:
 
     LabelRows rows(int quantity = labelQuantityColumn) { return {grid, labelMarkColumn, quantity}; }
 
-    /// Prints the pages that the count gives, or those that were asked for.
+    /// Prints all pages, or those that were chosen.
     void print(std::optional<LabelPageRange> pages = {})
     {
         LabelRows source = rows();

@@ -1,4 +1,4 @@
-// What is drawn on the sheets: where each label, its texts and the function codes stand.
+// What is drawn on the sheets: where each label, its texts and the function codes are.
 #include "tests/barcode/label/LabelPrintTest.h"
 
 using namespace Qt::Literals::StringLiterals;

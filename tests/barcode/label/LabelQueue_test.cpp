@@ -44,7 +44,7 @@ protected:
 
     int failures = 0;
     int copies = 1;
-    bool goesAway = false; ///< when it has been chosen
+    bool goesAway = false; ///< after it has been chosen
     Printer printer{[this](QPrinter& chosen, QWidget*) {
         chosen.setPrinterName(QString::fromUtf8(CupsQueue::name));
         chosen.setCopyCount(copies);
@@ -89,7 +89,7 @@ TEST_F(LabelQueue, aSecondCopy_bringsTheFunctionCodesAlone)
     desk.button("chkKinou_1")->setChecked(true);
     desk.dialog->CmdOK_Click();
     const QString file = queue->job(++jobs);
-    ASSERT_EQ(pdfPages(file), 2); // and the printer is told one copy
+    ASSERT_EQ(pdfPages(file), 2); // and the printer is asked for one copy
     EXPECT_TRUE(queue->jobTicket(jobs).contains(u" バーコード 1 "_s)) << queue->jobTicket(jobs).toStdString();
     const std::string functions = "[0] [1] [2] [3] [4] [A] [B] [C] [D] [E]";
     EXPECT_EQ(readBarCodes(pdfPicture(file, 1, 300, Edges::Exact)), joined(rows) + " " + functions);

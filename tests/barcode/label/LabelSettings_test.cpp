@@ -1,4 +1,4 @@
-// What is remembered of a print of labels: which field under which key, and what is taken back.
+// What is remembered of a print of labels: which field under which key, and which saved texts are accepted.
 #include "barcode/label/LabelSettings.h"
 
 #include <QDir>

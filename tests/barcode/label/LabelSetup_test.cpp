@@ -1,4 +1,4 @@
-// What follows from what the operator sets for a print of labels: sheets, page count, what is grey, where
+// What follows from what the operator sets for a print of labels: sheets, page count, disabled fields, where
 // Enter goes.
 #include "barcode/label/LabelSetup.h"
 

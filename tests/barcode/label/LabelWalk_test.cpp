@@ -27,7 +27,7 @@ TEST_F(LabelPrint, marksAreUsedUpByTheRowsWalked_andKeptAfterTheLastPage)
     fill({{"A", "6"}, {"B", "6", false}, {"C", "6"}, {"D", "6"}, {"E", "1"}});
     print(LabelPageRange{1, 1});
     EXPECT_EQ(labelsOfPage(0).size(), 12U);
-    EXPECT_EQ(marks(), "00011"); // the third is the one that the walk ended on
+    EXPECT_EQ(marks(), "00011"); // the walk ended on the third row
     print();
     EXPECT_EQ(marks(), "00000");
 }
@@ -119,7 +119,8 @@ TEST_F(LabelPrint, randomJobs_haveEveryLabelInItsPlace_onExactlyTheCountedPages)
         ASSERT_EQ(paper.pages.size(), wanted.size()) << "round " << round;
         for (std::size_t page = 0; page < wanted.size(); ++page)
             ASSERT_EQ(labelsOfPage(page), wanted[page]) << "round " << round;
-        // What was printed is used up; a row without labels behind the last full page was not walked.
+        // The marks of printed rows are used up; a row without labels after the last full page was not
+        // walked.
         for (std::size_t i = 0; i < given.size() && !wanted.empty(); ++i) {
             const bool printed =
                 given[i].mark && !given[i].code.empty() && std::atoi(given[i].quantity.c_str()) > 0;

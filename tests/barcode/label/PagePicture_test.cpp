@@ -1,4 +1,4 @@
-// The picture of a page before it is printed, and what it warns of.
+// The picture of a page before it is printed, and its warnings.
 #include "barcode/label/PagePicture.h"
 
 #include <QLabel>
@@ -129,10 +129,10 @@ TEST(PagePicture, functionCodesThatRunIntoTheLabels_areRed)
     Preview preview(Rows{{"4901234567894", "12"}});
     preview.job.grid = {.columns = 2, .rows = 6, .start = {30_mm, 30_mm}, .width = 88_mm, .height = 42_mm};
     preview.job.screenCodes = {true, {5_mm, 208_mm}};
-    EXPECT_EQ(preview.draw().worst, BarFit::TooWide) << "the last row of labels stands there";
+    EXPECT_EQ(preview.draw().worst, BarFit::TooWide) << "the last row of labels is there";
     preview.job.grid.rows = 5;
     EXPECT_EQ(preview.draw().worst, BarFit::Good);
-    EXPECT_EQ(preview.draw(1, 5).worst, BarFit::NoQuietZone) << "the codes stand too close for thick bars";
+    EXPECT_EQ(preview.draw(1, 5).worst, BarFit::NoQuietZone) << "the codes are too close for thick bars";
 }
 
 TEST(PagePicture, aQuantityThatIsNotANumber_isReported_andThePictureStays)

@@ -110,7 +110,7 @@ TEST(PriCheckChecks, theFirstOfTwoBadFields_isTheOneOfTheEarlierCheck)
         expectRefused(desk, all[i]);
         ++compared;
     }
-    EXPECT_EQ(compared, 17) << "a pair is passed over only where the earlier field is greyed";
+    EXPECT_EQ(compared, 17) << "a pair is skipped only where the earlier field is disabled";
 }
 
 TEST(PriCheckChecks, aFieldThatDoesNotCount_isNotChecked)

@@ -1,4 +1,4 @@
-// The keys of the label dialog: where Enter goes, what the fields let through.
+// The keys of the label dialog: where Enter goes, and what the fields accept.
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -122,7 +122,7 @@ TEST(PriCheckKeys, fieldsLetThroughTheirKeys_upToTheirLength)
         EXPECT_EQ(desk.text(each.field), each.stays) << each.field;
         QTest::keyClick(field, Qt::Key_Backspace);
         EXPECT_EQ(field->text().size(), std::string(each.stays).size() - 1)
-            << "Backspace goes through at the limit";
+            << "Backspace is accepted at the limit";
         field->setText(QString::fromLatin1(each.stays));
         field->selectAll();
         QTest::keyClick(field, Qt::Key_7);

@@ -1,4 +1,4 @@
-// The pointer over the label dialog: an hourglass while it prints, the usual one while the operator is asked.
+// The pointer over the label dialog: an hourglass while it prints, the usual one while a question is open.
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>

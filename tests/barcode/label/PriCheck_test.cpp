@@ -156,7 +156,7 @@ TEST(PriCheck, withoutAQuantityColumn_theNumberForEachRowCounts)
     desk.type("txtPrtNum", u"5");
     EXPECT_EQ(desk.pages(), "1-2");
     desk.type("txtPrtNum", u"");
-    EXPECT_EQ(desk.pages(), "1-2") << "a bad value halts the count";
+    EXPECT_EQ(desk.pages(), "1-2") << "an invalid value keeps the last count";
 }
 
 TEST(PriCheck, aRangeOfRows_countsWithoutMarks)
@@ -319,7 +319,7 @@ TEST(PriCheck, eachRoundButton_isOverTheBarsOfItsLabel_andLetsThemBeSeen)
                 EXPECT_NEAR(place.center().y(), middle, 3);
             }
         }
-        // An outline: inside the ring the paper is seen.
+        // An outline: the paper is seen inside the ring.
         QAbstractButton* other = positionButton(desk, sheet, 1);
         const QImage ring = other->grab().toImage();
         const QColor middle = ring.pixelColor(ring.rect().center());

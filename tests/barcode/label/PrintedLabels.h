@@ -1,4 +1,4 @@
-// Labels for a whole sheet, and where their bars are on the paper that a printer was sent.
+// Labels for a whole sheet, and where their bars are on the page that was printed.
 #pragma once
 
 #include <string>
@@ -40,8 +40,8 @@ inline Millimetres lengthIn(const char16_t* text)
     return Millimetres(numberIn(QString::fromUtf16(text)).value_or(0));
 }
 
-/// In the middle of the bars of the label at \a position on a printer of \a dots: first and last black dot
-/// stand where the millimetres of \a sheet say, within a dot.
+/// Checks the middle of the bars of the label at \a position on a printer of \a dots: first and last black
+/// dot are where the millimetres of \a sheet say, within a dot.
 inline void expectBarsAt(const QImage& page, const PrinterDots& dots, const LabelSheet& sheet, int position,
                          const std::string& code)
 {

@@ -1,4 +1,4 @@
-// What the operator sets for a print of labels, over rows that are kept here. No widget, no display.
+// What the operator sets for a print of labels, with rows from here instead of a grid. Needs no display.
 #pragma once
 
 #include <string>
@@ -59,7 +59,7 @@ struct SetupDesk
 
     void sheet(int index) { setup.set(LabelField::sheet, QString::number(index)); }
     void set(LabelField field, const char16_t* text) { setup.set(field, QString::fromUtf16(text)); }
-    /// The free sheet with every box ticked, so that every field counts.
+    /// The free sheet with every box ticked, so that every field is enabled.
     void useEverything()
     {
         sheet(4);

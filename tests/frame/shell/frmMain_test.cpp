@@ -76,7 +76,7 @@ TEST_F(MainWindowTest, withoutGoods_theOperatorDecides)
 
 TEST_F(MainWindowTest, listsDatesAndCaptions_areFilled)
 {
-    furnish();
+    fillShop();
     open();
     EXPECT_EQ(window->windowTitle(), u" すいすいＴＡＧ　　【 入出荷在庫管理 】　　Tarnvik Works Co.,Ltd."_s);
     EXPECT_EQ(control<QComboBox>(u"cmbTantou"_s).count(), 2);
@@ -106,7 +106,7 @@ TEST_F(MainWindowTest, listsDatesAndCaptions_areFilled)
 
 TEST_F(MainWindowTest, emptyFirstHeading_leavesAllAsDesigned_andStillSearches)
 {
-    furnish();
+    fillShop();
     QFile file(shop.base() + u"/Ini/AppIni.ini"_s);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("[InpHeading]\n1=\n2=別の名\n[Term]\n0=仕入\n");
@@ -120,7 +120,7 @@ TEST_F(MainWindowTest, emptyFirstHeading_leavesAllAsDesigned_andStillSearches)
 
 TEST_F(MainWindowTest, guardAnsweredWithCancel_staysOnTheTab_withTheFocusInItsGrid)
 {
-    furnish();
+    fillShop();
     open();
     leaveAnEdit();
     box.answers = {BoxAnswer::Cancel};
@@ -140,7 +140,7 @@ TEST_F(MainWindowTest, guardAnsweredWithCancel_staysOnTheTab_withTheFocusInItsGr
 
 TEST_F(MainWindowTest, guardAnsweredWithNo_dropsTheEdits)
 {
-    furnish();
+    fillShop();
     open();
     leaveAnEdit();
     box.answers = {BoxAnswer::No};
@@ -153,7 +153,7 @@ TEST_F(MainWindowTest, guardAnsweredWithNo_dropsTheEdits)
 
 TEST_F(MainWindowTest, guardAnsweredWithYes_writes_andAFailingUpdateStaysDirty)
 {
-    furnish();
+    fillShop();
     open();
     leaveAnEdit();
     box.answers = {BoxAnswer::Yes};
@@ -172,7 +172,7 @@ TEST_F(MainWindowTest, guardAnsweredWithYes_writes_andAFailingUpdateStaysDirty)
 
 TEST_F(MainWindowTest, aChangeOfTab_letsTheFocusPassNoOtherControl)
 {
-    furnish();
+    fillShop();
     frmMain& main = open();
     std::vector<QString> entered;
     QObject::connect(qApp, &QApplication::focusChanged, &main, [&](QWidget*, QWidget* now) {
@@ -194,7 +194,7 @@ TEST_F(MainWindowTest, aChangeOfTab_letsTheFocusPassNoOtherControl)
 
 TEST_F(MainWindowTest, enterInTheQuantityCell_goesToTheCodeField_selected)
 {
-    furnish();
+    fillShop();
     open();
     window->GoodsCodeSet(u"4901001000017"_s);
     EXPECT_TRUE(grid(Tab::Receipt).hasFocus());
@@ -206,7 +206,7 @@ TEST_F(MainWindowTest, enterInTheQuantityCell_goesToTheCodeField_selected)
 
 TEST_F(MainWindowTest, scannedValues_reachTheirTargets)
 {
-    furnish();
+    fillShop();
     open();
     MainBarCodeChk(u"@02@"_s, *window);
     EXPECT_EQ(control<QComboBox>(u"cmbTantou"_s).currentText(), u"佐藤"_s);
@@ -236,7 +236,7 @@ TEST_F(MainWindowTest, scannedValues_reachTheirTargets)
 
 TEST_F(MainWindowTest, closing_asksTheGuardFirst_thenTheEnd)
 {
-    furnish();
+    fillShop();
     open();
     leaveAnEdit();
     box.answers = {BoxAnswer::Cancel};
@@ -259,7 +259,7 @@ TEST_F(MainWindowTest, closing_asksTheGuardFirst_thenTheEnd)
 
 TEST_F(MainWindowTest, handOver_withoutUnsavedEdits_asksNothing)
 {
-    furnish();
+    fillShop();
     open();
     MainBarCodeChk(u"[O]"_s, *window);
     EXPECT_TRUE(gone && masterStart);
@@ -269,7 +269,7 @@ TEST_F(MainWindowTest, handOver_withoutUnsavedEdits_asksNothing)
 
 TEST_F(MainWindowTest, handOver_isTakenBack_whenTheGuardIsCancelled)
 {
-    furnish();
+    fillShop();
     open();
     leaveAnEdit();
     box.answers = {BoxAnswer::Cancel};

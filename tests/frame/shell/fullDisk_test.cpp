@@ -1,5 +1,5 @@
-// A disk that runs full in the middle of the day: the scan that finds no room is told and not booked, what
-// the screen shows is what is stored, and with room again the next scan is booked.
+// A disk that runs full in the middle of the day: the failure of the scan that finds no room is shown and the
+// scan not booked, the screen shows what is stored, and when there is room again the next scan is booked.
 #include <csignal>
 
 #include <sys/resource.h>
@@ -53,7 +53,7 @@ protected:
 
 TEST_P(FullDiskTest, aScanWithoutRoom_isReported_notBooked_theNextWithRoomIs)
 {
-    furnish();
+    fillShop();
     shop.add(zaikoTable, {"4901001000017", "0", "0", "20260101000000", "20260101000000"});
     open();
     const Tab tab = GetParam() == Side::Receipt ? Tab::Receipt : Tab::Shipment;

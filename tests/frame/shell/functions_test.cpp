@@ -24,8 +24,8 @@ namespace suisui::test {
 
 namespace {
 
-/// What stands in the table: on each of the five tabs what the code does, written as the state of the window
-/// that has to follow. Empty: nothing.
+/// The table: what the code does on each of the five tabs, given as the state of the window that must follow.
+/// Empty: nothing.
 struct Expected
 {
     char16_t code;
@@ -66,9 +66,9 @@ class FunctionsTest : public ::testing::TestWithParam<int>, protected MainWindow
 protected:
     FunctionsTest()
     {
-        furnish();
+        fillShop();
         open();
-        // The buttons are looked at, not what they do: that is told elsewhere.
+        // Only that the buttons are pressed; what they do is tested elsewhere.
         for (QPushButton* button : window->findChildren<QPushButton*>()) {
             QObject::disconnect(button, &QPushButton::clicked, nullptr, nullptr);
             QObject::connect(button, &QPushButton::clicked, window.get(),

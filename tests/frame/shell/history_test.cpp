@@ -14,7 +14,7 @@ struct HistoryWindow : MainWindowDesk
 {
     HistoryWindow()
     {
-        furnish();
+        fillShop();
         QDir(shop.base()).mkpath(u"db"_s);
         EXPECT_EQ(AppDB::Create((shop.base() + u"/db/trnorg.mdb"_s).toStdString()), DbStatus::Good);
         ini.setIniFolder(shop.base() + u"/Ini"_s);

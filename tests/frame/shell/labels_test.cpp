@@ -19,7 +19,7 @@ struct LabelWindow : MainWindowDesk
     LabelWindow()
     {
         ini.setIniFolder(folder.path());
-        furnish();
+        fillShop();
         open();
     }
 

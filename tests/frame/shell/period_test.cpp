@@ -29,7 +29,7 @@ class PeriodTest : public ::testing::TestWithParam<Period>, protected MainWindow
 protected:
     PeriodTest()
     {
-        furnish();
+        fillShop();
         open();
         window->showTab(GetParam().tab);
         for (const QString& name : {u"yyyy_F"_s, u"mm_F"_s, u"dd_F"_s, u"yyyy_T"_s, u"mm_T"_s, u"dd_T"_s})

@@ -126,7 +126,7 @@ protected:
 
 TEST_F(WholeRun, aFirstStart_searchesToday_andTheNextOneSinceThen)
 {
-    furnish();
+    fillShop();
     const auto dates = [](frmMain& window) {
         QStringList all;
         for (const QString& letters : {u"N"_s, u"S"_s, u"NL"_s, u"SL"_s})
@@ -167,7 +167,7 @@ TEST_F(WholeRun, aFirstStart_searchesToday_andTheNextOneSinceThen)
 
 TEST_F(WholeRun, oneMovementOverTheLimit_isWarnedOf_receiptsFirst)
 {
-    furnish();
+    fillShop();
     fill("InpTB", "NyuDate", 25001);
     fill("OutTB", "SyuDate", 25002);
     EXPECT_EQ(run(end), 0);
@@ -183,7 +183,7 @@ TEST_F(WholeRun, oneMovementOverTheLimit_isWarnedOf_receiptsFirst)
 
 TEST_F(WholeRun, movementsJustAtTheLimit_areNotWarnedOf)
 {
-    furnish();
+    fillShop();
     fill("InpTB", "NyuDate", 25000);
     fill("OutTB", "SyuDate", 25000);
     EXPECT_EQ(run(end), 0);
@@ -192,7 +192,7 @@ TEST_F(WholeRun, movementsJustAtTheLimit_areNotWarnedOf)
 
 TEST_F(WholeRun, theQuestionsOfTheFirstSearches_haveNoWaitWindowInFrontOfThem)
 {
-    furnish();
+    fillShop();
     fill("InpTB", "NyuDate", 1001, "20260401");
     fill("OutTB", "SyuDate", 1001, "20260401");
     EXPECT_EQ(run(end), 0);
@@ -210,7 +210,7 @@ TEST_F(WholeRun, withoutAReceiptPartner_theMasterProgramIsStarted_unasked)
 
 TEST_F(WholeRun, theMasterButton_endsUnasked_andStartsItsProgramAfterTheWait)
 {
-    furnish();
+    fillShop();
     int pauses = 0;
     bool free = false;
     clock.onPass = [&] {
@@ -232,7 +232,7 @@ TEST_F(WholeRun, theMasterButton_endsUnasked_andStartsItsProgramAfterTheWait)
 
 TEST_F(WholeRun, aDailyBackupThatFailed_isShownOnce_afterAllBoxesOfTheStart)
 {
-    furnish();
+    fillShop();
     const BackupNote note(shop.base());
     ASSERT_TRUE(note.write({QDateTime(QDate(2026, 3, 31), QTime(12, 30)), u"ディスクの空き容量が足りません"_s,
                             u"不要なファイルを削除して、空き容量を増やして下さい。"_s}));
@@ -252,7 +252,7 @@ TEST_F(WholeRun, aDailyBackupThatFailed_isShownOnce_afterAllBoxesOfTheStart)
 
 TEST_F(WholeRun, aFolderThatTakesNoLock_whileItsDatabaseTakesWrites_isRefused)
 {
-    furnish();
+    fillShop();
     const std::string database = shop.databaseFile();
     {
         const AsAnotherUser another(shop.base().toStdString(), {shop.databaseFolder(), database});
@@ -266,7 +266,7 @@ TEST_F(WholeRun, aFolderThatTakesNoLock_whileItsDatabaseTakesWrites_isRefused)
 
 TEST_F(WholeRun, theShopsFolder_isForItsOwnerAlone_onceTheProgramWasInIt)
 {
-    furnish();
+    fillShop();
     const std::string database = shop.databaseFile();
     ASSERT_EQ(::chmod(database.c_str(), 0644), 0);
     ASSERT_EQ(::chmod(shop.databaseFolder().c_str(), 0755), 0);
@@ -284,7 +284,7 @@ TEST_F(WholeRun, theShopsFolder_isForItsOwnerAlone_onceTheProgramWasInIt)
 
 TEST_F(WholeRun, aMissingDatabase_isReported_andNothingIsMade)
 {
-    furnish();
+    fillShop();
     ASSERT_TRUE(QFile::remove(QString::fromStdString(shop.databaseFile())));
     EXPECT_EQ(run([](frmMain&) { ADD_FAILURE() << "the window was shown"; }), 0);
     ASSERT_EQ(titles, QStringList{u"データベースがありません"_s});

@@ -15,7 +15,7 @@ class ScanLength : public ::testing::TestWithParam<int>, protected MainWindowDes
 
 TEST_P(ScanLength, sixteenCharacters_goToTheFieldOfTheTab_seventeenNowhere)
 {
-    furnish();
+    fillShop();
     open();
     const auto tab = static_cast<Tab>(GetParam());
     window->showTab(tab);

@@ -68,7 +68,7 @@ struct MainWindowForms : ::testing::Test
 {
     MainWindowForms()
     {
-        desk.furnish();
+        desk.fillShop();
         desk.partner("301", "株式会社 とても長い名前の卸売センター 北関東第二営業所", "1", "1");
         desk.open();
     }

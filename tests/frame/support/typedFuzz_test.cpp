@@ -34,7 +34,7 @@ struct TypedKey
     int gap; ///< milliseconds since the key before
 };
 
-/// Everything that was typed from \a first to \a last, one behind it.
+/// Everything that was typed from \a first up to, but without, \a last.
 QString textOf(const std::vector<TypedKey>& keys, std::size_t first, std::size_t last)
 {
     QString text;

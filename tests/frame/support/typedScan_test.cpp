@@ -1,4 +1,4 @@
-// Scans of a reader that types, told from a person's typing.
+// Scans of a reader that types, distinguished from a person's typing.
 #include "frame/support/TypedScan.h"
 
 #include <functional>
@@ -369,7 +369,7 @@ TEST(TypedScanGate, scansTakeTheirTurn_afterHeldKeys)
     EXPECT_EQ(gate.takeScan(), QString());
     gate.setEnabled(true);
     EXPECT_TRUE(eventually([&gate] { return gate.hasScan(); }));
-    EXPECT_EQ(field.text(), u"a"_s) << "what was typed behind the scan waits for it";
+    EXPECT_EQ(field.text(), u"a"_s) << "what was typed after the scan waits for it";
     QCoreApplication::processEvents();
     EXPECT_EQ(field.text(), u"a"_s);
     EXPECT_EQ(gate.takeScan(), u"4901001000017"_s);

@@ -1,4 +1,4 @@
-// The dialog before a list report: its words, its page fields, the choice of the printer, what it tells.
+// The dialog before a list report: its texts, its page fields, the choice of the printer, its messages.
 #include "lists/frmPriCheck_List.h"
 
 #include <deque>
@@ -236,7 +236,7 @@ TEST_F(DialogTest, theStockList_carriesThePrintTime_theOthersTheHeadOfTheirTab)
     EXPECT_EQ(textIn(pdfWords(desk.setup->file), 1, QRectF(690, 34, 120, 13)), u"2026/03/0417:06現在"_s);
 
     open(rptList_Out, 5);
-    head.texts[u"LbSyouhin"] = u"4901*"_s; // chosen after the search, and still what is printed
+    head.texts[u"LbSyouhin"] = u"4901*"_s; // changed after the search, but it is what is printed
     dialog->CmdOK_Click();
     EXPECT_EQ(textIn(pdfWords(desk.setup->file), 1, QRectF(349, 63.8, 225, 12.7)), u"4901*"_s);
 }
@@ -248,7 +248,7 @@ TEST_F(DialogTest, theWordZeroMovesTheListToTheCorner)
         QByteArray value;
         double left; ///< points
     };
-    // The left line stands 1093 twips in; a word that is not exactly the right one moves nothing.
+    // The left line is 1093 twips from the edge; any other word than the right one moves nothing.
     const Case cases[] = {{"ZERO", 0}, {"zero", 1093 / 20.0}, {"ZER", 1093 / 20.0}, {"", 1093 / 20.0}};
     const auto leftmost = [this] {
         const QImage picture = pdfPicture(desk.setup->file, 1, 72);

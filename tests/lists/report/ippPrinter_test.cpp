@@ -1,5 +1,5 @@
-// List reports on a printer as shops have it, through the print server and its filters: what arrives is
-// measured.
+// List reports on a network printer as shops have it, through the print server and its filters: what arrives
+// is measured.
 #include <algorithm>
 
 #include <gtest/gtest.h>
@@ -66,7 +66,7 @@ struct IppPrinterTest : ::testing::TestWithParam<QPageSize::PageSizeId>
     }};
     ListPrinting printing{ini, clock, box, printer, folder.path(), [] { return QString(); }};
 
-    /// Prints as the dialog of the list does; the document that arrives.
+    /// Prints as the dialog of the list does; returns the document that arrives.
     [[nodiscard]] QString print(const vaSpread& grid)
     {
         frmPriCheck_List dialog(
@@ -76,7 +76,7 @@ struct IppPrinterTest : ::testing::TestWithParam<QPageSize::PageSizeId>
         EXPECT_TRUE(box.shown.empty());
         return office->job(++jobs);
     }
-    /// A page as it is read. The filters have turned it onto the sheet to the right.
+    /// A page upright. The filters have turned it to the right on the sheet.
     [[nodiscard]] static QImage upright(const QString& file, int page)
     {
         return pdfPicture(file, page, IppPrinter::dpi, Edges::Exact).transformed(QTransform().rotate(-90));
@@ -110,8 +110,8 @@ TEST_P(IppPrinterTest, theWordZero_movesTheListToWhereThePrinterBegins)
     const QPoint ink = inkOf(upright(file, 1));
     // The left edge of the page comes to the head of the sheet.
     EXPECT_NEAR(ink.x(), IppPrinter::margins.top() * dotsPerPoint, 2);
-    // Its upper line is nearer to the edge of the form than the margin on the right of the sheet is wide:
-    // then the margin is kept twice.
+    // Its upper line is nearer to the edge of the form than the right margin of the sheet is wide, so the
+    // margin is kept twice.
     EXPECT_NEAR(ink.y(), 2 * IppPrinter::margins.right() * dotsPerPoint, 2);
 }
 

@@ -17,9 +17,8 @@ struct ListPicturesTest : ::testing::Test
     ReportDesk desk;
 };
 
-/// How far two pictures differ: the mean difference of their pixels after taking them down to a third, so
-/// that a font drawn a little otherwise does not count and a text elsewhere does. 255 for pictures of
-/// different size.
+/// How much two pictures differ: the mean difference of their pixels after scaling them to a third, so that a
+/// slightly different font does not count but a moved text does. 255 for pictures of different size.
 double difference(const QImage& a, const QImage& b)
 {
     if (a.isNull() || a.size() != b.size())
@@ -42,8 +41,8 @@ constexpr int pictureDpi = 96;
 
 } // namespace
 
-// The pictures were looked at before they were stored. After a wanted change of a form: delete them, run this
-// test, which stores what it prints and fails, and look at them again.
+// The pictures were checked by eye before they were stored. After a deliberate change of a form delete them,
+// run this test, which stores what it prints and fails, and check them again.
 TEST_F(ListPicturesTest, pagesLookLikeTheStoredPictures)
 {
     for (const ReportTemplate* report : reports) {

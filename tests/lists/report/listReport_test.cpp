@@ -17,7 +17,7 @@ struct ListReportTest : ::testing::Test
     ReportDesk desk;
 };
 
-/// Where a cell of row \a n of the page stands, in points.
+/// Where a cell of row \a n of the page is, in points.
 QRectF cellBox(const ReportTemplate& report, const RowElement& element, int n)
 {
     constexpr double points = 20; // twips to the point
@@ -54,7 +54,7 @@ TEST(PageFields, areCorrectedSilently)
     };
     const Case cases[] = {
         {u"2", u"3", {2, 3}},        {u"1", u"5", {1, 5}},   {u"5", u"5", {5, 5}},
-        {u"4", u"2", {4, 5}}, // the first page above the last: the last is reset
+        {u"4", u"2", {4, 5}}, // the first page is after the last one: the last is reset
         {u"6", u"2", {1, 2}},        {u"0", u"0", {1, 5}},   {u"", u"", {1, 5}},
         {u"abc", u"３", {1, 5}},     {u"-1", u"-1", {1, 5}}, {u"2", u"6", {2, 5}},
         {u"2", u"x", {2, 5}},        {u" 2 ", u"4", {2, 4}}, {u"99999999999999999999", u"1e300", {1, 5}},

@@ -1,4 +1,4 @@
-// The platform's print dialog, as the operator sees it: it asks for a printer and its settings, and for no
+// The platform's print dialog, as the operator sees it: it asks for a printer and its settings, but not for
 // pages, which the program's own dialogs have asked for.
 #include <functional>
 
@@ -37,7 +37,7 @@ struct PrintDialog : ::testing::Test
     QTemporaryDir folder;
     std::function<void(QPrintDialog&)> work; ///< what the operator does in the opened dialog
     bool shown = false;
-    QStringList choices; ///< what the opened dialog offers beside the number of copies
+    QStringList choices; ///< what the opened dialog offers next to the number of copies
 
     Printer printer{[this](QPrinter& chosen, QWidget* parent) {
         chosen.setPrinterName(QString::fromUtf8(CupsQueue::name));
@@ -63,7 +63,7 @@ struct PrintDialog : ::testing::Test
         return Printer::platformDialog(chosen, parent);
     }
 
-    /// Opens the half of the dialog that is folded away at first, notes what is there, works and prints.
+    /// Expands the dialog, records what it offers, runs work and prints.
     void look(QPrintDialog& dialog)
     {
         auto& buttons = *dialog.findChild<QDialogButtonBox*>();
@@ -77,7 +77,7 @@ struct PrintDialog : ::testing::Test
         for (const QAbstractSpinBox* box : dialog.findChildren<QAbstractSpinBox*>())
             if (box->isVisible() && box != copies)
                 choices << box->objectName();
-        // The buttons that stand beside the copies; the other page has those of colour and sides.
+        // The buttons next to the copies; the other page has those for colour and sides.
         if (const auto* tabs = dialog.findChild<QTabWidget*>(u"tabs"_s))
             for (const QAbstractButton* button : tabs->widget(0)->findChildren<QAbstractButton*>())
                 if (button->isVisible())

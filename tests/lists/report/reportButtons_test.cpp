@@ -23,7 +23,7 @@ struct Printing : ReportDesk
     ScriptedMsgBox box;
     ListPrinting services{ini, clock, box, printer, folder.path(), [] { return u"[P]"_s; }};
 
-    /// A word that stands by itself, not within another one.
+    /// A word by itself, not within another one.
     [[nodiscard]] bool hasTitle(const QString& title) const
     {
         const auto words = pdfWords(setup->file);
@@ -65,7 +65,7 @@ TEST_P(ReportButtonTest, theListIsPrinted_withTheConditionsAsTheyAreNow)
     desk.store({{.name = "ぶどう", .quantity = "0000003", .remark = "至急"},
                 {.date = "20260402", .name = "みかん"}});
     desk.search();
-    desk.period(u"20260307"_s, u"20260809"_s); // after the search, and still what is printed
+    desk.period(u"20260307"_s, u"20260809"_s); // changed after the search, but it is what is printed
     desk.page->partnerChoice()->setCurrentIndex(1);
     desk.page->staffChoice()->setCurrentIndex(0);
     press();

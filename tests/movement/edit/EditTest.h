@@ -1,4 +1,4 @@
-// The desk of the tests of stored movements: an entry page of either side, with goods that are in stock.
+// The fixture for stored movements: an entry page of either side, with goods that are in stock.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 
 namespace suisui::test {
 
-/// What differs between the sides as a test sees it.
+/// What differs between the sides for a test.
 struct Mirror
 {
     Side side;
@@ -25,9 +25,9 @@ class EditTest : public ::testing::TestWithParam<Mirror>
 protected:
     EditTest();
 
-    /// \a count movements of goods that nobody keeps in stock, one a minute.
+    /// \a count movements of goods without a stock row, one a minute.
     void fill(int count) const;
-    /// Three movements of five pencils; the newest stands in row 1.
+    /// Three movements of five pencils; the newest is in row 1.
     void bookThree();
     /// Stock of the pencils after movements of \a moved pieces in all.
     [[nodiscard]] static std::string stockAfter(int moved);

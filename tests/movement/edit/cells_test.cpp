@@ -69,7 +69,7 @@ TEST_P(EditTest, whatIsNotANumberDateOrTime_neverReachesTheTable)
     EXPECT_TRUE(QDate::fromString(texts[5], u"yyyyMMdd"_s).isValid()) << texts[5].toStdString();
     EXPECT_TRUE(QTime::fromString(texts[6], u"HHmmss"_s).isValid()) << texts[6].toStdString();
     EXPECT_EQ(texts[7], shownName);
-    EXPECT_EQ(stored[0].substr(0, 15), "0000100|0000005") << "the rows beside it are as they were";
+    EXPECT_EQ(stored[0].substr(0, 15), "0000100|0000005") << "the other rows are unchanged";
 }
 
 TEST_P(EditTest, emptiedNumbersBecomeZero_andEmptiedWordsStayEmpty)

@@ -1,4 +1,4 @@
-// Corrected and deleted receipts of goods that are put together of others.
+// Corrected and deleted receipts of goods that are made from others.
 #include <gtest/gtest.h>
 
 #include "tests/support/EntryDesk.h"
@@ -7,7 +7,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace suisui::test {
 
-/// Five sets have come in, each put together of three parts.
+/// Five sets have come in, each made from three parts.
 class ReceiptEditTest : public ::testing::Test
 {
 protected:

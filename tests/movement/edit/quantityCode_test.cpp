@@ -1,4 +1,4 @@
-// A reader too slow to be told from a person types its code into the quantity.
+// A reader that types as slowly as a person puts its code into the quantity.
 #include <QApplication>
 #include <QKeyEvent>
 #include <QTest>

@@ -1,5 +1,5 @@
-// Updates and deletes that cannot be done: rows that others have changed, a file that is held, a full stock.
-// Nothing stays half done, and the next try is right.
+// Updates and deletes that are refused: rows that others have changed, a locked file, a stock figure at its
+// limit. Nothing stays half done, and the next attempt works.
 #include "tests/movement/edit/EditTest.h"
 #include "tests/support/HeldFile.h"
 
@@ -180,10 +180,10 @@ TEST_P(EditTest, rowOfAFailedInsert_isRefusedWhenItIsCorrected)
     EXPECT_NE(desk.stockOf("A"), stock) << "the row below was posted";
 }
 
-/// A database that shows its failures, as the program's does, and fails every update in the given way.
+/// A database that shows its failures, as the program's does, and that fails every update in the given way.
 TEST_P(EditTest, updateThatFails_showsItsCauseOnce_andBlamesNobodyElse)
 {
-    for (const std::string how : {"ABORT", "ROLLBACK"}) { // the second gives up the whole unit
+    for (const std::string how : {"ABORT", "ROLLBACK"}) { // the second ends the whole unit
         std::vector<std::string> causes;
         AppDB db(desk.shop.databaseFolder(), [&causes](const std::string& text) { causes.push_back(text); });
         ASSERT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
@@ -201,7 +201,7 @@ TEST_P(EditTest, updateThatFails_showsItsCauseOnce_andBlamesNobodyElse)
             own.cmdKousin_Click();
             ASSERT_EQ(causes.size(), 1U) << how << attempt;
             EXPECT_NE(causes[0].find("the disk is broken"), std::string::npos) << causes[0];
-            EXPECT_EQ(desk.box.shown.size(), 1U) << "the question alone";
+            EXPECT_EQ(desk.box.shown.size(), 1U) << "only the question";
             EXPECT_TRUE(desk.frame.dirty(GetParam().side));
             EXPECT_FALSE(db.inUnit());
             EXPECT_EQ(desk.stockOf("A"), stock);

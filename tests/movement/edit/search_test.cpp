@@ -1,4 +1,4 @@
-// Searching a period: how many rows, what is asked, what the grid shows of it.
+// Searching a period: number of rows, questions, and what the grid shows.
 #include "tests/movement/edit/EditTest.h"
 #include "tests/support/ExpectBox.h"
 #include "tests/support/ManyRows.h"
@@ -55,7 +55,7 @@ TEST_P(EditTest, noToManyRows_leavesTheOldGrid_whichTouchesNothingAnyMore)
     erase(2);
     EXPECT_EQ(desk.shop.query(std::string("SELECT * FROM ") + GetParam().table), before);
     EXPECT_EQ(page->grid()->MaxRows(), 3);
-    // What is booked from here on is in step.
+    // Rows booked from here on are in step again.
     EntryDesk::book(*page, u"A"_s);
     EntryDesk::edit(*page, cells.quantity, 1, "9");
     update();

@@ -185,7 +185,7 @@ TEST_F(AtRestTest, aWindowThatClosesUnderTheQuestion_doesNoHarm)
     atWork = true;
     asker.ask(*box, 1);
     asker.press(*box);
-    // The key goes to the window with the focus, whichever that is by now; it came behind the question.
+    // The key goes to the window with the focus, whichever that is by now; it came after the question.
     ASSERT_TRUE(eventually([&] { return box->keys + window.keys == 1; }));
     box.reset();
     atWork = false;

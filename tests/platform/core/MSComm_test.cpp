@@ -235,18 +235,18 @@ TEST_F(MSCommTest, whatIsWrittenReachesTheReader)
 
 TEST_F(MSCommTest, anUnpluggedReader_closesThePort_andIsReportedOnce)
 {
-    int told = 0;
-    QObject::connect(&comm, &MSComm::deviceLost, &comm, [&told] { ++told; });
+    int losses = 0;
+    QObject::connect(&comm, &MSComm::deviceLost, &comm, [&losses] { ++losses; });
     comm.setPortOpen(true);
     reader.hangUp();
-    ASSERT_TRUE(eventually([&] { return told > 0; }));
+    ASSERT_TRUE(eventually([&] { return losses > 0; }));
     EXPECT_FALSE(comm.portOpen());
     for (int i = 0; i < 100; ++i) {
         QCoreApplication::processEvents();
         EXPECT_EQ(comm.inBufferCount(), 0);
         EXPECT_EQ(comm.input(), QByteArray());
     }
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(losses, 1);
     EXPECT_EQ(errorOf([this] { comm.output("x"); }), RunTimeError::PortNotOpen);
     EXPECT_EQ(errorOf([this] { comm.setPortOpen(false); }), noError); // not the caller's mistake
     EXPECT_EQ(errorOf([this] { comm.setPortOpen(false); }), RunTimeError::PortNotOpen);

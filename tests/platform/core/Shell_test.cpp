@@ -49,7 +49,7 @@ RunTimeError::Number errorOf(const QString& program, const QString& folder)
 
 TEST_F(ShellTest, startsTheProgramInTheFolder_withoutArguments_andDoesNotWait)
 {
-    // It ends only when it is told to, which a Shell that waits would never live to do.
+    // It ends only when asked to, which a Shell that waits would never get to do.
     Shell(program("echo \"$# $(pwd)\" > said.new; mv said.new said\n"
                   "while [ ! -e go ]; do sleep 0.01; done; mv said ended\n"),
           base());

@@ -118,7 +118,7 @@ TEST_F(SingleInstanceTest, theEndOfTheObjectFreesTheFolder)
     {
         SingleInstance first(base());
         EXPECT_FALSE(first.prevInstance());
-        EXPECT_FALSE(first.prevInstance()); // it is no second copy of itself
+        EXPECT_FALSE(first.prevInstance()); // it is not a second copy of itself
         EXPECT_FALSE(OtherCopy(base()).holds());
     }
     EXPECT_TRUE(OtherCopy(base()).holds());

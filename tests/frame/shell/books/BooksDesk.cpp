@@ -6,7 +6,7 @@ namespace suisui::test {
 
 BooksDesk::BooksDesk()
 {
-    furnish();
+    fillShop();
     addGoods("A", {1, 1, {}});
     addGoods("B", {12, 3, {}});
     addGoods("P", {2, 1, {{"A", 1}, {"B", 3}}});

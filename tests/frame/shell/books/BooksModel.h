@@ -58,7 +58,7 @@ struct BooksModel
 {
     /// Goods \a code are booked at the side that is shown; \a stamp is the moment, fourteen digits.
     void book(const std::string& code, const std::string& stamp);
-    /// Something else stands in a cell of row \a row.
+    /// A cell of row \a row has another content.
     void corrected(int row);
     /// All corrections of \a side are stored and posted.
     void update(std::size_t side);

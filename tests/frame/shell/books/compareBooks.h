@@ -1,4 +1,4 @@
-// The window, its buffers and the tables held beside the model of the books. Every difference is a fatal
+// Compares the window, its buffers and the tables with the model of the books. Every difference is a fatal
 // failure of the running test.
 #pragma once
 
