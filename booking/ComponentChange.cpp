@@ -97,7 +97,7 @@ public:
     }
 
 private:
-    /// What the movements add to the stock of \a part; nothing when that cannot be read.
+    /// What the movements add to the stock of \a part; none when that cannot be read.
     [[nodiscard]] std::optional<double> movedBy(const std::string& part)
     {
         std::optional<double> moved;

@@ -56,7 +56,8 @@ public:
     /// Selects the movements of the days \a from to \a to (YYYYMMDD) into the row set of the tab, in the
     /// order in which they were made. Their number; negative when the selection failed.
     [[nodiscard]] int search(std::string_view from, std::string_view to);
-    /// The tab has searched anew. Without \a shown the grid keeps the old rows, which the row set has left.
+    /// The tab has searched again. Without \a shown the grid keeps the old rows, which are no longer in the
+    /// row set.
     void searched(bool shown);
     /// A new movement is about to move all rows down. The figures that were put aside by row are put back.
     void beforeNewRow() { putBackPosted(); }
@@ -68,8 +69,8 @@ public:
     /// Whether what was typed as a quantity is the code of goods. Nobody ships a hundred thousand pieces
     /// unasked, so a short text is always a quantity.
     [[nodiscard]] bool isCode(const QString& typed) const;
-    /// Takes a corrected cell into row \a index of the row set; false when it says nothing new. A figure is
-    /// compared as a text: "12" is news where "0000012" is stored.
+    /// Takes a corrected cell into row \a index of the row set; false when nothing has changed. A figure is
+    /// compared as a text: "12" is a change where "0000012" is stored.
     [[nodiscard]] bool take(int index, int column, CellForm form, std::string_view text);
     /// (quantity less returned) times price less discount of row \a index, as a grid shows it.
     [[nodiscard]] std::string total(int index) const;

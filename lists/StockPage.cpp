@@ -256,8 +256,8 @@ void StockPage::headingClick(int col)
     if (sheet.MaxRows() < rowsForASort || detailView() || isEmptyColumn(col))
         return;
     const Busy busy(m_services.frame);
-    // While nothing has moved the cursor since the headings were written, there is no code to go back to. The
-    // bar then stays with its goods, and the cursor goes there.
+    // Until the cursor has moved since the headings were written, there is no code to return to. The bar then
+    // stays with its goods, found by the hidden index, and the cursor goes there.
     const int sought = m_rowPointer > 0 ? StockCells::code : StockCells::index;
     const QString kept = sheet.qtext(sought, m_rowPointer > 0 ? m_rowPointer : sheet.ActiveRow());
     const bool ascending = isWords(col) || col == StockCells::unit;

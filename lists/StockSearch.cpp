@@ -43,7 +43,7 @@ QWidget* StockPage::unregistered(const std::string& code)
     return m_ui->txtZBarCode;
 }
 
-/// The condition of a search, with what the check boxes let through.
+/// The condition of a search, with those of the check boxes.
 SqlText StockPage::selection(const std::string& code) const
 {
     SqlText where = "Where ZaikoTB.Code Like " + bound(code) + " ";

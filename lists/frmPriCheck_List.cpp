@@ -78,7 +78,7 @@ void frmPriCheck_List::CmdOK_Click()
         return;
     m_busy = true;
     m_scan->stop();
-    const PageRange range = mendedPages();
+    const PageRange range = correctedPages();
     if (choosePrinter() == PrinterChoice::Cancelled) {
         m_busy = false;
         m_scan->start();

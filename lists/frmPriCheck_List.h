@@ -36,7 +36,7 @@ public:
 private:
     void wirePages();
     void wireButtons();
-    [[nodiscard]] PageRange mendedPages();
+    [[nodiscard]] PageRange correctedPages();
     [[nodiscard]] PrinterChoice choosePrinter();
     void printPages(PageRange range);
     [[nodiscard]] ReportHead headNow() const;

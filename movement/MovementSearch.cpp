@@ -43,7 +43,7 @@ void MovementPage::cmdKensaku_Click()
     }
     if (agreesToShow(count)) {
         gridLoad();
-        frame.setTabLoaded(m_side.tab, true); // else a tab change would search, and ask, once more
+        frame.setTabLoaded(m_side.tab, true); // or a tab change would search, and ask, again
         m_entry->moveBar(0, 1);
         m_entry->cursorToQuantity();
     } else {

@@ -49,7 +49,7 @@ struct MovementSide
     std::span<const SpreadColumn> columns;
     MovementCells cells;
 
-    // Designed texts of the page.
+    // Names and texts of the page.
     const char16_t* gridName;
     const char16_t* dataFrameName;
     const char16_t* dataFrameCaption;

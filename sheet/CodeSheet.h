@@ -16,8 +16,8 @@ struct CodeGroup;
 struct SheetOutcome
 {
     PrintStatus status = PrintStatus::Good; ///< of the file as a whole
-    int codes = 0;                          ///< with bars
-    int bare = 0;                           ///< that bars cannot carry
+    int codes = 0;                          ///< codes printed with bars
+    int bare = 0;                           ///< codes that cannot be printed as bars
     int pages = 0;
 };
 

@@ -101,7 +101,7 @@ DbStatus AppDB::Open(std::string_view file)
         if (!ours) {
             m_unfit = true;
             code = ownFailure;
-            own = "this is no whole database of the program, or one of a newer version";
+            own = "this is not a whole database of the program, or is one of a newer version";
         }
     }
     if (code == noError)
@@ -187,8 +187,8 @@ DbStatus AppDB::beginWrite()
     if (m_inUnit) {
         if (m_engine.inTransaction())
             return DbStatus::Good;
-        // The engine has given up the unit by itself, as it does on a full disk. What came before is gone, so
-        // what comes after must not be stored alone. Whoever tries again hears the cause again.
+        // The engine has ended the unit by itself, as it does on a full disk. What was written before is
+        // gone, so what follows must not be stored alone. Each further attempt reports the cause again.
         m_lastStatus = DbStatus::Failed;
         report(m_lastFailure);
         return m_lastStatus;
@@ -248,7 +248,7 @@ DbStatus AppDB::failOwn(std::string why)
     return m_lastStatus;
 }
 
-/// A duplicate key is the caller's to speak of; everything else the operator learns from here.
+/// Shows a failure to the operator; only a duplicate key is left to the caller.
 void AppDB::report(DbStatus failure)
 {
     if (m_showErrors && m_showError && failure != DbStatus::DuplicateKey)
@@ -271,7 +271,7 @@ void AppDB::Commit()
         return;
     if (!m_engine.inTransaction()) {
         m_lastStatus = DbStatus::Failed;
-        return; // given up by the engine; the caller rolls back
+        return; // ended by the engine; the caller rolls back
     }
     const int code = m_engine.execute("COMMIT");
     if (code != noError) {

@@ -59,7 +59,8 @@ public:
 
     /// 0 when the last Execute, Commit or write through a row set succeeded.
     [[nodiscard]] DbStatus LastStatus() const { return m_lastStatus; }
-    /// The store's number of the last failure as text; "3022" is a duplicate key, "" none so far.
+    /// The number of the last failure as text: "3022" for a duplicate key, "" for a row that somebody else
+    /// has changed, and when there was none.
     [[nodiscard]] const std::string& LastErrNo() const { return m_lastErrNo; }
     /// What the failure means that LastErrNo numbers, be it a write or a selection.
     [[nodiscard]] DbStatus LastFailure() const { return m_lastFailure; }
@@ -71,25 +72,25 @@ public:
     /// unreadable, read-only, damaged, foreign, newer than this program, or held by another process; the
     /// file is then as it was. An older layout is upgraded.
     [[nodiscard]] DbStatus Open(std::string_view file);
-    /// As Open, for a new file that is thrown away unless the work on it ends well: what is written to it is
-    /// safe only after FinishFilling, CloseFile and CloseAfterSave, and takes no file beside it meanwhile.
+    /// As Open, for a new file that is thrown away unless it is completed: what is written to it is safe only
+    /// after FinishFilling, CloseFile and CloseAfterSave, and needs no journal file meanwhile.
     [[nodiscard]] DbStatus OpenForFilling(std::string_view file);
-    /// Makes the file what any database is, gives it \a mark, and commits.
+    /// Makes the indexes that filling went without, gives the file \a mark, and commits.
     [[nodiscard]] DbStatus FinishFilling(std::uint32_t mark = 0);
-    /// The mark of the database \a path, which goes with every copy of the file; 0 when it was given none,
-    /// and nothing when it cannot be read or is not a database. Takes no lock.
+    /// The mark of the database \a path, which every copy of the file has too; 0 when it was given none, and
+    /// no value when the file cannot be read or is not a database. Takes no lock.
     [[nodiscard]] static std::optional<std::uint32_t> MarkOf(const std::string& path);
     /// Whether all pages of the open file hold what they should; reads them all.
     [[nodiscard]] bool IsSound();
     /// True when the last Open or IsSound found the file damaged, cut short or not of this program, so that
     /// trying again is useless.
     [[nodiscard]] bool LastFileWasUnfit() const { return m_unfit; }
-    /// As Open, but holds the database as it is until Rollback, also while another process has writes
-    /// pending: all reads see one state, and the others' commits wait. For moments only, since their patience
-    /// is half a second.
+    /// As Open, but takes a snapshot that lasts until Rollback, also while another process has writes
+    /// pending: all reads see one state, and the commits of others wait. For moments only, since others wait
+    /// no longer than half a second.
     [[nodiscard]] DbStatus OpenStill(std::string_view file);
-    /// Copies the database onto the new file \a path while others use it, and flushes the copy. Nothing is
-    /// left of one that failed.
+    /// Copies the database to the new file \a path while others use it, and flushes the copy. A failed copy
+    /// is removed.
     [[nodiscard]] DbStatus CopyTo(const std::string& path);
     void Commit();
     void Rollback();

@@ -48,7 +48,7 @@ public:
     /// A setting of the label dialog for \a mode; empty when nothing is stored.
     [[nodiscard]] QString labelSetting(LabelMode mode, const QString& name) const;
     bool setLabelSetting(LabelMode mode, const QString& name, const QString& value);
-    /// Several of them at once, by name; those that are new to the file come in this order.
+    /// Stores several of them at once, by name; new ones are added in this order.
     bool setLabelSettings(LabelMode mode, const std::vector<std::pair<QString, QString>>& settings);
 
 private:

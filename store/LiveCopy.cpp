@@ -17,13 +17,13 @@ DbStatus AppDB::OpenStill(std::string_view file)
     std::int64_t version = 0;
     if (status == DbStatus::Good) {
         if (m_engine.selectNumber("PRAGMA user_version", version) == 0 && version < schemaVersion) {
-            // To bring an older layout up takes the write lock after all.
+            // Upgrading an older layout needs the write lock after all.
             status = Open(file);
             if (status == DbStatus::Good)
                 status = holdStill();
         }
         if (status == DbStatus::Good && !(isOurs() && isWhole(m_path)))
-            status = failOwn("this is no whole database of the program");
+            status = failOwn("this is not a whole database of the program");
     }
     if (status != DbStatus::Good)
         CloseFile();

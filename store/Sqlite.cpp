@@ -38,7 +38,7 @@ struct InUse
     sqlite3_stmt* statement;
 };
 
-/// Statements of the connection that make it what the rules count on.
+/// Settings of a connection that the rules rely on.
 constexpr const char* setUp[] = {
     "PRAGMA synchronous=FULL",
     "PRAGMA trusted_schema=OFF",
@@ -367,7 +367,7 @@ DbStatus Sqlite::statusOf(int code)
         return DbStatus::Busy;
     case SQLITE_FULL:
         return DbStatus::Full;
-    case SQLITE_IOERR: // a quota or a limit on the file's size shows itself as a write that failed
+    case SQLITE_IOERR: // a quota or a limit on the file's size appears as a failed write
         return code == SQLITE_IOERR_WRITE ? DbStatus::Full : DbStatus::Failed;
     case SQLITE_READONLY:
     case SQLITE_PERM:

@@ -41,7 +41,7 @@ DbStatus troubleOf(int code)
 DbStatus troubleOf(const AppDB& db)
 {
     if (db.LastErrText() == notOpened)
-        return DbStatus::ReadOnly; // the engine says no more; what is there needs the permission
+        return DbStatus::ReadOnly; // the engine says no more: a file that is there lacks the permission
     return db.LastFailure();
 }
 

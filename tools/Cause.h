@@ -21,7 +21,7 @@ struct Fault
 [[nodiscard]] DbStatus troubleOf(int code);
 /// What the last failure of \a db means.
 [[nodiscard]] DbStatus troubleOf(const AppDB& db);
-/// The last failure of \a db, with what can be done about a damaged file.
+/// The last failure of \a db; for a damaged file also what to do about it.
 [[nodiscard]] Message causeOf(const AppDB& db);
 /// A kind of text that a column may be asked to hold ("date", "whole number").
 [[nodiscard]] Message kindNamed(std::string_view english);

@@ -323,7 +323,7 @@ bool PartRows::writeStored(Product& product)
             return !part.settled && foldedCode(part.code) == foldedCode(stored.code);
         });
         if (wanted == product.wanted.end()) {
-            if (m_rows.DeleteRow(row) != DbStatus::Good) // those behind it move up
+            if (m_rows.DeleteRow(row) != DbStatus::Good) // the following rows move up
                 return false;
             ++m_removed;
             continue;

@@ -45,7 +45,7 @@ struct LabelGrid
     std::int64_t columns = 1;
     std::int64_t rows = 1;
     MillimetrePoint start; ///< of the first label
-    Millimetres width;     ///< from one label to the next one on its right
+    Millimetres width;     ///< from one label to the next one on its right one on its right
     Millimetres height;    ///< from one label to the next one below
 
     [[nodiscard]] std::int64_t capacity() const { return columns * rows; }

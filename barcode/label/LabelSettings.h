@@ -7,10 +7,10 @@ class AppIni;
 class LabelSetup;
 enum class LabelMode;
 
-/// Chooses the sheet that is kept for the source \a mode, the first when none is, and gives the fields what
-/// is kept for them. Where nothing good is kept the sheet's own figures stay.
+/// Chooses the sheet that is saved for the source \a mode, or else the first, and fills the fields with their
+/// saved texts. A field without a valid saved text keeps the figure of the sheet.
 void restoreLabelSettings(LabelSetup& setup, const AppIni& ini, LabelMode mode);
-/// Keeps all fields for the source \a mode.
+/// Saves the fields that have a key in the settings, for the source \a mode.
 void storeLabelSettings(const LabelSetup& setup, AppIni& ini, LabelMode mode);
 
 } // namespace suisui

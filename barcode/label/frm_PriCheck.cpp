@@ -139,7 +139,7 @@ void frm_PriCheck::wireSheets()
 void frm_PriCheck::take(LabelField field, const QString& text)
 {
     if (field == LabelField::barHeight)
-        // Meant: the whole number of the millimetres is set as dots; the print sets the dots of the printer.
+        // Meant: the rounded number of millimetres is set as dots; printing sets the dots of the printer.
         if (const std::optional<double> millimetres = numberIn(text))
             m_around.barPrt.setBarHeight(nearestDot(*millimetres));
     if (field == LabelField::barPitch && !text.isEmpty())

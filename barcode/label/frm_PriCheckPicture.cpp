@@ -18,7 +18,7 @@ namespace suisui {
 
 namespace {
 
-constexpr int codesNamed = 3; ///< of those that do not fit, in the warning
+constexpr int codesNamed = 3; ///< of those that do not fit, in the warning, in the warning
 
 QString warningOf(const PagePicture& page)
 {

@@ -1,4 +1,4 @@
-// The OK button of the label dialog: what is refused, and the print.
+// The OK button of the label dialog: refuses what is wrong, then prints.
 #include "barcode/label/LabelChecks.h"
 #include "barcode/label/LabelPrint.h"
 #include "barcode/label/LabelSettings.h"
@@ -41,7 +41,7 @@ void frm_PriCheck::CmdOK_Click()
     m_scan->stop();
     m_around.barPrt.setOrientation(PaperOrientation::Portrait);
     const bool goOn = m_around.barPrt.choosePrinter(this) == PrinterChoice::GoOn;
-    if (goOn) { // while the printer is chosen the operator is asked, not kept waiting
+    if (goOn) { // no hourglass before: the operator was choosing the printer
         const PointerShape working(hourglass());
         print();
     }
@@ -58,7 +58,7 @@ void frm_PriCheck::CmdOK_Click()
 void frm_PriCheck::print()
 {
     LabelJob wanted = m_setup.job();
-    ReDrawOff noRedraw(*m_source.grid, ReDrawOff::ThenOn); // every row that is walked loses its mark
+    ReDrawOff noRedraw(*m_source.grid, ReDrawOff::ThenOn); // printing clears the marks row by row
     if (m_setup.ticked(LabelField::rowRange))
         for (std::int64_t row = wanted.startRow; row <= wanted.endRow; ++row)
             m_rows.setMark(row, true);

@@ -9,7 +9,7 @@ namespace suisui {
 
 namespace {
 
-// Light enough for black texts on a printer without colours.
+// Light enough for black text on a monochrome printer.
 constexpr QRgb bandColour = qRgb(255, 248, 190);
 constexpr QRgb titleColour = qRgb(226, 230, 238);
 
@@ -72,7 +72,7 @@ TwipBox ReportForm::insideFrame(TwipBox box) const
 void ReportForm::addRow(int n)
 {
     const Twips down = m_report.pitch * n;
-    Row row{labelOf(m_report.LbYerrow, down), {}, lineOf(m_report.LnIn, down)};
+    Row row{labelOf(m_report.rowBand, down), {}, lineOf(m_report.rowLine, down)};
     row.band.backColor = QColor::fromRgb(bandColour);
     for (const RowElement& element : m_report.cells) {
         row.cells.push_back(labelOf(insideFrame(element.box), down));

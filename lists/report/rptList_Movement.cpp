@@ -31,7 +31,7 @@ struct Column
     Twips width;
     FormAlign alignment = Left;
     bool optional = false;
-    Twips titleWidth = {}; ///< where it is not that of the texts
+    Twips titleWidth = {}; ///< 0: that of the texts
 };
 
 constexpr std::array receiptColumns{
@@ -146,8 +146,8 @@ constexpr ReportTemplate formOf(const FormSide& side)
             .rowsPerPage = 10,
             .pitch = 870_tw,
             .cells = side.cells,
-            .LnIn = {{1110, 3270, 15990, 3270}},
-            .LbYerrow = {1110, 2400, 14880, 300},
+            .rowLine = {{1110, 3270, 15990, 3270}},
+            .rowBand = {1110, 2400, 14880, 300},
             .rowsPerBand = 1,
             .titleBand = {1110, 1560, 14880, 823},
             .lines = lines,

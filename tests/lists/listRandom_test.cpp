@@ -129,8 +129,8 @@ protected:
         }
     }
 
-    /// Walks the list: every movement once and in order, a subtotal wherever the text of \a groupCol changes
-    /// and nowhere else, the sums as they must be.
+    /// Checks the list: every movement once and in order, a subtotal wherever the text of \a groupCol changes
+    /// and nowhere else, and the sums.
     void checkDetail(int groupCol, const std::vector<int>& keys, AddedUp added, std::size_t expectedRows)
     {
         const int rows = desk.grid().MaxRows();
@@ -141,7 +141,7 @@ protected:
         bool first = true;
         for (int row = 1; row < rows; ++row) {
             if (desk.cell(desk.cells.date, row) == "　　小計") {
-                ASSERT_FALSE(first) << "a subtotal of nothing in row " << row;
+                ASSERT_FALSE(first) << "an empty subtotal in row " << row;
                 expectShown(sumsAt(row), group, desk.isShipment(), row);
                 total.add(group);
                 group = {};

@@ -162,7 +162,7 @@ TEST_P(ListRowsOf, aRowThatIsGoneLeavesNoRowAndDoesNotCount)
     EXPECT_EQ(desk.cell(desk.cells.amount, 1003), "100,107");
     EXPECT_EQ(desk.cell(desk.cells.date, 1003), "　　小計");
     EXPECT_EQ(desk.cell(desk.cells.amount, 1004), "100,107");
-    EXPECT_EQ(desk.frame.waitValue, 1003) << "the bar moves on";
+    EXPECT_EQ(desk.frame.waitValue, 1003) << "the progress bar moves on";
 }
 
 TEST_P(ListRowsOf, aFirstRowThatIsGoneStillGivesTheFirstDay)
@@ -228,7 +228,7 @@ TEST_P(ListRowsOf, theSummedView_namesThePartnerAndThePersonAskedFor)
     EXPECT_EQ(desk.cell(desk.cells.staff, 1), "山田");
     desk.control<QComboBox>(u"cmbXLSaki"_s).setCurrentIndex(1);
     EXPECT_EQ(desk.cell(desk.cells.partner, 1), "東商店")
-        << "what is shown describes the search, not the choice as it is now";
+        << "the search counts, not what the combo box shows now";
 }
 
 TEST_P(ListRowsOf, summedFiguresTooLongForTheirCells_leaveThemEmpty)
@@ -248,7 +248,7 @@ TEST_P(ListRowsOf, summedFiguresTooLongForTheirCells_leaveThemEmpty)
     }
     EXPECT_EQ(desk.cell(desk.cells.quantity, 2), "");
     EXPECT_EQ(desk.cell(desk.cells.amount, 2), "");
-    EXPECT_FALSE(desk.grid().cellBold(desk.cells.amount, 2)) << "an empty cell is no negative one";
+    EXPECT_FALSE(desk.grid().cellBold(desk.cells.amount, 2)) << "an empty cell is not negative";
     EXPECT_FALSE(desk.cell(desk.cells.amount, 3).empty()) << "negative figures have no limit";
     EXPECT_TRUE(desk.grid().cellBold(desk.cells.amount, 3));
 }
@@ -299,7 +299,7 @@ TEST_P(ListRowsOf, theBarIsGreyWhileNoControlHasTheFocus)
     Q_EMIT desk.grid().LeaveCell(desk.cells.date, 1, desk.cells.date, 3);
     EXPECT_EQ(desk.grid().rowBackColor(3), QColor(192, 192, 192));
     Q_EMIT desk.grid().LeaveCell(desk.cells.date, 3, -1, 1);
-    EXPECT_EQ(desk.grid().rowBackColor(3), QColor(192, 192, 192)) << "no new cell, nothing happens";
+    EXPECT_EQ(desk.grid().rowBackColor(3), QColor(192, 192, 192)) << "without a new cell nothing happens";
     Q_EMIT desk.grid().GotFocus();
     EXPECT_EQ(desk.grid().rowBackColor(desk.grid().ActiveRow()), QColor(0, 255, 255));
     Q_EMIT desk.grid().LostFocus();

@@ -123,7 +123,7 @@ TEST_F(StockTest, figureThatIsNotANumber_isShownAsItIs)
     detail().setChecked(true);
     EXPECT_EQ(codes(), "a1 B2 D4 F6 ");
     EXPECT_EQ(text(StockCells::name, grid().MaxRows()), "　③ 出荷")
-        << "the block ends where it cannot be reckoned";
+        << "the block ends where it cannot be computed";
 }
 
 } // namespace suisui::test

@@ -27,7 +27,7 @@ TEST_F(StockTest, headingClick_sortsWordsRisingAndFiguresFalling)
     EXPECT_EQ(headings(), "コード▽ |名称▽ |在庫数▽|入荷単価▽|出荷単価▽|－|－|単位▲|最低在庫▽");
     click(StockCells::name);
     EXPECT_EQ(headings(), "コード▽ |名称▲ |在庫数▽|入荷単価▽|出荷単価▽|－|－|単位▽|最低在庫▽");
-    EXPECT_LT(codes().find("a1"), codes().find("F6")) << "equal names stand by their codes";
+    EXPECT_LT(codes().find("a1"), codes().find("F6")) << "equal names are sorted by their codes";
     EXPECT_EQ(text(StockCells::index, 1).size(), 1U);
     EXPECT_TRUE(frame.enabled);
 }
@@ -77,7 +77,7 @@ TEST_F(StockTest, afterSortsAndMoves_oneRowIsBarred_andItIsTheCursors)
     };
     expectOneBar("after the search");
     for (const int column : {StockCells::lowest, StockCells::code, StockCells::quantity,
-                             StockCells::name}) { // straight after the search, and again and again
+                             StockCells::name}) { // right after the search, then repeatedly
         Q_EMIT grid().HeadingClick(column);
         expectOneBar("after a sort");
     }
@@ -95,7 +95,8 @@ TEST_F(StockTest, sortAfterTheCursorHasMoved_followsItsGoods)
     fillShop();
     search(u"*"_s);
     grid().SetActiveCell(StockCells::quantity, 2);
-    Q_EMIT grid().LeaveCell(StockCells::quantity, 1, StockCells::quantity, 2); // the operator goes down to B2
+    Q_EMIT grid().LeaveCell(StockCells::quantity, 1, StockCells::quantity,
+                            2); // the operator moves down to B2
     Q_EMIT grid().HeadingClick(StockCells::lowest);
     ASSERT_EQ(codes(), "B2 a1 D4 ");
     EXPECT_EQ(grid().ActiveRow(), 1);

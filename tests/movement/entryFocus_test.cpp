@@ -140,8 +140,7 @@ TEST_P(EntryFocusTest, afterABooking_isInTheQuantityOfTheNewRow)
     EXPECT_TRUE(onGrid(*page));
     EXPECT_EQ(page->grid()->ActiveRow(), 1);
     EXPECT_EQ(page->grid()->ActiveCol(), cells.quantity);
-    EXPECT_EQ(page->grid()->currentIndex().column(), cells.quantity - 1)
-        << "and the cell is seen to be the one";
+    EXPECT_EQ(page->grid()->currentIndex().column(), cells.quantity - 1) << "and it is seen to be this cell";
 }
 
 TEST_P(EntryFocusTest, afterAnUnknownCode_isInTheCodeField)
@@ -212,7 +211,7 @@ TEST_P(EntryFocusTest, aRowThatWasNotStored_letsNoOtherRowBeDeletedInItsPlace)
     book(u"1234567890123"_s);
     book(u"B"_s);
     page->grid()->SetActiveCell(cells.quantity,
-                                2); // the older row, as the operator sees it until the next search
+                                2); // the older row, which is still in view until the next search
     // Somebody else's row has the stamp of the next booking.
     const std::string stamp = "20260401090005";
     const std::string table(movementTable(GetParam()).table.name);

@@ -70,7 +70,7 @@ protected:
         ASSERT_EQ(entry.grid()->MaxRows(), rows - 1);
     }
 
-    /// One random movement; its name.
+    /// Makes one random movement; returns its name.
     std::string step()
     {
         const Side side = below(2) == 0 ? Side::Receipt : Side::Shipment;

@@ -138,7 +138,7 @@ TEST_F(StoreTest, rolledBackUnit_isTakenBackInTheBuffer)
     EXPECT_EQ(rows.get(1, MasterCol::Unit), "箱"); // what the operator typed is still there
     EXPECT_EQ(rows.get(2, MasterCol::Code), "B2");
     EXPECT_EQ(rows.RowState(3), "N");
-    EXPECT_EQ(rows.WriteRows(), DbStatus::Good); // and the second try works
+    EXPECT_EQ(rows.WriteRows(), DbStatus::Good); // and the second attempt works
     db.Commit();
     EXPECT_EQ(master(), (std::vector<std::string>{"A1|鉛筆|箱", "B2|消しゴム|個", "C3||"}));
 }

@@ -56,8 +56,7 @@ TEST_F(StoredTextsTest, aRepeatedRow_isRefusedByItsKey_inEveryTableThatHistoryFi
     db.Execute("INSERT INTO InpTB (Code, InpDate) VALUES ('A', '20260101090000')");
     EXPECT_EQ(db.LastErrNo(), "3022");
     db.Execute("INSERT INTO InpTB (Code, InpDate) VALUES ('B', '20260101090000')");
-    EXPECT_EQ(db.LastStatus(), DbStatus::Good)
-        << "components and products of one moment are rows of their own";
+    EXPECT_EQ(db.LastStatus(), DbStatus::Good) << "other goods may have a row of the same moment";
     db.Execute("INSERT INTO OutTB (Code, InpDate) VALUES ('A', '20260101090000')");
     EXPECT_EQ(db.LastStatus(), DbStatus::Good);
     db.Execute("INSERT INTO OutTB (Code, InpDate) VALUES ('A', '20260101090000')");

@@ -1,5 +1,4 @@
-// What the label dialog refuses when OK is pressed, in its order and to the letter; its keys; the ways into
-// it.
+// What the label dialog refuses when OK is pressed, in order and to the letter.
 #include <algorithm>
 
 #include <gtest/gtest.h>

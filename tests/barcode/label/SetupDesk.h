@@ -15,7 +15,7 @@ struct LabelNumber
     bool asksForNumber = true; ///< the operator may set it
 };
 
-/// Rows that ask for so many labels each; a negative number is a row without a mark.
+/// Rows, each given by its number of labels; a negative number is a row without a mark.
 class RowsOfLabels final : public CountedRows
 {
 public:

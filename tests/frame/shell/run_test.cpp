@@ -42,12 +42,12 @@ protected:
         master.setPermissions(master.permissions() | QFileDevice::ExeOwner);
     }
 
-    void furnish()
+    void fillShop()
     {
         shop.add(kokyakuTable, {"101", "東商店", "", "", "", "", "", "", "", "", "", "", "", "1", ""});
-        furnishWithoutReceiptPartner();
+        fillShopWithoutReceiptPartner();
     }
-    void furnishWithoutReceiptPartner()
+    void fillShopWithoutReceiptPartner()
     {
         shop.add(kokyakuTable, {"201", "南商店", "", "", "", "", "", "", "", "", "", "", "", "", "1"});
         shop.add(tantouTable, {"01", "山田"});
@@ -202,7 +202,7 @@ TEST_F(WholeRun, theQuestionsOfTheFirstSearches_haveNoWaitWindowInFrontOfThem)
 
 TEST_F(WholeRun, withoutAReceiptPartner_theMasterProgramIsStarted_unasked)
 {
-    furnishWithoutReceiptPartner();
+    fillShopWithoutReceiptPartner();
     EXPECT_EQ(run([](frmMain&) { ADD_FAILURE() << "the window was shown"; }), 0);
     EXPECT_EQ(titles, QStringList{u"入荷先の未登録エラー"_s});
     EXPECT_TRUE(masterStarted());

@@ -38,7 +38,7 @@ inline QStringList stockTexts(int row)
             QString::number(row)};
 }
 
-/// The same of a movement list; a shipment has two columns of returns.
+/// The same for a movement list; a shipment has two columns of returns.
 inline QStringList movementTexts(int row, Side side)
 {
     const QLocale grouped(QLocale::English);
@@ -77,7 +77,7 @@ inline const RowElement& elementOf(const ReportTemplate& report, std::u16string_
     return *found;
 }
 
-/// What a tab may have told its report.
+/// What a tab may give its report.
 inline ReportHead sampleHead()
 {
     return {.texts = {{u"LbDate", u"2026/11/21  08:05  現在"_s},

@@ -35,7 +35,7 @@ protected:
     [[nodiscard]] std::vector<std::string> quantities() const;
     void update(BoxAnswer answer = BoxAnswer::Yes);
     void erase(int row, BoxAnswer answer = BoxAnswer::Yes);
-    /// The buffer's row behind a row of the grid.
+    /// The row of the row set that a row of the grid shows.
     [[nodiscard]] std::string index(int row) const
     {
         return std::string(page->grid()->text(cells.index, row));

@@ -36,7 +36,7 @@ TEST_P(EditTest, indexesAfterTheDeletedRow_goDownByOne)
 {
     fill(8);
     page->cmdKensaku_Click();
-    (void)page->grid()->text(cells.code, 2); // one row somebody has looked at, the others not
+    (void)page->grid()->text(cells.code, 2); // makes the texts of one row, not of the others
     ASSERT_EQ(index(4), "5");
     erase(4);
     std::string all;

@@ -12,7 +12,7 @@ namespace suisui::test {
 
 namespace {
 
-/// Shows \a page, which has rows, with more goods to be mistaken.
+/// Shows \a page, which has rows, with more goods whose codes can be mistaken for quantities.
 void show(const EntryDesk& desk, MovementPage& page)
 {
     for (const char* code : {"1234567", "SET-01", "0000123", "4901001000017", "12345"})

@@ -28,9 +28,8 @@ TEST_P(EditTest, rowChangedByAnotherProgram_undoesTheWholeUpdate)
     EXPECT_EQ(desk.stockOf("A"), stock);
     EXPECT_TRUE(desk.frame.dirty(GetParam().side));
     EXPECT_FALSE(desk.db.inUnit());
-    EXPECT_EQ(page->grid()->text(cells.postedQuantity, 1), "8")
-        << "an earlier row has gone through its posting";
-    // The advice of the box: search again. Nothing has stayed half done.
+    EXPECT_EQ(page->grid()->text(cells.postedQuantity, 1), "8") << "an earlier row has been posted";
+    // The box advises to search again. Nothing is left half done.
     desk.frame.setDirty(GetParam().side, false);
     page->cmdKensaku_Click();
     EntryDesk::edit(*page, cells.quantity, 3, "9");
@@ -72,7 +71,7 @@ TEST_P(EditTest, updateTriedAgainAfterAFailure_postsWhatWasTakenBack)
     }
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000005", "0000005"}));
     EXPECT_EQ(desk.stockOf("A"), stockAfter(15));
-    EntryDesk::edit(*page, cells.quantity, 1, "8"); // the posting failed, so the cell is what it was
+    EntryDesk::edit(*page, cells.quantity, 1, "8"); // the posting failed, so the cell has its old figure
     update();
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000009", "0000005", "0000008"}));
     EXPECT_EQ(desk.stockOf("A"), stockAfter(22));
@@ -128,7 +127,7 @@ TEST_P(EditTest, rowDeletedByAnother_isRefusedAtEachUpdate_untilTheNextSearch)
         EXPECT_TRUE(desk.frame.dirty(GetParam().side)) << attempt;
         EXPECT_EQ(desk.stockOf("A"), stock) << attempt;
     }
-    EntryDesk::edit(*page, cells.quantity, 1, "9"); // another row does not make the lost one good
+    EntryDesk::edit(*page, cells.quantity, 1, "9"); // another row does not repair the lost one
     update();
     EXPECT_EQ(desk.box.shown.back().title, u"データベースエラー"_s);
     EXPECT_EQ(quantities(), (std::vector<std::string>{"0000005", "0000005"}));

@@ -21,7 +21,7 @@ TEST_F(SpreadInput, typing_overwritesTheCell_andSignalsTheChange)
     EXPECT_EQ(changes[0], (QVariantList{Cell::quantity, 1}));
     typeInto(Cell::quantity, 1, u"25"_s); // no difference, no event
     EXPECT_EQ(changes.size(), 1);
-    grid.SetText(Cell::quantity, 1, std::string_view("7")); // what the program writes is no event either
+    grid.SetText(Cell::quantity, 1, std::string_view("7")); // what the program writes is not an event either
     EXPECT_EQ(changes.size(), 1);
 }
 

@@ -37,7 +37,7 @@ TEST_F(SpreadPaint, whileRedrawIsOff_theDataMovesOn_andTheViewComesBackWhole)
     EXPECT_EQ(grid.model()->rowCount(), 1);
     grid.setMaxRows(5);
     (void)grid.grab();
-    EXPECT_EQ(grid.model()->rowCount(), 1); // the view's rows stand still
+    EXPECT_EQ(grid.model()->rowCount(), 1); // the view keeps its rows
     grid.SetActiveCell(Cell::name, 4);
     grid.setReDraw(true);
     EXPECT_EQ(grid.model()->rowCount(), 5);
