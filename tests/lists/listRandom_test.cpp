@@ -114,7 +114,7 @@ protected:
     [[nodiscard]] Sums sumsAt(int row) const
     {
         const ListCells& cells = desk.cells;
-        const auto number = [&](int col) { return col == noListCell ? 0 : cellNumber(desk, col, row); };
+        const auto number = [&](int col) { return col == noCell ? 0 : cellNumber(desk, col, row); };
         return {number(cells.quantity), number(cells.discount), number(cells.amount),
                 number(cells.returned[0]), number(cells.returned[1])};
     }
@@ -287,7 +287,7 @@ TEST_P(RandomLists, sumsByGoods_areRight_andStayWholeThroughEverySort)
         }
         const ListCells& cells = desk.cells;
         std::vector<int> sorts{cells.name, cells.quantity, cells.amount, cells.code, cells.returned[0]};
-        if (cells.returned[1] != noListCell)
+        if (cells.returned[1] != noCell)
             sorts.push_back(cells.returned[1]);
         const int col = sorts[static_cast<std::size_t>(below(static_cast<int>(sorts.size())))];
         desk.clickHeading(col);

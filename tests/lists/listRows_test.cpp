@@ -151,7 +151,7 @@ TEST_P(ListRowsOf, aRowThatIsGoneLeavesNoRowAndDoesNotCount)
     desk.box.onShow = [&](const Box&) {
         desk.shop.execute(std::string("DELETE FROM ") + desk.bySide("InpTB", "OutTB") + " WHERE Code = '2'");
         RowSet& rows = desk.isShipment() ? static_cast<RowSet&>(desk.db.OutList()) : desk.db.InpList();
-        ASSERT_EQ(rows.get(rows.Count(), 0), "2");
+        ASSERT_EQ(rows.get(rows.Count(), movementTable(desk.side).columns.code), "2");
         EXPECT_NE(rows.UpdateRow(rows.Count()), DbStatus::Good);
         ASSERT_EQ(rows.RowState(rows.Count()), "D");
         desk.db.Rollback();

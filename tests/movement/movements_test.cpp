@@ -33,9 +33,10 @@ protected:
 
     void open()
     {
-        receipt = &desk.open(Side::Receipt);
-        shipment = &desk.open(Side::Shipment);
+        for (const Side side : {Side::Receipt, Side::Shipment})
+            desk.open(side);
         ASSERT_EQ(watcher.emplace(desk.shop.databaseFolder()).Open("trnvik.mdb"), DbStatus::Good);
+        desk.frame.guardActive = true; // the question of an update is another test's business
     }
 
     std::size_t below(std::size_t n) { return static_cast<std::size_t>(random() % n); }

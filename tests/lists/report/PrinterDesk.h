@@ -40,7 +40,7 @@ struct PrinterTest : ::testing::Test
         EXPECT_EQ(printer.StartPage(), PrintStatus::Good);
         draw();
         EXPECT_EQ(printer.EndDoc(), PrintStatus::Good);
-        return pdfPicture(setup->file, 1, setup->dpi, true);
+        return pdfPicture(setup->file, 1, setup->dpi, Edges::Exact);
     }
 };
 

@@ -56,11 +56,11 @@ TEST_F(PrintQueueTest, aListArrivesAtThePrinterAsOneJob)
     EXPECT_TRUE(queue->jobTicket(jobs).contains(u" 在庫商品 一覧 1 "_s))
         << queue->jobTicket(jobs).toStdString();
     const auto words = pdfWords(file);
-    const TwipBox& code = rptList_Stock.cells[0].box;
+    const TwipBox& code = elementOf(rptList_Stock, u"LbCode").box;
     const QRectF box(code.left.value() / 20.0, (code.top + 360_tw * 4).value() / 20.0,
                      code.width.value() / 20.0, code.height.value() / 20.0);
-    EXPECT_EQ(textIn(words, 1, box.translated(0, 0)), grid->qtext(1, 5));
-    EXPECT_EQ(textIn(words, 4, box), grid->qtext(1, 30));
+    EXPECT_EQ(textIn(words, 1, box.translated(0, 0)), grid->qtext(StockCells::code, 5));
+    EXPECT_EQ(textIn(words, 4, box), grid->qtext(StockCells::code, 30));
 }
 
 TEST_F(PrintQueueTest, thePrinterStaysChosen)
