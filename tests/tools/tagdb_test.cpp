@@ -241,7 +241,7 @@ TEST_F(TagDbTest, databaseOfANewerVersion_isRefusedWithTheReason)
     ASSERT_EQ(engine.open(path("DB/trnvik.mdb")), 0);
     ASSERT_EQ(engine.execute("PRAGMA user_version=" + std::to_string(schemaVersion + 1)), 0);
     EXPECT_EQ(checkBooks(base(), out, err), ToolStatus::Failed);
-    EXPECT_NE(err.str().find("or one of a newer version"), std::string::npos) << err.str();
+    EXPECT_NE(err.str().find("or is one of a newer version"), std::string::npos) << err.str();
 }
 
 TEST_F(TagDbTest, badLine_isNamed_andNothingIsStored)
