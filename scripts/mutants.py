@@ -126,7 +126,8 @@ class Round:
 
     def judged(self, file, mutants):
         """The outcome of each change of the file, as they come; none when no test has the file in it."""
-        own, others = self._build.tests_of(file)
+        own, others = ([test for test in tests if "unit" in test.labels or not self._chosen.unit]
+                       for tests in self._build.tests_of(file))
         self._build.make(own)
         source = mutant_builds.Source(self._build, file, self._scratch / "source", self._memory, self._chosen.patience)
         own = [test for test in own if source.goes_into(test)]
@@ -274,6 +275,7 @@ def options():
     known.add_argument("--seed", type=int, default=1, metavar="S", help="which N (default 1)")
     known.add_argument("--jobs", type=int, default=1, help="so many changes side by side")
     known.add_argument("--own", action="store_true", help="only the tests of the room's own folder")
+    known.add_argument("--unit", action="store_true", help="only the tests that open no window")
     known.add_argument("--no-words", action="store_true", help="leave out strings that are only words for people")
     known.add_argument("--list", action="store_true", help="print the changes and make none")
     known.add_argument("--fresh", action="store_true", help="forget the outcomes of earlier runs")

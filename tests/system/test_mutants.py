@@ -139,7 +139,8 @@ PROJECT = {
                       "include_directories(${CMAKE_SOURCE_DIR})\n"
                       "add_subdirectory(shelf)\nadd_subdirectory(other)\nadd_subdirectory(tests)\n",
     "shelf/CMakeLists.txt": "add_library(shelf STATIC Count.cpp)\n",
-    "shelf/Count.h": "#pragma once\nconstexpr int first = 0;\nint count(int upTo);\nint unused(int a, int b);\nint lastAsked();\n",
+    "shelf/Count.h": "#pragma once\nconstexpr int first = 0;\nint count(int upTo);\nint unused(int a, int b);\n"
+                     "int lastAsked();\n",
     "shelf/Count.cpp": """\
 #include "shelf/Count.h"
 
