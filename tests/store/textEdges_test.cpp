@@ -190,6 +190,17 @@ TEST(LikeEdges, starsGiveWayToWhatFollows)
         EXPECT_EQ(like(each.text, each.pattern), each.matches) << each.text << " " << each.pattern;
 }
 
+TEST(LikeEdges, aPatternEndsWhereItEnds)
+{
+    const std::string_view longer = "ab*?x";
+    EXPECT_TRUE(like("ab", longer.substr(0, 2)));
+    EXPECT_FALSE(like("abc", longer.substr(0, 2)));
+    EXPECT_FALSE(like("ab*", longer.substr(0, 2)));
+    EXPECT_TRUE(like("abcd", longer.substr(0, 3)));
+    EXPECT_TRUE(like("abcd", longer.substr(0, 4)));
+    EXPECT_FALSE(like("abx", longer));
+}
+
 TEST_F(DialectTest, functionsTakeNumbersAndTexts)
 {
     const std::pair<std::string, std::string> cases[] = {
