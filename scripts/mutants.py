@@ -131,10 +131,12 @@ class Round:
         self._build.make(own)
         source = mutant_builds.Source(self._build, file, self._scratch / "source", self._memory, self._chosen.patience)
         own = [test for test in own if source.goes_into(test)]
-        others = [] if self._chosen.own else others
-        if not own and not any(source.goes_into(test) for test in others):
+        if not own:
+            own, others = [test for test in others if source.goes_into(test)], []
+        if not own:
             print(f"{file}: no test has it in it, so its changes are left out")
             return
+        others = [] if self._chosen.own else others
         with concurrent.futures.ThreadPoolExecutor(self._chosen.jobs) as workers:
             yield from workers.map(lambda mutant: self._judge(source, mutant, own, others), mutants)
         source.close()
@@ -274,7 +276,8 @@ def options():
                        help="with --sample: P per cent of the changes where these are more")
     known.add_argument("--seed", type=int, default=1, metavar="S", help="which N (default 1)")
     known.add_argument("--jobs", type=int, default=1, help="so many changes side by side")
-    known.add_argument("--own", action="store_true", help="only the tests of the room's own folder")
+    known.add_argument("--own", action="store_true",
+                       help="only the tests of the room's own folder, if the source goes into any")
     known.add_argument("--unit", action="store_true", help="only the tests that open no window")
     known.add_argument("--no-words", action="store_true", help="leave out strings that are only words for people")
     known.add_argument("--list", action="store_true", help="print the changes and make none")
