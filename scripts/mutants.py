@@ -125,18 +125,14 @@ class Round:
             self._desks.put(mutant_builds.Desk(scratch / f"desk{number}", memory))
 
     def judged(self, file, mutants):
-        """The outcome of each change of the file, as they come; none when no test has the file in it."""
+        """The outcome of each change of the file, as they come."""
         own, others = ([test for test in tests if "unit" in test.labels or not self._chosen.unit]
                        for tests in self._build.tests_of(file))
         self._build.make(own)
         source = mutant_builds.Source(self._build, file, self._scratch / "source", self._memory, self._chosen.patience)
         own = [test for test in own if source.goes_into(test)]
-        if not own:
-            own, others = [test for test in others if source.goes_into(test)], []
-        if not own:
-            print(f"{file}: no test has it in it, so its changes are left out")
-            return
-        others = [] if self._chosen.own else others
+        if self._chosen.own and own:
+            others = []
         with concurrent.futures.ThreadPoolExecutor(self._chosen.jobs) as workers:
             yield from workers.map(lambda mutant: self._judge(source, mutant, own, others), mutants)
         source.close()
@@ -171,6 +167,8 @@ class Round:
             if noticed:
                 source.noticed[test.name] += 1
                 return NOTICED, test.name
+        if asked is None:
+            return PASSED, ""  # no test has the source in it
         if self._record.known(change, SAME) is None:
             self._record.note(change, SAME, source.makes_the_same(desk, mutant.text, asked))
         return (SAME if self._record.known(change, SAME) else PASSED), ""
