@@ -297,12 +297,12 @@ def main():
     every = [mutant for file in files_of(root, chosen) for mutant in mutants_of(root, file, not chosen.no_words)]
     listed = root / KNOWN
     known = known_equivalents(listed.read_text(encoding="utf-8")) if listed.is_file() else {}
-    mutants, stale = without_known(every, known)
-    for entry in stale:
+    for entry in without_known(every, known)[1]:
         print(f"{KNOWN}: {entry[0]} has no such change any more: {entry[1]}")
+    if chosen.sample is not None:  # of all, so that another known one leaves the others in the sample
+        every = sampled(every, chosen.sample, chosen.share, chosen.seed)
+    mutants = without_known(every, known)[0]
     skipped = len(every) - len(mutants)
-    if chosen.sample is not None:
-        mutants = sampled(mutants, chosen.sample, chosen.share, chosen.seed)
     if chosen.list:
         for mutant in mutants:
             print(f"{mutant.file}:{mutant.line} ({mutant.kind})\n- {mutant.before}\n+ {mutant.after}")
