@@ -173,6 +173,14 @@ TEST_P(BookingTest, everyBookingEndsInALaterSecond)
     EXPECT_EQ(stored().size(), 2U);
 }
 
+TEST_P(BookingTest, theLastNap_endsWithTheSecond)
+{
+    desk.goods("A", "1", "1");
+    desk.clock.setNow(QDateTime(QDate(2026, 4, 1), QTime(9, 0, 0, 990)));
+    ASSERT_EQ(tab.book("A"), BookResult::Stored);
+    EXPECT_EQ(desk.clock.steady(), std::chrono::milliseconds(10));
+}
+
 TEST_P(BookingTest, clockThatStandsStill_isWaitedFor)
 {
     desk.goods("A", "1", "1");

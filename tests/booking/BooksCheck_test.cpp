@@ -80,6 +80,51 @@ TEST_F(BooksCheckTest, afterASavedPeriod_returnsMayCountEitherWay)
     EXPECT_EQ(differences().size(), 1U);
 }
 
+TEST_F(BooksCheckTest, goodsThatWentAsTheyCame_oweNoStockRow)
+{
+    desk.shop->add(masterTable, {"A", "品"});
+    desk.receipt("A", "0000004", "20260301", "20260301090000");
+    desk.shipment("A", "0000004", "20260301", "20260301090001");
+    EXPECT_TRUE(differences().empty());
+    desk.shipment("A", "-000001", "20260301", "20260301090002");
+    ASSERT_EQ(differences().size(), 1U);
+    EXPECT_EQ(differences()[0].expected, 1);
+    desk.shipment("A", "0000002", "20260301", "20260301090003");
+    ASSERT_EQ(differences().size(), 1U);
+    EXPECT_EQ(differences()[0].expected, -1);
+}
+
+TEST_F(BooksCheckTest, aBitBehindTheLastOfFifteenDigits_isNoDifference_andTheDigitItselfIsOne)
+{
+    const struct
+    {
+        std::string figure;
+        std::string carried;
+        std::string received;
+        std::string shipped;
+        bool differs;
+    } cases[] = {
+        // The room is the sixteenth digit of all that had a part in it.
+        {"100000000000", "100000000000", "0.0001", "0", false},
+        {"100000000000", "100000000000", "0.0004", "0", true},
+        {"100000000000", "0", "100000000000.0001", "0", false},
+        {"0.001", "0", "1000000000000", "1000000000000", false},
+        {"-0.001", "0", "1000000000000", "1000000000000", false},
+        {"0.005", "0", "1000000000000", "1000000000000", true},
+        {"-0.005", "0", "1000000000000", "1000000000000", true},
+        {"0.0000000000000005", "0", "0", "0", true},
+        {"0.0000000000000005", "0", "0.2", "0.2", false},
+    };
+    for (const auto& each : cases) {
+        for (const char* table : {"ZaikoTB", "InpTB", "OutTB"})
+            desk.shop->execute(std::string("DELETE FROM ") + table);
+        desk.stock("A", each.figure, each.carried);
+        desk.receipt("A", each.received, "20260301", "20260301090000");
+        desk.shipment("A", each.shipped, "20260301", "20260301090001");
+        EXPECT_EQ(differences().size(), each.differs ? 1U : 0U) << each.figure << " " << each.received;
+    }
+}
+
 TEST_F(BooksCheckTest, aFigureThatIsNotANumber_isThrown)
 {
     desk.receipt("A", "many", "20260301", "20260301090000");

@@ -315,6 +315,7 @@ TEST(ReceiptCorrection, deletePostsTheGoodsFirst_updateTheirComponents)
     desk.shop.execute("UPDATE ZaikoTB SET ZaikoSuu='99999999999999' WHERE Code='PART'");
     desk.shop.execute("UPDATE ZaikoTB SET ZaikoSuu='1' WHERE Code='SET'");
     EXPECT_EQ(tab.erase(1), EditResult::Refused);
+    EXPECT_FALSE(desk.db.inUnit());
     ASSERT_EQ(desk.box.shown.size(), 2U);
     EXPECT_EQ(desk.box.shown[0].title, u" 在庫不足"_s);
     EXPECT_EQ(desk.box.shown[1].title, u"桁あふれエラー"_s);

@@ -98,6 +98,20 @@ TEST(CarryForward, returnedQuantitiesHaveNoPartInIt)
     EXPECT_EQ(desk.stockColumn("KuriSuu"), Lines{"A|-2"});
 }
 
+TEST(CarryForward, everyStepIsReported_receiptsShipmentsComponentsAndTheRest)
+{
+    BooksDesk desk;
+    desk.stock("A", "10", "0");
+    int steps = 0;
+    ASSERT_EQ(carryForward(desk.db, now, [&steps] { ++steps; }), 0);
+    EXPECT_EQ(steps, 4);
+    desk.db.Rollback();
+    desk.shop->execute(
+        "CREATE TRIGGER full BEFORE UPDATE OF KuriSuu ON ZaikoTB BEGIN SELECT RAISE(ABORT,'full'); END");
+    EXPECT_NE(carryForward(desk.db, now, [&steps] { ++steps; }), 0);
+    EXPECT_EQ(steps, 4 + 3) << "the last one is not done";
+}
+
 TEST(CarryForward, codesMeetWithoutRegardToLetterCase)
 {
     BooksDesk desk;

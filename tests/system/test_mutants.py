@@ -1,6 +1,5 @@
 """The changes that scripts/mutants.py makes, on small texts, and a whole run on a small project of its own."""
 
-import contextlib
 import os
 import pathlib
 import subprocess
@@ -77,7 +76,7 @@ class Changes(unittest.TestCase):
         self.assertEqual(["if (a != b)\n    ;"], after("if (a == b)\n    ;"))
         self.assertEqual(["if (a)\n    ;"], after("if (!a)\n    ;"))
 
-    def test_a_call_for_its_effect_is_left_out_and_lines_keep_places(self):
+    def test_a_call_for_its_effect_is_left_out_and_lines_stay_in_place(self):
         text = "{\n    grid->row(a).post(b,\n        c);\n    d();\n}"
         self.assertEqual(["{\n    \n;\n    d();\n}", "{\n    grid->row(a).post(b,\n        c);\n    ;\n}"],
                          after(text, "call"))
@@ -112,7 +111,7 @@ class Known(unittest.TestCase):
             with self.subTest(text=text), self.assertRaises(SystemExit):
                 mutants.known_equivalents(text)
 
-    def test_known_changes_are_left_out_and_those_gone_are_named(self):
+    def test_known_changes_are_left_out_and_those_that_have_gone_are_named(self):
         kept, listed = self.mutant("a", "b"), self.mutant("c", "d")
         known = {("store/A.cpp", "c", "d"): "why", ("store/A.cpp", "old", "older"): "why",
                  ("store/Other.cpp", "x", "y"): "why"}
@@ -123,11 +122,16 @@ class Summary(unittest.TestCase):
     def test_what_does_not_compile_does_not_count(self):
         mutant = mutants.Mutant("store/A.cpp", 7, "sign", "a + b", "a - b", "")
         outcomes = [mutants.Outcome(mutant, verdict, "") for verdict in
-                    [mutants.NOTICED] * 3 + [mutants.PASSED] + [mutants.NO_BUILD] * 2]
-        lines = mutants.summary(outcomes, 5).splitlines()
-        self.assertEqual(["", "store/A.cpp:7 (sign)", "- a + b", "+ a - b", ""], lines[:-1])
-        self.assertEqual("4 changes, 3 noticed (75.0 %); besides, 2 did not compile and 5 are known to make no"
-                         " difference", lines[-1])
+                    [mutants.NOTICED] * 3 + [mutants.PASSED] + [mutants.NO_BUILD] * 2 + [mutants.SAME]]
+        other = mutants.Outcome(mutant._replace(file="B.cpp"), mutants.NOTICED, "")
+        lines = mutants.summary([*outcomes, other], 5).splitlines()
+        self.assertEqual(["", "store/A.cpp:7 (sign)", "- a + b", "+ a - b", "",
+                          "store/A.cpp: 4 changes, 3 noticed (75.0 %); besides, 2 did not compile, 1 made the same"
+                          " program",
+                          "B.cpp: 1 changes, 1 noticed (100.0 %); besides, 0 did not compile, 0 made the same program"],
+                         lines[:-1])
+        self.assertEqual("5 changes, 4 noticed (80.0 %); besides, 2 did not compile, 1 made the same program and 5 are"
+                         " known to make no difference", lines[-1])
 
 
 PROJECT = {
@@ -135,14 +139,15 @@ PROJECT = {
                       "include_directories(${CMAKE_SOURCE_DIR})\n"
                       "add_subdirectory(shelf)\nadd_subdirectory(other)\nadd_subdirectory(tests)\n",
     "shelf/CMakeLists.txt": "add_library(shelf STATIC Count.cpp)\n",
-    "shelf/Count.h": "int count(int upTo);\nint unused(int a, int b);\nint lastAsked();\n",
+    "shelf/Count.h": "#pragma once\nconstexpr int first = 0;\nint count(int upTo);\nint unused(int a, int b);\n"
+                     "int lastAsked();\n",
     "shelf/Count.cpp": """\
 #include "shelf/Count.h"
 
 int count(int upTo)
 {
     int sum = 0;
-    for (int i = 0; i < upTo; ++i)
+    for (int i = first; i < upTo; ++i)
         sum += i;
     return sum;
 }
@@ -164,13 +169,13 @@ int lastAsked()
                                   "target_link_libraries(count_test PRIVATE shelf)\n"
                                   "add_test(NAME count_test COMMAND count_test)\n",
     "tests/shelf/count_test.cpp": '#include "shelf/Count.h"\n'
-                                  "int main()\n{\n    return count(4) == 6 && count(3) == 3 ? 0 : 1;\n}\n",
+                                  "int main()\n{\n"
+                                  "    return count(4) == 6 && count(3) == 3 && first == 0 ? 0 : 1;\n}\n",
     "tests/other/CMakeLists.txt": "add_executable(other_test other_test.cpp)\n"
                                   "target_link_libraries(other_test PRIVATE other)\n"
                                   "add_test(NAME other_test COMMAND other_test)\n",
     "tests/other/other_test.cpp": "int other();\nint main()\n{\n    return other() == 4 ? 0 : 1;\n}\n",
-    "tests/equivalent_mutants.txt": "shelf/Count.cpp\n- for (int i = 0; i < upTo; ++i)\n"
-                                    "+ for (int i = 1; i < upTo; ++i)\n= Adding 0 adds nothing.\n",
+    "tests/equivalent_mutants.txt": "shelf/Count.cpp\n- int sum = 0;\n+ int sum = 1;\n= Only so that one is listed.\n",
 }
 
 
@@ -180,39 +185,68 @@ class WholeRun(unittest.TestCase):
         self.addCleanup(place.cleanup)
         self.root = pathlib.Path(place.name) / "tree"
         for name, text in PROJECT.items():
-            (self.root / name).parent.mkdir(parents=True, exist_ok=True)
-            (self.root / name).write_text(text, encoding="utf-8")
+            self.write(name, text)
+
+    def write(self, name, text):
+        (self.root / name).parent.mkdir(parents=True, exist_ok=True)
+        (self.root / name).write_text(text, encoding="utf-8")
 
     def run_script(self, *options):
         return subprocess.run([sys.executable, "-B", str(SCRIPT), "--patience", "1", *options, str(self.root)],
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                               encoding="utf-8", check=False, env={**os.environ, "CCACHE_DISABLE": "1"})
 
-    def test_changes_are_noticed_or_listed_and_the_checkout_stays(self):
-        done = self.run_script("--room", "shelf")
+    def noted(self):
+        return (self.root / "build/mutants/build/outcomes").read_text(encoding="utf-8").splitlines()
+
+    def test_changes_are_noticed_or_listed_and_the_checkout_stays_as_it_is(self):
+        done = self.run_script("--file", "shelf/Count.cpp")
         self.assertEqual(1, done.returncode, done.stdout)
-        self.assertEqual("6 changes, 5 noticed (83.3 %); besides, 0 did not compile and 1 are known to make no"
-                         " difference", done.stdout.splitlines()[-1], done.stdout)
+        self.assertEqual("5 changes, 4 noticed (80.0 %); besides, 0 did not compile, 0 made the same program and 1 are"
+                         " known to make no difference", done.stdout.splitlines()[-1], done.stdout)
         # Endless, or up to an overflow: noticed either way.
         self.assertIn("shelf/Count.cpp:6 sign: noticed by count_test", done.stdout)
         # The room's own test does not see this one; that of another room, which links it, does.
-        self.assertIn("shelf/Count.cpp:18 constant: NOT NOTICED\n", done.stdout)
         self.assertIn("shelf/Count.cpp:18 constant: noticed by other_test", done.stdout)
         self.assertIn("shelf/Count.cpp:13 (sign)\n- return a * b;\n+ return a / b;\n", done.stdout)
         for name, text in PROJECT.items():
             self.assertEqual(text, (self.root / name).read_text(encoding="utf-8"), name)
-            copied = self.root / "build" / "mutants" / "1" / "tree" / name
+            copied = self.root / "build" / "mutants" / name
             self.assertEqual(text, copied.read_text(encoding="utf-8"), name)
 
-    def test_a_change_that_does_not_compile_does_not_count(self):
-        source = self.root / "shelf" / "Count.cpp"
-        source.write_text(PROJECT["shelf/Count.cpp"] + "\nstatic_assert(sizeof(char) == 1);\n", encoding="utf-8")
+    def test_a_change_of_a_header_reaches_what_includes_it(self):
+        done = self.run_script("--file", "shelf/Count.h")
+        # The sum from 1 on is the same; that the test itself was compiled with the change is what it notices.
+        self.assertIn("shelf/Count.h:2 constant: noticed by count_test", done.stdout)
+
+    def test_what_the_compiler_makes_the_same_program_of_does_not_count(self):
+        self.write("shelf/Count.cpp", PROJECT["shelf/Count.cpp"].replace("return 4;", "return 4 + 0 * lastAsked();"))
         done = self.run_script("--file", "shelf/Count.cpp", "--own")
-        self.assertIn("; besides, 2 did not compile and 1 are known", done.stdout.splitlines()[-1])
+        self.assertIn("shelf/Count.cpp:18 sign: makes the same program\n", done.stdout)
+
+    def test_a_change_that_does_not_compile_does_not_count(self):
+        self.write("shelf/Count.cpp", PROJECT["shelf/Count.cpp"] + "\nstatic_assert(sizeof(char) == 1);\n")
+        done = self.run_script("--file", "shelf/Count.cpp", "--own")
+        self.assertIn("; besides, 2 did not compile, 0 made", done.stdout.splitlines()[-1])
         self.assertIn("shelf/Count.cpp:18 constant: NOT NOTICED\n", done.stdout)
 
+    def test_a_run_goes_on_from_what_was_noted(self):
+        first = self.run_script("--file", "shelf/Count.cpp", "--own")
+        noted = self.noted()
+        again = self.run_script("--file", "shelf/Count.cpp", "--own")
+        self.assertEqual(first.stdout, again.stdout)
+        self.assertEqual(noted, self.noted())
+        # Another text of the test asks anew, and so does --fresh.
+        self.write("tests/shelf/count_test.cpp", '#include "shelf/Count.h"\n'
+                   "int main()\n{\n    return count(0);\n}\n")
+        self.assertIn("\n5 changes, 0 noticed", self.run_script("--file", "shelf/Count.cpp", "--own").stdout)
+        self.assertLess(len(noted), len(self.noted()))
+        self.run_script("--file", "shelf/Count.cpp", "--own", "--sample", "1", "--fresh")
+        self.assertLess(len(self.noted()), len(noted))
+
     def test_a_test_that_fails_without_a_change_ends_the_run(self):
-        (self.root / "tests/shelf/count_test.cpp").write_text("int main()\n{\n    return 1;\n}\n", encoding="utf-8")
+        self.write("tests/shelf/count_test.cpp", '#include "shelf/Count.h"\n'
+                   "int main()\n{\n    return count(4) == 6 ? 1 : 0;\n}\n")
         done = self.run_script("--room", "shelf")
         self.assertEqual(1, done.returncode)
         self.assertIn("count_test fails without a change", done.stdout)
@@ -220,7 +254,7 @@ class WholeRun(unittest.TestCase):
     def test_a_seed_picks_the_same_sample_again(self):
         first, again, other = (self.run_script("--room", "shelf", "--list", "--sample", "3", "--seed", seed).stdout
                                for seed in ("5", "5", "6"))
-        self.assertTrue(first.endswith("3 changes\n"), first)
+        self.assertTrue(first.endswith("4 changes\n"), first)  # three of the source, and the header's only one
         self.assertEqual(first, again)
         self.assertNotEqual(first, other)
 
@@ -228,20 +262,6 @@ class WholeRun(unittest.TestCase):
         done = self.run_script("--room", "shlef")
         self.assertEqual(1, done.returncode)
         self.assertIn("There is no source in shlef", done.stdout)
-
-
-class Restoring(unittest.TestCase):
-    def test_the_source_comes_back_whatever_happens_meanwhile(self):
-        with tempfile.TemporaryDirectory(prefix="suisui-restore-") as name:
-            place = mutants.Workplace.__new__(mutants.Workplace)
-            place._tree = pathlib.Path(name)  # pylint: disable=protected-access
-            file = place._tree / "A.cpp"
-            file.write_text("a + b;\n", encoding="utf-8")
-            mutant, = mutants.mutants_of(place._tree, "A.cpp", True)
-            with contextlib.suppress(KeyboardInterrupt), place.changed(mutant):
-                self.assertEqual("a - b;\n", file.read_text(encoding="utf-8"))
-                raise KeyboardInterrupt
-            self.assertEqual("a + b;\n", file.read_text(encoding="utf-8"))
 
 
 if __name__ == "__main__":
