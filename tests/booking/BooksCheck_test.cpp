@@ -94,7 +94,7 @@ TEST_F(BooksCheckTest, goodsThatWentAsTheyCame_oweNoStockRow)
     EXPECT_EQ(differences()[0].expected, -1);
 }
 
-TEST_F(BooksCheckTest, aBitBehindTheLastOfFifteenDigits_isNoDifference_andTheDigitItselfIsOne)
+TEST_F(BooksCheckTest, sixteenthDigit_isNoDifference_butTheFifteenthIsOne)
 {
     const struct
     {

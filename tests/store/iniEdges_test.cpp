@@ -146,7 +146,7 @@ TEST_F(IniEdgesTest, aWrite_changesItsLineOnly_andEndsEachWithCrLf)
     EXPECT_TRUE(read().endsWith("[T]\r\nk=2\r\n[U]\r\nk=5\r\n"));
 }
 
-TEST_F(IniEdgesTest, aWrite_keepsWhatAnotherProgramHasWrittenMeanwhile)
+TEST_F(IniEdgesTest, aWrite_keepsWhatAnotherProgramWroteMeanwhile)
 {
     write("[S]\nk=1\n");
     IniFile ini;

@@ -165,7 +165,7 @@ TEST_F(RowCopyTest, aWorkingDatabaseThatIsHeld_takesNoRows)
     other.Rollback();
 }
 
-TEST(Filling, aFileBeingFilled_hasItsKeysFromTheFirst_andItsIndexesAtTheEnd)
+TEST(Filling, aFileBeingFilled_hasItsKeysAtFirst_andItsIndexesAtTheEnd)
 {
     const TempShop shop;
     const Texts indexes = shop.query("SELECT name FROM sqlite_master WHERE type = 'index' ORDER BY name");

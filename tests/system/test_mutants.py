@@ -76,7 +76,7 @@ class Changes(unittest.TestCase):
         self.assertEqual(["if (a != b)\n    ;"], after("if (a == b)\n    ;"))
         self.assertEqual(["if (a)\n    ;"], after("if (!a)\n    ;"))
 
-    def test_a_call_for_its_effect_is_left_out_and_lines_stay_in_place(self):
+    def test_a_call_for_its_effect_is_left_out_and_lines_keep_places(self):
         text = "{\n    grid->row(a).post(b,\n        c);\n    d();\n}"
         self.assertEqual(["{\n    \n;\n    d();\n}", "{\n    grid->row(a).post(b,\n        c);\n    ;\n}"],
                          after(text, "call"))
@@ -111,7 +111,7 @@ class Known(unittest.TestCase):
             with self.subTest(text=text), self.assertRaises(SystemExit):
                 mutants.known_equivalents(text)
 
-    def test_known_changes_are_left_out_and_those_that_have_gone_are_named(self):
+    def test_known_changes_are_left_out_and_those_gone_are_named(self):
         kept, listed = self.mutant("a", "b"), self.mutant("c", "d")
         known = {("store/A.cpp", "c", "d"): "why", ("store/A.cpp", "old", "older"): "why",
                  ("store/Other.cpp", "x", "y"): "why"}
@@ -199,7 +199,7 @@ class WholeRun(unittest.TestCase):
     def noted(self):
         return (self.root / "build/mutants/build/outcomes").read_text(encoding="utf-8").splitlines()
 
-    def test_changes_are_noticed_or_listed_and_the_checkout_stays_as_it_is(self):
+    def test_changes_are_noticed_or_listed_and_the_checkout_stays(self):
         done = self.run_script("--file", "shelf/Count.cpp")
         self.assertEqual(1, done.returncode, done.stdout)
         self.assertEqual("5 changes, 4 noticed (80.0 %); besides, 0 did not compile, 0 made the same program and 1 are"
@@ -219,7 +219,7 @@ class WholeRun(unittest.TestCase):
         # The sum from 1 on is the same; that the test itself was compiled with the change is what it notices.
         self.assertIn("shelf/Count.h:2 constant: noticed by count_test", done.stdout)
 
-    def test_what_the_compiler_makes_the_same_program_of_does_not_count(self):
+    def test_what_compiles_to_the_same_program_does_not_count(self):
         self.write("shelf/Count.cpp", PROJECT["shelf/Count.cpp"].replace("return 4;", "return 4 + 0 * lastAsked();"))
         done = self.run_script("--file", "shelf/Count.cpp", "--own")
         self.assertIn("shelf/Count.cpp:18 sign: makes the same program\n", done.stdout)
