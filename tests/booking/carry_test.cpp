@@ -103,12 +103,12 @@ TEST(CarryForward, everyStepIsReported_receiptsShipmentsComponentsAndTheRest)
     BooksDesk desk;
     desk.stock("A", "10", "0");
     int steps = 0;
-    ASSERT_EQ(carryForward(desk.db, now, [&steps] { ++steps; }), 0);
+    ASSERT_EQ(carryForward(desk.db, now, [&steps] { ++steps; }), DbStatus::Good);
     EXPECT_EQ(steps, 4);
     desk.db.Rollback();
     desk.shop->execute(
         "CREATE TRIGGER full BEFORE UPDATE OF KuriSuu ON ZaikoTB BEGIN SELECT RAISE(ABORT,'full'); END");
-    EXPECT_NE(carryForward(desk.db, now, [&steps] { ++steps; }), 0);
+    EXPECT_NE(carryForward(desk.db, now, [&steps] { ++steps; }), DbStatus::Good);
     EXPECT_EQ(steps, 4 + 3) << "the last one is not done";
 }
 

@@ -28,7 +28,7 @@ struct HistoryFilesTest : public ::testing::Test
     HistoryFilesTest() : db(shop.databaseFolder())
     {
         db.ShowErrors(false);
-        EXPECT_EQ(db.Open("trnvik.mdb"), 0);
+        EXPECT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
     }
 
     [[nodiscard]] std::string pathOf(const std::string& file) const
@@ -51,10 +51,10 @@ struct HistoryFilesTest : public ::testing::Test
     /// A history file with the mark of \a stamp, none for an empty one.
     void fileOf(const std::string& file, const std::string& stamp) const
     {
-        ASSERT_EQ(AppDB::Create(pathOf(file)), 0);
+        ASSERT_EQ(AppDB::Create(pathOf(file)), DbStatus::Good);
         AppDB history(shop.databaseFolder());
-        ASSERT_EQ(history.OpenForFilling(pathOf(file)), 0);
-        ASSERT_EQ(history.FinishFilling(stamp.empty() ? 0 : historyMark(stamp)), 0);
+        ASSERT_EQ(history.OpenForFilling(pathOf(file)), DbStatus::Good);
+        ASSERT_EQ(history.FinishFilling(stamp.empty() ? 0 : historyMark(stamp)), DbStatus::Good);
     }
     [[nodiscard]] std::string sizeOf(const std::string& file) const
     {
@@ -150,13 +150,13 @@ TEST_F(HistoryFilesTest, theFirstSavedPeriod_leavesARowForGood)
     EXPECT_EQ(findSentinel(db), SentinelRow::Missing);
     shop.add(rirekiTable, {"20260101", "20260131", "old", "8192", savedAt});
     EXPECT_EQ(findSentinel(db), SentinelRow::Missing) << "a period is no such row";
-    ASSERT_EQ(addSentinel(db, "hst"), 0);
+    ASSERT_EQ(addSentinel(db, "hst"), DbStatus::Good);
     db.Commit();
     EXPECT_EQ(shop.query("SELECT * FROM RirekiTB WHERE DateFrom = 'Trn'"),
               std::vector<std::string>{"Trn|Vik|hst|00000000|00000000000000"});
     EXPECT_EQ(findSentinel(db), SentinelRow::Found);
     EXPECT_EQ(sentinelExtension(db), "hst");
-    EXPECT_NE(addSentinel(db, "new"), 0) << "there is one";
+    EXPECT_NE(addSentinel(db, "new"), DbStatus::Good) << "there is one";
     db.Rollback();
     for (const char* other : {"DateFrom = 'x'", "DateTo = 'x'", "FileSize = '1'", "FileUpdate = '1'"}) {
         db.Execute(std::string("UPDATE RirekiTB SET ") + other + " WHERE DateFrom = 'Trn'");

@@ -124,7 +124,7 @@ TEST(ListFigures, aNegativeAmount_isOneThatIsShown)
 
 TEST(ListFigures, areInTheCellsOfTheirColumns)
 {
-    EXPECT_EQ(figureCells(listSide(Side::Receipt).cells), (std::array{5, 6, 7, 10, noListCell}));
+    EXPECT_EQ(figureCells(listSide(Side::Receipt).cells), (std::array{5, 6, 7, 10, noCell}));
     EXPECT_EQ(figureCells(listSide(Side::Shipment).cells), (std::array{5, 6, 7, 10, 11}));
 }
 
@@ -143,6 +143,18 @@ TEST(ListSums, closeAGroupWhenTheNextBegins)
     EXPECT_EQ(sums.close(), ListFigures{}) << "nothing is counted twice";
 }
 
+/// The condition with its bound texts in their places.
+std::string conditionOf(const ListSide& side, const ListFilter& filter)
+{
+    const SqlText condition = whereText(side, filter);
+    std::string read;
+    auto value = condition.values().begin();
+    for (const char c : condition.text())
+        read += c == '?' ? "[" + *value++ + "]" : std::string(1, c);
+    EXPECT_EQ(value, condition.values().end());
+    return read;
+}
+
 TEST(ListConditions, areThoseOfTheFields)
 {
     ListFilter filter{.from = "20260401",
@@ -152,23 +164,23 @@ TEST(ListConditions, areThoseOfTheFields)
                       .partner = {},
                       .staff = {}};
     const ListSide& receipts = listSide(Side::Receipt);
-    const std::string days = "WHERE NyuDate >= '20260401'  AND NyuDate <= '20260430'";
-    EXPECT_EQ(whereText(receipts, filter), days + " AND Code Like '*'");
+    const std::string days = "WHERE NyuDate >= [20260401]  AND NyuDate <= [20260430]";
+    EXPECT_EQ(conditionOf(receipts, filter), days + " AND Code Like '*'");
     filter.goodsCaption = u"鉛筆"_s;
-    EXPECT_EQ(whereText(receipts, filter), days + " AND Code = 'A''1'");
+    EXPECT_EQ(conditionOf(receipts, filter), days + " AND Code = [A'1]");
     for (const QString& pattern : {u"4*"_s, u"?9"_s, u"*?"_s}) {
         filter.goodsCaption = pattern;
-        EXPECT_EQ(whereText(receipts, filter), days + " AND Code Like 'A''1'") << pattern.toStdString();
+        EXPECT_EQ(conditionOf(receipts, filter), days + " AND Code Like [A'1]") << pattern.toStdString();
     }
     filter.partner = "101";
-    EXPECT_EQ(whereText(receipts, filter), days + " AND Code Like 'A''1' AND Nyusakicd = '101'");
+    EXPECT_EQ(conditionOf(receipts, filter), days + " AND Code Like [A'1] AND Nyusakicd = [101]");
     filter.staff = "";
     EXPECT_EQ(
-        whereText(listSide(Side::Shipment), filter),
-        "WHERE SyuDate >= '20260401'  AND SyuDate <= '20260430' AND Code Like 'A''1' AND Syusakicd = '101' "
-        "AND TanCD = ''");
+        conditionOf(listSide(Side::Shipment), filter),
+        "WHERE SyuDate >= [20260401]  AND SyuDate <= [20260430] AND Code Like [A'1] AND Syusakicd = [101] "
+        "AND TanCD = []");
     filter.partner.reset();
-    EXPECT_EQ(whereText(receipts, filter), days + " AND Code Like 'A''1' AND TanCD = ''");
+    EXPECT_EQ(conditionOf(receipts, filter), days + " AND Code Like [A'1] AND TanCD = []");
 }
 
 } // namespace suisui::test

@@ -214,8 +214,8 @@ TEST_F(IniEdgesTest, rememberedValues_haveTheirKeys)
     EXPECT_EQ(file.value(u"Folder", u"LastHistory"), u"/h"_s);
     EXPECT_EQ(file.value(u"Folder", u"SaveInTheMaking"), u"/h/file"_s);
     EXPECT_TRUE(ini.setLastSave(u"/i"_s, u"20260331"_s, u""_s));
-    EXPECT_TRUE(ini.setLabelSetting(3, u"XPoint"_s, u"30.00"_s));
-    EXPECT_TRUE(ini.setLabelSettings(4, {{u"XPoint"_s, u"40.00"_s}}));
+    EXPECT_TRUE(ini.setLabelSetting(LabelMode::Receipts, u"XPoint"_s, u"30.00"_s));
+    EXPECT_TRUE(ini.setLabelSettings(LabelMode::Shipments, {{u"XPoint"_s, u"40.00"_s}}));
     ASSERT_TRUE(file.load(dir.filePath(u"AppIni.ini"_s)));
     EXPECT_EQ(file.value(u"Folder", u"LastHistory"), u"/i"_s);
     EXPECT_EQ(file.value(u"Folder", u"LastHistoryTo"), u"20260331"_s);

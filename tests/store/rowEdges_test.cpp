@@ -16,7 +16,7 @@ struct RowEdgesTest : public ::testing::Test
 {
     RowEdgesTest() : db(shop.databaseFolder())
     {
-        EXPECT_EQ(db.Open("trnvik.mdb"), 0);
+        EXPECT_EQ(db.Open("trnvik.mdb"), DbStatus::Good);
         for (const char* code : {"B", "C", "A"})
             shop.add(masterTable, {code, std::string("name ") + code, "", "1", "50", "1", "80", "本", "5"});
     }
@@ -63,22 +63,22 @@ TEST_F(RowEdgesTest, rowsAndColumnsThatAreNotThere_areNamed)
     EXPECT_EQ(errorOf([&] { (void)view.packed(1); }), outside("row 1 of a selection"));
     EXPECT_EQ(errorOf([&] { (void)view.packed(0); }), outside("row 0 of a selection"));
     EXPECT_NE(errorOf([&] { (void)rows.PrepareDelete(4); }), "no error");
-    EXPECT_EQ(rows.PrepareDelete(3), 0);
+    EXPECT_EQ(rows.PrepareDelete(3), DbStatus::Good);
 }
 
 TEST_F(RowEdgesTest, newRows_areEmptyTexts)
 {
     MasterRec& rows = db.MasterTbl();
-    EXPECT_NE(rows.NewRows(-1), 0);
+    EXPECT_NE(rows.NewRows(-1), DbStatus::Good);
     EXPECT_EQ(rows.Count(), 0);
-    EXPECT_EQ(rows.NewRows(0), 0);
+    EXPECT_EQ(rows.NewRows(0), DbStatus::Good);
     EXPECT_EQ(rows.Count(), 0);
-    EXPECT_EQ(rows.NewRows(2), 0);
+    EXPECT_EQ(rows.NewRows(2), DbStatus::Good);
     EXPECT_EQ(rows.Count(), 2);
     EXPECT_EQ(rows.RowState(2), "N");
     EXPECT_EQ(rows.get(2, masterTable.columnCount() - 1), "");
-    EXPECT_NE(rows.UpdateRow(2), 0) << "it is in no table yet";
-    EXPECT_NE(rows.DeleteRow(2), 0);
+    EXPECT_NE(rows.UpdateRow(2), DbStatus::Good) << "it is in no table yet";
+    EXPECT_NE(rows.DeleteRow(2), DbStatus::Good);
     EXPECT_FALSE(db.inUnit());
 }
 
@@ -111,9 +111,9 @@ TEST_F(RowEdgesTest, aRowInsertedUnderAnotherKey_isTheNewRowFromThenOn)
     MasterRec& rows = db.MasterTbl();
     ASSERT_EQ(rows.Select("WHERE Code='A'"), 1);
     rows.set(1, MasterCol::Code, "D");
-    ASSERT_EQ(rows.InsertRow(1), 0);
+    ASSERT_EQ(rows.InsertRow(1), DbStatus::Good);
     rows.set(1, MasterCol::Unit, "箱");
-    ASSERT_EQ(rows.UpdateRow(1), 0);
+    ASSERT_EQ(rows.UpdateRow(1), DbStatus::Good);
     db.Commit();
     EXPECT_EQ(shop.query("SELECT Code, Unit FROM Master ORDER BY Code"),
               (std::vector<std::string>{"A|本", "B|本", "C|本", "D|箱"}));
@@ -125,7 +125,7 @@ TEST_F(RowEdgesTest, aRowSetThatIsGone_isNoPartOfTheUnit)
     auto* const rows = std::construct_at(reinterpret_cast<ZaikoRec*>(place.data()), db, zaikoTable);
     rows->NewRows(1);
     rows->set(1, ZaikoCol::Code, "A");
-    ASSERT_EQ(rows->InsertRow(1), 0);
+    ASSERT_EQ(rows->InsertRow(1), DbStatus::Good);
     std::destroy_at(rows);
     for (std::size_t i = 0; i < place.size(); ++i) // whoever looks there now goes astray
         place.at(i) = static_cast<std::byte>(i);
@@ -138,16 +138,16 @@ TEST_F(RowEdgesTest, severalRowsDeletedAndTakenBack_areWhereTheyWere)
     MasterRec& rows = db.MasterTbl();
     ASSERT_EQ(rows.Select({}), 3);
     rows.set(2, MasterCol::Unit, "箱");
-    ASSERT_EQ(rows.DeleteRow(1), 0);
-    ASSERT_EQ(rows.DeleteRow(2), 0);
-    ASSERT_EQ(rows.UpdateRow(1), 0);
+    ASSERT_EQ(rows.DeleteRow(1), DbStatus::Good);
+    ASSERT_EQ(rows.DeleteRow(2), DbStatus::Good);
+    ASSERT_EQ(rows.UpdateRow(1), DbStatus::Good);
     EXPECT_EQ(rows.RowState(1), "");
     EXPECT_EQ(codesOf(rows), "C");
     db.Rollback();
     EXPECT_EQ(codesOf(rows), "BCA");
     EXPECT_EQ(rows.RowState(1), "");
     EXPECT_EQ(rows.RowState(2), "U");
-    EXPECT_EQ(rows.WriteRows(), 0) << "what was stored is still known";
+    EXPECT_EQ(rows.WriteRows(), DbStatus::Good) << "what was stored is still known";
     db.Commit();
     db.Rollback();
     EXPECT_EQ(codesOf(rows), "BCA") << "nothing left to take back";
@@ -161,7 +161,7 @@ TEST_F(RowEdgesTest, writeRows_endsAtTheFirstThatFails)
     for (int row = 1; row <= 3; ++row)
         rows.set(row, MasterCol::Unit, "箱");
     shop.execute("DELETE FROM Master WHERE Code='C'"); // row 2
-    EXPECT_NE(rows.WriteRows(), 0);
+    EXPECT_NE(rows.WriteRows(), DbStatus::Good);
     EXPECT_EQ(rows.RowState(1), "");
     EXPECT_EQ(rows.RowState(2), "D");
     EXPECT_EQ(rows.RowState(3), "U");
@@ -228,7 +228,8 @@ TEST_F(RowEdgesTest, aCursorHasItsColumnsByName_untilItsEnd)
     const std::string noRow = std::to_string(static_cast<int>(RunTimeError::InvalidCall)) + " no current row";
     EXPECT_TRUE(cursor.atEof());
     EXPECT_EQ(errorOf([&] { (void)cursor.Fields("Code"); }), noRow);
-    ASSERT_EQ(db.OpenRecordset("SELECT Code AS Codes, Name, Unit AS Cod FROM Master ORDER BY Code"), 0);
+    ASSERT_EQ(db.OpenRecordset("SELECT Code AS Codes, Name, Unit AS Cod FROM Master ORDER BY Code"),
+              DbStatus::Good);
     EXPECT_EQ(cursor.columns(), 3);
     EXPECT_EQ(cursor.Fields("cODES"), "A");
     EXPECT_EQ(cursor.Fields("Cod"), "本");
@@ -240,17 +241,18 @@ TEST_F(RowEdgesTest, aCursorHasItsColumnsByName_untilItsEnd)
     EXPECT_EQ(cursor.text(1), "name C");
     cursor.MoveNext();
     EXPECT_TRUE(cursor.atEof());
-    EXPECT_EQ(cursor.status(), 0);
+    EXPECT_EQ(cursor.status(), DbStatus::Good);
     EXPECT_EQ(errorOf([&] { cursor.MoveNext(); }), noRow);
-    EXPECT_NE(db.OpenRecordset("SELECT CDbl(Name) AS n FROM Master"), 0);
+    EXPECT_NE(db.OpenRecordset("SELECT CDbl(Name) AS n FROM Master"), DbStatus::Good);
     EXPECT_TRUE(cursor.atEof());
-    EXPECT_EQ(cursor.status(), 0);
-    ASSERT_EQ(db.OpenRecordset("SELECT CDbl(iif(Code = 'A', '1', Name)) AS n FROM Master ORDER BY Code"), 0);
+    EXPECT_EQ(cursor.status(), DbStatus::Good);
+    ASSERT_EQ(db.OpenRecordset("SELECT CDbl(iif(Code = 'A', '1', Name)) AS n FROM Master ORDER BY Code"),
+              DbStatus::Good);
     cursor.MoveNext();
     EXPECT_TRUE(cursor.atEof());
-    EXPECT_NE(cursor.status(), 0) << "it ended by a failure";
+    EXPECT_NE(cursor.status(), DbStatus::Good) << "it ended by a failure";
     db.CloseRecordset();
-    EXPECT_EQ(cursor.status(), 0);
+    EXPECT_EQ(cursor.status(), DbStatus::Good);
 }
 
 } // namespace suisui::test
