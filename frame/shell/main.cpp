@@ -1,3 +1,5 @@
+#include <cstdlib>
+
 #include "frame/shell/Application.h"
 #include "frame/shell/Main.h"
 #include "platform/core/OwnOnly.h"
@@ -16,7 +18,12 @@ int main(int argc, char** argv)
                             msgBox);
     application.setErrorEnd([&run](const QString& what) { run.endOnError(what); });
     try {
-        return run.Main();
+        const int status = run.Main();
+        // All that the run had open is closed. Qt's Wayland plugin may wait for ever for a thread of its own
+        // when it is taken down on a busy machine (seen with Qt 6.4), so it is not.
+        if (QGuiApplication::platformName().startsWith(u"wayland"))
+            std::_Exit(status);
+        return status;
     } catch (const std::exception& error) {
         qCritical("%s", error.what());
         run.endOnError(suisui::Application::describe(error));
