@@ -57,7 +57,7 @@ public:
     [[nodiscard]] KokyakuRec& KokyakuSlip() { return m_kokyakuSlip; }
     [[nodiscard]] RirekiRec& RirekiTbl() { return m_rirekiTbl; }
 
-    /// 0 when the last Execute, Commit or write through a row set succeeded.
+    /// Of the last Execute, Commit or write through a row set.
     [[nodiscard]] DbStatus LastStatus() const { return m_lastStatus; }
     /// The number of the last failure as text: "3022" for a duplicate key, "" for a row that somebody else
     /// has changed, and when there was none.
